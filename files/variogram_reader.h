@@ -1,0 +1,27 @@
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+#include "session/session.h"
+
+namespace zevfit {
+
+/// The last three characters of the file's name are "zvm" in any case; no point is asked for.
+bool hasVariogramExtension(std::string_view fileName);
+
+/// Reads a variogram file into the session tables and derives extremes and axis limits. False when
+/// the stream ends at one of the tests before the model block: what was read stays, reset cells
+/// stay reset. Statements that fail are dropped, so counts beyond the tables and texts in place of
+/// numbers pass without a word; time and memory are in proportion to the bytes, whatever they
+/// claim.
+bool readVariogramBytes(std::string_view bytes, Session& session);
+
+/// The same from a file; one that can't be opened or read counts as empty.
+bool readVariogramFile(const std::filesystem::path& path, Session& session);
+
+/// What a good load settles in the session once the windows take the file up: names for unnamed
+/// variables, the loaded mark, nvarfile, cleared ticks, datavar and inputfile.
+void acceptLoad(Session& session, const std::filesystem::path& path);
+
+}  // namespace zevfit

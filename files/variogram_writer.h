@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+
+#include "files/output_file.h"
+#include "session/dialogs.h"
+#include "session/session.h"
+
+namespace zevfit {
+
+/// Saves the models into the loaded file: builds the whole file in the temporary file of the
+/// program's folder and puts it in the place of the old one in one step.
+class ModelSaver {
+ public:
+  /// `folder`: the program's own, where the temporary file is made.
+  explicit ModelSaver(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+  /// Asks, saves and reports, all through `dialogs`. `listedVariables` is the number of entries in
+  /// the main window's list of variables, which is the count written. Changes `nvar` and `filetag`
+  /// of the session to what the old file has. When the old file ends too early the temporary file
+  /// stays behind open, so that exactly the next save fails.
+  void gravando(Session& session, std::int16_t listedVariables, Dialogs& dialogs);
+
+ private:
+  void save(Session& session, std::int16_t listedVariables, Dialogs& dialogs);
+
+  std::filesystem::path folder_;
+  std::unique_ptr<OutputFile> leftOpen_;
+};
+
+/// The name of the temporary file in the program's folder.
+inline constexpr const char* kTemporaryName = "temporario.zvm";
+
+}  // namespace zevfit

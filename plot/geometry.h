@@ -1,0 +1,30 @@
+#pragma once
+
+namespace zevfit {
+
+/// The plot box in a picture, twips. Margins are the same at all sizes; the box is split 5 by 5.
+struct PlotBox {
+  double pictureW = 0, pictureH = 0;
+
+  static constexpr double xleft = 800;
+  static constexpr double ytop = 600;
+  constexpr double xright() const { return pictureW - 800; }
+  constexpr double ybottom() const { return pictureH - 600; }
+  /// k = 1 to 5.
+  constexpr double xgrid(int k) const { return xleft + k * ((xright() - xleft) / 5); }
+  /// k = 0 to 4.
+  constexpr double ygrid(int k) const { return ytop + k * ((ybottom() - ytop) / 5); }
+};
+
+/// Distance and semivariance to picture; neither map clamps.
+struct PlotMap {
+  PlotBox box;
+  double xmax = 0, ymin = 0, ymax = 0;
+
+  /// ((xright - xleft) / xmax) h + xleft; throws Fault when xmax is 0.
+  double x(double h) const;
+  /// ((ytop - ybottom) / (ymax - ymin)) (g - ymin) + ybottom; throws Fault when ymax equals ymin.
+  double y(double g) const;
+};
+
+}  // namespace zevfit

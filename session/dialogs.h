@@ -1,0 +1,32 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zevfit {
+
+inline constexpr const char* kWarningTitle = "zevRA : Program zevFIT";
+inline constexpr const char* kQuestionTitle = "zevRA: Program zevFIT";
+inline constexpr const char* kNoFileText = "Please select input data file (*.ZVM) first!";
+inline constexpr const char* kBadFileText = "Invalid Input Data File Format or empty File!";
+
+/// The modal boxes of the program and its file chooser. Each call returns when the user has
+/// answered. Texts are Latin-1.
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+
+  /// A plain box: no icon and no title of its own.
+  virtual void plain(std::string_view text) = 0;
+  /// Exclamation icon, titled kWarningTitle.
+  virtual void warning(std::string_view text) = 0;
+  /// OK and Cancel, question icon, titled kQuestionTitle; true for OK.
+  virtual bool confirm(std::string_view text) = 0;
+  /// A fault that ends the program.
+  virtual void fatal(std::string_view text) = 0;
+  /// Asks for an existing file `pattern` (such as "*.ZVM"); a path, or nothing on Cancel.
+  virtual std::optional<std::string> openFile(std::string_view title, std::string_view pattern) = 0;
+};
+
+}  // namespace zevfit
