@@ -1,8 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <string>
 #include <vector>
@@ -33,7 +35,7 @@ class Table {
     if (i < 0 || i >= N) throwSubscript();
     return static_cast<std::size_t>(i);
   }
-  std::array<T, N> cells_{};
+  std::array<T, std::size_t{N}> cells_{};
 };
 
 /// A table of two subscripts in the order (variable, direction) unless its owner says otherwise;
@@ -63,7 +65,7 @@ class LagTable {
   /// Drops the content; then classes 0 to `classes` + 1 exist. A negative number leaves slot 0.
   void create(std::int64_t classes) {
     rows_ = PairTable<std::vector<T>>();
-    last_ = classes < 0 ? 0 : classes + 1;
+    last_ = classes < 0 ? 0 : std::min(classes, kMostClasses) + 1;
   }
 
   /// Throws Fault for a subscript outside the table.
@@ -84,7 +86,8 @@ class LagTable {
 
   /// Makes room for classes up to `lag` at once; a hint, never a promise to hold values there.
   void reserve(std::int64_t variable, std::int64_t direction, std::int64_t lag) {
-    rows_(variable, direction).reserve(static_cast<std::size_t>(lag < last_ ? lag : last_) + 1);
+    const std::int64_t highest = std::clamp<std::int64_t>(lag, -1, last_);
+    rows_(variable, direction).reserve(static_cast<std::size_t>(highest + 1));
   }
 
   /// The slots of a row that may differ from T{}, from slot 0; empty when none was written.
@@ -107,6 +110,8 @@ class LagTable {
     static const T value{};
     return value;
   }
+  static constexpr std::int64_t kMostClasses = std::numeric_limits<std::int64_t>::max() - 1;
+
   PairTable<std::vector<T>> rows_;
   std::int64_t last_ = -1;
 };

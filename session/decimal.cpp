@@ -1,0 +1,78 @@
+#include "session/decimal.h"
+
+#include <charconv>
+#include <string_view>
+
+#include "session/fault.h"
+
+namespace zevfit {
+namespace {
+
+// Long enough for a sign, 17 digits, a point and an exponent.
+using Scientific = std::array<char, 40>;
+
+void dropTrailingZeros(Decimal& decimal) {
+  while (decimal.count > 0 && decimal.digit(decimal.count - 1) == '0') --decimal.count;
+  if (decimal.count > 0) return;
+  decimal.point = 0;
+  decimal.negative = false;
+}
+
+// Takes a text such as "-1.25e-07" apart.
+Decimal parsed(const char* first, const char* last) {
+  Decimal decimal;
+  decimal.negative = *first == '-';
+  if (decimal.negative) ++first;
+  const char* at = first;
+  for (; *at != 'e'; ++at) {
+    if (*at != '.') decimal.digits[static_cast<std::size_t>(decimal.count++)] = *at;
+  }
+  ++at;
+  if (*at == '+') ++at;
+  std::from_chars(at, last, decimal.point);
+  ++decimal.point;
+  dropTrailingZeros(decimal);
+  return decimal;
+}
+
+template <class T>
+Decimal digitsOf(T value, int most) {
+  finite(static_cast<double>(value));
+  Scientific text;
+  char* const end = text.data() + text.size();
+  const auto format = std::chars_format::scientific;
+  const Decimal shortest = parsed(text.data(), std::to_chars(text.data(), end, value, format).ptr);
+  if (shortest.count <= most) return shortest;
+  return parsed(text.data(), std::to_chars(text.data(), end, value, format, most - 1).ptr);
+}
+
+// Adds one to the last digit kept; a carry out of the first digit moves the point.
+void roundUp(Decimal& decimal) {
+  while (decimal.count > 0 && decimal.digit(decimal.count - 1) == '9') --decimal.count;
+  if (decimal.count > 0) {
+    ++decimal.digits[static_cast<std::size_t>(decimal.count - 1)];
+    return;
+  }
+  decimal.digits[0] = '1';
+  decimal.count = 1;
+  ++decimal.point;
+}
+
+}  // namespace
+
+void Decimal::roundTo(std::int64_t decimals) {
+  const std::int64_t kept = point + decimals;
+  if (kept >= count) return;
+  const bool up = kept >= 0 && digit(kept) >= '5';
+  count = kept < 0 ? 0 : static_cast<int>(kept);
+  if (up) {
+    roundUp(*this);
+  } else {
+    dropTrailingZeros(*this);
+  }
+}
+
+Decimal decimalOf(double value) { return digitsOf(value, kDoubleDigits); }
+Decimal decimalOf(float value) { return digitsOf(value, kFloatDigits); }
+
+}  // namespace zevfit
