@@ -1,0 +1,160 @@
+#include "session/structure_view.h"
+
+#include "session/fault.h"
+#include "session/numbers.h"
+
+namespace zevfit {
+namespace {
+
+constexpr std::size_t kLongestName = 10;
+constexpr std::int64_t kLastSlot = kVariableSlots - 1;
+
+std::int64_t tickedVariables(const Session& session) {
+  std::int64_t ticked = 0;
+  for (std::int64_t k = 1; k <= session.nvar; ++k) ticked += session.addflag(k) == 1;
+  return ticked;
+}
+
+bool isTaken(const Session& session, std::string_view name) {
+  for (std::int64_t k = 1; k <= session.nvar; ++k) {
+    if (trimmedLeft(session.varname(k)) == name) return true;
+  }
+  return false;
+}
+
+std::optional<Refusal> refusedTicks(const Session& session, double shownVariables) {
+  const std::int64_t ticked = tickedVariables(session);
+  if (ticked == 1 || shownVariables == 1) return Refusal{" Cannot Add same variable. ", true};
+  if (ticked == 0) return Refusal{" Please select variables to add. ", true};
+  return std::nullopt;
+}
+
+std::optional<Refusal> refusedName(const Session& session, std::string_view name) {
+  if (name.empty()) return Refusal{"Please choose a name for this new variable!", false};
+  if (name.size() > kLongestName) return Refusal{"Name too long, choose another one!", true};
+  if (!isTaken(session, name)) return std::nullopt;
+  return Refusal{" Name  (" + std::string(name) + ")  already exists. Please choose another one.",
+                 true};
+}
+
+void clearSlot(Session& session, std::int64_t slot) {
+  for (std::int64_t direction = 1; direction <= session.ndir; ++direction) {
+    session.gam.clear(slot, direction);
+    session.hlag.clear(slot, direction);
+    session.npairs.clear(slot, direction);
+    session.gmax(slot, direction) = 0;
+    session.hmax(slot, direction) = 0;
+  }
+  session.variance(slot) = 0;
+}
+
+// The axis limits seen so far. They run on across directions and variables, so that a direction
+// which does not go beyond an earlier one gets no limits of its own.
+struct RunningBounds {
+  double upper = -1e-200;
+  double lower = 1e+200;
+};
+
+void addLimits(Session& session, std::int64_t slot, std::int64_t k, std::int64_t direction,
+               RunningBounds& bounds) {
+  if (session.ymax(k, direction) > bounds.upper) {
+    bounds.upper = session.ymax(k, direction);
+    session.ymax(slot, direction) = bounds.upper;
+    session.ymax0(slot, direction) = bounds.upper;
+  }
+  if (session.ymin(k, direction) < bounds.lower) {
+    bounds.lower = session.ymin(k, direction);
+    session.ymin(slot, direction) = bounds.lower;
+    session.ymin0(slot, direction) = bounds.lower;
+  }
+}
+
+void addClasses(Session& session, std::int64_t slot, std::int64_t k, std::int64_t direction) {
+  const std::span<const double> added = session.gam.written(k, direction);
+  for (std::size_t at = 1; at < added.size(); ++at) {
+    const auto lag = static_cast<std::int64_t>(at);
+    session.gam.set(slot, direction, lag, finite(session.gam(slot, direction, lag) + added[at]));
+  }
+  session.hlag.copy(k, direction, slot);
+  // Whichever variables are added, the numbers of pairs are those of the first one, on purpose.
+  session.npairs.copy(1, direction, slot);
+}
+
+void addVariable(Session& session, std::int64_t slot, std::int64_t k, RunningBounds& bounds) {
+  for (std::int64_t direction = 1; direction <= session.ndir; ++direction) {
+    addClasses(session, slot, k, direction);
+    session.hmax(slot, direction) = session.hmax(k, direction);
+    addLimits(session, slot, k, direction, bounds);
+  }
+  session.variance(slot) = finite(session.variance(slot).number() + session.variance(k).number());
+}
+
+// The axis limits, the smallest semivariance and the fit state stay with their slots, on purpose.
+void moveSlot(Session& session, std::int64_t from, std::int64_t to) {
+  for (std::int64_t direction = 1; direction <= session.ndir; ++direction) {
+    session.hlag.copy(from, direction, to);
+    session.gam.copy(from, direction, to);
+    session.npairs.copy(from, direction, to);
+    session.gmax(to, direction) = session.gmax(from, direction);
+    session.hmax(to, direction) = session.hmax(from, direction);
+  }
+  session.variance(to) = session.variance(from);
+  session.varname(to) = session.varname(from);
+  session.addflag(to) = session.addflag(from);
+}
+
+}  // namespace
+
+std::optional<Refusal> createVariable(Session& session, std::string_view typedName,
+                                      double shownVariables) {
+  const std::string_view name = trimmedLeft(typedName);
+  if (auto refusal = refusedTicks(session, shownVariables)) return refusal;
+  if (auto refusal = refusedName(session, name)) return refusal;
+  if (session.nvar >= kLastSlot) throwSubscript();
+
+  const std::int64_t slot = ++session.nvar;
+  session.varname(slot) = name;
+  clearSlot(session, slot);
+  RunningBounds bounds;
+  for (std::int64_t k = 1; k < slot; ++k) {
+    if (session.addflag(k) == 1) addVariable(session, slot, k, bounds);
+  }
+  return std::nullopt;
+}
+
+std::optional<Refusal> removeVariable(Session& session, std::string_view shownName) {
+  if (shownName.empty()) return Refusal{"Select variable!", true};
+  if (session.datavar <= session.nvarfile) return Refusal{"Cannot remove this variable!", true};
+  for (std::int64_t slot = session.datavar; slot < session.nvar; ++slot) {
+    moveSlot(session, slot + 1, slot);
+  }
+  --session.nvar;
+  return std::nullopt;
+}
+
+std::optional<std::int64_t> startPair(Session& session) {
+  if (session.hasmodel == 0) {
+    session.selvar = session.seldir = 1;
+    return std::nullopt;
+  }
+  for (std::int64_t variable = 1; variable <= session.nvar; ++variable) {
+    if (session.use1(variable, 1).number() != 1) continue;
+    session.curvar = variable;
+    session.curdir = 1;
+    return variable;
+  }
+  return std::nullopt;
+}
+
+ClassRow classRow(const Session& session, std::int64_t variable, std::int64_t direction,
+                  std::int64_t lag) {
+  return {"    Class " + signedText(lag), session.hlag(variable, direction, lag).toText(),
+          generalText(session.gam(variable, direction, lag)),
+          generalText(session.npairs(variable, direction, lag))};
+}
+
+std::string directionEntry(const Session& session, std::int64_t direction) {
+  return "Direction " + signedText(direction) + "  " + session.dirname(direction);
+}
+
+}  // namespace zevfit
