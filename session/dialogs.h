@@ -12,7 +12,7 @@ inline constexpr const char* kNoFileText = "Please select input data file (*.ZVM
 inline constexpr const char* kBadFileText = "Invalid Input Data File Format or empty File!";
 
 /// The modal boxes of the program and its file chooser. Each call returns when the user has
-/// answered. Texts are Latin-1.
+/// answered. Texts are UTF-8, as paths are, or else Latin-1, as names from files are.
 class Dialogs {
  public:
   virtual ~Dialogs() = default;

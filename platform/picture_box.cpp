@@ -1,0 +1,94 @@
+#include "platform/picture_box.h"
+
+#include <QPaintEvent>
+#include <algorithm>
+#include <cmath>
+
+namespace zevfit {
+
+namespace {
+
+/// Bitmaps have the resolution that the logic's points are made for: 96 to the inch.
+constexpr int kDotsPerMetre = 3780;
+/// No picture is larger than this many pixels a side, whatever size a window claims.
+constexpr int kLargestSide = 16384;
+
+int toPixelSide(double twips) {
+  return std::clamp(static_cast<int>(std::lround(std::clamp(twips, 0.0, 1e6) / kTwipsPerPixel)), 1,
+                    kLargestSide);
+}
+
+}  // namespace
+
+PictureBox::PictureBox(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
+
+PictureBox::~PictureBox() { endPainting(); }
+
+QImage PictureBox::blank(const QSize& size) const {
+  const qreal ratio = devicePixelRatioF();
+  QImage made((QSizeF(size) * ratio).toSize(), QImage::Format_RGB32);
+  made.setDevicePixelRatio(ratio);
+  made.setDotsPerMeterX(kDotsPerMetre);
+  made.setDotsPerMeterY(kDotsPerMetre);
+  made.fill(toQColor(background_));
+  return made;
+}
+
+void PictureBox::setSizeTwips(double width, double height) {
+  width_ = width;
+  height_ = height;
+  const QSize pixels(toPixelSide(width), toPixelSide(height));
+  if (pixels == size() && !image_.isNull()) return;
+  endPainting();
+  QImage grown = blank(pixels);
+  if (!image_.isNull()) QPainter(&grown).drawImage(0, 0, image_);
+  image_ = grown;
+  resize(pixels);
+  update();
+}
+
+const QImage& PictureBox::image() {
+  endPainting();
+  return image_;
+}
+
+QColor PictureBox::colourAt(double x, double y) {
+  const QImage& bitmap = image();
+  const qreal ratio = bitmap.devicePixelRatio();
+  const QPoint at(static_cast<int>(std::floor(std::clamp(x, -1e6, 1e6) / kTwipsPerPixel * ratio)),
+                  static_cast<int>(std::floor(std::clamp(y, -1e6, 1e6) / kTwipsPerPixel * ratio)));
+  return bitmap.valid(at) ? bitmap.pixelColor(at) : QColor();
+}
+
+void PictureBox::clear(Colour background) {
+  background_ = background;
+  if (image_.devicePixelRatio() != devicePixelRatioF()) {
+    endPainting();
+    image_ = blank(size());
+  } else {
+    endPainting();
+    image_.fill(toQColor(background));
+  }
+  update();
+}
+
+QPainter& PictureBox::painter() {
+  if (!painter_.isActive()) {
+    if (image_.isNull()) image_ = blank(size());
+    painter_.begin(&image_);
+    update();
+  }
+  return painter_;
+}
+
+void PictureBox::endPainting() {
+  if (painter_.isActive()) painter_.end();
+}
+
+void PictureBox::paintEvent(QPaintEvent* event) {
+  QPainter to(this);
+  to.setClipRegion(event->region());
+  to.drawImage(0, 0, image());
+}
+
+}  // namespace zevfit

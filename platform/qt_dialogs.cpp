@@ -1,0 +1,64 @@
+#include "platform/qt_dialogs.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QStringDecoder>
+
+namespace zevfit {
+
+namespace {
+
+QString toShown(std::string_view text) {
+  const QByteArrayView bytes(text.data(), static_cast<qsizetype>(text.size()));
+  QStringDecoder decoder(QStringDecoder::Utf8);
+  const QString shown = decoder(bytes);
+  return decoder.hasError() ? QString::fromLatin1(bytes) : shown;
+}
+
+/// Shows a box and returns the button that was pressed.
+int ask(QMessageBox::Icon icon, const QString& title, std::string_view text,
+        QMessageBox::StandardButtons buttons) {
+  QMessageBox box(icon, title, toShown(text), buttons, QApplication::activeWindow());
+  box.setTextFormat(Qt::PlainText);
+  return box.exec();
+}
+
+}  // namespace
+
+void QtDialogs::plain(std::string_view text) {
+  ask(QMessageBox::NoIcon, QString(), text, QMessageBox::Ok);
+}
+
+void QtDialogs::warning(std::string_view text) {
+  ask(QMessageBox::Warning, kWarningTitle, text, QMessageBox::Ok);
+}
+
+bool QtDialogs::confirm(std::string_view text) {
+  return ask(QMessageBox::Question, kQuestionTitle, text, QMessageBox::Ok | QMessageBox::Cancel) ==
+         QMessageBox::Ok;
+}
+
+void QtDialogs::fatal(std::string_view text) {
+  ask(QMessageBox::Critical, kWarningTitle,
+      "The program has met a fault and must end: " + std::string(text), QMessageBox::Ok);
+}
+
+std::optional<std::string> QtDialogs::openFile(std::string_view title, std::string_view pattern) {
+  QFileDialog dialog(QApplication::activeWindow(), toShown(title));
+  dialog.setObjectName("Dialog1");
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setNameFilter("(" + toShown(pattern) + ")");
+  if (!lastFile_.isEmpty()) {
+    dialog.setDirectory(QFileInfo(lastFile_).absolutePath());
+    dialog.selectFile(QFileInfo(lastFile_).fileName());
+  }
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  lastFile_ = dialog.selectedFiles().constFirst();
+  return QFile::encodeName(lastFile_).toStdString();
+}
+
+}  // namespace zevfit

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "session/dialogs.h"
+
+namespace zevfit {
+
+/// The boxes of the desktop, over the window in front.
+class QtDialogs : public Dialogs {
+ public:
+  void plain(std::string_view text) override;
+  void warning(std::string_view text) override;
+  bool confirm(std::string_view text) override;
+  void fatal(std::string_view text) override;
+  std::optional<std::string> openFile(std::string_view title, std::string_view pattern) override;
+
+ private:
+  /// The folder that the file dialog showed last, and the file chosen there.
+  QString lastFile_;
+};
+
+}  // namespace zevfit

@@ -1,0 +1,241 @@
+// The controls of the panel and their places.
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <QVBoxLayout>
+
+#include "windows/fit_panel_widgets.h"
+
+namespace zevfit {
+
+namespace {
+
+constexpr int kPanelWidth = 300;
+constexpr int kStartMaximum = 32767;
+constexpr int kIconSide = 24;
+
+constexpr std::array<const char*, 4> kLineCaptions{"Nugget Effect", "Structure 1", "Structure 2",
+                                                   "Structure 3"};
+constexpr std::array<const char*, 3> kLetterNames{"est2tipo", "est3tipo", "est4tipo"};
+constexpr std::array<const char*, 3> kLetterTips{"Model for Structure 1", "Model for Structure 2",
+                                                 "Model for Structure 3"};
+constexpr std::array<const char*, 4> kModelCaptions{"E - Exponential", "S - Spherical",
+                                                    "G - Gaussian", "P - Power"};
+constexpr std::array<const char*, 4> kBoxNames{"plot1", "plot2", "plot3", "plot4"};
+
+template <class Widget>
+Widget* named(Widget* widget, const char* name, const char* tip = nullptr) {
+  widget->setObjectName(name);
+  if (tip) widget->setToolTip(tip);
+  return widget;
+}
+
+QLabel* makeLabel(const char* name, const char* caption = "") {
+  auto* label = named(new QLabel(caption), name);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+QPushButton* makeIconButton(const char* name, const char* icon, const char* tip) {
+  auto* button = named(new QPushButton, name, tip);
+  button->setAccessibleName(tip);
+  button->setIcon(QIcon(QString(":/icons/%1.svg").arg(icon)));
+  button->setIconSize({kIconSide, kIconSide});
+  return button;
+}
+
+QSlider* makeSlider(const char* name, const char* accessibleName) {
+  auto* slider = named(new QSlider(Qt::Horizontal), name);
+  slider->setRange(0, kStartMaximum);
+  slider->setFocusPolicy(Qt::WheelFocus);
+  slider->setAccessibleName(accessibleName);
+  return slider;
+}
+
+QLineEdit* makeField(const char* name, const char* accessibleName) {
+  auto* field = named(new QLineEdit, name);
+  field->setAccessibleName(accessibleName);
+  return field;
+}
+
+/// A label that shows a number on a ground of its own.
+QLabel* makeReadout(const char* name) {
+  QLabel* label = makeLabel(name);
+  label->setFrameStyle(int{QFrame::Panel} | int{QFrame::Sunken});
+  label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  label->setMinimumWidth(90);
+  label->setMargin(2);
+  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  return label;
+}
+
+}  // namespace
+
+FitPanelWidgets::FitPanelWidgets(QWidget* parent) : QWidget(parent) {
+  setObjectName("Picture1");
+  makeLists();
+  makeLines();
+  makeModels();
+  makeValues();
+  makeButtons();
+  layOut();
+  orderTabs();
+}
+
+void FitPanelWidgets::makeLists() {
+  Label8 = makeLabel("Label8", "Variable");
+  Combo2 = named(new QComboBox, "Combo2", "Select the Variable");
+  Label9 = makeLabel("Label9", "Direction");
+  Combodirvar = named(new QComboBox, "Combodirvar", "Select the Direction");
+  Label8->setBuddy(Combo2);
+  Label9->setBuddy(Combodirvar);
+  for (QComboBox* list : {Combo2, Combodirvar}) {
+    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    list->setMinimumContentsLength(12);
+  }
+  Combo2->setAccessibleName("Variable");
+  Combodirvar->setAccessibleName("Direction");
+}
+
+void FitPanelWidgets::makeLines() {
+  Frame1 = named(new QGroupBox("Select Structure"), "Frame1");
+  Frame2 = named(new QGroupBox("Plot"), "Frame2");
+  for (std::size_t i = 0; i < est.size(); ++i) {
+    est[i] = named(new QRadioButton(kLineCaptions[i]), "");
+    est[i]->setObjectName(QString("est%1").arg(i + 1));
+    boxes_[i] = named(new QCheckBox, kBoxNames[i]);
+    boxes_[i]->setAccessibleName(QString("Plot %1").arg(kLineCaptions[i]));
+    boxes_[i]->setToolTip(QString("%1 is part of the model").arg(kLineCaptions[i]));
+  }
+  est[0]->setMouseTracking(true);
+  for (std::size_t i = 0; i < esttipo.size(); ++i) {
+    esttipo[i] = makeLabel(kLetterNames[i], "-");
+    esttipo[i]->setToolTip(kLetterTips[i]);
+    esttipo[i]->setAccessibleName(kLetterTips[i]);
+    esttipo[i]->setMinimumWidth(16);
+    esttipo[i]->setAlignment(Qt::AlignCenter);
+    esttipo[i]->setFont([font = esttipo[i]->font()]() mutable {
+      font.setBold(true);
+      return font;
+    }());
+  }
+}
+
+void FitPanelWidgets::makeModels() {
+  Frame3 = named(new QGroupBox("Select Model"), "Frame3");
+  for (std::size_t i = 0; i < tipo.size(); ++i) {
+    tipo[i] = new QRadioButton(kModelCaptions[i]);
+    tipo[i]->setObjectName(QString("tipo%1").arg(i + 1));
+  }
+  tipo[0]->setMouseTracking(true);
+}
+
+void FitPanelWidgets::makeValues() {
+  label10 = named(new QGroupBox("Model Expression"), "label10");
+  Label18 = makeLabel("Label18", "C0");
+  Label21 = makeLabel("Label21", "a:");
+  Textc0 = makeField("Textc0", "Sill of the selected line");
+  Texta = makeField("Texta", "Range of the selected structure");
+  HScrollc0 = makeSlider("HScrollc0", "Sill of the selected line");
+  HScrolla = makeSlider("HScrolla", "Range of the selected structure");
+  Label23 = makeLabel("Label23", "Ctotal");
+  Labelc = makeReadout("Labelc");
+  labelvari = makeLabel("labelvari", "Sill");
+  labelvari->setMargin(2);
+  Labelvariance = makeReadout("Labelvariance");
+  Labelvariance->setToolTip("Click to use the variance as the sill of the selected line");
+  boxes_[4] = named(new QCheckBox("PLot Sill"), "psill");
+  setSillBackground(kLightGrey);
+}
+
+void FitPanelWidgets::makeButtons() {
+  Command1 = makeIconButton("Command1", "scales", "Change X-Y scales");
+  Command2 = makeIconButton("Command2", "crosstest", "Test - Cross Semivariogram");
+  Command3 = makeIconButton("Command3", "grid", "Grid ON/OFF");
+  Command4 = named(new QPushButton("[ h ]"), "Command4", "Legend h[units]");
+  Command5 = named(new QPushButton("PLOT"), "Command5", "Plot Theoretical Model");
+  Command5->setShortcut(Qt::ALT | Qt::Key_P);
+  for (QPushButton* later : {Command1, Command2, Command4}) later->setEnabled(false);
+}
+
+void FitPanelWidgets::layOut() {
+  auto* lists = new QGridLayout;
+  lists->addWidget(Label8, 0, 0);
+  lists->addWidget(Combo2, 0, 1);
+  lists->addWidget(Label9, 1, 0);
+  lists->addWidget(Combodirvar, 1, 1);
+  lists->setColumnStretch(1, 1);
+
+  auto* lines = new QGridLayout(Frame1);
+  auto* boxes = new QVBoxLayout(Frame2);
+  for (std::size_t i = 0; i < est.size(); ++i) {
+    const int row = static_cast<int>(i);
+    lines->addWidget(est[i], row, 0);
+    if (i > 0) lines->addWidget(esttipo[i - 1], row, 1);
+    lines->setRowMinimumHeight(row, 24);
+    boxes->addWidget(boxes_[i], 1, Qt::AlignHCenter);
+  }
+  lines->setColumnStretch(0, 1);
+  auto* choice = new QHBoxLayout;
+  choice->addWidget(Frame1, 1);
+  choice->addWidget(Frame2);
+
+  auto* models = new QGridLayout(Frame3);
+  for (std::size_t i = 0; i < tipo.size(); ++i)
+    models->addWidget(tipo[i], static_cast<int>(i / 2), static_cast<int>(i % 2));
+
+  auto* values = new QGridLayout(label10);
+  const std::array<std::tuple<QLabel*, QLineEdit*, QSlider*>, 2> pairs{
+      {{Label18, Textc0, HScrollc0}, {Label21, Texta, HScrolla}}};
+  for (int i = 0; i < 2; ++i) {
+    const auto& [label, text, slide] = pairs[static_cast<std::size_t>(i)];
+    values->addWidget(label, 2 * i, 0);
+    values->addWidget(text, 2 * i, 1);
+    values->addWidget(slide, 2 * i + 1, 0, 1, 2);
+  }
+  values->setColumnMinimumWidth(0, 36);
+
+  auto* sums = new QGridLayout;
+  sums->addWidget(Label23, 0, 0);
+  sums->addWidget(Labelc, 0, 1);
+  sums->addWidget(labelvari, 1, 0);
+  sums->addWidget(Labelvariance, 1, 1);
+  sums->addWidget(boxes_[4], 1, 2);
+  sums->setColumnStretch(1, 1);
+
+  auto* buttons = new QHBoxLayout;
+  for (QPushButton* button : {Command1, Command2, Command3, Command4})
+    buttons->addWidget(button, 1);
+
+  auto* all = new QVBoxLayout(this);
+  all->addLayout(lists);
+  all->addLayout(choice);
+  all->addWidget(Frame3);
+  all->addWidget(label10);
+  all->addLayout(sums);
+  all->addLayout(buttons);
+  all->addWidget(Command5);
+  all->addStretch(1);
+  setFixedWidth(kPanelWidth);
+}
+
+void FitPanelWidgets::orderTabs() {
+  QWidget* before = Combo2;
+  const std::vector<QWidget*> order{
+      Combodirvar, est[0],    boxes_[0], est[1],   boxes_[1], est[2],   boxes_[2], est[3],
+      boxes_[3],   tipo[0],   tipo[1],   tipo[2],  tipo[3],   Textc0,   HScrollc0, Texta,
+      HScrolla,    boxes_[4], Command1,  Command2, Command3,  Command4, Command5};
+  for (QWidget* next : order) {
+    QWidget::setTabOrder(before, next);
+    before = next;
+  }
+}
+
+}  // namespace zevfit

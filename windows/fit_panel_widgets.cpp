@@ -1,0 +1,229 @@
+#include "windows/fit_panel_widgets.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QSlider>
+
+#include "model/selection.h"
+#include "model/sliders.h"
+#include "platform/painter_surface.h"
+#include "session/fault.h"
+#include "windows/boundary.h"
+#include "windows/quiet_focus.h"
+#include "windows/texts.h"
+
+namespace zevfit {
+
+namespace {
+
+constexpr int kEnterKeyCode = 13;
+
+bool isClick(const QEvent& event, const QWidget& on) {
+  const auto& mouse = static_cast<const QMouseEvent&>(event);
+  return mouse.button() == Qt::LeftButton && on.rect().contains(mouse.position().toPoint());
+}
+
+/// The event counts as the one that a reaction waits for.
+bool counts(const QEvent& event, const QObject& on) {
+  if (event.type() == QEvent::MouseButtonRelease)
+    return isClick(event, static_cast<const QWidget&>(on));
+  if (event.type() == QEvent::FocusIn)
+    return isRealFocus(static_cast<const QFocusEvent&>(event).reason());
+  return true;
+}
+
+}  // namespace
+
+void FitPanelWidgets::connectTo(Fit& fit) {
+  fit_ = &fit;
+  connectValues();
+  connectChoices();
+  connectReactions();
+}
+
+void FitPanelWidgets::run(void (*handler)(Fit&)) {
+  guarded(fit_->dialogs, [&] { handler(*fit_); });
+}
+
+void FitPanelWidgets::connectValues() {
+  connect(Textc0, &QLineEdit::textChanged, this, [this] { run(Textc0_Change); });
+  connect(Texta, &QLineEdit::textChanged, this, [this] { run(Texta_Change); });
+  connect(HScrollc0, &QSlider::valueChanged, this, [this] { run(HScrollc0_Change); });
+  connect(HScrolla, &QSlider::valueChanged, this, [this] { run(HScrolla_Change); });
+  const auto onList = [this](QComboBox* list, void (*handler)(Fit&)) {
+    connect(list, &QComboBox::currentIndexChanged, this, [this, handler](int index) {
+      if (index >= 0) run(handler);
+    });
+  };
+  onList(Combo2, Combo2_Click);
+  onList(Combodirvar, Combodirvar_Click);
+  connect(Command3, &QPushButton::clicked, this, [this] { run(Command3_Click); });
+  connect(Command5, &QPushButton::clicked, this, [this] { run(Command5_Click); });
+}
+
+void FitPanelWidgets::connectChoices() {
+  for (int i = 0; i < kLines; ++i) {
+    const auto at = static_cast<std::size_t>(i);
+    connect(est[at], &QRadioButton::toggled, this, [this, i](bool on) {
+      if (on) guarded(fit_->dialogs, [&] { est_Click(*fit_, i); });
+    });
+    connect(tipo[at], &QRadioButton::toggled, this, [this, i](bool on) {
+      if (on) guarded(fit_->dialogs, [&] { tipo_Click(*fit_, i); });
+    });
+  }
+  for (std::size_t i = 0; i < boxes_.size(); ++i)
+    connect(boxes_[i], &QCheckBox::toggled, this,
+            [this, i] { guarded(fit_->dialogs, [&] { box_Click(*fit_, static_cast<Box>(i)); }); });
+}
+
+void FitPanelWidgets::connectReactions() {
+  reactions_ = {
+      {Textc0, QEvent::MouseButtonRelease, Textc0_Click},
+      {Texta, QEvent::MouseButtonRelease, Texta_Click},
+      {Labelvariance, QEvent::MouseButtonRelease, Labelvariance_Click},
+      {HScrollc0, QEvent::FocusIn, HScrollc0_GotFocus},
+      {HScrolla, QEvent::FocusIn, HScrolla_GotFocus},
+      {Command5, QEvent::FocusIn, Command5_GotFocus},
+      {est[0], QEvent::MouseMove, est1_MouseMove},
+      {tipo[0], QEvent::MouseMove, tipo1_MouseMove},
+      {est[0], QEvent::MouseButtonDblClick, [](Fit& fit) { est_Click(fit, 0); }},
+      {est[1], QEvent::MouseButtonDblClick, [](Fit& fit) { est_Click(fit, 1); }},
+      {est[2], QEvent::MouseButtonDblClick, [](Fit& fit) { est_Click(fit, 2); }},
+      {est[3], QEvent::MouseButtonDblClick, [](Fit& fit) { est_Click(fit, 3); }},
+      {tipo[0], QEvent::MouseButtonDblClick, [](Fit& fit) { tipo_DblClick(fit, 0); }},
+      {tipo[1], QEvent::MouseButtonDblClick, [](Fit& fit) { tipo_DblClick(fit, 1); }},
+      {tipo[2], QEvent::MouseButtonDblClick, [](Fit& fit) { tipo_DblClick(fit, 2); }},
+      {tipo[3], QEvent::MouseButtonDblClick, [](Fit& fit) { tipo_DblClick(fit, 3); }},
+      {Textc0, QEvent::KeyPress, nullptr},
+      {Texta, QEvent::KeyPress, nullptr},
+  };
+  for (const Reaction& reaction : reactions_) reaction.control->installEventFilter(this);
+}
+
+bool FitPanelWidgets::eventFilter(QObject* watched, QEvent* event) {
+  for (const Reaction& reaction : reactions_) {
+    if (reaction.control != watched || reaction.event != event->type()) continue;
+    if (!counts(*event, *watched)) continue;
+    if (event->type() == QEvent::KeyPress)
+      onKey(static_cast<const QKeyEvent*>(event)->key());
+    else
+      run(reaction.handler);
+  }
+  if (watched == Command5 && event->type() == QEvent::FocusIn) plotFocusRan_ = true;
+  return QWidget::eventFilter(watched, event);
+}
+
+void FitPanelWidgets::onKey(int key) {
+  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+  guarded(fit_->dialogs, [&] { Text_KeyDown(*fit_, enter ? kEnterKeyCode : 0); });
+}
+
+void FitPanelWidgets::fillList(List which, const QStringList& entries) {
+  QComboBox* filled = list(which);
+  const QSignalBlocker blocker(filled);
+  filled->clear();
+  filled->addItems(entries);
+  filled->setCurrentIndex(-1);
+}
+
+int FitPanelWidgets::listCount(List which) const { return list(which)->count(); }
+
+std::string FitPanelWidgets::text(Field which) const { return toBytes(field(which)->text()); }
+
+void FitPanelWidgets::setText(Field which, std::string_view text) {
+  field(which)->setText(toQString(text));
+}
+
+int FitPanelWidgets::position(Slider which) const { return slider(which)->value(); }
+
+void FitPanelWidgets::setPosition(Slider which, int position) {
+  QSlider* moved = slider(which);
+  if (position < moved->minimum() || position > moved->maximum())
+    throw Fault("Invalid slider position");
+  moved->setValue(position);
+}
+
+void FitPanelWidgets::setMinimum(Slider which, int minimum) { slider(which)->setMinimum(minimum); }
+
+void FitPanelWidgets::setMaximum(Slider which, int maximum) { slider(which)->setMaximum(maximum); }
+
+void FitPanelWidgets::setSmallChange(Slider which, int step) { slider(which)->setSingleStep(step); }
+
+void FitPanelWidgets::setLargeChange(Slider which, int step) { slider(which)->setPageStep(step); }
+
+std::string FitPanelWidgets::caption(Caption which) const {
+  if (which == Caption::label10) return toBytes(label10->title());
+  const std::array<QLabel*, 5> labels{nullptr, Label18, Label21, Labelc, Labelvariance};
+  return toBytes(labels.at(static_cast<std::size_t>(which))->text());
+}
+
+void FitPanelWidgets::setCaption(Caption which, std::string_view text) {
+  if (which == Caption::label10) return label10->setTitle(toQString(text));
+  const std::array<QLabel*, 5> labels{nullptr, Label18, Label21, Labelc, Labelvariance};
+  labels.at(static_cast<std::size_t>(which))->setText(toQString(text));
+}
+
+void FitPanelWidgets::setSillBackground(Colour colour) {
+  const QColor ground = toQColor(colour);
+  if (Labelc->autoFillBackground() && Labelc->palette().color(QPalette::Window) == ground) return;
+  for (QLabel* label : {Labelc, labelvari}) {
+    QPalette coloured = label->palette();
+    coloured.setColor(QPalette::Window, ground);
+    coloured.setColor(QPalette::WindowText, colour == kRed ? Qt::white : Qt::black);
+    label->setPalette(coloured);
+    label->setAutoFillBackground(true);
+  }
+}
+
+std::string FitPanelWidgets::letter(int structure) const {
+  return toBytes(esttipo.at(static_cast<std::size_t>(structure - 1))->text());
+}
+
+void FitPanelWidgets::setLetter(int structure, std::string_view letter) {
+  esttipo.at(static_cast<std::size_t>(structure - 1))->setText(toQString(letter));
+}
+
+bool FitPanelWidgets::ticked(Box which) const { return box(which)->isChecked(); }
+
+void FitPanelWidgets::setTicked(Box which, bool ticked) { box(which)->setChecked(ticked); }
+
+void FitPanelWidgets::selectLine(int line) {
+  est.at(static_cast<std::size_t>(line))->setChecked(true);
+}
+
+void FitPanelWidgets::setEnabled(Control control, bool enabled) {
+  if (control == Control::tipos) {
+    for (QRadioButton* option : tipo) option->setEnabled(enabled);
+    return;
+  }
+  const std::array<QWidget*, 4> widgets{Textc0, Texta, HScrollc0, HScrolla};
+  widgets.at(static_cast<std::size_t>(control))->setEnabled(enabled);
+}
+
+int FitPanelWidgets::listPosition(List which) const { return list(which)->currentIndex(); }
+
+void FitPanelWidgets::setListPosition(List which, int position) {
+  if (position < -1 || position >= list(which)->count()) throw Fault("Invalid list position");
+  list(which)->setCurrentIndex(position);
+}
+
+void FitPanelWidgets::setLineTip(std::string_view text) { est[0]->setToolTip(toQString(text)); }
+
+void FitPanelWidgets::setModelTip(std::string_view text) { tipo[0]->setToolTip(toQString(text)); }
+
+void FitPanelWidgets::focusPlotButton() {
+  plotFocusRan_ = false;
+  Command5->setFocus(Qt::OtherFocusReason);
+  // While another window is still active the event would come only with the window's activation,
+  // which is no event of the button; the handler runs now.
+  if (!plotFocusRan_) run(Command5_GotFocus);
+}
+
+}  // namespace zevfit

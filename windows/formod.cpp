@@ -1,0 +1,166 @@
+#include "windows/formod.h"
+
+#include <QCloseEvent>
+#include <QFrame>
+#include <QIcon>
+#include <QLabel>
+#include <QLayout>
+#include <QMdiArea>
+#include <cmath>
+
+#include "windows/quiet_focus.h"
+#include "windows/texts.h"
+
+namespace zevfit {
+
+namespace {
+
+/// Handles and tag are written in this type.
+constexpr float kOverlayPoints = 10.5F;
+constexpr std::array<const char*, 4> kHandleCaptions{"Co", "S1", "S2", "S3"};
+
+int toPixels(double twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
+
+/// The content of a plot window.
+class PlotForm : public QWidget {
+ public:
+  QSize sizeHint() const override { return wanted; }
+  QSize minimumSizeHint() const override { return {120, 80}; }
+  QSize wanted;
+};
+
+}  // namespace
+
+Formod::Formod() : form_(new PlotForm) {
+  setObjectName("Formod");
+  setWindowIcon(QIcon(":/icons/app.svg"));
+  setAttribute(Qt::WA_DeleteOnClose, false);
+  form_->setAutoFillBackground(true);
+  setWidget(form_);
+  Picture4 = new PictureBox(form_);
+  Picture4->setObjectName("Picture4");
+  Picture4->setFocusPolicy(Qt::ClickFocus);
+  Label6 = new QLabel("title", form_);
+  Label6->setObjectName("Label6");
+  Line1 = makeGuide("Line1");
+  Line2 = makeGuide("Line2");
+  for (int i = 0; i < 4; ++i) {
+    const auto at = static_cast<std::size_t>(i);
+    estru[at] = makeOverlay(QString("estru_%1").arg(i), kHandleCaptions[at], true);
+  }
+  Label1 = makeOverlay("Label1", QString(), false);
+  Label6->hide();
+}
+
+QLabel* Formod::makeOverlay(const QString& name, const QString& text, bool bold) {
+  auto* label = new QLabel(text, form_);
+  label->setObjectName(name);
+  label->setFont(toQFont({kPlotFont, kOverlayPoints, bold}));
+  label->setTextFormat(Qt::PlainText);
+  label->setAutoFillBackground(true);
+  label->setFrameStyle(QFrame::Box | QFrame::Plain);
+  label->adjustSize();
+  label->hide();
+  return label;
+}
+
+QFrame* Formod::makeGuide(const QString& name) {
+  auto* guide = new QFrame(form_);
+  guide->setObjectName(name);
+  guide->setAttribute(Qt::WA_TransparentForMouseEvents);
+  guide->hide();
+  return guide;
+}
+
+void Formod::load() {
+  loaded_ = true;
+  pen_ = PenState{};
+  setWindowTitle(QString());
+  setSize(kLoadWidth, kLoadHeight);
+  Picture4->move(0, 0);
+  setPictureSize(kLoadWidth - kFrameWidth, kLoadHeight - kFrameHeight);
+  hideGuides();
+  for (QLabel* handle : estru) handle->hide();
+  Label1->hide();
+}
+
+void Formod::restore() {
+  const QuietFocus focus;
+  showNormal();
+}
+
+QSize Formod::nominalContent() const {
+  return {toPixels(width_ - kFrameWidth), toPixels(height_ - kFrameHeight)};
+}
+
+void Formod::setSize(double width, double height) {
+  width_ = width;
+  height_ = height;
+  fitFrame();
+}
+
+void Formod::fitFrame() {
+  const QSize wanted = nominalContent();
+  static_cast<PlotForm*>(form_)->wanted = wanted;
+  fitting_ = true;
+  adjustSize();
+  layout()->activate();
+  resize(size() + wanted - form_->size());
+  layout()->activate();
+  fitting_ = false;
+}
+
+std::string Formod::caption() const { return toBytes(windowTitle()); }
+
+void Formod::setCaption(std::string_view caption) { setWindowTitle(toQString(caption)); }
+
+void Formod::setOverlayColours(Colour foreground, Colour background) {
+  QPalette handles = palette();
+  handles.setColor(QPalette::WindowText, toQColor(foreground));
+  handles.setColor(QPalette::Window, toQColor(background));
+  Label1->setPalette(handles);
+  for (QLabel* handle : estru) handle->setPalette(handles);
+  for (QFrame* guide : {Line1, Line2}) guide->setPalette(handles);
+}
+
+double Formod::measureTitle(std::string_view text, const Font& font) {
+  Label6->setFont(toQFont(font));
+  Label6->setText(toQString(text));
+  Label6->adjustSize();
+  return Label6->width() * kTwipsPerPixel;
+}
+
+void Formod::setPictureSize(double width, double height) { Picture4->setSizeTwips(width, height); }
+
+void Formod::setHandleBorder(int handle, bool border) {
+  estru.at(static_cast<std::size_t>(handle))
+      ->setFrameStyle(border ? int{QFrame::Box} | int{QFrame::Plain} : int{QFrame::NoFrame});
+}
+
+void Formod::hideGuides() {
+  Line1->hide();
+  Line2->hide();
+}
+
+void Formod::toFront() {
+  if (!isVisible()) return;
+  const QuietFocus focus;
+  if (mdiArea() && mdiArea()->activeSubWindow() != this) mdiArea()->setActiveSubWindow(this);
+  raise();
+}
+
+void Formod::closeEvent(QCloseEvent* event) {
+  loaded_ = false;
+  QMdiSubWindow::closeEvent(event);
+}
+
+void Formod::resizeEvent(QResizeEvent* event) {
+  QMdiSubWindow::resizeEvent(event);
+  if (fitting_ || !isVisible() || isMinimized()) return;
+  layout()->activate();
+  if (form_->size() == nominalContent()) return;
+  width_ = form_->width() * kTwipsPerPixel + kFrameWidth;
+  height_ = form_->height() * kTwipsPerPixel + kFrameHeight;
+}
+
+}  // namespace zevfit

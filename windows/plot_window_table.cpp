@@ -1,0 +1,29 @@
+#include "windows/plot_window_table.h"
+
+#include <utility>
+
+#include "windows/quiet_focus.h"
+
+namespace zevfit {
+
+Formod& PlotWindowTable::plotwin(std::int64_t direction, std::int64_t variable) {
+  QPointer<Formod>& window = windows_(direction, variable);
+  if (!window) {
+    window = new Formod;
+    area_.addSubWindow(window);
+    window->hide();
+  }
+  if (!window->loaded()) {
+    window->load();
+    waiting_.push_back(window);
+  }
+  return *window;
+}
+
+void PlotWindowTable::showLoaded() {
+  const QuietFocus focus;
+  for (const QPointer<Formod>& window : std::exchange(waiting_, {}))
+    if (window && window->loaded() && !window->isVisible()) window->showNormal();
+}
+
+}  // namespace zevfit
