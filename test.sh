@@ -1,0 +1,203 @@
+#!/usr/bin/env bash
+# Installs what is missing, then builds, tests and checks everything. With names of stages, as in
+# "./test.sh core lint", these alone:
+#   core      the core and its tests, on a build without Qt
+#   windows   the windows and their tests, and the program as users build it
+#   asan      all tests under the address and undefined behaviour sanitizers
+#   lint      format, clang-tidy, shell scripts
+#   fuzz      each fuzz target for a short while
+#   bench     the benchmarks with their yardsticks; not part of a run without names
+#   coverage  lines and branches that the tests reach, by folder; the same
+# The last line is "N passed, N failed": the cases of all tests, and every other check as one.
+set -uo pipefail
+cd -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")" || exit 1
+
+readonly logs=build/logs
+readonly test_seconds=900 # of one test program; more is a hang
+readonly fuzz_seconds=20  # of one fuzz target
+jobs=$(nproc)
+mkdir -p "$logs"
+passed=0
+failed=0
+
+# run NAME COMMAND...: keeps the output in $log, the exit code in $code, the seconds in $took.
+run() {
+  local start=$SECONDS
+  log=$logs/${1//[^a-z0-9]/-}.log
+  "${@:2}" >"$log" 2>&1 </dev/null
+  code=$?
+  took=$((SECONDS - start))
+}
+
+# report NAME PASSED FAILED: counts, prints the line of the step, and behind a failed one why.
+report() {
+  passed=$((passed + $2))
+  failed=$((failed + $3))
+  local verdict=ok
+  [ "$3" -eq 0 ] || verdict=FAILED
+  printf '%-6s  %-32s %5d s  %5d passed, %d failed\n' "$verdict" "$1" "$took" "$2" "$3"
+  [ "$3" -eq 0 ] || details | sed 's/^/    /'
+}
+
+# The failed cases of a test program and how it ended; of anything else the end of its output.
+details() {
+  if grep -q '^\[ RUN ' "$log"; then
+    awk '/^\[ RUN /{text=""} {text=text $0 "\n"} /^\[  FAILED  \].*ms\)/{printf "%s", text}' "$log" |
+      head -n 300
+    [ "$code" -le 1 ] || printf 'Exit code %d; the last lines:\n%s\n' "$code" "$(tail -n 60 "$log")"
+  else
+    tail -n 200 "$log"
+  fi
+}
+
+# prepare NAME COMMAND...: what only counts when it fails.
+prepare() {
+  run "$@"
+  report "$1" 0 $((code != 0))
+  [ "$code" -eq 0 ]
+}
+
+# check NAME COMMAND...: counts as one, passed or failed.
+check() {
+  run "$@"
+  report "$1" $((code == 0)) $((code != 0))
+}
+
+# tests NAME COMMAND...: a GoogleTest program, counted by its cases. One that ends early or has no
+# cases has one failure more.
+tests() {
+  run "$1" timeout --kill-after=10 "$test_seconds" "${@:2}"
+  local good bad
+  good=$(grep -c '\[       OK \]' "$log")
+  bad=$(grep -cE '\[  FAILED  \] .* \([0-9]+ ms\)' "$log")
+  if [ "$code" -gt 1 ] || [ $((good + bad)) -eq 0 ] || [ "$((code != 0))" -gt "$bad" ]; then
+    bad=$((bad + 1))
+  fi
+  report "$1" "$good" "$bad"
+}
+
+# build PRESET TARGET...
+build() {
+  cmake --preset "$1" && cmake --build "build/$1" --parallel "$jobs" --target "${@:2}"
+}
+
+packages() {
+  .ci/install g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-liberation binutils \
+    libgtest-dev libbenchmark-dev libqcustomplot-dev clang clang-format clang-tidy \
+    libclang-rt-14-dev shellcheck gcovr
+}
+
+without_qt() {
+  ! grep -E '/qt6/|libQt6' build/core/build.ninja && ! readelf -d "$1" | grep Qt
+}
+
+stage_core() {
+  local program=build/core/tests/zevfit_core_tests
+  prepare "core: build" build core zevfit_core_tests || return
+  check "core: free of Qt" without_qt "$program"
+  tests "core: tests" "$program"
+}
+
+stage_windows() {
+  prepare "windows: build" build debug zevfit_window_tests &&
+    tests "windows: tests" env QT_QPA_PLATFORM=offscreen build/debug/tests/zevfit_window_tests
+  check "windows: release build" build release zevfit
+}
+
+stage_asan() {
+  prepare "asan: build" build asan zevfit_core_tests zevfit_window_tests || return
+  export ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1
+  export UBSAN_OPTIONS=print_stacktrace=1
+  tests "asan: core tests" build/asan/tests/zevfit_core_tests
+  tests "asan: window tests" env QT_QPA_PLATFORM=offscreen build/asan/tests/zevfit_window_tests
+}
+
+format() {
+  find . -path ./build -prune -o \( -name '*.cpp' -o -name '*.h' \) -print0 |
+    xargs -0 clang-format --dry-run --Werror
+}
+
+# tidy PRESET FOLDER...: every source in the folders, as the preset compiles it.
+tidy() {
+  find "${@:2}" -name '*.cpp' -print0 |
+    xargs -0 -n 1 -P "$jobs" clang-tidy -p "build/$1" --quiet
+}
+
+stage_lint() {
+  check "lint: format" format
+  check "lint: shell scripts" shellcheck run.sh test.sh .ci/run .ci/install
+  # Sources include what moc makes of them.
+  prepare "lint: generated sources" build debug zevfit_windows_autogen zevfit_window_tests_autogen &&
+    check "lint: clang-tidy" tidy debug session model files plot windows platform tests main.cpp
+  prepare "lint: fuzz configuration" cmake --preset fuzz &&
+    check "lint: clang-tidy of fuzz" tidy fuzz fuzz
+  prepare "lint: benchmark configuration" cmake --preset bench &&
+    check "lint: clang-tidy of benchmarks" tidy bench benchmarks
+}
+
+# fuzz_target PROGRAM: on a copy of its corpus, so that the tree stays as it is.
+fuzz_target() {
+  local name dictionary corpus
+  name=$(basename "$1")
+  dictionary=fuzz/$name.dict
+  corpus=$(mktemp -d) || return
+  cp -r "fuzz/corpus/$name/." "$corpus" &&
+    "$1" -max_total_time="$fuzz_seconds" -timeout=10 -rss_limit_mb=2048 -dict="$dictionary" \
+      -artifact_prefix="$PWD/$logs/$name-" "$corpus"
+  local code=$?
+  rm -rf -- "$corpus"
+  return "$code"
+}
+
+stage_fuzz() {
+  prepare "fuzz: build" build fuzz all || return
+  for program in build/fuzz/fuzz/*; do
+    if [ ! -f "$program" ] || [ ! -x "$program" ]; then continue; fi
+    check "fuzz: $(basename "$program")" fuzz_target "$program"
+  done
+}
+
+stage_bench() {
+  prepare "bench: build" build bench all || return
+  for program in build/bench/benchmarks/*; do
+    if [ ! -f "$program" ] || [ ! -x "$program" ]; then continue; fi
+    check "bench: $(basename "$program")" env QT_QPA_PLATFORM=offscreen "$program"
+    cat "$log"
+  done
+}
+
+# A line for each folder, from gcovr's table of files: name, lines, covered lines, their share,
+# branches, covered branches.
+by_folder() {
+  gcovr --root . --exclude tests/ --exclude build/ --exclude-throw-branches --csv build/coverage |
+    awk -F, 'NR > 1 {
+        split($1, path, "/"); l[path[1]] += $2; lc[path[1]] += $3; b[path[1]] += $5; bc[path[1]] += $6
+      }
+      END {
+        for (f in l) printf "%-12s %6d lines %6.1f %%  %6d branches %6.1f %%\n", f, l[f],
+                            l[f] ? 100 * lc[f] / l[f] : 100, b[f], b[f] ? 100 * bc[f] / b[f] : 100
+      }' | sort
+}
+
+stage_coverage() {
+  prepare "coverage: build" build coverage zevfit_core_tests zevfit_window_tests || return
+  find build/coverage -name '*.gcda' -delete
+  tests "coverage: core tests" build/coverage/tests/zevfit_core_tests
+  tests "coverage: window tests" env QT_QPA_PLATFORM=offscreen build/coverage/tests/zevfit_window_tests
+  check "coverage: summary" by_folder
+  cat "$log"
+}
+
+for stage in "$@"; do
+  if ! declare -F "stage_$stage" >/dev/null; then
+    sed -n '2,/^set/{/^#/s/^# \{0,1\}//p}' test.sh
+    exit 2
+  fi
+done
+[ $# -gt 0 ] || set -- core windows asan lint fuzz
+
+prepare "packages" packages
+for stage in "$@"; do "stage_$stage"; done
+
+echo "$passed passed, $failed failed"
+[ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
