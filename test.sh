@@ -120,7 +120,8 @@ format() {
 # tidy PRESET FOLDER...: every source in the folders, as the preset compiles it.
 tidy() {
   find "${@:2}" -name '*.cpp' -print0 |
-    xargs -0 -n 1 -P "$jobs" clang-tidy -p "build/$1" --quiet
+    xargs -0 -n 1 -P "$jobs" clang-tidy -p "build/$1" --quiet 2>&1 |
+    sed '/^[0-9]* warnings\? generated\.$/d'
 }
 
 stage_lint() {
