@@ -63,14 +63,15 @@ check() {
   report "$1" $((code == 0)) $((code != 0))
 }
 
-# tests NAME COMMAND...: a GoogleTest program, counted by its cases. One that ends early or has no
-# cases has one failure more.
+# tests NAME COMMAND...: a GoogleTest program, counted by its cases. One that has no cases, ends early
+# or fails behind them has one failure more.
 tests() {
   run "$1" timeout --kill-after=10 "$test_seconds" "${@:2}"
   local good bad
   good=$(grep -c '\[       OK \]' "$log")
   bad=$(grep -cE '\[  FAILED  \] .* \([0-9]+ ms\)' "$log")
-  if [ "$code" -gt 1 ] || [ $((good + bad)) -eq 0 ] || [ "$((code != 0))" -gt "$bad" ]; then
+  if [ $((good + bad)) -eq 0 ] || ! grep -q '^\[==========\] .* ran\.' "$log" ||
+    [ "$code" -gt 1 ] || [ $((code != 0)) -gt "$bad" ]; then
     bad=$((bad + 1))
   fi
   report "$1" "$good" "$bad"
@@ -106,8 +107,8 @@ stage_windows() {
 
 stage_asan() {
   prepare "asan: build" build asan zevfit_core_tests zevfit_window_tests || return
-  export ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1
-  export UBSAN_OPTIONS=print_stacktrace=1
+  export ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1:exitcode=99
+  export UBSAN_OPTIONS=print_stacktrace=1:exitcode=99
   tests "asan: core tests" build/asan/tests/zevfit_core_tests
   tests "asan: window tests" env QT_QPA_PLATFORM=offscreen build/asan/tests/zevfit_window_tests
 }
