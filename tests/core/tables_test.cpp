@@ -1,0 +1,155 @@
+#include "session/tables.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+
+#include "session/cell.h"
+
+namespace zevfit {
+namespace {
+
+constexpr std::int64_t kHuge = std::numeric_limits<std::int64_t>::max();
+constexpr std::int64_t kLowest = std::numeric_limits<std::int64_t>::min();
+
+TEST(Table, HasZeroAtFirst) {
+  const Table<int, 3> table;
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(table(i), 0) << i;
+}
+
+TEST(Table, FaultsOutsideItsSlots) {
+  Table<int, kVariableSlots> table;
+  const auto& constTable = table;
+  EXPECT_NO_THROW(table(0));
+  EXPECT_NO_THROW(table(41));
+  for (const std::int64_t slot : {std::int64_t{-1}, std::int64_t{42}, kHuge, kLowest}) {
+    EXPECT_THROW(table(slot), Fault) << slot;
+    EXPECT_THROW(constTable(slot), Fault) << slot;
+  }
+}
+
+TEST(Table, IsFilled) {
+  Table<int, 4> table;
+  table.fill(7);
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(table(i), 7) << i;
+}
+
+TEST(PairTable, HasTheVariableFirst) {
+  PairTable<int> table;
+  table(41, 21) = 1;
+  table(1, 21) = 2;
+  table(21, 1) = 3;
+  EXPECT_EQ(table(41, 21), 1);
+  EXPECT_EQ(table(1, 21), 2);
+  EXPECT_EQ(table(21, 1), 3);
+  EXPECT_EQ(table(2, 0), 0);
+}
+
+TEST(PairTable, FaultsOutsideItsSlots) {
+  PairTable<double> table;
+  const auto& constTable = table;
+  const std::pair<std::int64_t, std::int64_t> outside[] = {{-1, 0}, {0, -1},    {42, 0},
+                                                           {0, 22}, {1, kHuge}, {kLowest, 1}};
+  for (const auto& [variable, direction] : outside) {
+    EXPECT_THROW(table(variable, direction), Fault) << variable << ", " << direction;
+    EXPECT_THROW(constTable(variable, direction), Fault) << variable << ", " << direction;
+  }
+  EXPECT_NO_THROW(table(0, 0));
+  EXPECT_NO_THROW(table(41, 21));
+}
+
+TEST(PairTable, TakesOtherWidths) {
+  PairTable<std::string, 102, 42> legends;
+  legends(101, 41) = "h(m)";
+  EXPECT_EQ(legends(101, 41), "h(m)");
+  EXPECT_THROW(legends(102, 0), Fault);
+  EXPECT_THROW(legends(0, 42), Fault);
+}
+
+TEST(LagTable, HasNoClassesBeforeItIsCreated) {
+  LagTable<double> table;
+  EXPECT_THROW(table(1, 1, 0), Fault);
+  EXPECT_THROW(table.set(1, 1, 0, 1), Fault);
+  EXPECT_TRUE(table.written(1, 1).empty());
+}
+
+TEST(LagTable, HasOneClassMoreThanTheNumberOfClasses) {
+  LagTable<double> table;
+  table.create(3);
+  EXPECT_NO_THROW(table.set(41, 21, 4, 2.5));
+  EXPECT_EQ(table(41, 21, 4), 2.5);
+  EXPECT_EQ(table(41, 21, 0), 0);
+  EXPECT_EQ(table(1, 1, 4), 0);
+  for (const std::int64_t lag : {std::int64_t{-1}, std::int64_t{5}, kHuge, kLowest}) {
+    EXPECT_THROW(table(1, 1, lag), Fault) << lag;
+    EXPECT_THROW(table.set(1, 1, lag, 1), Fault) << lag;
+  }
+  EXPECT_THROW(table(42, 1, 1), Fault);
+  EXPECT_THROW(table.set(1, 22, 1, 1), Fault);
+}
+
+TEST(LagTable, ANegativeNumberOfClassesLeavesSlotZero) {
+  LagTable<double> table;
+  table.create(-3);
+  EXPECT_NO_THROW(table.set(1, 1, 0, 1));
+  EXPECT_THROW(table.set(1, 1, 1, 1), Fault);
+}
+
+TEST(LagTable, AnyClaimedNumberOfClassesTakesNoMemory) {
+  for (const std::int64_t classes : {std::int64_t{2000000000}, kHuge}) {
+    LagTable<Cell> table;
+    table.create(classes);
+    table.set(1, 1, 2, 5);
+    EXPECT_EQ(table.written(1, 1).size(), 3U);
+    EXPECT_EQ(table(1, 1, classes).number(), 0);
+    EXPECT_EQ(table(2, 3, classes).number(), 0);
+  }
+}
+
+TEST(LagTable, HoldsWhatWasWrittenUpToTheHighestClass) {
+  LagTable<float> table;
+  table.create(10);
+  table.set(1, 2, 3, 18);
+  table.set(1, 2, 1, 7);
+  const auto row = table.written(1, 2);
+  EXPECT_EQ(std::vector<float>(row.begin(), row.end()), (std::vector<float>{0, 7, 0, 18}));
+  EXPECT_TRUE(table.written(2, 1).empty());
+}
+
+TEST(LagTable, ReservingHoldsNothing) {
+  LagTable<double> table;
+  table.create(10);
+  table.reserve(1, 1, 10);
+  table.reserve(1, 1, kHuge);
+  table.reserve(1, 1, -1);
+  table.reserve(1, 1, kLowest);
+  EXPECT_TRUE(table.written(1, 1).empty());
+  EXPECT_THROW(table.reserve(42, 1, 1), Fault);
+  LagTable<double>().reserve(1, 1, 5);
+}
+
+TEST(LagTable, ClearsAndCopiesWholeRows) {
+  LagTable<double> table;
+  table.create(5);
+  table.set(1, 1, 5, 2.5);
+  table.set(2, 1, 1, 9);
+  table.copy(1, 1, 2);
+  EXPECT_EQ(table(2, 1, 5), 2.5);
+  EXPECT_EQ(table(2, 1, 1), 0);
+  table.clear(1, 1);
+  EXPECT_EQ(table(1, 1, 5), 0);
+  EXPECT_EQ(table(2, 1, 5), 2.5);
+}
+
+TEST(LagTable, CreatingAnewDropsTheContent) {
+  LagTable<double> table;
+  table.create(5);
+  table.set(1, 1, 5, 2.5);
+  table.create(5);
+  EXPECT_EQ(table(1, 1, 5), 0);
+  EXPECT_TRUE(table.written(1, 1).empty());
+}
+
+}  // namespace
+}  // namespace zevfit
