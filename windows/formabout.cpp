@@ -1,0 +1,107 @@
+#include "windows/formabout.h"
+
+#include <QIcon>
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace zevfit {
+
+namespace {
+
+constexpr QSize kPictureSize(420, 260);
+/// Distance from the top of the main window at start, in logical pixels.
+constexpr int kStartTop = 40;
+
+/// Paints itself at the resolution of whatever screen it is on.
+class AboutPicture : public QWidget {
+ public:
+  explicit AboutPicture(QWidget* parent) : QWidget(parent), icon_(":/icons/about.svg") {
+    setObjectName("Image1");
+    setAccessibleName("zevFIT: variogram models, fitted by eye");
+    resize(kPictureSize);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    icon_.paint(&painter, rect());
+  }
+
+ private:
+  QIcon icon_;
+};
+
+}  // namespace
+
+formabout::formabout(QWidget* mainWindow)
+    : QWidget(mainWindow, Qt::Dialog | Qt::FramelessWindowHint),
+      mainWindow_(mainWindow),
+      Image1(new AboutPicture(this)) {
+  setObjectName("formabout");
+  setWindowTitle("About zevFIT");
+  Image1->installEventFilter(this);
+  fitPicture();
+}
+
+void formabout::fitPicture() {
+  Image1->move(0, 0);
+  resize(Image1->size());
+}
+
+void formabout::centre() {
+  QRect place(QPoint(), size());
+  place.moveCenter(QRect(mainWindow_->mapToGlobal(QPoint()), mainWindow_->size()).center());
+  move(place.topLeft());
+}
+
+void formabout::showAtStart() {
+  fitPicture();
+  centre();
+  move(x(), mainWindow_->mapToGlobal(QPoint()).y() + kStartTop);
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  show();
+}
+
+void formabout::showCentred() {
+  setAttribute(Qt::WA_ShowWithoutActivating, false);
+  fitPicture();
+  centre();
+  show();
+  raise();
+  activateWindow();
+}
+
+void formabout::activated() {
+  // Some window systems activate a new window even if asked not to: that is no reason to leave the
+  // place of the start.
+  const bool byStart = testAttribute(Qt::WA_ShowWithoutActivating);
+  setAttribute(Qt::WA_ShowWithoutActivating, false);
+  if (byStart) return;
+  fitPicture();
+  centre();
+}
+
+bool formabout::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate) activated();
+  return QWidget::event(event);
+}
+
+bool formabout::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == Image1 && event->type() == QEvent::MouseButtonRelease) hide();
+  return QWidget::eventFilter(watched, event);
+}
+
+void formabout::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Escape:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+      hide();
+      return;
+    default:
+      QWidget::keyPressEvent(event);
+  }
+}
+
+}  // namespace zevfit
