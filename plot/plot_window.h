@@ -12,6 +12,8 @@ namespace zevfit {
 struct PenState {
   int width = 1;
   LineStyle style = LineStyle::solid;
+  /// Counts the clears, by which a drawing sees that another one has run inside it.
+  std::uint32_t clears = 0;
 };
 
 /// A direction's plot window as the drawing routine sees it. Sizes in twips; the outer size is that
