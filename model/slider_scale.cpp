@@ -1,0 +1,54 @@
+#include "model/slider_scale.h"
+
+#include <cmath>
+
+#include "session/fault.h"
+#include "session/numbers.h"
+
+namespace zevfit {
+
+namespace {
+
+constexpr double kRangesInScale = 20;
+// One map subtracts another constant than the other on purpose.
+constexpr double kForwardOffset = 1e-05;
+constexpr double kBackwardOffset = 0.0001;
+
+double rangePlace(const RangeScale& scale, std::string_view text) {
+  return std::abs(divide(finite(leadingNumber(text) * scale.ascale),
+                         kRangesInScale * scale.hmax - kBackwardOffset));
+}
+
+}  // namespace
+
+std::int16_t sillPosition(const SillScale& scale, double value) {
+  return toInt16(divide(scale.c0scale, scale.ymax - scale.ymin) * (value - scale.ymin));
+}
+
+double sillValue(const SillScale& scale, int position) {
+  const double value = scale.ymin + position * divide(scale.ymax - scale.ymin, scale.c0scale);
+  return leadingNumber(formatNumber(value, "#####.###"));
+}
+
+std::int16_t rangePosition(const RangeScale& scale, std::string_view text) {
+  return toInt16(rangePlace(scale, text));
+}
+
+std::int16_t rangePositionWhole(const RangeScale& scale, std::string_view text) {
+  return toInt16(std::floor(rangePlace(scale, text)));
+}
+
+std::string rangeText(const RangeScale& scale, int position) {
+  const double value =
+      divide((kRangesInScale * scale.hmax - kForwardOffset) * position, scale.ascale);
+  return formatNumber(value, "####.###");
+}
+
+double rangeSliderMaximum(double hmax) {
+  const double maximum =
+      std::floor(finite(std::abs(kRangesInScale * hmax - kForwardOffset) * kSillSliderMaximum));
+  if (maximum <= 0) return 1;
+  return std::min(maximum, kSillSliderMaximum);
+}
+
+}  // namespace zevfit
