@@ -1,7 +1,11 @@
 #pragma once
 
+#include <charconv>
+#include <cmath>
+#include <cstddef>
 #include <optional>
 #include <string_view>
+#include <system_error>
 
 namespace zevfit {
 
@@ -24,9 +28,48 @@ class TokenStream {
   /// Nothing when the stream ends first.
   std::optional<std::string_view> number();
 
+  /// The next token as a number where it has the usual form; nothing, and no byte taken but those
+  /// skipped in front, where number() must have a closer look.
+  template <class Number>
+  std::optional<Number> plainNumber();
+
  private:
+  static bool isBlank(char c) { return c == ' ' || c == '\t'; }
+  static bool isLineEnd(char c) { return c == '\r' || c == '\n'; }
+  static bool endsNumber(char c) { return isBlank(c) || c == ',' || isLineEnd(c); }
+
+  void skipFront() {
+    while (at_ < bytes_.size() && (isBlank(bytes_[at_]) || isLineEnd(bytes_[at_]))) ++at_;
+  }
+  void skipDelimiter() {
+    while (at_ < bytes_.size() && isBlank(bytes_[at_])) ++at_;
+    if (at_ == bytes_.size()) return;
+    const char delimiter = bytes_[at_];
+    if (delimiter != ',' && !isLineEnd(delimiter)) return;
+    ++at_;
+    if (delimiter == '\r' && at_ < bytes_.size() && bytes_[at_] == '\n') ++at_;
+  }
+  std::string_view quoted();
+  /// Up to the next comma or line end, which stays.
+  std::string_view field();
+
   std::string_view bytes_;
   std::size_t at_ = 0;
 };
+
+template <class Number>
+std::optional<Number> TokenStream::plainNumber() {
+  skipFront();
+  const char* first = bytes_.data() + at_;
+  const char* last = bytes_.data() + bytes_.size();
+  Number value = 0;
+  const auto read = std::from_chars(first, last, value);
+  // What is read as an infinity or as no number at all is a text here.
+  if (read.ec != std::errc() || !std::isfinite(value)) return std::nullopt;
+  if (read.ptr != last && !endsNumber(*read.ptr)) return std::nullopt;
+  at_ = static_cast<std::size_t>(read.ptr - bytes_.data());
+  skipDelimiter();
+  return value;
+}
 
 }  // namespace zevfit

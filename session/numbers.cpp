@@ -140,4 +140,11 @@ std::int16_t toInt16(double value) {
   return static_cast<std::int16_t>(nearest);
 }
 
+std::int64_t toCount(double value) {
+  constexpr double kLargest = 9007199254740992.0;
+  const double nearest = std::nearbyint(value);
+  if (!(std::abs(nearest) <= kLargest)) throw Fault("Overflow");
+  return static_cast<std::int64_t>(nearest);
+}
+
 }  // namespace zevfit

@@ -54,5 +54,7 @@ std::string lowered(std::string_view text);
 
 /// The nearest integer, ties to even; throws Fault when it is no 16 bit signed number.
 std::int16_t toInt16(double value);
+/// The same for a count; throws Fault beyond the whole numbers that a double tells apart.
+std::int64_t toCount(double value);
 
 }  // namespace zevfit

@@ -84,6 +84,13 @@ class LagTable {
     row[at] = std::move(value);
   }
 
+  /// Takes a whole row over, from slot 0; throws Fault for a row with slots outside the table.
+  void setRow(std::int64_t variable, std::int64_t direction, std::vector<T> row) {
+    std::vector<T>& place = rows_(variable, direction);
+    if (static_cast<std::int64_t>(row.size()) > last_ + 1) throwSubscript();
+    place = std::move(row);
+  }
+
   /// Makes room for classes up to `lag` at once; a hint, never a promise to hold values there.
   void reserve(std::int64_t variable, std::int64_t direction, std::int64_t lag) {
     const std::int64_t highest = std::clamp<std::int64_t>(lag, -1, last_);

@@ -1,0 +1,40 @@
+#include "files/tokens.h"
+
+#include <algorithm>
+
+namespace zevfit {
+
+std::string_view TokenStream::field() {
+  const std::size_t end = std::min(bytes_.find_first_of(",\r\n", at_), bytes_.size());
+  const std::string_view taken = bytes_.substr(at_, end - at_);
+  at_ = end;
+  return taken;
+}
+
+std::string_view TokenStream::quoted() {
+  const std::size_t first = at_ + 1;
+  const std::size_t close = std::min(bytes_.find('"', first), bytes_.size());
+  at_ = std::min(close + 1, bytes_.size());
+  field();
+  return bytes_.substr(first, close - first);
+}
+
+std::optional<std::string_view> TokenStream::text() {
+  skipFront();
+  if (atEnd()) return std::nullopt;
+  const std::string_view token = bytes_[at_] == '"' ? quoted() : field();
+  skipDelimiter();
+  return token;
+}
+
+std::optional<std::string_view> TokenStream::number() {
+  skipFront();
+  if (atEnd()) return std::nullopt;
+  const std::size_t first = at_;
+  while (at_ < bytes_.size() && !endsNumber(bytes_[at_])) ++at_;
+  const std::string_view token = bytes_.substr(first, at_ - first);
+  skipDelimiter();
+  return token;
+}
+
+}  // namespace zevfit

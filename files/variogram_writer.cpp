@@ -1,0 +1,193 @@
+#include "files/variogram_writer.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "files/tokens.h"
+#include "files/variogram_format.h"
+#include "session/fault.h"
+#include "session/numbers.h"
+
+namespace zevfit {
+
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+/// Classes that no file has filled are written as noughts up to this number; a claim beyond it does
+/// not fit the tables.
+constexpr std::int64_t kClassesOnTrust = 1'000'000;
+
+/// The old file ended at one of the tests.
+struct EndOfFile {};
+
+/// Writes the lines of the new file, with the tests for the end of the old one between them.
+class Writer {
+ public:
+  Writer(Session& session, std::int16_t variables, std::string_view oldFile, OutputFile& out)
+      : session_(session), variables_(variables), old_(oldFile), out_(out) {}
+
+  void header();
+  void data();
+  void models();
+
+ private:
+  void endTest() const {
+    if (old_.atEnd()) throw EndOfFile();
+  }
+  template <class Value>
+  void number(const Value& value);
+  void text(std::string_view line);
+  std::string_view oldToken();
+  void classes(std::int64_t v, std::int64_t d);
+  void nugget(std::int64_t v, std::int64_t d);
+  void structure(std::size_t line, std::int64_t v, std::int64_t d);
+
+  Session& session_;
+  std::int64_t variables_;
+  TokenStream old_;
+  OutputFile& out_;
+  std::string line_;
+};
+
+template <class Value>
+void Writer::number(const Value& value) {
+  line_.clear();
+  appendFileNumber(line_, value);
+  text(line_);
+}
+
+void Writer::text(std::string_view line) {
+  out_.write(line);
+  out_.write(kLineEnd);
+}
+
+std::string_view Writer::oldToken() {
+  endTest();
+  const auto token = old_.text();
+  if (!token) throw Fault("Input past end of file");
+  return *token;
+}
+
+std::string_view tagToWrite(std::string_view tag) {
+  const std::string plain = lowered(trimmed(tag));
+  const bool replaced = std::any_of(std::begin(kPlainTags), std::end(kPlainTags),
+                                    [&](const char* known) { return plain == known; });
+  return replaced ? std::string_view(kModelTagWritten) : tag;
+}
+
+void Writer::header() {
+  text(oldToken());
+  session_.filetag = oldToken();
+  text(tagToWrite(session_.filetag));
+  endTest();
+  const auto count = old_.number();
+  const auto value = count ? wholeNumber(*count) : std::nullopt;
+  if (!value) throw Fault("Type mismatch");
+  // The count of the old file, not of the one that is written: on purpose.
+  session_.nvar = toCount(*value);
+  number(static_cast<double>(variables_));
+  for (std::int64_t v = 1; v <= variables_; ++v) {
+    endTest();
+    text(session_.varname(v));
+  }
+  endTest();
+  number(static_cast<double>(session_.ndir));
+  endTest();
+  number(static_cast<double>(session_.nclass));
+  for (std::int64_t d = 1; d <= session_.ndir; ++d) {
+    endTest();
+    text(session_.dirname(d));
+  }
+}
+
+void Writer::data() {
+  for (std::int64_t v = 1; v <= variables_; ++v) {
+    endTest();
+    number(session_.variance(v));
+    for (std::int64_t d = 1; d <= session_.ndir; ++d) classes(v, d);
+  }
+}
+
+void Writer::classes(std::int64_t v, std::int64_t d) {
+  const auto held = static_cast<std::int64_t>(session_.gam.written(v, d).size());
+  if (session_.nclass > std::max(held, kClassesOnTrust)) throw Fault("Out of memory");
+  // The three tests before each line repeat one answer, as no more is read from the old file.
+  if (session_.nclass > 0) endTest();
+  for (std::int64_t lag = 1; lag <= session_.nclass; ++lag) {
+    line_.clear();
+    appendFileNumber(line_, session_.hlag(v, d, lag));
+    nextPrintZone(line_, 0);
+    appendFileNumber(line_, session_.gam(v, d, lag));
+    nextPrintZone(line_, 0);
+    appendFileNumber(line_, session_.npairs(v, d, lag));
+    line_ += kLineEnd;
+    out_.write(line_);
+  }
+}
+
+void Writer::nugget(std::int64_t v, std::int64_t d) {
+  const double used = flag(session_, 0, v, d);
+  if (used != 0 && used != 1) return;
+  number(used);
+  if (used == 0) return text(kUnusedSill);
+  number(session_.c0(v, d));
+}
+
+/// Nothing is written for a flag other than 0 and 1.
+void Writer::structure(std::size_t line, std::int64_t v, std::int64_t d) {
+  const double used = flag(session_, static_cast<int>(line), v, d);
+  if (used != 0 && used != 1) return;
+  number(used);
+  if (used == 0) {
+    for (const char* unused : {kUnusedLetter, kUnusedSill, kUnusedRange}) text(unused);
+    return;
+  }
+  text((session_.*kLetterTable[line])(v, d));
+  number((session_.*kSillTable[line])(v, d));
+  number((session_.*kRangeTable[line])(v, d));
+}
+
+void Writer::models() {
+  for (std::int64_t v = 1; v <= variables_; ++v) {
+    for (std::int64_t d = 1; d <= session_.ndir; ++d) {
+      nugget(v, d);
+      for (std::size_t line = 1; line < kLines; ++line) structure(line, v, d);
+    }
+  }
+}
+
+}  // namespace
+
+void ModelSaver::gravando(Session& session, std::int16_t listedVariables, Dialogs& dialogs) {
+  if (trimmed(session.inputfile).empty()) return dialogs.plain(kNoFileText);
+  if (!dialogs.confirm("Save  current models to file: " + session.inputfile)) return;
+  try {
+    save(session, listedVariables, dialogs);
+  } catch (const std::exception&) {
+    dialogs.plain("Cannot save  models to file:\n-" + session.inputfile);
+    leftOpen_.reset();
+  }
+}
+
+void ModelSaver::save(Session& session, std::int16_t listedVariables, Dialogs& dialogs) {
+  if (leftOpen_) throw Fault("File already open");
+  const std::filesystem::path temporary = folder_ / kTemporaryName;
+  auto out = std::make_unique<OutputFile>(temporary);
+  const std::string oldFile = readWhole(session.inputfile);
+  try {
+    Writer writer(session, listedVariables, oldFile, *out);
+    writer.header();
+    writer.data();
+    writer.models();
+  } catch (const EndOfFile&) {
+    dialogs.warning(kBadFileText);
+    leftOpen_ = std::move(out);
+    return;
+  }
+  out->close();
+  replaceFile(temporary, session.inputfile);
+  dialogs.plain("Models saved to file:" + session.inputfile);
+}
+
+}  // namespace zevfit
