@@ -1,7 +1,7 @@
 #include "session/decimal.h"
 
+#include <algorithm>
 #include <charconv>
-#include <string_view>
 
 #include "session/fault.h"
 
@@ -23,13 +23,13 @@ Decimal parsed(const char* first, const char* last) {
   Decimal decimal;
   decimal.negative = *first == '-';
   if (decimal.negative) ++first;
-  const char* at = first;
-  for (; *at != 'e'; ++at) {
-    if (*at != '.') decimal.digits[static_cast<std::size_t>(decimal.count++)] = *at;
-  }
-  ++at;
-  if (*at == '+') ++at;
-  std::from_chars(at, last, decimal.point);
+  const char* const exponent = std::find(first, last, 'e');
+  char* const digits = decimal.digits.data();
+  *digits = *first;
+  const char* const decimals = std::min(first + 2, exponent);
+  decimal.count = static_cast<int>(std::copy(decimals, exponent, digits + 1) - digits);
+  const bool positive = exponent[1] == '+';
+  std::from_chars(exponent + (positive ? 2 : 1), last, decimal.point);
   ++decimal.point;
   dropTrailingZeros(decimal);
   return decimal;

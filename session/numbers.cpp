@@ -14,25 +14,22 @@ namespace {
 
 constexpr std::size_t kZone = 14;
 
-char* writeZeros(char* at, int count) {
-  for (; count > 0; --count) *at++ = '0';
-  return at;
+char* writeDigits(char* at, const Decimal& decimal, int from, int to) {
+  const char* const digits = decimal.digits.data();
+  return std::copy(digits + from, digits + to, at);
 }
 
-char* writeDigits(char* at, const Decimal& decimal, int from, int to) {
-  for (int place = from; place < to; ++place) *at++ = decimal.digit(place);
-  return at;
+char* writeInteger(char* at, const Decimal& decimal) {
+  if (decimal.point <= 0) return std::fill_n(at, 1, '0');
+  at = writeDigits(at, decimal, 0, std::min(decimal.point, decimal.count));
+  return std::fill_n(at, std::max(decimal.point - decimal.count, 0), '0');
 }
 
 char* writePlain(char* at, const Decimal& decimal) {
-  if (decimal.point > 0) {
-    at = writeDigits(at, decimal, 0, decimal.point);
-  } else {
-    *at++ = '0';
-  }
+  at = writeInteger(at, decimal);
   if (decimal.point >= decimal.count) return at;
   *at++ = '.';
-  at = writeZeros(at, -decimal.point);
+  at = std::fill_n(at, std::max(-decimal.point, 0), '0');
   return writeDigits(at, decimal, std::max(decimal.point, 0), decimal.count);
 }
 
