@@ -1,0 +1,13 @@
+// The yardstick of a start: a Qt program with an empty main window.
+#include <QMainWindow>
+
+#include "benchmarks/start/first_paint.h"
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QMainWindow window;
+  const FirstPaint end(window);
+  window.resize(1180, 760);
+  window.show();
+  return QApplication::exec();
+}

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QTimer>
+#include <QWidget>
+#include <filesystem>
+#include <functional>
+#include <stdexcept>
+#include <string>
+
+#include "tests/support/scripted_dialogs.h"
+#include "windows/mdimod.h"
+
+namespace zevfit::test {
+
+/// The whole program with its boxes answered by a script.
+class Program {
+ public:
+  explicit Program(const std::filesystem::path& folder) : window_(dialogs_, folder) {
+    window_.show();
+    QApplication::processEvents();
+  }
+
+  mdimod& window() { return window_; }
+  Session& session() { return window_.session(); }
+  ScriptedDialogs& dialogs() { return dialogs_; }
+
+  /// A control of the main window by its name.
+  template <class Widget = QWidget>
+  Widget& control(const char* name) {
+    return find<Widget>(window_, name);
+  }
+
+  template <class Widget>
+  static Widget& find(QObject& in, const char* name) {
+    auto* found = in.findChild<Widget*>(name);
+    if (!found) throw std::runtime_error(std::string("no control ") + name);
+    return *found;
+  }
+
+  void trigger(const char* action) { control<QAction>(action).trigger(); }
+
+  /// Runs `steps` on the modal window that `opening` brings up; `steps` must close it.
+  static void inModal(const std::function<void()>& opening,
+                      const std::function<void(QWidget&)>& steps) {
+    bool met = false;
+    QTimer::singleShot(0, [&] {
+      QWidget* modal = QApplication::activeModalWidget();
+      if (!modal) return;
+      met = true;
+      steps(*modal);
+    });
+    opening();
+    if (!met) throw std::runtime_error("no modal window came up");
+  }
+
+  /// Opens a file through the toolbar and accepts it in the data structure window.
+  void open(const std::string& path) {
+    dialogs_.files.push_back(path);
+    inModal([&] { trigger("k1"); },
+            [](QWidget& modal) { find<QAbstractButton>(modal, "Command2").click(); });
+    QApplication::processEvents();
+  }
+
+ private:
+  ScriptedDialogs dialogs_;
+  mdimod window_;
+};
+
+}  // namespace zevfit::test

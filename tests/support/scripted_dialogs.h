@@ -1,0 +1,46 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "session/dialogs.h"
+
+namespace zevfit::test {
+
+/// Boxes that answer by a script and keep what they were asked, one line each: the kind, a colon
+/// and the text.
+class ScriptedDialogs : public Dialogs {
+ public:
+  std::vector<std::string> shown;
+  std::deque<std::string> files;   ///< answers of the file dialog in turn; empty: Cancel
+  std::deque<bool> confirmations;  ///< answers of questions in turn; empty: OK
+
+  void plain(std::string_view text) override { keep("plain", text); }
+  void warning(std::string_view text) override { keep("warning", text); }
+  void fatal(std::string_view text) override { keep("fatal", text); }
+
+  bool confirm(std::string_view text) override {
+    keep("confirm", text);
+    if (confirmations.empty()) return true;
+    const bool answer = confirmations.front();
+    confirmations.pop_front();
+    return answer;
+  }
+
+  std::optional<std::string> openFile(std::string_view title, std::string_view pattern) override {
+    keep("open", std::string(title) + "|" + std::string(pattern));
+    if (files.empty()) return std::nullopt;
+    const std::string file = files.front();
+    files.pop_front();
+    return file;
+  }
+
+ private:
+  void keep(const char* kind, std::string_view text) {
+    shown.push_back(std::string(kind) + ": " + std::string(text));
+  }
+};
+
+}  // namespace zevfit::test
