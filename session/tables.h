@@ -87,7 +87,7 @@ class LagTable {
   /// Takes a whole row over, from slot 0; throws Fault for a row with slots outside the table.
   void setRow(std::int64_t variable, std::int64_t direction, std::vector<T> row) {
     std::vector<T>& place = rows_(variable, direction);
-    if (static_cast<std::int64_t>(row.size()) > last_ + 1) throwSubscript();
+    if (static_cast<std::int64_t>(row.size()) - 1 > last_) throwSubscript();
     place = std::move(row);
   }
 

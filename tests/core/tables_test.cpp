@@ -142,6 +142,24 @@ TEST(LagTable, ClearsAndCopiesWholeRows) {
   EXPECT_EQ(table(2, 1, 5), 2.5);
 }
 
+TEST(LagTable, TakesAWholeRowThatFits) {
+  LagTable<double> table;
+  table.create(1);
+  table.set(1, 1, 2, 9);
+  EXPECT_THROW(table.setRow(1, 1, {0, 1, 2, 3}), Fault);
+  EXPECT_THROW(table.setRow(42, 1, {0, 1}), Fault);
+  EXPECT_EQ(table(1, 1, 2), 9);
+  table.setRow(1, 1, {0, 5});
+  EXPECT_EQ(table(1, 1, 1), 5);
+  EXPECT_EQ(table(1, 1, 2), 0);
+  table.setRow(1, 1, {0, 1, 2});
+  EXPECT_EQ(table(1, 1, 2), 2);
+  EXPECT_THROW(LagTable<double>().setRow(1, 1, {0}), Fault);
+  table.create(kHuge);
+  table.setRow(1, 1, {0, 5});
+  EXPECT_EQ(table(1, 1, 1), 5);
+}
+
 TEST(LagTable, CreatingAnewDropsTheContent) {
   LagTable<double> table;
   table.create(5);
