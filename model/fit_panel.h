@@ -21,9 +21,9 @@ enum class List { Combo2, Combodirvar };
 ///
 /// Event rules, the same for every implementation: a text, a position, a box or an option that
 /// really changes runs its handler before the setter returns, whoever sets it; one set to what it
-/// is runs nothing. New bounds that shut out the position move it to the nearer bound, which is
-/// such a change. Positions start at 0 within bounds 0 to 32767, texts empty, boxes and options
-/// off.
+/// is runs nothing. A list runs its handler when another entry is chosen, not when none is. New
+/// bounds that shut out the position move it to the nearer bound, which is such a change. Positions
+/// start at 0 within bounds 0 to 32767, texts empty, boxes and options off, lists without an entry.
 class FitPanel {
  public:
   virtual ~FitPanel() = default;
@@ -56,12 +56,13 @@ class FitPanel {
 
   /// Position of the chosen entry, -1 for none.
   virtual int listPosition(List list) const = 0;
+  /// Throws Fault for an entry that the list does not have; -1 chooses none.
   virtual void setListPosition(List list, int position) = 0;
 
   /// The tool tip of est1 and of tipo1.
   virtual void setLineTip(std::string_view text) = 0;
   virtual void setModelTip(std::string_view text) = 0;
-  /// Gives the focus to Command5, whose handler of that event then runs.
+  /// Gives the focus to Command5, whose handler of that event runs before this returns.
   virtual void focusPlotButton() = 0;
 };
 
