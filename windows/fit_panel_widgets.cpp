@@ -13,7 +13,7 @@
 
 #include "model/selection.h"
 #include "model/sliders.h"
-#include "platform/painter_surface.h"
+#include "platform/picture_box.h"
 #include "session/fault.h"
 #include "windows/boundary.h"
 #include "windows/quiet_focus.h"
