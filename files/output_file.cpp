@@ -52,9 +52,13 @@ class Descriptor {
   int number_;
 };
 
+/// Makes a rename last. Where the folder can't be opened the file is in its place all the same.
 void flushFolder(const fs::path& folder) {
-  const Descriptor open(folder.empty() ? fs::path(".") : folder, O_RDONLY | O_DIRECTORY);
-  ::fsync(open.number());
+  const char* path = folder.empty() ? "." : folder.c_str();
+  const int open = uninterrupted([&] { return ::open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
+  if (open < 0) return;
+  ::fsync(open);
+  ::close(open);
 }
 
 /// Gives the new file the permission bits and, where the user may, the owner of the old one.
@@ -80,7 +84,7 @@ void moveAcross(const fs::path& from, const fs::path& target) {
     copyWhole(from, sibling);
     takeOver(sibling, mode);
     if (::rename(sibling.c_str(), target.c_str()) != 0) fail("Cannot replace", target);
-  } catch (const Fault&) {
+  } catch (...) {
     ::unlink(sibling.c_str());
     throw;
   }

@@ -6,15 +6,22 @@
 
 namespace zevfit {
 
+/// Where the bytes of a new file go, in order.
+class ByteSink {
+ public:
+  virtual ~ByteSink() = default;
+  virtual void write(std::string_view bytes) = 0;
+};
+
 /// A file opened for writing, any old content dropped. Every failure throws Fault with what failed.
-class OutputFile {
+class OutputFile : public ByteSink {
  public:
   explicit OutputFile(const std::filesystem::path& path);
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
-  ~OutputFile();
+  ~OutputFile() override;
 
-  void write(std::string_view bytes);
+  void write(std::string_view bytes) override;
   /// Writes out what is buffered, flushes it to the disk and closes.
   void close();
 

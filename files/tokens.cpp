@@ -2,7 +2,17 @@
 
 #include <algorithm>
 
+#include "session/numbers.h"
+
 namespace zevfit {
+
+std::optional<double> numberOf(std::string_view token) {
+  return token.empty() ? 0 : wholeNumber(token);
+}
+
+std::optional<float> floatOf(std::string_view token) {
+  return token.empty() ? 0 : wholeFloat(token);
+}
 
 std::string_view TokenStream::field() {
   const std::size_t end = std::min(bytes_.find_first_of(",\r\n", at_), bytes_.size());

@@ -9,6 +9,10 @@
 
 namespace zevfit {
 
+/// The value of a number token: 0 for an empty one; nothing where it is a text.
+std::optional<double> numberOf(std::string_view token);
+std::optional<float> floatOf(std::string_view token);
+
 /// Free-field tokens over a stream of bytes; line ends are CR LF, LF or CR and mean no more than a
 /// blank does, but that they end a token. A token takes its delimiter with it: blanks and tabs
 /// behind it, then one comma or one line end.

@@ -73,8 +73,7 @@ Cell Reader::takeCell() {
   }
   const auto token = in_.number();
   if (!token) throw Fault("Input past end of file");
-  // An empty field is nought.
-  const auto number = token->empty() ? std::optional(0.0) : wholeNumber(*token);
+  const auto number = numberOf(*token);
   number_ = number ? Cell(*number) : Cell::ofText(*token);
   return number_;
 }
@@ -86,7 +85,7 @@ float Reader::takePairs() {
   }
   const auto token = in_.number();
   if (!token) throw Fault("Input past end of file");
-  const auto number = token->empty() ? std::optional(0.0F) : wholeFloat(*token);
+  const auto number = floatOf(*token);
   number_ = number ? Cell(static_cast<double>(*number)) : Cell::ofText(*token);
   if (!number) throw Fault("Type mismatch");
   return *number;
@@ -191,8 +190,10 @@ void Reader::oneClass(std::int64_t v, std::int64_t d, std::vector<Cell>& h, std:
 
 void Reader::deriveAxis(std::int64_t v, std::int64_t d) {
   Session& s = session_;
-  dropFaults([&] { s.ymax(v, d) = kAxisMargin * std::max(s.gmax(v, d), s.variance(v).number()); });
-  dropFaults([&] { s.ymin(v, d) = kAxisMargin * std::min(s.gmin(v, d), s.variance(v).number()); });
+  dropFaults(
+      [&] { s.ymax(v, d) = finite(kAxisMargin * std::max(s.gmax(v, d), s.variance(v).number())); });
+  dropFaults(
+      [&] { s.ymin(v, d) = finite(kAxisMargin * std::min(s.gmin(v, d), s.variance(v).number())); });
   if (s.ymin(v, d) > 0) s.ymin(v, d) = 0;
   s.ymin0(v, d) = s.ymin(v, d);
   s.ymax0(v, d) = s.ymax(v, d);

@@ -24,7 +24,7 @@ struct EndOfFile {};
 /// Writes the lines of the new file, with the tests for the end of the old one between them.
 class Writer {
  public:
-  Writer(Session& session, std::int16_t variables, std::string_view oldFile, OutputFile& out)
+  Writer(Session& session, std::int64_t variables, std::string_view oldFile, ByteSink& out)
       : session_(session), variables_(variables), old_(oldFile), out_(out) {}
 
   void header();
@@ -46,7 +46,7 @@ class Writer {
   Session& session_;
   std::int64_t variables_;
   TokenStream old_;
-  OutputFile& out_;
+  ByteSink& out_;
   std::string line_;
 };
 
@@ -82,7 +82,7 @@ void Writer::header() {
   text(tagToWrite(session_.filetag));
   endTest();
   const auto count = old_.number();
-  const auto value = count ? wholeNumber(*count) : std::nullopt;
+  const auto value = count ? numberOf(*count) : std::nullopt;
   if (!value) throw Fault("Type mismatch");
   // The count of the old file, not of the one that is written: on purpose.
   session_.nvar = toCount(*value);
@@ -159,6 +159,19 @@ void Writer::models() {
 
 }  // namespace
 
+bool composeVariogramFile(Session& session, std::int64_t variables, std::string_view oldFile,
+                          ByteSink& out) {
+  Writer writer(session, variables, oldFile, out);
+  try {
+    writer.header();
+    writer.data();
+    writer.models();
+  } catch (const EndOfFile&) {
+    return false;
+  }
+  return true;
+}
+
 void ModelSaver::gravando(Session& session, std::int16_t listedVariables, Dialogs& dialogs) {
   if (trimmed(session.inputfile).empty()) return dialogs.plain(kNoFileText);
   if (!dialogs.confirm("Save  current models to file: " + session.inputfile)) return;
@@ -173,17 +186,15 @@ void ModelSaver::gravando(Session& session, std::int16_t listedVariables, Dialog
 void ModelSaver::save(Session& session, std::int16_t listedVariables, Dialogs& dialogs) {
   if (leftOpen_) throw Fault("File already open");
   const std::filesystem::path temporary = folder_ / kTemporaryName;
+  // The temporary file of a save that was cut short can be loaded, but not written over.
+  std::error_code missing;
+  if (std::filesystem::equivalent(temporary, session.inputfile, missing))
+    throw Fault("File already open");
   auto out = std::make_unique<OutputFile>(temporary);
   const std::string oldFile = readWhole(session.inputfile);
-  try {
-    Writer writer(session, listedVariables, oldFile, *out);
-    writer.header();
-    writer.data();
-    writer.models();
-  } catch (const EndOfFile&) {
-    dialogs.warning(kBadFileText);
+  if (!composeVariogramFile(session, listedVariables, oldFile, *out)) {
     leftOpen_ = std::move(out);
-    return;
+    return dialogs.warning(kBadFileText);
   }
   out->close();
   replaceFile(temporary, session.inputfile);

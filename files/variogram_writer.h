@@ -3,12 +3,20 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <string_view>
 
 #include "files/output_file.h"
 #include "session/dialogs.h"
 #include "session/session.h"
 
 namespace zevfit {
+
+/// Writes the session as a variogram file with its models; `variables` is the count written. Takes
+/// title and tag from the old file, and its count of variables into `nvar`. False when the old file
+/// ends at one of the tests: what stands in front of it is written. Throws Fault for anything that
+/// can't be written.
+bool composeVariogramFile(Session& session, std::int64_t variables, std::string_view oldFile,
+                          ByteSink& out);
 
 /// Saves the models into the loaded file: builds the whole file in the temporary file of the
 /// program's folder and puts it in the place of the old one in one step.
