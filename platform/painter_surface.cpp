@@ -1,9 +1,9 @@
 #include "platform/painter_surface.h"
 
-#include <QFontMetricsF>
 #include <QPen>
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace zevfit {
 
@@ -39,6 +39,24 @@ QPen toPen(const Stroke& stroke) {
 
 double toPixels(double twips) { return twips / kTwipsPerPixel; }
 
+constexpr std::size_t kTextsKept = 256;
+constexpr std::size_t kStampsKept = 256;
+/// Discs are kept at this many places within a pixel, each way.
+constexpr int kPhases = 4;
+
+/// The whole pixels of the bitmap that a line along an axis covers.
+QRectF alongAxis(const QLineF& line, int width, double ratio) {
+  const QRectF between = QRectF(line.p1(), line.p2()).normalized();
+  const double thick = width * ratio;
+  const auto first = [&](double place) { return std::floor(place * ratio - thick / 2 + 0.5); };
+  const bool upright = line.x1() == line.x2();
+  const double left = upright ? first(between.left()) : std::floor(between.left() * ratio);
+  const double top = upright ? std::floor(between.top() * ratio) : first(between.top());
+  const double wide = upright ? thick : std::floor(between.right() * ratio) - left + 1;
+  const double high = upright ? std::floor(between.bottom() * ratio) - top + 1 : thick;
+  return {left / ratio, top / ratio, wide / ratio, high / ratio};
+}
+
 }  // namespace
 
 QColor toQColor(Colour colour) {
@@ -67,45 +85,104 @@ QString toDrawnText(std::string_view text, const std::string& fontName) {
   return drawn;
 }
 
-const PainterSurface::Face& PainterSurface::face(const Font& font, QPaintDevice* device) {
+void PainterSurface::forget() {
+  faces_.clear();
+  stamps_.clear();
+}
+
+PainterSurface::Face& PainterSurface::face(const Font& font) {
   const auto found = std::find_if(faces_.begin(), faces_.end(),
                                   [&](const Face& known) { return known.font == font; });
   if (found != faces_.end()) return *found;
-  const QFont made = toQFont(font);
-  faces_.push_back({font, made, QFontMetricsF(made, device).ascent()});
+  faces_.push_back({font, toQFont(font), {}});
   return faces_.back();
-}
-
-void PainterSurface::clear(Colour background) {
-  const QRectF all(QPointF(0, 0),
-                   QSizeF(painter().device()->width(), painter().device()->height()));
-  painter().fillRect(all, toQColor(background));
 }
 
 void PainterSurface::text(double x, double y, std::string_view text, const Font& font,
                           Colour colour) {
+  finish();
+  Face& with = face(font);
+  if (with.texts.size() > kTextsKept) with.texts.clear();
+  const auto [kept, isNew] = with.texts.try_emplace(std::string(text));
+  QStaticText& laidOut = kept->second;
+  if (isNew) {
+    laidOut.setTextFormat(Qt::PlainText);
+    laidOut.setText(toDrawnText(text, font.name));
+  }
   QPainter& to = painter();
-  const Face& with = face(font, to.device());
   to.setFont(with.face);
   to.setPen(toQColor(colour));
-  to.drawText(QPointF(toPixels(x), toPixels(y) + with.ascent), toDrawnText(text, font.name));
+  to.drawStaticText(QPointF(toPixels(x), toPixels(y)), laidOut);
 }
 
 void PainterSurface::line(double x1, double y1, double x2, double y2, const Stroke& stroke) {
+  const QLineF line(toPixels(x1), toPixels(y1), toPixels(x2), toPixels(y2));
+  if (x1 != x2 && y1 != y2) return slanted(line, stroke);
+  finish();
+  if (stroke.style == LineStyle::dotted) return dotted(line, stroke);
+  painter().fillRect(alongAxis(line, stroke.width, painter().device()->devicePixelRatioF()),
+                     toQColor(stroke.colour));
+}
+
+void PainterSurface::slanted(const QLineF& line, const Stroke& stroke) {
+  if (stroke != lineStroke_) finish();
+  lineStroke_ = stroke;
+  lines_.push_back(line);
+}
+
+void PainterSurface::dotted(const QLineF& line, const Stroke& stroke) {
   QPainter& to = painter();
-  to.setRenderHint(QPainter::Antialiasing, x1 != x2 && y1 != y2);
-  QPen pen = toPen(stroke);
-  if (x1 != x2 && y1 != y2) pen.setCapStyle(Qt::RoundCap);
+  to.setRenderHint(QPainter::Antialiasing, false);
+  to.setPen(toPen(stroke));
+  to.drawLine(line);
+}
+
+void PainterSurface::finish() {
+  if (lines_.empty()) return;
+  QPainter& to = painter();
+  to.setRenderHint(QPainter::Antialiasing, true);
+  QPen pen = toPen(lineStroke_);
+  pen.setCapStyle(Qt::SquareCap);
   to.setPen(pen);
-  to.drawLine(QPointF(toPixels(x1), toPixels(y1)), QPointF(toPixels(x2), toPixels(y2)));
+  to.drawLines(lines_.data(), static_cast<int>(lines_.size()));
+  lines_.clear();
+}
+
+const QImage& PainterSurface::stamp(double radius, const Stroke& outline, Colour fill, int phaseX,
+                                    int phaseY) {
+  for (const Stamp& known : stamps_)
+    if (known.radius == radius && known.outline == outline && known.fill == fill &&
+        known.phaseX == phaseX && known.phaseY == phaseY)
+      return known.image;
+  const double ratio = painter().device()->devicePixelRatioF();
+  const double reach = toPixels(radius) + outline.width / 2.0;
+  const int side = 2 * static_cast<int>(std::ceil(reach * ratio)) + 2;
+  QImage made(side, side, QImage::Format_ARGB32_Premultiplied);
+  made.fill(Qt::transparent);
+  QPainter to(&made);
+  to.setRenderHint(QPainter::Antialiasing);
+  to.translate(side / 2 + static_cast<double>(phaseX) / kPhases,
+               side / 2 + static_cast<double>(phaseY) / kPhases);
+  to.scale(ratio, ratio);
+  to.setPen(toPen(outline));
+  to.setBrush(toQColor(fill));
+  to.drawEllipse(QPointF(0, 0), toPixels(radius), toPixels(radius));
+  to.end();
+  made.setDevicePixelRatio(ratio);
+  if (stamps_.size() > kStampsKept) stamps_.clear();
+  stamps_.push_back({radius, outline, fill, phaseX, phaseY, made});
+  return stamps_.back().image;
 }
 
 void PainterSurface::disc(double x, double y, double radius, const Stroke& outline, Colour fill) {
-  QPainter& to = painter();
-  to.setRenderHint(QPainter::Antialiasing, true);
-  to.setPen(toPen(outline));
-  to.setBrush(toQColor(fill));
-  to.drawEllipse(QPointF(toPixels(x), toPixels(y)), toPixels(radius), toPixels(radius));
+  finish();
+  const double ratio = painter().device()->devicePixelRatioF();
+  const double deviceX = toPixels(x) * ratio, deviceY = toPixels(y) * ratio;
+  const double wholeX = std::floor(deviceX), wholeY = std::floor(deviceY);
+  const QImage& image = stamp(radius, outline, fill, static_cast<int>((deviceX - wholeX) * kPhases),
+                              static_cast<int>((deviceY - wholeY) * kPhases));
+  const int middle = image.width() / 2;
+  painter().drawImage(QPointF((wholeX - middle) / ratio, (wholeY - middle) / ratio), image);
 }
 
 }  // namespace zevfit

@@ -3,7 +3,10 @@
 #include <QFont>
 #include <QImage>
 #include <QPainter>
+#include <QStaticText>
+#include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "plot/surface.h"
@@ -22,11 +25,11 @@ QFont toQFont(const Font& font);
 /// The text as it is drawn: Latin-1, in the font "Symbol" the Greek letters.
 QString toDrawnText(std::string_view text, const std::string& fontName);
 
-/// Draws with a painter that stands open, whose units are logical pixels. Lines along an axis are
-/// crisp, curves and discs smooth.
+/// Draws on a bitmap with a painter that stands open, whose units are logical pixels. Lines along
+/// an axis are crisp, curves and discs smooth. What a redraw needs again (laid out texts, discs) is
+/// kept, since each step of a slider redraws all.
 class PainterSurface : public Surface {
  public:
-  void clear(Colour background) override;
   void text(double x, double y, std::string_view text, const Font& font, Colour colour) override;
   void line(double x1, double y1, double x2, double y2, const Stroke& stroke) override;
   void disc(double x, double y, double radius, const Stroke& outline, Colour fill) override;
@@ -34,16 +37,33 @@ class PainterSurface : public Surface {
  protected:
   /// The painter to draw with, open.
   virtual QPainter& painter() = 0;
+  /// Draws what is still held back; to be called before the painter ends.
+  void finish();
+  /// The device has changed: nothing kept fits it.
+  void forget();
 
  private:
   struct Face {
     Font font;
     QFont face;
-    double ascent = 0;
+    std::unordered_map<std::string, QStaticText> texts;
   };
-  const Face& face(const Font& font, QPaintDevice* device);
+  struct Stamp {
+    double radius;
+    Stroke outline;
+    Colour fill;
+    int phaseX, phaseY;
+    QImage image;
+  };
+  Face& face(const Font& font);
+  const QImage& stamp(double radius, const Stroke& outline, Colour fill, int phaseX, int phaseY);
+  void slanted(const QLineF& line, const Stroke& stroke);
+  void dotted(const QLineF& line, const Stroke& stroke);
 
   std::vector<Face> faces_;
+  std::vector<Stamp> stamps_;
+  std::vector<QLineF> lines_;  ///< slanted lines of one stroke, not drawn yet
+  Stroke lineStroke_;
 };
 
 }  // namespace zevfit

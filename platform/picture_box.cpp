@@ -62,11 +62,11 @@ QColor PictureBox::colourAt(double x, double y) {
 
 void PictureBox::clear(Colour background) {
   background_ = background;
+  endPainting();
   if (image_.devicePixelRatio() != devicePixelRatioF()) {
-    endPainting();
+    forget();
     image_ = blank(size());
   } else {
-    endPainting();
     image_.fill(toQColor(background));
   }
   update();
@@ -82,6 +82,7 @@ QPainter& PictureBox::painter() {
 }
 
 void PictureBox::endPainting() {
+  finish();
   if (painter_.isActive()) painter_.end();
 }
 

@@ -20,6 +20,7 @@ namespace {
 constexpr int kPanelWidth = 300;
 constexpr int kStartMaximum = 32767;
 constexpr int kIconSide = 24;
+constexpr int kLineHeight = 26;
 
 constexpr std::array<const char*, 4> kLineCaptions{"Nugget Effect", "Structure 1", "Structure 2",
                                                    "Structure 3"};
@@ -174,13 +175,14 @@ void FitPanelWidgets::layOut() {
   lists->setColumnStretch(1, 1);
 
   auto* lines = new QGridLayout(Frame1);
-  auto* boxes = new QVBoxLayout(Frame2);
+  auto* boxes = new QGridLayout(Frame2);
   for (std::size_t i = 0; i < est.size(); ++i) {
     const int row = static_cast<int>(i);
     lines->addWidget(est[i], row, 0);
     if (i > 0) lines->addWidget(esttipo[i - 1], row, 1);
-    lines->setRowMinimumHeight(row, 24);
-    boxes->addWidget(boxes_[i], 1, Qt::AlignHCenter);
+    boxes->addWidget(boxes_[i], row, 0, Qt::AlignCenter);
+    // Lines and boxes stand in two frames; rows of one height keep them side by side.
+    for (QGridLayout* rows : {lines, boxes}) rows->setRowMinimumHeight(row, kLineHeight);
   }
   lines->setColumnStretch(0, 1);
   auto* choice = new QHBoxLayout;

@@ -75,13 +75,19 @@ QFrame* Formod::makeGuide(const QString& name) {
 void Formod::load() {
   loaded_ = true;
   pen_ = PenState{};
-  setWindowTitle(QString());
+  setWindowState(Qt::WindowNoState);
+  setCaption("");
   setSize(kLoadWidth, kLoadHeight);
   Picture4->move(0, 0);
   setPictureSize(kLoadWidth - kFrameWidth, kLoadHeight - kFrameHeight);
   hideGuides();
   for (QLabel* handle : estru) handle->hide();
   Label1->hide();
+}
+
+void Formod::appear() {
+  show();
+  fitFrame();
 }
 
 void Formod::restore() {
@@ -110,11 +116,18 @@ void Formod::fitFrame() {
   fitting_ = false;
 }
 
-std::string Formod::caption() const { return toBytes(windowTitle()); }
+std::string Formod::caption() const { return caption_; }
 
-void Formod::setCaption(std::string_view caption) { setWindowTitle(toQString(caption)); }
+void Formod::setCaption(std::string_view caption) {
+  if (caption_ == caption) return;
+  caption_ = caption;
+  setWindowTitle(toQString(caption));
+}
 
 void Formod::setOverlayColours(Colour foreground, Colour background) {
+  const std::pair wanted(foreground, background);
+  if (overlayColours_ == wanted) return;
+  overlayColours_ = wanted;
   QPalette handles = palette();
   handles.setColor(QPalette::WindowText, toQColor(foreground));
   handles.setColor(QPalette::Window, toQColor(background));
@@ -124,9 +137,12 @@ void Formod::setOverlayColours(Colour foreground, Colour background) {
 }
 
 double Formod::measureTitle(std::string_view text, const Font& font) {
-  Label6->setFont(toQFont(font));
-  Label6->setText(toQString(text));
-  Label6->adjustSize();
+  if (titleFont_ != font || Label6->text() != toQString(text)) {
+    titleFont_ = font;
+    Label6->setFont(toQFont(font));
+    Label6->setText(toQString(text));
+    Label6->adjustSize();
+  }
   return Label6->width() * kTwipsPerPixel;
 }
 
@@ -143,9 +159,9 @@ void Formod::hideGuides() {
 }
 
 void Formod::toFront() {
-  if (!isVisible()) return;
+  if (!isVisible() || !mdiArea() || mdiArea()->activeSubWindow() == this) return;
   const QuietFocus focus;
-  if (mdiArea() && mdiArea()->activeSubWindow() != this) mdiArea()->setActiveSubWindow(this);
+  mdiArea()->setActiveSubWindow(this);
   raise();
 }
 

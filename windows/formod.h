@@ -2,8 +2,9 @@
 
 #include <QMdiSubWindow>
 #include <array>
-#include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/picture_box.h"
 #include "plot/plot_window.h"
@@ -24,6 +25,9 @@ class Formod : public QMdiSubWindow, public PlotWindow {
   void load();
   /// Loaded and not closed since; such a window is to be on show.
   bool loaded() const { return loaded_; }
+
+  /// Shows a loaded window in its nominal size.
+  void appear();
 
   bool visible() const override { return isVisible(); }
   bool minimised() const override { return isMinimized(); }
@@ -67,6 +71,9 @@ class Formod : public QMdiSubWindow, public PlotWindow {
   bool loaded_ = false;
   bool fitting_ = false;
   PenState pen_;
+  std::string caption_;
+  Font titleFont_;
+  std::optional<std::pair<Colour, Colour>> overlayColours_;
 };
 
 }  // namespace zevfit

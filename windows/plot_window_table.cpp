@@ -23,7 +23,7 @@ Formod& PlotWindowTable::plotwin(std::int64_t direction, std::int64_t variable) 
 void PlotWindowTable::showLoaded() {
   const QuietFocus focus;
   for (const QPointer<Formod>& window : std::exchange(waiting_, {}))
-    if (window && window->loaded() && !window->isVisible()) window->showNormal();
+    if (window && window->loaded() && !window->isVisible()) window->appear();
 }
 
 }  // namespace zevfit
