@@ -20,7 +20,10 @@ class MemoryPlotWindow : public PlotWindow {
 
   bool visible() const override { return isVisible; }
   bool minimised() const override { return isMinimised; }
-  void restore() override { isMinimised = false; }
+  void restore() override {
+    isMinimised = false;
+    ++restored;
+  }
 
   double width() const override { return outerWidth; }
   double height() const override { return outerHeight; }
@@ -36,7 +39,8 @@ class MemoryPlotWindow : public PlotWindow {
     overlayBackground = background;
   }
   double measureTitle(std::string_view text, const Font& font) override {
-    measured = textOf(0, 0, text, font, kBlack);
+    measuredText = text;
+    measuredFont = font;
     return kTitleCharacter * static_cast<double>(text.size());
   }
 
@@ -59,10 +63,12 @@ class MemoryPlotWindow : public PlotWindow {
   double innerWidth = kLoadWidth - kFrameWidth, innerHeight = kLoadHeight - kFrameHeight;
   std::string title;
   Colour overlayForeground = -1, overlayBackground = -1;
-  Operation measured;  ///< text and font last given to the hidden label
+  std::string measuredText;  ///< last given to the hidden label
+  Font measuredFont;
   RecordingSurface surface;
   PenState penState;
   std::vector<std::pair<int, bool>> borders;  ///< every border set, in order
+  int restored = 0;
   int guidesHidden = 0;
   int fronted = 0;
 };

@@ -4,105 +4,105 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "plot/surface.h"
+#include "session/numbers.h"
 
 namespace zevfit {
 
-/// One operation on a surface as a plain value. Coordinates are kept to the thousandth of a twip,
-/// so that a test can state them in decimals.
-struct Operation {
-  enum class Kind { clear, text, line, disc };
+// The operations on a surface as plain values.
 
-  Kind kind = Kind::clear;
-  double x1 = 0, y1 = 0;
-  double x2 = 0, y2 = 0;  ///< end of a line
-  double radius = 0;
-  std::string text;
-  Font font;
-  Stroke stroke;
-  Colour fill = kBlack;  ///< background of a clear, inside of a disc, colour of a text
-
-  bool operator==(const Operation&) const = default;
+/// Kept to the thousandth of a twip, so that a test can state it in decimals.
+struct Place {
+  Place(double across, double down)
+      : x(std::round(across * 1000) / 1000), y(std::round(down * 1000) / 1000) {}
+  double x, y;
+  bool operator==(const Place&) const = default;
 };
 
-inline double toThousandth(double twips) { return std::round(twips * 1000) / 1000; }
+struct ClearOf {
+  Colour background;
+  bool operator==(const ClearOf&) const = default;
+};
 
-inline Operation clearOf(Colour background) {
-  return {.kind = Operation::Kind::clear, .fill = background};
+struct TextOf {
+  Place at;
+  std::string text;
+  Font font;
+  Colour colour;
+  bool operator==(const TextOf&) const = default;
+};
+
+struct LineOf {
+  Place from, to;
+  Stroke stroke;
+  bool operator==(const LineOf&) const = default;
+};
+
+struct DiscOf {
+  Place at;
+  double radius;
+  Stroke outline;
+  Colour fill;
+  bool operator==(const DiscOf&) const = default;
+};
+
+using Operation = std::variant<ClearOf, TextOf, LineOf, DiscOf>;
+using Operations = std::vector<Operation>;
+
+// As a failing test shows them.
+
+inline std::ostream& operator<<(std::ostream& out, const Place& place) {
+  return out << "(" << generalText(place.x) << ", " << generalText(place.y) << ")";
 }
-
-inline Operation textOf(double x, double y, std::string_view text, const Font& font,
-                        Colour colour) {
-  return {.kind = Operation::Kind::text,
-          .x1 = toThousandth(x),
-          .y1 = toThousandth(y),
-          .text = std::string(text),
-          .font = font,
-          .fill = colour};
+inline std::ostream& operator<<(std::ostream& out, const Font& font) {
+  return out << font.name << " " << font.size << (font.bold ? " bold" : "");
 }
-
-inline Operation lineOf(double x1, double y1, double x2, double y2, const Stroke& stroke) {
-  return {.kind = Operation::Kind::line,
-          .x1 = toThousandth(x1),
-          .y1 = toThousandth(y1),
-          .x2 = toThousandth(x2),
-          .y2 = toThousandth(y2),
-          .stroke = stroke};
-}
-
-inline Operation discOf(double x, double y, double radius, const Stroke& outline, Colour fill) {
-  return {.kind = Operation::Kind::disc,
-          .x1 = toThousandth(x),
-          .y1 = toThousandth(y),
-          .radius = radius,
-          .stroke = outline,
-          .fill = fill};
-}
-
 inline std::ostream& operator<<(std::ostream& out, const Stroke& stroke) {
-  return out << " colour " << stroke.colour << " width " << stroke.width
+  return out << "colour " << stroke.colour << " width " << stroke.width
              << (stroke.style == LineStyle::dotted ? " dotted" : " solid");
 }
+inline std::ostream& operator<<(std::ostream& out, const ClearOf& clear) {
+  return out << "clear " << clear.background;
+}
+inline std::ostream& operator<<(std::ostream& out, const TextOf& text) {
+  return out << '"' << text.text << "\" " << text.at << " in " << text.font << " colour "
+             << text.colour;
+}
+inline std::ostream& operator<<(std::ostream& out, const LineOf& line) {
+  return out << "line " << line.from << " to " << line.to << " " << line.stroke;
+}
+inline std::ostream& operator<<(std::ostream& out, const DiscOf& disc) {
+  return out << "disc " << disc.at << " radius " << disc.radius << " " << disc.outline
+             << " filled with " << disc.fill;
+}
 
-inline std::ostream& operator<<(std::ostream& out, const Operation& operation) {
-  const auto from = [&]() -> std::ostream& {
-    return out << " (" << operation.x1 << ", " << operation.y1 << ")";
-  };
-  switch (operation.kind) {
-    case Operation::Kind::clear:
-      return out << "clear " << operation.fill;
-    case Operation::Kind::text:
-      out << "text \"" << operation.text << "\"";
-      return from() << " in " << operation.font.name << " " << operation.font.size
-                    << (operation.font.bold ? " bold" : "") << " colour " << operation.fill;
-    case Operation::Kind::line:
-      out << "line";
-      return from() << " to (" << operation.x2 << ", " << operation.y2 << ")" << operation.stroke;
-    case Operation::Kind::disc:
-      out << "disc";
-      return from() << " radius " << operation.radius << operation.stroke << " filled "
-                    << operation.fill;
-  }
-  return out;
+/// The operations of one kind, in their order.
+template <class Kind>
+std::vector<Kind> only(const Operations& operations) {
+  std::vector<Kind> found;
+  for (const Operation& one : operations)
+    if (const Kind* match = std::get_if<Kind>(&one)) found.push_back(*match);
+  return found;
 }
 
 /// Keeps what stands on the picture: the last clear and the operations since.
 class RecordingSurface : public Surface {
  public:
-  void clear(Colour background) override { operations = {clearOf(background)}; }
+  void clear(Colour background) override { operations = {ClearOf{background}}; }
   void text(double x, double y, std::string_view text, const Font& font, Colour colour) override {
-    operations.push_back(textOf(x, y, text, font, colour));
+    operations.emplace_back(TextOf{{x, y}, std::string(text), font, colour});
   }
   void line(double x1, double y1, double x2, double y2, const Stroke& stroke) override {
-    operations.push_back(lineOf(x1, y1, x2, y2, stroke));
+    operations.emplace_back(LineOf{{x1, y1}, {x2, y2}, stroke});
   }
   void disc(double x, double y, double radius, const Stroke& outline, Colour fill) override {
-    operations.push_back(discOf(x, y, radius, outline, fill));
+    operations.emplace_back(DiscOf{{x, y}, radius, outline, fill});
   }
 
-  std::vector<Operation> operations;
+  Operations operations;
 };
 
 }  // namespace zevfit

@@ -1,0 +1,132 @@
+#include <gtest/gtest.h>
+
+#include "tests/support/plot_bench.h"
+
+namespace zevfit {
+namespace {
+
+/// The window of the pair under work is drawn; then another pair is current.
+struct ActivationBench : PlotBench {
+  ActivationBench() {
+    draw();
+    session.curvar = 2;
+    session.curdir = 1;
+    drawings = 0;
+  }
+};
+
+TEST(Activation, MakesThePairOfTheWindowTheCurrentOne) {
+  ActivationBench bench;
+  activatePlotWindow(bench.fit, bench.window());
+  EXPECT_EQ(bench.session.curvar, 1);
+  EXPECT_EQ(bench.session.curdir, 2);
+  EXPECT_EQ(bench.panel.listPosition(List::Combo2), 0);
+  EXPECT_EQ(bench.panel.listPosition(List::Combodirvar), 1);
+  // The lists have run their handlers.
+  EXPECT_EQ(bench.session.selvar, 1);
+  EXPECT_EQ(bench.session.seldir, 2);
+}
+
+TEST(Activation, FreesTheHandlesAndTouchesTheBorderOfTheFirstAlone) {
+  ActivationBench bench;
+  bench.session.dragging = 1;
+  bench.session.dragsel = {1, 1, 1, 1, 1};
+  activatePlotWindow(bench.fit, bench.window());
+  EXPECT_EQ(bench.session.dragging, 0);
+  EXPECT_EQ(bench.session.dragsel, (std::array{0, 0, 0, 0, 1}));
+  EXPECT_EQ(bench.window().borders, (std::vector<std::pair<int, bool>>(4, {0, true})));
+  EXPECT_EQ(bench.window().guidesHidden, 1);
+}
+
+TEST(Activation, StopsAtACaptionWithoutAPair) {
+  for (const char* caption : {"", "Formod", "00,01", "01,00", "-1,02", "01,-2", "xx,02"}) {
+    ActivationBench bench;
+    bench.session.dragging = 1;
+    bench.session.dragsel = {1, 1, 1, 1, 0};
+    bench.window().title = caption;
+    activatePlotWindow(bench.fit, bench.window());
+    EXPECT_EQ(bench.session.dragging, 0) << caption;
+    EXPECT_EQ(bench.session.dragsel, (std::array{1, 1, 1, 1, 0})) << caption;
+    EXPECT_TRUE(bench.window().borders.empty()) << caption;
+    EXPECT_EQ(bench.window().guidesHidden, 0) << caption;
+    EXPECT_EQ(bench.drawings, 0) << caption;
+    EXPECT_TRUE(bench.session.curvar < 1 || bench.session.curdir < 1) << caption;
+  }
+}
+
+TEST(Activation, BringsControlsTotalAndDrawingUpToDate) {
+  ActivationBench bench;
+  bench.session.use1(1, 2) = 1;
+  bench.session.model1(1, 2) = "E";
+  bench.session.c1(1, 2) = 1.5;
+  bench.session.use2(1, 2) = 0;
+  bench.session.c2(1, 2) = 4;
+  bench.session.ascale = 0;
+  activatePlotWindow(bench.fit, bench.window());
+  EXPECT_EQ(bench.panel.letter(1), "E");
+  EXPECT_EQ(bench.session.ascale, 32000);
+  EXPECT_EQ(bench.session.ctotal(1, 2), 3.5);  // 2 + 1.5
+  EXPECT_EQ(bench.drawings, 1);
+  EXPECT_EQ(bench.session.plotvar, 1);
+}
+
+TEST(Activation, RedrawsUnlessTheWindowIsOfOneExactSize) {
+  struct {
+    const char* name;
+    double wider, higher;
+    int drawings;
+  } const rows[] = {
+      {"as drawn", 0, 0, 1},         {"24 wider and 24 lower", 24, -24, 0},
+      {"24 wider", 24, 0, 1},        {"24 lower", 0, -24, 1},
+      {"the other way", -24, 24, 1}, {"24 wider and 25 lower", 24, -25, 1},
+      {"enlarged", 300, 200, 1},
+  };
+  for (const auto& row : rows) {
+    ActivationBench bench;
+    MemoryPlotWindow& window = bench.window();
+    window.setSize(window.width() + row.wider, window.height() + row.higher);
+    activatePlotWindow(bench.fit, window);
+    EXPECT_EQ(bench.drawings, row.drawings) << row.name;
+    EXPECT_EQ(bench.session.curvar, 1) << row.name;
+    EXPECT_EQ(bench.panel.listPosition(List::Combo2), row.drawings == 1 ? 0 : -1) << row.name;
+    EXPECT_EQ(window.borders.size(), 4U) << row.name;
+  }
+}
+
+TEST(Activation, MakesThePictureFollowTheWindow) {
+  ActivationBench bench;
+  bench.window().setSize(7000, 4000);
+  activatePlotWindow(bench.fit, bench.window());
+  EXPECT_EQ(bench.window().pictureWidth(), 6892);
+  EXPECT_EQ(bench.window().pictureHeight(), 3868);
+}
+
+TEST(Activation, EndsSilentlyAtAFault) {
+  ActivationBench bench;
+  // The nugget on show is above the axis; its text stands already, so that no event runs.
+  bench.panel.setText(Field::c0, "11");
+  bench.session.sel[0] = 1;
+  bench.session.c0(1, 2) = 11;
+  bench.session.ctotal(1, 2) = -1;
+  bench.drawings = 0;
+  EXPECT_NO_THROW(activatePlotWindow(bench.fit, bench.window()));
+  EXPECT_EQ(bench.drawings, 0);
+  EXPECT_EQ(bench.session.ctotal(1, 2), -1);
+  EXPECT_EQ(bench.panel.listPosition(List::Combodirvar), 1);
+}
+
+TEST(Activation, EndsSilentlyAtAPairOutsideTheTables) {
+  ActivationBench bench;
+  bench.window().title = "99,99";
+  EXPECT_NO_THROW(activatePlotWindow(bench.fit, bench.window()));
+  EXPECT_EQ(bench.drawings, 0);
+}
+
+TEST(Activation, EndsSilentlyAtAFaultOfTheFrame) {
+  ActivationBench bench;
+  bench.session.use1(1, 2) = Cell::ofText("n.a.");
+  EXPECT_NO_THROW(activatePlotWindow(bench.fit, bench.window()));
+}
+
+}  // namespace
+}  // namespace zevfit

@@ -1,0 +1,162 @@
+#include <gtest/gtest.h>
+
+#include "session/fault.h"
+#include "tests/support/plot_bench.h"
+
+namespace zevfit {
+namespace {
+
+/// A sample has a line of its colour in the legend column, in front of the axes.
+bool hasSample(const Operations& all, Colour colour) {
+  const std::vector<LineOf> lines = linesOf(all, colour);
+  return !lines.empty() && lines[0].from.x == 5868 && lines[0].to.x == 6168;
+}
+
+TEST(PlotLegend, ShowsTheModelWhereTheFlagsDoNotAddUpToZero) {
+  struct {
+    const char* name;
+    double use0, use1, use2;
+    std::int16_t use3;
+    bool shown;
+  } const rows[] = {
+      {"none", 0, 0, 0, 0, false},
+      {"the nugget", 1, 0, 0, 0, true},
+      {"structure 1", 0, 1, 0, 0, true},
+      {"structure 2", 0, 0, 1, 0, true},
+      {"structure 3", 0, 0, 0, 1, true},
+      {"all", 1, 1, 1, 1, true},
+      {"a flag of two", 2, 0, 0, 0, true},
+      {"one and minus one", 1, -1, 0, 0, false},
+      {"a flag of minus one", 0, 0, 0, -1, true},
+  };
+  for (const auto& row : rows) {
+    PlotBench bench;
+    bench.session.use0(1, 2) = row.use0;
+    bench.session.use1(1, 2) = row.use1;
+    bench.session.use2(1, 2) = row.use2;
+    bench.session.use3(1, 2) = row.use3;
+    bench.draw();
+    EXPECT_EQ(!textsNamed(bench.operations(), "Model").empty(), row.shown) << row.name;
+    EXPECT_EQ(hasSample(bench.operations(), kCurve), row.shown) << row.name;
+  }
+}
+
+// The legend looks at the cell of (direction, variable), the line at that of (variable, direction).
+TEST(PlotLegend, ReadsTheSillWithExchangedSubscripts) {
+  struct {
+    std::int16_t own, exchanged;
+    bool line, legend;
+  } const rows[] = {{0, 0, false, false}, {1, 0, true, false}, {0, 1, false, true},
+                    {1, 1, true, true},   {1, 2, true, false}, {2, 1, false, true}};
+  for (const auto& row : rows) {
+    PlotBench bench;
+    bench.session.showsill(1, 2) = row.own;
+    bench.session.showsill(2, 1) = row.exchanged;
+    bench.draw();
+    const Operations& all = bench.operations();
+    const std::string name = std::to_string(row.own) + ", " + std::to_string(row.exchanged);
+    EXPECT_EQ(!textsNamed(all, "   Sill").empty(), row.legend) << name;
+    EXPECT_EQ(hasSample(all, kSill), row.legend) << name;
+    EXPECT_EQ(linesOf(all, kSill).size(), (row.line ? 1U : 0U) + (row.legend ? 1U : 0U)) << name;
+  }
+}
+
+TEST(PlotLegend, FollowsTheBoxWhereBothSubscriptsAreTheSame) {
+  PlotBench bench;
+  bench.session.curdir = 1;
+  bench.session.showsill(1, 1) = 0;
+  bench.draw();
+  EXPECT_TRUE(linesOf(bench.window(1, 1).surface.operations, kSill).empty());
+}
+
+TEST(PlotLegend, ShowsTheSillSampleWithoutAModel) {
+  PlotBench bench;
+  bench.session.use0(1, 2) = 0;
+  bench.draw();
+  EXPECT_TRUE(hasSample(bench.operations(), kSill));
+  EXPECT_FALSE(hasSample(bench.operations(), kCurve));
+}
+
+// There are 22 slots for a second subscript, and the legend has the variable there.
+TEST(PlotLegend, FaultsFromVariable22On) {
+  for (const std::int64_t variable : {22, 41}) {
+    PlotBench bench;
+    bench.session.curvar = variable;
+    EXPECT_THROW(bench.plotvariogram(), Fault) << variable;
+    // The symbol of the data is the last thing on the picture.
+    const Operations& all = bench.window(variable, kDirection).surface.operations;
+    ASSERT_FALSE(all.empty());
+    EXPECT_TRUE(std::holds_alternative<DiscOf>(all.back())) << variable;
+    EXPECT_EQ(bench.window(variable, kDirection).fronted, 0);
+  }
+}
+
+TEST(PlotLegend, HasRoomForVariable21) {
+  PlotBench bench;
+  bench.session.curvar = 21;
+  bench.session.hmax(21, 2) = 100;
+  bench.session.ymax(21, 2) = 10;
+  bench.session.variance(21) = 5;
+  bench.draw();
+  EXPECT_EQ(bench.window(21, 2).fronted, 1);
+}
+
+TEST(PlotLegend, TrimsTheDistanceLegend) {
+  PlotBench bench;
+  bench.session.xlegend(1, 2) = "  h (m) ";
+  bench.session.xlegend(2, 1) = "other";
+  bench.draw();
+  const std::vector<TextOf> legend = textsNamed(bench.operations(), "h (m)");
+  ASSERT_EQ(legend.size(), 1U);
+  EXPECT_EQ(legend[0], (TextOf{{5668, 3270}, "h (m)", kLegendFont, kText}));
+}
+
+TEST(PlotLegend, CentresTheNameByItsCharacters) {
+  struct {
+    const char* name;
+    const char* drawn;
+    double x;
+  } const rows[] = {
+      {"", "", 6068},
+      {"a", "a", 5993},
+      {"  b c  ", "b c", 5843},
+      // One byte of Latin-1 is one character.
+      {"\xe9t\xe9", "\xe9t\xe9", 5843},
+      {"0123456789", "0123456789", 5318},
+  };
+  for (const auto& row : rows) {
+    PlotBench bench;
+    bench.session.varname(1) = row.name;
+    bench.draw();
+    const std::vector<TextOf> texts = only<TextOf>(bench.operations());
+    ASSERT_GT(texts.size(), 7U);
+    EXPECT_EQ(texts[7], (TextOf{{row.x, 350}, row.drawn, kLegendFont, kData}));
+  }
+}
+
+// A window of 10108 by 6156: the picture is 10000 by 6024, two units for each part of 3012.
+TEST(PlotLegend, GrowsWithTheHeightWhileTheMarginsStay) {
+  PlotBench bench;
+  bench.draw();
+  bench.window().setSize(10108, 6156);
+  bench.draw();
+  const Operations& all = bench.operations();
+  EXPECT_EQ(textsNamed(all, "Data")[0].at, (Place{9400, 2160}));
+  EXPECT_EQ(textsNamed(all, "Model")[0].at, (Place{9350, 4560}));
+  EXPECT_EQ(textsNamed(all, "   Sill")[0].at, (Place{9250, 3360}));
+  EXPECT_EQ(textsNamed(all, "g")[0].at, (Place{100, 300}));
+  EXPECT_EQ(textsNamed(all, "(h)")[0].at, (Place{220, 300}));
+  EXPECT_EQ(textsNamed(all, "h( )")[0].at, (Place{9200, 5574}));
+  EXPECT_EQ(textsNamed(all, "zinc")[0].at, (Place{9300, 350}));
+  EXPECT_EQ(only<DiscOf>(all)[0].at, (Place{9550, 1920}));
+  EXPECT_EQ(linesOf(all, kCurve)[0].from, (Place{9400, 4320}));
+  EXPECT_EQ(linesOf(all, kCurve)[0].to, (Place{9700, 4080}));
+  EXPECT_EQ(linesOf(all, kSill)[0].from, (Place{9400, 3120}));
+  EXPECT_EQ(linesOf(all, kSill)[0].to, (Place{9700, 2880}));
+  EXPECT_EQ(linesOf(all, kText)[0].from, (Place{800, 600}));
+  EXPECT_EQ(linesOf(all, kText)[1].from, (Place{800, 5424}));
+  EXPECT_EQ(linesOf(all, kText)[1].to, (Place{9200, 5424}));
+}
+
+}  // namespace
+}  // namespace zevfit
