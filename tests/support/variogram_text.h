@@ -1,0 +1,53 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include "session/numbers.h"
+#include "session/session.h"
+
+namespace zevfit::test {
+
+/// Lines as a save ends them.
+inline std::string lines(std::initializer_list<std::string_view> texts) {
+  std::string bytes;
+  for (const std::string_view text : texts) {
+    bytes += text;
+    bytes += "\r\n";
+  }
+  return bytes;
+}
+
+/// A file of two variables, two directions and two classes up to its model block, and its tag.
+inline std::string sampleFile(std::string_view tag) {
+  return lines({"Flood plain", tag, " 2 ", "zinc", "lead", " 2 ", " 2 ", "0;0", "45;0",   //
+                " 5.5 ", " 10  1  100 ", " 20  7  200 ", " 11  3  300 ", " 21  2  400 ",  //
+                " 6.5 ", " 12  5  500 ", " 22  6  600 ", " 13  8  700 ", " 23  9  800 "});
+}
+
+/// The model of a pair in the order of the file, parted by blanks.
+inline std::string modelText(const Session& session, std::int64_t v, std::int64_t d) {
+  std::string text = session.use0(v, d).toText() + " " + session.c0(v, d).toText();
+  for (int line = 1; line < kLines; ++line) {
+    const auto at = static_cast<std::size_t>(line);
+    text += " " + (line < 3 ? (session.*kFlagTable.at(at))(v, d).toText()
+                            : std::to_string(session.use3(v, d)));
+    text += " " + (session.*kLetterTable.at(at))(v, d);
+    text += " " + (session.*kSillTable.at(at))(v, d).toText();
+    text += " " + (session.*kRangeTable.at(at))(v, d).toText();
+  }
+  return text;
+}
+
+/// The model of a pair after the reset.
+inline constexpr const char* kResetModel = "0 0 0 - 0 1E-05 0 - 0 1E-05 0 - 0 1E-05";
+
+/// A class as distance, semivariance and pairs, parted by blanks.
+inline std::string classText(const Session& session, std::int64_t v, std::int64_t d,
+                             std::int64_t lag) {
+  return session.hlag(v, d, lag).toText() + " " + generalText(session.gam(v, d, lag)) + " " +
+         generalText(session.npairs(v, d, lag));
+}
+
+}  // namespace zevfit::test
