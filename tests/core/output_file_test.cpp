@@ -1,0 +1,182 @@
+#include "files/output_file.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "session/fault.h"
+#include "tests/support/scratch_folder.h"
+
+namespace zevfit {
+namespace {
+
+namespace fs = std::filesystem;
+using test::contentOf;
+using test::putFile;
+using test::ScratchFolder;
+
+TEST(OutputFile, WritesWhatItIsGiven) {
+  const ScratchFolder folder;
+  const fs::path path = folder / "new.zvm";
+  OutputFile out(path);
+  out.write("one\r\n");
+  out.write("");
+  out.write(std::string("\0\xFF", 2));
+  out.close();
+  EXPECT_EQ(contentOf(path), std::string("one\r\n\0\xFF", 7));
+}
+
+TEST(OutputFile, DropsOldContentAtOnce) {
+  const ScratchFolder folder;
+  const fs::path path = folder / "old.zvm";
+  putFile(path, "a long old content");
+  OutputFile out(path);
+  EXPECT_EQ(contentOf(path), "");
+  out.write("new");
+  out.close();
+  EXPECT_EQ(contentOf(path), "new");
+}
+
+TEST(OutputFile, WritesMoreThanItHoldsBack) {
+  const ScratchFolder folder;
+  const std::string block(300'007, 'x');
+  std::string whole;
+  OutputFile out(folder / "large");
+  for (int i = 0; i < 10; ++i) {
+    out.write(block + std::to_string(i));
+    whole += block + std::to_string(i);
+  }
+  out.close();
+  EXPECT_EQ(contentOf(folder / "large"), whole);
+}
+
+TEST(OutputFile, LeftAloneKeepsWhatWasWritten) {
+  const ScratchFolder folder;
+  auto out = std::make_unique<OutputFile>(folder / "part");
+  out->write("begun");
+  out.reset();
+  EXPECT_EQ(contentOf(folder / "part"), "begun");
+}
+
+TEST(OutputFile, FailsWhereNoFileCanBeMade) {
+  const ScratchFolder folder;
+  putFile(folder / "file", "");
+  EXPECT_THROW(OutputFile(folder.path()), Fault);
+  EXPECT_THROW(OutputFile(folder / "none/new"), Fault);
+  EXPECT_THROW(OutputFile(folder / "file/new"), Fault);
+  EXPECT_THROW(OutputFile(fs::path()), Fault);
+}
+
+TEST(OutputFile, FullDeviceFailsAtTheLatestOnClose) {
+  const fs::path full = "/dev/full";
+  if (!fs::exists(full)) return;
+  OutputFile out(full);
+  out.write("some");
+  EXPECT_THROW(out.close(), Fault);
+}
+
+TEST(ReadWhole, GivesAllBytes) {
+  const ScratchFolder folder;
+  for (const std::string& content :
+       {std::string(), std::string("\0\r\n\x1A\xFF", 5), std::string(3'000'000, 'x')}) {
+    putFile(folder / "a", content);
+    EXPECT_EQ(readWhole(folder / "a"), content);
+  }
+}
+
+TEST(ReadWhole, ReadsFilesThatClaimNoSize) {
+  // The size of such a file is 0 in its folder.
+  const fs::path file = "/proc/self/status";
+  if (!fs::exists(file)) return;
+  EXPECT_NE(readWhole(file).find("Pid:"), std::string::npos);
+}
+
+TEST(ReadWhole, FailsWhereThereIsNoFile) {
+  const ScratchFolder folder;
+  EXPECT_THROW(readWhole(folder / "none"), Fault);
+  EXPECT_THROW(readWhole(folder.path()), Fault);
+  EXPECT_THROW(readWhole(fs::path()), Fault);
+}
+
+TEST(ReplaceFile, PutsTheNewInThePlaceOfTheOld) {
+  const ScratchFolder folder;
+  putFile(folder / "new", "new");
+  putFile(folder / "old", "old");
+  replaceFile(folder / "new", folder / "old");
+  EXPECT_EQ(contentOf(folder / "old"), "new");
+  EXPECT_FALSE(fs::exists(folder / "new"));
+}
+
+TEST(ReplaceFile, WorksWithoutAnOldOne) {
+  const ScratchFolder folder;
+  putFile(folder / "new", "new");
+  replaceFile(folder / "new", folder / "target");
+  EXPECT_EQ(contentOf(folder / "target"), "new");
+}
+
+TEST(ReplaceFile, KeepsTheOldPermissions) {
+  const ScratchFolder folder;
+  for (const unsigned bits : {0600U, 0640U, 0664U, 0755U}) {
+    putFile(folder / "new", "new");
+    putFile(folder / "old", "old");
+    fs::permissions(folder / "old", fs::perms(bits));
+    replaceFile(folder / "new", folder / "old");
+    EXPECT_EQ(fs::status(folder / "old").permissions(), fs::perms(bits)) << bits;
+    EXPECT_EQ(contentOf(folder / "old"), "new");
+  }
+}
+
+TEST(ReplaceFile, FollowsLinksToTheirTarget) {
+  const ScratchFolder folder;
+  fs::create_directory(folder / "data");
+  putFile(folder / "data/file", "old");
+  fs::create_symlink("data/file", folder / "link");
+  fs::create_symlink("link", folder / "link of a link");
+  putFile(folder / "new", "new");
+  replaceFile(folder / "new", folder / "link of a link");
+  EXPECT_TRUE(fs::is_symlink(folder / "link of a link"));
+  EXPECT_TRUE(fs::is_symlink(folder / "link"));
+  EXPECT_EQ(fs::read_symlink(folder / "link"), "data/file");
+  EXPECT_FALSE(fs::is_symlink(folder / "data/file"));
+  EXPECT_EQ(contentOf(folder / "data/file"), "new");
+}
+
+TEST(ReplaceFile, LeavesTheTargetWhereItFails) {
+  const ScratchFolder folder;
+  putFile(folder / "new", "new");
+  fs::create_directory(folder / "folder");
+  putFile(folder / "folder/inside", "inside");
+  EXPECT_THROW(replaceFile(folder / "new", folder / "folder"), Fault);
+  EXPECT_EQ(contentOf(folder / "folder/inside"), "inside");
+  EXPECT_EQ(contentOf(folder / "new"), "new");
+  EXPECT_THROW(replaceFile(folder / "new", folder / "none/file"), Fault);
+  EXPECT_EQ(contentOf(folder / "new"), "new");
+  putFile(folder / "old", "old");
+  EXPECT_THROW(replaceFile(folder / "none", folder / "old"), Fault);
+  EXPECT_EQ(contentOf(folder / "old"), "old");
+}
+
+/// Another file system than that of the temporary folder, where the machine has one.
+fs::path otherVolume() { return "/dev/shm"; }
+
+TEST(ReplaceFile, WorksAcrossVolumes) {
+  const ScratchFolder folder;
+  const fs::path from = otherVolume() / folder.path().filename();
+  for (const bool old : {true, false}) {
+    putFile(from, "new");
+    const fs::path target = folder / (old ? "old" : "none yet");
+    if (old) putFile(target, "old");
+    if (old) fs::permissions(target, fs::perms(0640));
+    if (!fs::exists(from)) return;
+    replaceFile(from, target);
+    EXPECT_EQ(contentOf(target), "new");
+    EXPECT_FALSE(fs::exists(from));
+    EXPECT_EQ(fs::status(target).permissions() == fs::perms(0640), old);
+  }
+  // Nothing else is left behind.
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()), 2);
+}
+
+}  // namespace
+}  // namespace zevfit
