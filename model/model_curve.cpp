@@ -1,8 +1,11 @@
 #include "model/model_curve.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
 
 #include "model/sliders.h"
 
@@ -15,7 +18,10 @@ constexpr double kSmallestRange = 1e-05;
 constexpr double kLargestExponent = 2;
 
 using Row = Table<double, kSamples + 1>;
-using Form = double (*)(double h, double sill, double range);
+using Samples = std::span<double, std::size_t{kSamples}>;
+using Distances = std::span<const double, std::size_t{kSamples}>;
+
+Samples samplesOf(Row& row) { return row.slots().last<kSamples>(); }
 
 double exponential(double h, double sill, double range) {
   return sill * (1 - std::exp((-3 * h) / range));
@@ -34,17 +40,23 @@ double gaussian(double h, double sill, double range) {
 /// The sill takes no part, on purpose; the expression on show says so.
 double power(double h, double /*sill*/, double range) { return std::pow(h, range); }
 
-/// Nothing for another letter: its row is then left as it was.
-Form formOf(const std::string& letter) {
-  if (letter == "E") return exponential;
-  if (letter == "S") return spherical;
-  if (letter == "G") return gaussian;
-  if (letter == "P") return power;
-  return nullptr;
+template <double (*formula)(double h, double sill, double range)>
+void fillRow(Samples row, Distances distances, double sill, double range) {
+  for (std::size_t i = 0; i < row.size(); ++i) row[i] = finite(formula(distances[i], sill, range));
 }
 
-/// What happens when the exponent of a power structure is above 2; the lines are counted from the
-/// nugget. The reset values, the order and the slider differ on purpose.
+struct Form {
+  std::string_view letter;
+  void (*fill)(Samples row, Distances distances, double sill, double range);
+  bool isPower;
+};
+constexpr std::array<Form, 4> kForms{{{"E", fillRow<exponential>, false},
+                                      {"S", fillRow<spherical>, false},
+                                      {"G", fillRow<gaussian>, false},
+                                      {"P", fillRow<power>, true}}};
+
+/// What happens when the exponent of a power structure is above 2; the warnings count the lines
+/// from the nugget. The reset values, the order and the slider differ on purpose.
 struct PowerRefusal {
   const char* warning;
   const char* resetText;
@@ -74,24 +86,23 @@ void refusePower(Fit& fit, int structure) {
   fit.panel.setPosition(Slider::a, rangePosition(scale, fit.panel.text(Field::a)));
 }
 
-void fillRow(Row& row, const Row& distances, Form form, double sill, double range) {
-  for (int i = 1; i <= kSamples; ++i) row(i) = finite(form(distances(i), sill, range));
-}
-
 /// False when the sampling ends here.
 bool fillStructure(Fit& fit, int structure, std::int64_t variable, std::int64_t direction) {
   Session& session = fit.session;
   const auto line = static_cast<std::size_t>(structure);
   if (flag(session, structure, variable, direction) != 1) return true;
-  const Form form = formOf((session.*kLetterTable[line])(variable, direction));
-  if (!form) return true;
+  const std::string& letter = (session.*kLetterTable[line])(variable, direction);
+  const auto form = std::ranges::find(kForms, letter, &Form::letter);
+  // The row of any other letter stays as it was, on purpose, and counts in the sum.
+  if (form == kForms.end()) return true;
   const double range = (session.*kRangeTable[line])(variable, direction).number();
-  if (form == power && range > kLargestExponent) {
+  if (form->isPower && range > kLargestExponent) {
     refusePower(fit, structure);
     return false;
   }
-  const double sill = (session.*kSillTable[line])(variable, direction).number();
-  fillRow(session.curverow[line], session.curveh, form, sill, range);
+  const Cell& sill = (session.*kSillTable[line])(variable, direction);
+  form->fill(samplesOf(session.curverow[line]), samplesOf(session.curveh),
+             form->isPower ? 0 : sill.number(), range);
   return true;
 }
 
@@ -102,15 +113,29 @@ void raiseRanges(Session& session, std::int64_t variable, std::int64_t direction
   }
 }
 
+void fillDistances(Session& session, double distanceend) {
+  const Samples distances = samplesOf(session.curveh);
+  for (std::size_t i = 0; i < distances.size(); ++i)
+    distances[i] = finite((distanceend / kSamples) * static_cast<double>(i + 1));
+}
+
+void fillNugget(Session& session, std::int64_t variable, std::int64_t direction) {
+  if (flag(session, 0, variable, direction) == 1)
+    std::ranges::fill(samplesOf(session.curverow[0]), session.c0(variable, direction).number());
+}
+
 /// Lines with flag 0 are multiplied out, so what their rows still hold does no harm.
 void addRows(Session& session, std::int64_t variable, std::int64_t direction) {
   std::array<double, kLines> flags{};
   for (int line = 0; line < kLines; ++line)
     flags[static_cast<std::size_t>(line)] = flag(session, line, variable, direction);
-  const auto& rows = session.curverow;
-  for (int i = 1; i <= kSamples; ++i)
-    session.curvegam(i) = finite(flags[0] * rows[0](i) + flags[1] * rows[1](i) +
-                                 flags[2] * rows[2](i) + flags[3] * rows[3](i));
+  auto& [nugget, first, second, third] = session.curverow;
+  const Distances row0 = samplesOf(nugget), row1 = samplesOf(first), row2 = samplesOf(second),
+                  row3 = samplesOf(third);
+  const Samples total = samplesOf(session.curvegam);
+  for (std::size_t i = 0; i < total.size(); ++i)
+    total[i] =
+        finite(flags[0] * row0[i] + flags[1] * row1[i] + flags[2] * row2[i] + flags[3] * row3[i]);
 }
 
 }  // namespace
@@ -121,11 +146,8 @@ void modelcurve(Fit& fit, std::int64_t direction, std::int64_t variable, double 
   session.curdir = direction;
   session.curvar = variable;
   raiseRanges(session, variable, direction);
-  for (int i = 1; i <= kSamples; ++i) session.curveh(i) = (distanceend / kSamples) * i;
-  if (flag(session, 0, variable, direction) == 1) {
-    const double nugget = session.c0(variable, direction).number();
-    for (int i = 1; i <= kSamples; ++i) session.curverow[0](i) = nugget;
-  }
+  fillDistances(session, distanceend);
+  fillNugget(session, variable, direction);
   for (int structure = 1; structure < kLines; ++structure)
     if (!fillStructure(fit, structure, variable, direction)) return;
   addRows(session, variable, direction);

@@ -3,8 +3,8 @@
 #include <array>
 
 #include "model/expressions.h"
+#include "model/policy.h"
 #include "model/sliders.h"
-#include "session/fault.h"
 #include "session/numbers.h"
 
 namespace zevfit {
@@ -54,7 +54,6 @@ const Cell& currentCell(const Session& session, PairTable<Cell> Session::*table)
   return (session.*table)(session.curvar, session.curdir);
 }
 
-// From the slider on a failure ends the handler silently.
 void selectNugget(Fit& fit) {
   FitPanel& panel = fit.panel;
   panel.setCaption(Caption::label10, "C0");
@@ -64,11 +63,7 @@ void selectNugget(Fit& fit) {
   enableRange(panel, false);
   select(fit.session, 0);
   panel.setText(Field::c0, currentCell(fit.session, &Session::c0).toText());
-  try {
-    placeSill(fit, 0);
-  } catch (const Fault&) {
-    return;
-  }
+  endSilently([&] { placeSill(fit, 0); });
 }
 
 void placeStructure(Fit& fit, std::size_t line) {
@@ -83,7 +78,7 @@ void placeStructure(Fit& fit, std::size_t line) {
     fit.panel.setCaption(Caption::label10, *text);
 }
 
-// From the sliders on a failure ends the handler silently, so that the old expression may stay.
+// The old expression stays where the sliders can't show the structure.
 void selectStructure(Fit& fit, std::size_t line) {
   FitPanel& panel = fit.panel;
   panel.setCaption(Caption::Label18, kLineRows[line].sillLabel);
@@ -94,11 +89,7 @@ void selectStructure(Fit& fit, std::size_t line) {
   enableSill(panel, panel.letter(static_cast<int>(line)) != kPowerLetter);
   panel.setText(Field::c0, currentCell(fit.session, kSillTable[line]).toText());
   panel.setText(Field::a, currentCell(fit.session, kRangeTable[line]).toText());
-  try {
-    placeStructure(fit, line);
-  } catch (const Fault&) {
-    return;
-  }
+  endSilently([&] { placeStructure(fit, line); });
 }
 
 void giveLetter(Fit& fit, std::size_t line, const std::string& letter) {
@@ -131,6 +122,7 @@ void takePairOfLists(Fit& fit) {
 
 }  // namespace
 
+// A failure passes to the caller up to the sliders, from there on it ends the handler silently.
 void est_Click(Fit& fit, int line) {
   if (!requireFile(fit)) return;
   if (line == 0)
@@ -139,6 +131,7 @@ void est_Click(Fit& fit, int line) {
     selectStructure(fit, static_cast<std::size_t>(line));
 }
 
+// These catch no failure.
 void tipo_Click(Fit& fit, int index) {
   if (requireFile(fit)) tipo_DblClick(fit, index);
 }
@@ -173,6 +166,7 @@ void box_Click(Fit& fit, Box box) {
   }
 }
 
+// These catch no failure.
 void Combo2_Click(Fit& fit) {
   if (!requireFile(fit)) return;
   fit.session.selvar = fit.panel.listPosition(List::Combo2) + 1;
@@ -185,18 +179,16 @@ void Combodirvar_Click(Fit& fit) {
   fit.session.curdir = fit.session.seldir;
 }
 
+// A failure to give the focus is ignored.
 void Command3_Click(Fit& fit) {
   if (!requireFile(fit)) return;
   Session& session = fit.session;
   const ColourSwatches& cores = session.style.cores;
   session.axiscolor = session.axiscolor != cores.Label5 ? cores.Label5 : cores.Label1;
-  try {
-    fit.panel.focusPlotButton();
-  } catch (const Fault&) {
-    return;
-  }
+  endSilently([&] { fit.panel.focusPlotButton(); });
 }
 
+// Catches no failure.
 void Command5_Click(Fit& fit) {
   if (!requireFile(fit)) return;
   takePairOfLists(fit);
@@ -205,11 +197,7 @@ void Command5_Click(Fit& fit) {
 
 // Failures are ignored.
 void Command5_GotFocus(Fit& fit) {
-  try {
-    fit.plotter.plotvariogram();
-  } catch (const Fault&) {
-    return;
-  }
+  endSilently([&] { fit.plotter.plotvariogram(); });
 }
 
 void est1_MouseMove(Fit& fit) {

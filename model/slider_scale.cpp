@@ -1,5 +1,6 @@
 #include "model/slider_scale.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "session/fault.h"
@@ -9,24 +10,27 @@ namespace zevfit {
 
 namespace {
 
-constexpr double kRangesInScale = 20;
 // One map subtracts another constant than the other on purpose.
 constexpr double kForwardOffset = 1e-05;
 constexpr double kBackwardOffset = 0.0001;
 
+double axisSpan(const SillScale& scale) { return finite(scale.ymax - scale.ymin); }
+
+double rangeSpan(double hmax, double offset) { return finite(kRangesInScale * hmax - offset); }
+
 double rangePlace(const RangeScale& scale, std::string_view text) {
-  return std::abs(divide(finite(leadingNumber(text) * scale.ascale),
-                         kRangesInScale * scale.hmax - kBackwardOffset));
+  return std::abs(
+      divide(finite(leadingNumber(text) * scale.ascale), rangeSpan(scale.hmax, kBackwardOffset)));
 }
 
 }  // namespace
 
 std::int16_t sillPosition(const SillScale& scale, double value) {
-  return toInt16(divide(scale.c0scale, scale.ymax - scale.ymin) * (value - scale.ymin));
+  return toInt16(divide(scale.c0scale, axisSpan(scale)) * (value - scale.ymin));
 }
 
 double sillValue(const SillScale& scale, int position) {
-  const double value = scale.ymin + position * divide(scale.ymax - scale.ymin, scale.c0scale);
+  const double value = scale.ymin + position * divide(axisSpan(scale), scale.c0scale);
   return leadingNumber(formatNumber(value, "#####.###"));
 }
 
@@ -40,13 +44,13 @@ std::int16_t rangePositionWhole(const RangeScale& scale, std::string_view text) 
 
 std::string rangeText(const RangeScale& scale, int position) {
   const double value =
-      divide((kRangesInScale * scale.hmax - kForwardOffset) * position, scale.ascale);
+      divide(finite(rangeSpan(scale.hmax, kForwardOffset) * position), scale.ascale);
   return formatNumber(value, "####.###");
 }
 
 double rangeSliderMaximum(double hmax) {
   const double maximum =
-      std::floor(finite(std::abs(kRangesInScale * hmax - kForwardOffset) * kSillSliderMaximum));
+      std::floor(finite(std::abs(rangeSpan(hmax, kForwardOffset)) * kSillSliderMaximum));
   if (maximum <= 0) return 1;
   return std::min(maximum, kSillSliderMaximum);
 }

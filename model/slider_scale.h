@@ -12,7 +12,10 @@ struct SillScale {
   double c0scale = 0;
 };
 
-/// The range slider: positions 0 to ascale for ranges up to 20 times hmax.
+/// The ranges that slider and field offer end at this many times hmax.
+inline constexpr double kRangesInScale = 20;
+
+/// The range slider: positions 0 to ascale for ranges up to that end.
 struct RangeScale {
   double hmax = 0;
   double ascale = 0;

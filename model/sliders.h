@@ -19,7 +19,10 @@ void showmodel(Fit& fit, std::int64_t direction, std::int64_t variable);
 /// drives. Throws Fault where a slider can't show the value.
 void resynchroniseSliders(Fit& fit, std::int64_t direction, std::int64_t variable);
 
-// Handlers of the two pairs of controls; a failure inside ends them silently unless told.
+/// Puts the stored value of the selected line back into the field of the sill.
+void restoreSillText(Fit& fit);
+
+// Handlers of the two pairs of controls; a failure inside a change or a key ends them silently.
 void HScrollc0_Change(Fit& fit);
 void HScrolla_Change(Fit& fit);
 void HScrollc0_GotFocus(Fit& fit);

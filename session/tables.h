@@ -30,6 +30,10 @@ class Table {
   const T& operator()(std::int64_t i) const { return cells_[check(i)]; }
   void fill(const T& value) { cells_.fill(value); }
 
+  /// All slots in a row, for loops that run over them.
+  std::span<T, std::size_t{N}> slots() { return cells_; }
+  std::span<const T, std::size_t{N}> slots() const { return cells_; }
+
  private:
   static std::size_t check(std::int64_t i) {
     if (i < 0 || i >= N) throwSubscript();
