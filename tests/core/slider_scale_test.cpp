@@ -123,6 +123,17 @@ TEST(RangePosition, Faults) {
   EXPECT_THROW(rangePosition(kHundred, "2100"), Fault);
   EXPECT_THROW(rangePosition(kHundred, "1e308"), Fault);
   EXPECT_THROW(rangePosition(kHundred, "1e999"), Fault);
+  // 20 * 0.000005 - 0.0001 is nothing.
+  EXPECT_THROW(rangePosition({5e-06, 1}, "1"), Fault);
+  EXPECT_THROW(rangePosition({kHuge, 32000}, "1"), Fault);
+}
+
+// Where 20 times the distance is as small as what is taken from it the two maps lie far apart.
+TEST(RangeScale, HasMapsThatAreNotInverses) {
+  constexpr RangeScale kTiny{0.0001, 1};
+  EXPECT_EQ(rangeText(kTiny, 1000), "1.99");      // (0.002 - 0.00001) * 1000
+  EXPECT_EQ(rangePosition(kTiny, "1.9"), 1000);   // 1.9 / (0.002 - 0.0001)
+  EXPECT_EQ(rangePosition(kTiny, "1.99"), 1047);  // 1.99 / 0.0019 = 1047.37
 }
 
 TEST(RangePositionWhole, DropsTheFraction) {

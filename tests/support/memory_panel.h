@@ -2,6 +2,7 @@
 
 #include <array>
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,6 +36,14 @@ class MemoryPanel : public FitPanel {
   Colour sillBackground = -1;
   std::string lineTip, modelTip;
 
+  /// The calls that set these, in order.
+  std::vector<std::string> callsOf(std::initializer_list<std::string_view> controls) const {
+    std::vector<std::string> found;
+    for (const std::string& call : calls)
+      for (const std::string_view control : controls)
+        if (std::string_view(call).substr(0, call.find(" = ")) == control) found.push_back(call);
+    return found;
+  }
   const Bounds& bounds(Slider slider) const { return bounds_[at(slider)]; }
   bool enabled(Control control) const { return enabled_[at(control)]; }
   /// The line whose option is on, -1 for none.
