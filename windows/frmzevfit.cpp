@@ -288,7 +288,6 @@ void frmzevfit::fillHostLists() {
 
 void frmzevfit::chooseFirstSubject() {
   host_.selectVariable(0);
-  host_.selectTestVariables(session_.testprimary, session_.testsecondary);
   if (const auto variable = startPair(session_))
     host_.selectVariable(static_cast<int>(*variable) - 1);
 }

@@ -39,8 +39,6 @@ class StructureHost {
   /// Chooses an entry in the main window's lists, as a user would: their handlers run.
   virtual void selectDirection(int position) = 0;
   virtual void selectVariable(int position) = 0;
-  /// Chooses the first two variables of the test dialog.
-  virtual void selectTestVariables(int primary, int secondary) = 0;
   /// The fit controls of the main window can be used.
   virtual void enableFitControls() = 0;
   /// A minimised main window is maximised; it is shown, and its plot button takes the focus.

@@ -113,7 +113,7 @@ void Grid::setPicture(int row, int column, const QIcon& picture, const QString& 
 void Grid::keyPressEvent(QKeyEvent* event) {
   if (event->key() != Qt::Key_Space || !currentIndex().isValid())
     return QTableWidget::keyPressEvent(event);
-  emit cellClicked(currentRow(), currentColumn());
+  Q_EMIT cellClicked(currentRow(), currentColumn());
 }
 
 void Grid::resizeEvent(QResizeEvent* event) {

@@ -33,9 +33,6 @@ class RecordingHost : public StructureHost {
   void selectVariable(int position) override {
     record("selectVariable " + std::to_string(position));
   }
-  void selectTestVariables(int primary, int secondary) override {
-    record("selectTestVariables " + std::to_string(primary) + " " + std::to_string(secondary));
-  }
   void enableFitControls() override { record("enableFitControls"); }
   void startFit() override { record("startFit"); }
 

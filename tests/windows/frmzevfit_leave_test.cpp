@@ -44,7 +44,7 @@ TEST_F(FrmzevfitLeave, ContinueFillsTheListsAndStartsTheFit) {
   EXPECT_EQ(shown(), Boxes{});
   EXPECT_EQ(calls(), (Texts{"enableMain", "fillDirections [0;0] [90;0]", "selectDirection 0",
                             "fillVariables [zinc] [ lead] [copper]", "selectVariable 0",
-                            "selectTestVariables 0 0", "enableFitControls", "startFit (hidden)"}));
+                            "enableFitControls", "startFit (hidden)"}));
   EXPECT_EQ(session.dragging, 0);
   EXPECT_EQ(session.selvar, 1);
   EXPECT_EQ(session.seldir, 1);
@@ -69,8 +69,8 @@ TEST_F(FrmzevfitLeave, WithModelsTheFirstVariableWithStructure1InDirection1IsCho
   session.selvar = session.seldir = 3;
   press("Command2");
   const Texts asked = calls();
-  ASSERT_EQ(asked.size(), 9U);
-  EXPECT_EQ(asked[6], "selectVariable 1");
+  ASSERT_EQ(asked.size(), 8U);
+  EXPECT_EQ(asked[5], "selectVariable 1");
   EXPECT_EQ(session.curvar, 2);
   EXPECT_EQ(session.curdir, 1);
   EXPECT_EQ(session.selvar, 3);
@@ -80,12 +80,12 @@ TEST_F(FrmzevfitLeave, WithModelsButNoStructure1TheFirstEntryStays) {
   session.hasmodel = 1;
   press("Command2");
   const Texts asked = calls();
-  ASSERT_EQ(asked.size(), 8U);
+  ASSERT_EQ(asked.size(), 7U);
   EXPECT_EQ(asked.back(), "startFit (hidden)");
 }
 
 TEST_F(FrmzevfitLeave, AFailureFromTheChoiceOnIsABadFile) {
-  for (const char* call : {"selectVariable 0", "selectTestVariables 0 0", "enableFitControls"}) {
+  for (const char* call : {"selectVariable 0", "enableFitControls"}) {
     host.failing = call;
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     press("Command2");
@@ -101,7 +101,7 @@ TEST_F(FrmzevfitLeave, ATextInPlaceOfAFlagIsABadFile) {
   session.use1(1, 1) = Cell::ofText("yes");
   press("Command2");
   EXPECT_EQ(shown(), badFile);
-  EXPECT_EQ(calls().back(), "selectTestVariables 0 0");
+  EXPECT_EQ(calls().back(), "selectVariable 0");
 }
 
 TEST_F(FrmzevfitLeave, AFailureBeforeTheChoiceEndsTheProgram) {

@@ -1,0 +1,265 @@
+#include "windows/mdimod.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QMdiArea>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QToolBar>
+
+#include "files/variogram_reader.h"
+#include "plot/plot_variogram.h"
+#include "session/numbers.h"
+#include "windows/boundary.h"
+#include "windows/fit_panel_widgets.h"
+#include "windows/formabout.h"
+#include "windows/texts.h"
+
+namespace zevfit {
+
+namespace {
+
+constexpr QSize kStartSize(1180, 760);
+
+/// The hourglass, for as long as it lives.
+class WaitCursor {
+ public:
+  WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
+  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+};
+
+QStringList toQStrings(const std::vector<std::string>& texts) {
+  QStringList made;
+  for (const std::string& text : texts) made.append(toQString(text));
+  return made;
+}
+
+}  // namespace
+
+const std::vector<mdimod::Command>& mdimod::toolbarCommands() {
+  static const std::vector<Command> commands{
+      {"k1", "Open ", "Open Data File (*.ZVM)", "open", false, &mdimod::mnudatprn},
+      {"k2", "View File", "See Structure of Data File", "view", true, &mdimod::viewFile},
+      {"k3", "Results", "Results from Interactive Fit", "results", true, nullptr},
+      {"k4", "", "", "", false, nullptr},
+      {"k5", "Casc.", "Title Cascade", "cascade", false, &mdimod::mnucascade},
+      {"k6", "Vert.", "Title Vertical", "vertical", false, &mdimod::mnuvertical},
+      {"k7", "Horiz.", "Title Horizontal", "horizontal", false, &mdimod::mnuhorizontal},
+      {"k8", "Copy", "Copy Variogram Plot to Clipboard", "copy", true, nullptr},
+      {"k10", "Format", "Graph Format", "format", true, nullptr},
+      {"k11", "Models", "Save current models with input data file.", "models", true,
+       &mdimod::gravando},
+      {"kp", "Print", "Print current variogram plot", "print", true, nullptr},
+      {"kmais", "Zoom +", "Enlarge current variogram plot", "zoom-in", true, nullptr},
+      {"kmenos", "Zoom -", "Reduce current variogram plot", "zoom-out", true, nullptr},
+  };
+  return commands;
+}
+
+mdimod::mdimod(Dialogs& dialogs, std::filesystem::path folder)
+    : dialogs_(dialogs),
+      saver_(std::move(folder)),
+      area_(new QMdiArea),
+      panel_(new FitPanelWidgets) {
+  setObjectName("mdimod");
+  setWindowTitle("zevFIT");
+  area_->setObjectName("Area");
+  area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+
+  auto* scroller = new QScrollArea;
+  scroller->setWidget(panel_);
+  scroller->setWidgetResizable(true);
+  scroller->setFrameShape(QFrame::NoFrame);
+  scroller->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroller->setFixedWidth(panel_->width() + scroller->verticalScrollBar()->sizeHint().width());
+  auto* middle = new QWidget;
+  auto* row = new QHBoxLayout(middle);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
+  row->addWidget(scroller);
+  row->addWidget(area_, 1);
+  setCentralWidget(middle);
+  resize(kStartSize);
+
+  windows_ = std::make_unique<PlotWindowTable>(*area_);
+  fit_ = std::make_unique<Fit>(Fit{session_, *panel_, *this, dialogs_});
+  panel_->QWidget::setEnabled(false);
+  panel_->connectTo(*fit_);
+  connect(area_, &QMdiArea::subWindowActivated, this,
+          [this](QMdiSubWindow* window) { windowActivated(window); });
+  makeMenus();
+  makeToolbar();
+}
+
+mdimod::~mdimod() = default;
+
+frmzevfit& mdimod::structure() {
+  if (!structure_) structure_ = std::make_unique<frmzevfit>(session_, dialogs_, *this, this);
+  return *structure_;
+}
+
+formabout& mdimod::about() {
+  if (!about_) about_ = std::make_unique<formabout>(this);
+  return *about_;
+}
+
+void mdimod::showAbout() { about().showAtStart(); }
+
+QAction* mdimod::addEntry(QMenu* menu, const char* name, const char* caption,
+                          void (mdimod::*action)()) {
+  QAction* entry = menu->addAction(caption);
+  entry->setObjectName(name);
+  connect(entry, &QAction::triggered, this,
+          [this, action] { guarded(dialogs_, [&] { (this->*action)(); }); });
+  return entry;
+}
+
+void mdimod::makeMenus() {
+  addEntry(menuBar()->addMenu("Exit "), "mnuvoltar", "&Return to Main Menu", &mdimod::mnuvoltar);
+  addEntry(menuBar()->addMenu("Input Data"), "mnudatprn", "&Input File (*.ZVM)",
+           &mdimod::mnudatprn);
+  QMenu* arrange = menuBar()->addMenu("Arrange");
+  addEntry(arrange, "mnucascade", "&Cascade", &mdimod::mnucascade);
+  addEntry(arrange, "mnuvertical", "&Vertical", &mdimod::mnuvertical);
+  addEntry(arrange, "mnuhorizontal", "&Horizontal", &mdimod::mnuhorizontal);
+  addEntry(menuBar()->addMenu("&About"), "mnuabout2", "About", &mdimod::mnuabout2);
+}
+
+void mdimod::makeToolbar() {
+  Toolbar1 = addToolBar("Toolbar1");
+  Toolbar1->setObjectName("Toolbar1");
+  Toolbar1->setMovable(false);
+  Toolbar1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  Toolbar1->setIconSize({24, 24});
+  setContextMenuPolicy(Qt::NoContextMenu);
+  for (const Command& command : toolbarCommands()) {
+    QAction* action = *command.icon == '\0'
+                          ? Toolbar1->addSeparator()
+                          : Toolbar1->addAction(QIcon(QString(":/icons/%1.svg").arg(command.icon)),
+                                                command.caption);
+    action->setObjectName(command.key);
+    action->setToolTip(command.tip);
+    connect(action, &QAction::triggered, this,
+            [this, &command] { guarded(dialogs_, [&] { run(command); }); });
+    if (!command.action && command.needsFile) missing_.push_back(action);
+  }
+}
+
+void mdimod::run(const Command& command) {
+  if (command.needsFile && !requireFile(*fit_)) return;
+  if (command.action) (this->*command.action)();
+}
+
+void mdimod::disableMissingCommands() {
+  for (QAction* action : missing_) action->setEnabled(false);
+}
+
+void mdimod::mnuvoltar() { close(); }
+
+bool mdimod::chooseFile(std::string& path) {
+  for (;;) {
+    const std::optional<std::string> chosen = dialogs_.openFile("Input Data File (*.ZVM)", "*.ZVM");
+    if (!chosen) return false;
+    path = *chosen;
+    if (hasVariogramExtension(std::filesystem::path(path).filename().string())) return true;
+    dialogs_.plain("Illegal Type of Input Data File!");
+  }
+}
+
+void mdimod::mnudatprn() {
+  std::string path;
+  if (!chooseFile(path)) return;
+  bool good = false;
+  {
+    const WaitCursor wait;
+    good = readVariogramFile(path, session_);
+    if (good) structure().fill(path);
+  }
+  if (!good) return dialogs_.warning(kBadFileText);
+  disableMissingCommands();
+  about().hide();
+  structure().showModal();
+}
+
+void mdimod::viewFile() { structure().showModal(); }
+
+void mdimod::gravando() {
+  saver_.gravando(session_, toInt16(panel_->listCount(List::Combo2)), dialogs_);
+}
+
+void mdimod::mnuabout2() { about().showCentred(); }
+
+void mdimod::mnucascade() { area_->cascadeSubWindows(); }
+
+void mdimod::mnuvertical() { tile(true); }
+
+void mdimod::mnuhorizontal() { tile(false); }
+
+void mdimod::tile(bool sideBySide) {
+  QList<QMdiSubWindow*> shown;
+  for (QMdiSubWindow* window : area_->subWindowList())
+    if (window->isVisible() && !window->isMinimized()) shown.append(window);
+  const QSize room = area_->viewport()->size();
+  for (qsizetype i = 0; i < shown.size(); ++i) {
+    const int count = static_cast<int>(shown.size());
+    const int at = static_cast<int>(i);
+    const QSize part = sideBySide ? QSize(room.width() / count, room.height())
+                                  : QSize(room.width(), room.height() / count);
+    shown[i]->showNormal();
+    shown[i]->setGeometry(
+        QRect(sideBySide ? QPoint(at * part.width(), 0) : QPoint(0, at * part.height()), part));
+  }
+}
+
+void mdimod::clearVariables() { panel_->fillList(List::Combo2, {}); }
+
+void mdimod::enableMain() { setEnabled(true); }
+
+void mdimod::focusMain() {
+  show();
+  raise();
+  activateWindow();
+}
+
+void mdimod::fillDirections(const std::vector<std::string>& names) {
+  panel_->fillList(List::Combodirvar, toQStrings(names));
+}
+
+void mdimod::fillVariables(const std::vector<std::string>& names) {
+  panel_->fillList(List::Combo2, toQStrings(names));
+}
+
+void mdimod::selectDirection(int position) { panel_->setListPosition(List::Combodirvar, position); }
+
+void mdimod::selectVariable(int position) { panel_->setListPosition(List::Combo2, position); }
+
+void mdimod::enableFitControls() { panel_->QWidget::setEnabled(true); }
+
+void mdimod::startFit() {
+  if (isMinimized()) showMaximized();
+  focusMain();
+  panel_->focusPlotButton();
+}
+
+void mdimod::plotvariogram() {
+  // A window appears once it is loaded, also when its drawing fails.
+  struct Appear {
+    PlotWindowTable& windows;
+    ~Appear() { windows.showLoaded(); }
+  } const appear{*windows_};
+  zevfit::plotvariogram(*fit_, *windows_);
+}
+
+void mdimod::windowActivated(QMdiSubWindow* window) {
+  auto* plot = dynamic_cast<Formod*>(window);
+  if (plot) guarded(dialogs_, [&] { activatePlotWindow(*fit_, *plot); });
+}
+
+}  // namespace zevfit

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <QMainWindow>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "files/variogram_writer.h"
+#include "model/fit.h"
+#include "session/session.h"
+#include "windows/frmzevfit.h"
+#include "windows/plot_window_table.h"
+
+class QAction;
+class QMdiArea;
+class QToolBar;
+
+namespace zevfit {
+
+class FitPanelWidgets;
+class formabout;
+
+/// The main window: owns the session, the panel, the plot windows and the commands, and hands them
+/// to each other.
+class mdimod : public QMainWindow, public Plotter, public StructureHost {
+ public:
+  /// `folder`: the program's own, for its files.
+  mdimod(Dialogs& dialogs, std::filesystem::path folder);
+  ~mdimod() override;
+
+  Session& session() { return session_; }
+  /// Shows the about window over the main window, as a start does.
+  void showAbout();
+
+  void plotvariogram() override;
+
+  void clearVariables() override;
+  void enableMain() override;
+  void focusMain() override;
+  void fillDirections(const std::vector<std::string>& names) override;
+  void fillVariables(const std::vector<std::string>& names) override;
+  void selectDirection(int position) override;
+  void selectVariable(int position) override;
+  void enableFitControls() override;
+  void startFit() override;
+
+ private:
+  /// A command of a menu or the toolbar.
+  struct Command {
+    const char* key;
+    const char* caption;
+    const char* tip;
+    const char* icon;
+    bool needsFile;
+    /// Nothing where the window of the command does not exist: it is then disabled once a file is
+    /// loaded.
+    void (mdimod::*action)();
+  };
+  static const std::vector<Command>& toolbarCommands();
+
+  void makeMenus();
+  void makeToolbar();
+  QAction* addEntry(QMenu* menu, const char* name, const char* caption, void (mdimod::*action)());
+  void run(const Command& command);
+
+  void mnuvoltar();
+  void mnudatprn();
+  void mnucascade();
+  void mnuvertical();
+  void mnuhorizontal();
+  void mnuabout2();
+  void viewFile();
+  void gravando();
+  void windowActivated(QMdiSubWindow* window);
+  /// The data structure window, made at its first use.
+  frmzevfit& structure();
+  formabout& about();
+  void tile(bool sideBySide);
+  bool chooseFile(std::string& path);
+  void disableMissingCommands();
+
+  Dialogs& dialogs_;
+  Session session_;
+  ModelSaver saver_;
+  QMdiArea* area_;
+  FitPanelWidgets* panel_;
+  QToolBar* Toolbar1;
+  std::unique_ptr<PlotWindowTable> windows_;
+  std::unique_ptr<Fit> fit_;
+  std::unique_ptr<frmzevfit> structure_;
+  std::unique_ptr<formabout> about_;
+  std::vector<QAction*> missing_;
+};
+
+}  // namespace zevfit
