@@ -56,6 +56,11 @@ TEST(SillPosition, FaultsBeyondSixteenBits) {
   EXPECT_EQ(sillPosition(kTen, -10.24), -32768);
 }
 
+TEST(SillPosition, FaultsOnOverflow) {
+  EXPECT_THROW(sillPosition({-kHuge, kHuge, 32000}, 0), Fault);
+  EXPECT_THROW(sillPosition(kTen, kHuge), Fault);
+}
+
 TEST(SillValue, HasThreeDecimalsAtMost) {
   struct Row {
     SillScale scale;
@@ -123,6 +128,7 @@ TEST(RangePosition, Faults) {
   EXPECT_THROW(rangePosition(kHundred, "2100"), Fault);
   EXPECT_THROW(rangePosition(kHundred, "1e308"), Fault);
   EXPECT_THROW(rangePosition(kHundred, "1e999"), Fault);
+  EXPECT_THROW(rangePosition({kHuge, 32000}, "1"), Fault);
   // 20 * 0.000005 - 0.0001 is nothing.
   EXPECT_THROW(rangePosition({5e-06, 1}, "1"), Fault);
   EXPECT_THROW(rangePosition({kHuge, 32000}, "1"), Fault);
