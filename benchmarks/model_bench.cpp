@@ -1,0 +1,99 @@
+// The sampling of a full model beside its exponentials and powers alone, on the same arguments.
+// Both run for each choice of three letters; the sampling is to take at most half as long again.
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/model_curve.h"
+#include "tests/support/fit_fixture.h"
+
+namespace zevfit {
+namespace {
+
+constexpr double kEnd = 2000, kNugget = 0.2, kSill = 0.3;
+constexpr int kSamples = 100;
+
+/// Letters for structures 1 to 3.
+constexpr std::string_view kChoices[] = {"ESG", "ESP", "EGP", "SGP"};
+
+double range(char letter) { return letter == 'P' ? 1.5 : 700; }
+
+/// A nugget and the three structures of a choice.
+class FullModel : public FitFixture {
+ public:
+  explicit FullModel(std::string_view letters) {
+    cell(&Session::use0) = 1;
+    cell(&Session::c0) = kNugget;
+    for (std::size_t line = 1; line < kLines; ++line) {
+      const char letter = letters[line - 1];
+      setFlag(session, static_cast<int>(line), kVariable, kDirection, 1);
+      cell(kLetterTable[line]) = std::string(1, letter);
+      cell(kSillTable[line]) = kSill;
+      cell(kRangeTable[line]) = range(letter);
+    }
+  }
+  void sample() { modelcurve(fit, kDirection, kVariable, 1, kEnd); }
+};
+
+/// What the exponentials and powers of one structure are taken of.
+std::vector<double> arguments(char letter) {
+  std::vector<double> all;
+  for (int i = 1; i <= kSamples; ++i) {
+    const double h = kEnd / kSamples * i;
+    const double t = h / range(letter);
+    if (letter == 'E') all.push_back(-3 * t);
+    if (letter == 'G' || (letter == 'S' && t <= 1)) all.push_back(t);
+    if (letter == 'P') all.push_back(h);
+  }
+  return all;
+}
+
+struct Transcendentals {
+  char letter;
+  std::vector<double> of;
+
+  /// Their sum, so that none of them is left out.
+  double sum() const {
+    double total = 0;
+    if (letter == 'E')
+      for (const double x : of) total += std::exp(x);
+    if (letter == 'G')
+      for (const double x : of) total += std::exp(-3 * std::pow(x, 2));
+    if (letter == 'S')
+      for (const double x : of) total += std::pow(x, 3);
+    if (letter == 'P')
+      for (const double x : of) total += std::pow(x, range(letter));
+    return total;
+  }
+};
+
+void sampled(benchmark::State& state) {
+  const std::string_view letters = kChoices[state.range(0)];
+  state.SetLabel(std::string(letters));
+  FullModel model(letters);
+  for (auto _ : state) {
+    model.sample();
+    benchmark::DoNotOptimize(model.session.curvegam);
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(sampled)->DenseRange(0, 3);
+
+void transcendentalsAlone(benchmark::State& state) {
+  const std::string_view letters = kChoices[state.range(0)];
+  state.SetLabel(std::string(letters));
+  std::vector<Transcendentals> all;
+  for (const char letter : letters) all.push_back({letter, arguments(letter)});
+  for (auto _ : state)
+    for (const Transcendentals& one : all) {
+      benchmark::DoNotOptimize(one.of.data());
+      benchmark::DoNotOptimize(one.sum());
+    }
+}
+BENCHMARK(transcendentalsAlone)->DenseRange(0, 3);
+
+}  // namespace
+}  // namespace zevfit
