@@ -41,6 +41,13 @@ bool QtDialogs::confirm(std::string_view text) {
          QMessageBox::Ok;
 }
 
+Answer QtDialogs::question(std::string_view text) {
+  const int pressed = ask(QMessageBox::Question, kQuestionTitle, text,
+                          QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+  if (pressed == QMessageBox::Yes) return Answer::yes;
+  return pressed == QMessageBox::No ? Answer::no : Answer::cancel;
+}
+
 void QtDialogs::fatal(std::string_view text) {
   ask(QMessageBox::Critical, kWarningTitle,
       "The program has met a fault and must end: " + std::string(text), QMessageBox::Ok);

@@ -13,6 +13,7 @@ class QtDialogs : public Dialogs {
   void plain(std::string_view text) override;
   void warning(std::string_view text) override;
   bool confirm(std::string_view text) override;
+  Answer question(std::string_view text) override;
   void fatal(std::string_view text) override;
   std::optional<std::string> openFile(std::string_view title, std::string_view pattern) override;
 

@@ -29,6 +29,7 @@ class RecordingDialogs : public Dialogs {
  public:
   std::vector<ShownDialog> shown;
   std::deque<bool> answers;
+  std::deque<Answer> questions;
   std::deque<std::optional<std::string>> paths;
   /// Runs while a dialog is up.
   std::function<void()> meanwhile;
@@ -39,6 +40,10 @@ class RecordingDialogs : public Dialogs {
   bool confirm(std::string_view text) override {
     record("confirm", text);
     return next(answers, false);
+  }
+  Answer question(std::string_view text) override {
+    record("question", text);
+    return next(questions, Answer::cancel);
   }
   std::optional<std::string> openFile(std::string_view title, std::string_view pattern) override {
     record("openFile", std::string(title) + "|" + std::string(pattern));

@@ -15,7 +15,8 @@ class ScriptedDialogs : public Dialogs {
  public:
   std::vector<std::string> shown;
   std::deque<std::string> files;   ///< answers of the file dialog in turn; empty: Cancel
-  std::deque<bool> confirmations;  ///< answers of questions in turn; empty: OK
+  std::deque<bool> confirmations;  ///< answers of OK and Cancel in turn; empty: OK
+  std::deque<Answer> answers;      ///< answers of questions in turn; empty: Cancel
 
   void plain(std::string_view text) override { keep("plain", text); }
   void warning(std::string_view text) override { keep("warning", text); }
@@ -26,6 +27,14 @@ class ScriptedDialogs : public Dialogs {
     if (confirmations.empty()) return true;
     const bool answer = confirmations.front();
     confirmations.pop_front();
+    return answer;
+  }
+
+  Answer question(std::string_view text) override {
+    keep("question", text);
+    if (answers.empty()) return Answer::cancel;
+    const Answer answer = answers.front();
+    answers.pop_front();
     return answer;
   }
 
