@@ -65,7 +65,7 @@ TEST(OutputFile, FailsWhereNoFileCanBeMade) {
   EXPECT_THROW(OutputFile(folder.path()), Fault);
   EXPECT_THROW(OutputFile(folder / "none/new"), Fault);
   EXPECT_THROW(OutputFile(folder / "file/new"), Fault);
-  EXPECT_THROW(OutputFile(fs::path()), Fault);
+  EXPECT_THROW(OutputFile(fs::path{}), Fault);
 }
 
 TEST(OutputFile, FullDeviceFailsAtTheLatestOnClose) {

@@ -1,0 +1,117 @@
+// Variogram files: any bytes are read; what was read and then written reads back to the same tables.
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "files/variogram_reader.h"
+#include "files/variogram_writer.h"
+#include "fuzz/require.h"
+#include "session/fault.h"
+#include "tests/support/same_tables.h"
+
+namespace zevfit {
+namespace {
+
+// Above these the last digit written can round up to what no number holds.
+constexpr double kLargest = 1.79769313486231e308;
+constexpr float kLargestPairs = 3.402822e38F;
+
+class Memory : public ByteSink {
+ public:
+  std::string bytes;
+  void write(std::string_view more) override { bytes += more; }
+};
+
+// Written on a line of its own it is one text token.
+bool isOneToken(std::string_view text) {
+  return !text.empty() && text.find_first_of(",\r\n") == std::string_view::npos &&
+         text.find_first_of(" \t\"") != 0;
+}
+
+bool isLetter(std::string_view text) { return isOneToken(text) && !text.ends_with(' '); }
+
+bool isWritable(const Cell& cell) { return cell.isText() || std::fabs(cell.number()) <= kLargest; }
+
+bool areClassesWritable(const Session& session, std::int64_t v, std::int64_t d) {
+  for (std::int64_t lag = 1; lag <= session.nclass; ++lag) {
+    if (!isWritable(session.hlag(v, d, lag)) || !isWritable(session.gam(v, d, lag)) ||
+        std::fabs(session.npairs(v, d, lag)) > kLargestPairs)
+      return false;
+  }
+  return true;
+}
+
+bool isModelWritable(const Session& session, std::int64_t v, std::int64_t d) {
+  for (std::size_t line = 0; line < kLines; ++line) {
+    const double used = flag(session, static_cast<int>(line), v, d);
+    if (used != 0 && used != 1) return false;
+    if (used == 0) continue;
+    if (!isWritable((session.*kSillTable.at(line))(v, d))) return false;
+    if (line == 0) continue;
+    if (!isWritable((session.*kRangeTable.at(line))(v, d)) ||
+        !isLetter((session.*kLetterTable.at(line))(v, d)))
+      return false;
+  }
+  return true;
+}
+
+// Counts within the tables, and nothing in them that a save writes as something else.
+bool isWritable(const Session& session) {
+  for (std::int64_t d = 1; d <= session.ndir; ++d)
+    if (!isOneToken(session.dirname(d))) return false;
+  for (std::int64_t v = 1; v <= session.nvar; ++v) {
+    if (!isOneToken(session.varname(v)) || !isWritable(session.variance(v))) return false;
+    for (std::int64_t d = 1; d <= session.ndir; ++d)
+      if (!areClassesWritable(session, v, d) || !isModelWritable(session, v, d)) return false;
+  }
+  return true;
+}
+
+bool compose(Session& session, std::string_view old, Memory& out) {
+  try {
+    return composeVariogramFile(session, session.nvar, old, out);
+  } catch (const Fault&) {
+    return false;
+  }
+}
+
+void checkReadBack(Session& session, std::int64_t variables, const std::string& bytes) {
+  Session again;
+  require(readVariogramBytes(bytes, again), "what was written is a good file");
+  session.nvar = variables;
+  session.filetag = again.filetag;
+  require(test::dataText(again) == test::dataText(session), "the data read back");
+  test::dropUnused(session);
+  if (again.hasmodel == 1)
+    require(test::modelTexts(again) == test::modelTexts(session), "the models read back");
+  Memory twice;
+  require(compose(again, bytes, twice) && twice.bytes == bytes, "a second save changes nothing");
+}
+
+void check(std::string_view bytes) {
+  Session session;
+  if (!readVariogramBytes(bytes, session)) return;
+  acceptLoad(session, "file.zvm");
+  const std::int64_t variables = session.nvar;
+  Memory out;
+  const std::string old = "t\n" + session.filetag + "\n1\n.";
+  const bool composed = compose(session, isOneToken(session.filetag) ? old : bytes, out);
+  session.nvar = variables;
+  if (!composed || !isOneToken(session.filetag)) return;
+  bool writable = false;
+  try {
+    writable = isWritable(session);
+  } catch (const Fault&) {
+    return;
+  }
+  if (writable) checkReadBack(session, variables, out.bytes);
+}
+
+}  // namespace
+}  // namespace zevfit
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  zevfit::check(std::string(data, data + size));
+  return 0;
+}
