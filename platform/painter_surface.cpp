@@ -37,12 +37,37 @@ QPen toPen(const Stroke& stroke) {
   return pen;
 }
 
-double toPixels(double twips) { return twips / kTwipsPerPixel; }
+/// Held to a size whose sums and differences are finite.
+double toPixels(double twips) { return std::clamp(twips, -1e100, 1e100) / kTwipsPerPixel; }
 
 constexpr std::size_t kTextsKept = 256;
 constexpr std::size_t kStampsKept = 256;
 /// Discs are kept at this many places within a pixel, each way.
 constexpr int kPhases = 4;
+
+/// Nothing farther away than this many pixels is drawn: a painter's own numbers are not made for
+/// the coordinates that an axis of next to no length can give.
+constexpr double kReach = 10000;
+
+bool withinReach(double pixels) { return std::abs(pixels) <= kReach; }
+
+/// Shortens a line to the part where start + t * step, t from `from` to `to`, is within reach;
+/// false when there is none.
+bool clipAlong(double start, double step, double& from, double& to) {
+  if (step == 0) return withinReach(start);
+  const double low = (-kReach - start) / step, high = (kReach - start) / step;
+  from = std::max(from, std::min(low, high));
+  to = std::min(to, std::max(low, high));
+  return from <= to;
+}
+
+/// The part of a line that is within reach.
+std::optional<QLineF> clipped(const QLineF& line) {
+  double from = 0, to = 1;
+  if (!clipAlong(line.x1(), line.dx(), from, to)) return std::nullopt;
+  if (!clipAlong(line.y1(), line.dy(), from, to)) return std::nullopt;
+  return QLineF(line.pointAt(from), line.pointAt(to));
+}
 
 /// The whole pixels of the bitmap that a line along an axis covers.
 QRectF alongAxis(const QLineF& line, int width, double ratio) {
@@ -100,6 +125,7 @@ PainterSurface::Face& PainterSurface::face(const Font& font) {
 
 void PainterSurface::text(double x, double y, std::string_view text, const Font& font,
                           Colour colour) {
+  if (!withinReach(toPixels(x)) || !withinReach(toPixels(y))) return;
   finish();
   Face& with = face(font);
   if (with.texts.size() > kTextsKept) with.texts.clear();
@@ -116,7 +142,9 @@ void PainterSurface::text(double x, double y, std::string_view text, const Font&
 }
 
 void PainterSurface::line(double x1, double y1, double x2, double y2, const Stroke& stroke) {
-  const QLineF line(toPixels(x1), toPixels(y1), toPixels(x2), toPixels(y2));
+  const auto drawn = clipped({toPixels(x1), toPixels(y1), toPixels(x2), toPixels(y2)});
+  if (!drawn) return;
+  const QLineF& line = *drawn;
   if (x1 != x2 && y1 != y2) return slanted(line, stroke);
   finish();
   if (stroke.style == LineStyle::dotted) return dotted(line, stroke);
@@ -175,6 +203,7 @@ const QImage& PainterSurface::stamp(double radius, const Stroke& outline, Colour
 }
 
 void PainterSurface::disc(double x, double y, double radius, const Stroke& outline, Colour fill) {
+  if (!withinReach(toPixels(x)) || !withinReach(toPixels(y))) return;
   finish();
   const double ratio = painter().device()->devicePixelRatioF();
   const double deviceX = toPixels(x) * ratio, deviceY = toPixels(y) * ratio;

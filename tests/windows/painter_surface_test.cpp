@@ -1,0 +1,120 @@
+#include "platform/painter_surface.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/picture_box.h"
+
+namespace zevfit {
+namespace {
+
+/// A white picture of 400 by 200 pixels.
+class PainterSurfaceTest : public testing::Test {
+ protected:
+  PainterSurfaceTest() {
+    box_.setSizeTwips(6000, 3000);
+    surface().clear(kWhite);
+  }
+  Surface& surface() { return box_.surface(); }
+  /// The colour at a place in pixels.
+  Colour at(double x, double y) {
+    return toColour(box_.colourAt(x * kTwipsPerPixel, y * kTwipsPerPixel));
+  }
+  int pixelsOf(Colour colour) {
+    int count = 0;
+    for (int y = 0; y < 200; ++y)
+      for (int x = 0; x < 400; ++x) count += at(x + 0.5, y + 0.5) == colour ? 1 : 0;
+    return count;
+  }
+
+  PictureBox box_;
+};
+
+TEST(Colours, GoToTheToolkitAndBack) {
+  for (const Colour colour : {kBlack, kGreen, kBlue, kRed, kWhite, kLightGrey, 0x123456})
+    EXPECT_EQ(toColour(toQColor(colour)), colour);
+  EXPECT_EQ(toQColor(kBlue), QColor(0, 0, 255));
+  EXPECT_EQ(toQColor(kGreen), QColor(0, 128, 0));
+}
+
+TEST(DrawnText, ShowsGreekLettersInTheSymbolFontAlone) {
+  EXPECT_EQ(toDrawnText("g", "Symbol"), QString(QChar(0x3B3)));
+  EXPECT_EQ(toDrawnText("G", "Symbol"), QString(QChar(0x393)));
+  EXPECT_EQ(toDrawnText("(h1)", "Symbol"), "(" + QString(QChar(0x3B7)) + "1)");
+  EXPECT_EQ(toDrawnText("g", "Times New Roman"), "g");
+  EXPECT_EQ(toDrawnText("\xE9", "Times New Roman"), QString(QChar(0xE9)));
+}
+
+TEST_F(PainterSurfaceTest, LineAlongAnAxisIsCrisp) {
+  // From pixel 10 to pixel 20 inclusive, one pixel high.
+  surface().line(150, 450, 300, 450, {kBlack, 1, LineStyle::solid});
+  EXPECT_EQ(pixelsOf(kBlack), 11);
+  EXPECT_EQ(at(10.5, 30.5), kBlack);
+  EXPECT_EQ(at(20.5, 30.5), kBlack);
+  EXPECT_EQ(at(21.5, 30.5), kWhite);
+}
+
+TEST_F(PainterSurfaceTest, LineOfWidth2CoversTwoRows) {
+  surface().line(150, 450, 300, 450, {kRed, 2, LineStyle::solid});
+  EXPECT_EQ(pixelsOf(kRed), 22);
+}
+
+TEST_F(PainterSurfaceTest, DottedLineLeavesGaps) {
+  surface().line(0, 450, 1500, 450, {kBlack, 1, LineStyle::dotted});
+  const int dots = pixelsOf(kBlack);
+  EXPECT_GT(dots, 20);
+  EXPECT_LT(dots, 60);
+}
+
+TEST_F(PainterSurfaceTest, InsideOfADiscIsExactlyItsColour) {
+  for (int place = 0; place < 15; ++place) {
+    surface().clear(kWhite);
+    const double x = 1500 + place, y = 1500 + 2 * place;
+    surface().disc(x, y, 27, {kGreen, 2, LineStyle::solid}, kGreen);
+    EXPECT_EQ(at(x / kTwipsPerPixel, y / kTwipsPerPixel), kGreen) << place;
+    EXPECT_EQ(at(x / kTwipsPerPixel + 4, y / kTwipsPerPixel), kWhite) << place;
+  }
+}
+
+TEST_F(PainterSurfaceTest, TextStandsBelowItsPlace) {
+  surface().text(1500, 750, "Data", {kPlotFont, 10}, kBlack);
+  int above = 0;
+  for (int y = 0; y < 50; ++y)
+    for (int x = 0; x < 400; ++x) above += at(x + 0.5, y + 0.5) == kWhite ? 0 : 1;
+  EXPECT_EQ(above, 0);
+  EXPECT_GT(200 * 400 - pixelsOf(kWhite), 30);
+}
+
+TEST_F(PainterSurfaceTest, SlantedLinesAreDrawnBeforeWhatFollows) {
+  surface().line(0, 0, 6000, 3000, {kBlue, 2, LineStyle::solid});
+  surface().disc(3000, 1500, 100, {kGreen, 2, LineStyle::solid}, kGreen);
+  EXPECT_EQ(at(200, 100), kGreen);
+}
+
+// An axis of next to no length puts points where no painter can follow.
+TEST_F(PainterSurfaceTest, PlacesOutOfReachAreHarmless) {
+  for (const double far : {1e7, 1e12, 1e300, 1.7e308}) {
+    surface().line(-far, -far, far, far, {kBlue, 2, LineStyle::solid});
+    surface().line(0, far, 6000, far, {kBlue, 2, LineStyle::solid});
+    surface().line(100, -far, 100, far, {kBlue, 1, LineStyle::dotted});
+    surface().disc(far, -far, 27, {kGreen, 2, LineStyle::solid}, kGreen);
+    surface().text(-far, far, "far", {kPlotFont, 10}, kBlack);
+  }
+  // The diagonal through the corner keeps its slope.
+  EXPECT_EQ(at(100.5, 100.5), kBlue);
+  EXPECT_EQ(pixelsOf(kGreen), 0);
+}
+
+TEST_F(PainterSurfaceTest, PictureKeepsWhatIsDrawnWhenItGrows) {
+  surface().line(150, 450, 300, 450, {kBlack, 1, LineStyle::solid});
+  box_.setSizeTwips(9000, 4500);
+  EXPECT_EQ(at(15.5, 30.5), kBlack);
+  EXPECT_EQ(at(550, 250), kWhite);
+}
+
+TEST_F(PainterSurfaceTest, NoColourOutsideThePicture) {
+  EXPECT_FALSE(box_.colourAt(-1, 0).isValid());
+  EXPECT_FALSE(box_.colourAt(6001, 10).isValid());
+}
+
+}  // namespace
+}  // namespace zevfit
