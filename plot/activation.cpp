@@ -36,9 +36,7 @@ void bringUpToDate(Fit& fit) {
 void activatePlotWindow(Fit& fit, PlotWindow& window) {
   Session& session = fit.session;
   session.dragging = 0;
-  const WindowKey key = windowKey(window.caption());
-  session.curvar = key.variable;
-  session.curdir = key.direction;
+  takeKey(session, window);
   if (session.curvar < 1 || session.curdir < 1) return;
   freeHandles(session, window);
   try {

@@ -24,6 +24,8 @@ struct WindowKey {
   std::int64_t variable = 0, direction = 0;
 };
 WindowKey windowKey(std::string_view caption);
+/// Makes the pair of a window's caption the current one.
+void takeKey(Session& session, const PlotWindow& window);
 
 /// A plot window became the active one: makes its pair the current one, frees the handles and,
 /// where the window's size is not that of its picture plus the frame with the two sides exchanged

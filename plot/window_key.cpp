@@ -29,4 +29,10 @@ WindowKey windowKey(std::string_view caption) {
   return {keyNumber(key, 0), keyNumber(key, kDirectionAt)};
 }
 
+void takeKey(Session& session, const PlotWindow& window) {
+  const WindowKey key = windowKey(window.caption());
+  session.curvar = key.variable;
+  session.curdir = key.direction;
+}
+
 }  // namespace zevfit
