@@ -21,8 +21,8 @@ bool contains(const PlotBox& box, Point at);
 Point heldInside(const PlotBox& box, Point at);
 
 /// The inverse maps: ((y - ybottom) / (ytop - ybottom)) (ymax - ymin) + ymin, and
-/// ((x - xleft) / (xright - xleft)) xmax. At an edge the value is exactly the end of its axis. Throw
-/// Fault for a box of no height, of no width.
+/// ((x - xleft) / (xright - xleft)) xmax. At an edge the value is exactly the end of its axis.
+/// Throw Fault for a box of no height, of no width.
 double sillAt(const PlotMap& map, double y);
 double rangeAt(const PlotMap& map, double x);
 

@@ -12,6 +12,7 @@ struct ActivationBench : PlotBench {
     session.curvar = 2;
     session.curdir = 1;
     drawings = 0;
+    window().calls.clear();
   }
 };
 
@@ -34,8 +35,9 @@ TEST(Activation, FreesTheHandlesAndTouchesTheBorderOfTheFirstAlone) {
   activatePlotWindow(bench.fit, bench.window());
   EXPECT_EQ(bench.session.dragging, 0);
   EXPECT_EQ(bench.session.dragsel, (std::array{0, 0, 0, 0, 1}));
-  EXPECT_EQ(bench.window().borders, (std::vector<std::pair<int, bool>>(4, {0, true})));
-  EXPECT_EQ(bench.window().guidesHidden, 1);
+  EXPECT_EQ(bench.window().calls,
+            (std::vector<std::string>{"border 0 on", "border 0 on", "border 0 on", "border 0 on",
+                                      "guides hidden"}));
 }
 
 TEST(Activation, StopsAtACaptionWithoutAPair) {
@@ -47,8 +49,7 @@ TEST(Activation, StopsAtACaptionWithoutAPair) {
     activatePlotWindow(bench.fit, bench.window());
     EXPECT_EQ(bench.session.dragging, 0) << caption;
     EXPECT_EQ(bench.session.dragsel, (std::array{1, 1, 1, 1, 0})) << caption;
-    EXPECT_TRUE(bench.window().borders.empty()) << caption;
-    EXPECT_EQ(bench.window().guidesHidden, 0) << caption;
+    EXPECT_TRUE(bench.window().calls.empty()) << caption;
     EXPECT_EQ(bench.drawings, 0) << caption;
     EXPECT_TRUE(bench.session.curvar < 1 || bench.session.curdir < 1) << caption;
   }
@@ -94,7 +95,7 @@ TEST(Activation, RedrawsUnlessTheWindowIsOfOneExactSize) {
     EXPECT_EQ(bench.drawings, row.drawings) << row.name;
     EXPECT_EQ(bench.session.curvar, 1) << row.name;
     EXPECT_EQ(bench.panel.listPosition(List::Combo2), row.drawings == 1 ? 0 : -1) << row.name;
-    EXPECT_EQ(window.borders.size(), 4U) << row.name;
+    EXPECT_EQ(std::ranges::count(window.calls, "border 0 on"), 4) << row.name;
   }
 }
 

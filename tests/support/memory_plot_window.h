@@ -1,22 +1,41 @@
 #pragma once
 
+#include <array>
+#include <cmath>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include "plot/plot_window.h"
+#include "plot/direction_window.h"
 #include "session/tables.h"
 #include "tests/support/recording_surface.h"
 
 namespace zevfit {
 
 /// A plot window without a screen, as it is after its load. Every character of a title is 120 wide.
-class MemoryPlotWindow : public PlotWindow {
+/// Keeps what is done to its size and to the overlays as states and, in order, in `calls`.
+class MemoryPlotWindow : public DirectionWindow {
  public:
   static constexpr double kTitleCharacter = 120;
+
+  struct Handle {
+    double left = 0, top = 0, width = 300;
+    bool visible = false, border = true;
+  };
+  struct Line {
+    double at = 0, from = 0, to = 0;
+    bool visible = false;
+    LineStyle style = LineStyle::dotted;
+  };
+  struct Tag {
+    double left = 0, top = 0;
+    std::string caption;
+    bool visible = false;
+  };
 
   bool visible() const override { return isVisible; }
   bool minimised() const override { return isMinimised; }
@@ -28,6 +47,7 @@ class MemoryPlotWindow : public PlotWindow {
   double width() const override { return outerWidth; }
   double height() const override { return outerHeight; }
   void setSize(double width, double height) override {
+    note("size", generalText(width) + " " + generalText(height));
     outerWidth = width;
     outerHeight = height;
   }
@@ -53,9 +73,76 @@ class MemoryPlotWindow : public PlotWindow {
   RecordingSurface& picture() override { return surface; }
   PenState& pen() override { return penState; }
 
-  void setHandleBorder(int handle, bool border) override { borders.emplace_back(handle, border); }
-  void hideGuides() override { ++guidesHidden; }
+  void setHandleBorder(int handle, bool border) override {
+    note("border " + std::to_string(handle), border ? "on" : "off");
+    handleAt(handle).border = border;
+  }
+  void hideGuides() override {
+    note("guides", "hidden");
+    for (Line& line : guides) line.visible = false;
+  }
   void toFront() override { ++fronted; }
+
+  DragState& dragState() override { return drag; }
+  double scaleWidth() const override { return innerWidth - 2 * pictureBorder; }
+  double scaleHeight() const override { return innerHeight - 2 * pictureBorder; }
+  /// The discs that were drawn last, and what they lie on.
+  std::optional<Colour> colourAt(double x, double y) override {
+    std::optional<Colour> found;
+    for (const Operation& one : surface.operations) {
+      if (const ClearOf* clear = std::get_if<ClearOf>(&one)) found = clear->background;
+      const DiscOf* disc = std::get_if<DiscOf>(&one);
+      if (disc && std::hypot(x - disc->at.x, y - disc->at.y) <= disc->radius) found = disc->fill;
+    }
+    return found;
+  }
+
+  double handleLeft(int handle) const override { return handles.at(index(handle)).left; }
+  double handleTop(int handle) const override { return handles.at(index(handle)).top; }
+  double handleWidth(int handle) const override { return handles.at(index(handle)).width; }
+  void moveHandle(int handle, double left, double top) override {
+    note("move " + std::to_string(handle), generalText(left) + " " + generalText(top));
+    handleAt(handle).left = left;
+    handleAt(handle).top = top;
+  }
+  void showHandle(int handle, bool visible) override {
+    note("handle " + std::to_string(handle), visible ? "shown" : "hidden");
+    handleAt(handle).visible = visible;
+  }
+
+  void showGuide(Guide guide, bool visible) override {
+    note(name(guide), visible ? "shown" : "hidden");
+    line(guide).visible = visible;
+  }
+  void placeGuide(Guide guide, double at) override {
+    note(name(guide) + " at", generalText(at));
+    line(guide).at = at;
+  }
+  void setGuideEnds(Guide guide, double from, double to) override {
+    note(name(guide) + " from", generalText(from) + " to " + generalText(to));
+    line(guide).from = from;
+    line(guide).to = to;
+  }
+  void setGuideStyle(Guide guide, LineStyle style) override {
+    note(name(guide), style == LineStyle::dotted ? "dotted" : "solid");
+    line(guide).style = style;
+  }
+
+  void placeTag(double left, double top) override {
+    note("tag at", generalText(left) + " " + generalText(top));
+    tag.left = left;
+    tag.top = top;
+  }
+  void setTagCaption(std::string_view text) override {
+    note("tag", text);
+    tag.caption = text;
+  }
+  void showTag(bool visible) override {
+    note("tag", visible ? "shown" : "hidden");
+    tag.visible = visible;
+  }
+
+  Line& line(Guide guide) { return guides.at(static_cast<std::size_t>(guide)); }
 
   bool isVisible = false;
   bool isMinimised = false;
@@ -67,19 +154,38 @@ class MemoryPlotWindow : public PlotWindow {
   Font measuredFont;
   RecordingSurface surface;
   PenState penState;
-  std::vector<std::pair<int, bool>> borders;  ///< every border set, in order
+  DragState drag;
+  double pictureBorder = 0;
+  std::array<Handle, 4> handles;
+  std::array<Line, 2> guides;
+  Tag tag;
+  std::vector<std::string> calls;
   int restored = 0;
-  int guidesHidden = 0;
   int fronted = 0;
+  bool closed = false;
+
+ private:
+  static std::size_t index(int handle) { return static_cast<std::size_t>(handle); }
+  static std::string name(Guide guide) { return guide == Guide::Line1 ? "Line1" : "Line2"; }
+  Handle& handleAt(int handle) { return handles.at(index(handle)); }
+  void note(std::string_view what, std::string_view how) {
+    calls.push_back(std::string(what) + " " + std::string(how));
+  }
 };
 
 /// Windows that appear once they are used, by (direction, variable).
-class MemoryPlotWindows : public PlotWindows {
+class MemoryPlotWindows : public DirectionWindows {
  public:
   MemoryPlotWindow& plotwin(std::int64_t direction, std::int64_t variable) override {
     if (direction < 0 || direction >= kVariableSlots || variable < 0 || variable >= kVariableSlots)
       throwSubscript();
     return windows[{direction, variable}];
+  }
+  bool isOpen(std::int64_t direction, std::int64_t variable) const override {
+    if (direction < 0 || direction >= kVariableSlots || variable < 0 || variable >= kVariableSlots)
+      throwSubscript();
+    const auto found = windows.find({direction, variable});
+    return found != windows.end() && !found->second.closed;
   }
 
   std::map<std::pair<std::int64_t, std::int64_t>, MemoryPlotWindow> windows;
