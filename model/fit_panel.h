@@ -23,7 +23,8 @@ enum class List { Combo2, Combodirvar };
 /// really changes runs its handler before the setter returns, whoever sets it; one set to what it
 /// is runs nothing. A list runs its handler when another entry is chosen, not when none is. New
 /// bounds that shut out the position move it to the nearer bound, which is such a change. Positions
-/// start at 0 within bounds 0 to 32767, texts empty, boxes and options off, lists without an entry.
+/// start at 0 within bounds 0 to 32767, texts empty, boxes and options off, lists without an entry,
+/// letters "-".
 class FitPanel {
  public:
   virtual ~FitPanel() = default;

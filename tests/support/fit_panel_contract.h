@@ -55,6 +55,16 @@ TYPED_TEST_P(FitPanelContract, StartsEmptyAndOff) {
     EXPECT_FALSE(this->panel.ticked(box));
 }
 
+TYPED_TEST_P(FitPanelContract, StartsWithItsDesignCaptions) {
+  EXPECT_EQ(this->panel.caption(Caption::label10), "Model Expression");
+  EXPECT_EQ(this->panel.caption(Caption::Label18), "C0");
+  EXPECT_EQ(this->panel.caption(Caption::Label21), "a:");
+  EXPECT_EQ(this->panel.caption(Caption::Labelc), "");
+  EXPECT_EQ(this->panel.caption(Caption::Labelvariance), "");
+  for (int structure = 1; structure <= 3; ++structure)
+    EXPECT_EQ(this->panel.letter(structure), "-") << structure;
+}
+
 TYPED_TEST_P(FitPanelContract, TellsOfATextOnlyWhenItChanges) {
   for (const Field field : kFields) {
     this->panel.setText(field, "");
@@ -280,12 +290,13 @@ TYPED_TEST_P(FitPanelContract, DrawsWhenThePlotButtonIsGivenTheFocus) {
 }
 
 REGISTER_TYPED_TEST_SUITE_P(
-    FitPanelContract, StartsEmptyAndOff, TellsOfATextOnlyWhenItChanges, ShowsTheNewTextToItsHandler,
-    KeepsTheBytesOfATextThatIsNoNumber, EndsASetterWithWhatItsHandlerMadeOfIt,
-    TellsOfAPositionOnlyWhenItChanges, RefusesAPositionOutsideTheBoundsOfTheStart,
-    RefusesAPositionOutsideItsBounds, MovesAPositionThatNewBoundsShutOut, TakesStepsWithoutAnEvent,
-    KeepsCaptionsToTheLetter, KeepsALetterForEachStructure, TellsOfABoxOnlyWhenItChanges,
-    TellsOfABoxThatIsTakenOff, TellsOfALineOnlyWhenItsOptionChanges, SelectsTheLineThatItWasTold,
+    FitPanelContract, StartsEmptyAndOff, StartsWithItsDesignCaptions, TellsOfATextOnlyWhenItChanges,
+    ShowsTheNewTextToItsHandler, KeepsTheBytesOfATextThatIsNoNumber,
+    EndsASetterWithWhatItsHandlerMadeOfIt, TellsOfAPositionOnlyWhenItChanges,
+    RefusesAPositionOutsideTheBoundsOfTheStart, RefusesAPositionOutsideItsBounds,
+    MovesAPositionThatNewBoundsShutOut, TakesStepsWithoutAnEvent, KeepsCaptionsToTheLetter,
+    KeepsALetterForEachStructure, TellsOfABoxOnlyWhenItChanges, TellsOfABoxThatIsTakenOff,
+    TellsOfALineOnlyWhenItsOptionChanges, SelectsTheLineThatItWasTold,
     TellsOfAnEntryOnlyWhenAnotherIsChosen, RefusesAnEntryThatAListDoesNotHave,
     LetsRoutinesSetWhatTheUserCanNot, DrawsWhenThePlotButtonIsGivenTheFocus);
 

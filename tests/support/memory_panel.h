@@ -162,8 +162,8 @@ class MemoryPanel : public FitPanel {
   std::array<std::string, 2> texts_;
   std::array<int, 2> positions_{};
   std::array<Bounds, 2> bounds_;
-  std::array<std::string, 5> captions_;
-  std::array<std::string, 3> letters_;
+  std::array<std::string, 5> captions_{"Model Expression", "C0", "a:", "", ""};
+  std::array<std::string, 3> letters_{"-", "-", "-"};
   std::array<bool, 5> ticked_{};
   std::array<bool, 5> enabled_{true, true, true, true, true};
   int line_ = -1;

@@ -1,0 +1,257 @@
+// What the user does to the controls of the panel, by real clicks and keys, and how they look.
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <QTest>
+
+#include "tests/support/fit_fixture.h"
+#include "windows/fit_panel_widgets.h"
+
+namespace zevfit {
+namespace {
+
+/// The panel on the screen over a loaded file, with its controls by name.
+class PanelOnScreen : public testing::Test {
+ protected:
+  PanelOnScreen() {
+    panel.connectTo(fit);
+    panel.fillList(List::Combo2, {"zinc", "lead", "copper"});
+    panel.fillList(List::Combodirvar, {"0;0", "45;0", "90;0", "135;0"});
+    panel.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&panel)) << "the focus goes to active windows alone";
+    session.curvar = kVariable;
+    session.curdir = kDirection;
+  }
+
+  template <class Control>
+  Control* find(const char* name) {
+    auto* control = panel.findChild<Control*>(name);
+    EXPECT_NE(control, nullptr) << name;
+    return control;
+  }
+  void click(const char* name) { QTest::mouseClick(find<QWidget>(name), Qt::LeftButton); }
+  /// An option answers where its caption is.
+  void clickOption(const char* name) { find<QRadioButton>(name)->click(); }
+  void doubleClick(const char* name) { QTest::mouseDClick(find<QWidget>(name), Qt::LeftButton); }
+  int& typedSill() { return session.c0typed(kVariable, kDirection); }
+  int& typedRange() { return session.atyped(kVariable, kDirection); }
+
+  static constexpr auto kVariable = FitFixture::kVariable, kDirection = FitFixture::kDirection;
+
+  // The sample of the core's tests, on the widgets in place of its own panel.
+  FitFixture sample;
+  Session& session = sample.session;
+  RecordingPlotter& plotter = sample.plotter;
+  FitPanelWidgets panel;
+  Fit fit{session, panel, plotter, sample.dialogs};
+};
+
+TEST_F(PanelOnScreen, ControlsShowTheirDesignCaptions) {
+  struct Row {
+    const char* name;
+    const char* caption;
+  };
+  for (const Row& row : std::vector<Row>{{"est1", "Nugget Effect"},
+                                         {"est2", "Structure 1"},
+                                         {"est3", "Structure 2"},
+                                         {"est4", "Structure 3"},
+                                         {"tipo1", "E - Exponential"},
+                                         {"tipo2", "S - Spherical"},
+                                         {"tipo3", "G - Gaussian"},
+                                         {"tipo4", "P - Power"}})
+    EXPECT_EQ(find<QRadioButton>(row.name)->text(), row.caption);
+  for (const Row& row : std::vector<Row>{{"Frame1", "Select Structure"},
+                                         {"Frame2", "Plot"},
+                                         {"Frame3", "Select Model"},
+                                         {"label10", "Model Expression"}})
+    EXPECT_EQ(find<QGroupBox>(row.name)->title(), row.caption);
+  for (const Row& row : std::vector<Row>{{"Label8", "Variable"},
+                                         {"Label9", "Direction"},
+                                         {"Label18", "C0"},
+                                         {"Label21", "a:"},
+                                         {"Label23", "Ctotal"},
+                                         {"labelvari", "Sill"}})
+    EXPECT_EQ(find<QLabel>(row.name)->text(), row.caption);
+  EXPECT_EQ(find<QCheckBox>("psill")->text(), "PLot Sill");
+  EXPECT_EQ(find<QPushButton>("Command4")->text(), "[ h ]");
+  EXPECT_EQ(find<QPushButton>("Command5")->text(), "PLOT");
+}
+
+TEST_F(PanelOnScreen, ControlsHaveTheirTips) {
+  struct Row {
+    const char* name;
+    const char* tip;
+  };
+  for (const Row& row : std::vector<Row>{{"est2tipo", "Model for Structure 1"},
+                                         {"est3tipo", "Model for Structure 2"},
+                                         {"est4tipo", "Model for Structure 3"},
+                                         {"Combo2", "Select the Variable"},
+                                         {"Combodirvar", "Select the Direction"},
+                                         {"Command1", "Change X-Y scales"},
+                                         {"Command2", "Test - Cross Semivariogram"},
+                                         {"Command3", "Grid ON/OFF"},
+                                         {"Command4", "Legend h[units]"},
+                                         {"Command5", "Plot Theoretical Model"}})
+    EXPECT_EQ(find<QWidget>(row.name)->toolTip(), row.tip) << row.name;
+}
+
+TEST_F(PanelOnScreen, TheMouseOverTwoOptionsTellsThePair) {
+  QTest::mouseMove(find<QWidget>("est1"));
+  QTest::mouseMove(find<QWidget>("tipo1"));
+  EXPECT_EQ(find<QWidget>("est1")->toolTip(), "2");
+  EXPECT_EQ(find<QWidget>("tipo1")->toolTip(), "3");
+}
+
+TEST_F(PanelOnScreen, DisablingReachesTheNamedControls) {
+  struct Row {
+    Control control;
+    std::vector<const char*> names;
+  };
+  for (const Row& row : std::vector<Row>{{Control::Textc0, {"Textc0"}},
+                                         {Control::Texta, {"Texta"}},
+                                         {Control::HScrollc0, {"HScrollc0"}},
+                                         {Control::HScrolla, {"HScrolla"}},
+                                         {Control::tipos, {"tipo1", "tipo2", "tipo3", "tipo4"}}})
+    for (const bool enabled : {false, true}) {
+      panel.setEnabled(row.control, enabled);
+      for (const char* name : row.names)
+        EXPECT_EQ(find<QWidget>(name)->isEnabled(), enabled) << name;
+    }
+}
+
+TEST_F(PanelOnScreen, TheTotalAndItsLabelTakeTheBackgroundTogether) {
+  for (const Colour colour : {kRed, kLightGrey}) {
+    panel.setSillBackground(colour);
+    for (const char* name : {"Labelc", "labelvari"}) {
+      const auto* label = find<QLabel>(name);
+      EXPECT_TRUE(label->autoFillBackground()) << name;
+      const QColor ground = label->palette().color(QPalette::Window);
+      EXPECT_EQ(ground.red() + 256 * ground.green() + 65536 * ground.blue(), colour) << name;
+    }
+  }
+}
+
+TEST_F(PanelOnScreen, SlidersStepAsTheScalesSay) {
+  session.hmax(kVariable, kDirection) = 0.001;
+  scalesliders(fit, kDirection, kVariable);
+  EXPECT_EQ(find<QSlider>("HScrollc0")->singleStep(), 64);
+  EXPECT_EQ(find<QSlider>("HScrollc0")->pageStep(), 1600);
+  EXPECT_EQ(find<QSlider>("HScrolla")->maximum(), 639);
+  EXPECT_EQ(find<QSlider>("HScrolla")->singleStep(), 1);
+  EXPECT_EQ(find<QSlider>("HScrolla")->pageStep(), 31);
+}
+
+TEST_F(PanelOnScreen, AClickIntoAFieldLetsItDriveAndTheSlidersFocusTakesTheLead) {
+  click("Textc0");
+  EXPECT_EQ(typedSill(), 1);
+  click("Texta");
+  EXPECT_EQ(typedRange(), 1);
+  find<QSlider>("HScrollc0")->setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(typedSill(), 0);
+  EXPECT_EQ(typedRange(), 1);
+  find<QSlider>("HScrolla")->setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(typedRange(), 0);
+}
+
+TEST_F(PanelOnScreen, TypedKeysReachTheCellAndEnterDraws) {
+  clickOption("est2");
+  click("Textc0");
+  plotter.drawings = 0;
+  find<QLineEdit>("Textc0")->selectAll();
+  QTest::keyClicks(find<QWidget>("Textc0"), "2.5");
+  EXPECT_EQ(session.c1(kVariable, kDirection).number(), 2.5);
+  EXPECT_EQ(plotter.drawings, 0);
+  QTest::keyClick(find<QWidget>("Textc0"), Qt::Key_Return);
+  EXPECT_EQ(plotter.drawings, 1);
+  QTest::keyClick(find<QWidget>("Texta"), Qt::Key_Enter);
+  EXPECT_EQ(plotter.drawings, 2);
+}
+
+TEST_F(PanelOnScreen, AKeyOnTheSliderMovesTheSillByTheSmallStep) {
+  clickOption("est2");
+  plotter.drawings = 0;
+  auto* slider = find<QSlider>("HScrollc0");
+  slider->setFocus(Qt::TabFocusReason);
+  const int before = slider->value();
+  QTest::keyClick(slider, Qt::Key_Right);
+  EXPECT_EQ(slider->value(), before + 64);
+  EXPECT_EQ(session.c1(kVariable, kDirection).number(), 0.02) << "64 / 3200";
+  EXPECT_EQ(plotter.drawings, 1);
+}
+
+TEST_F(PanelOnScreen, AClickOnTheVarianceTakesItAsTheSill) {
+  clickOption("est3");
+  panel.setCaption(Caption::Labelvariance, "4.568");
+  typedSill() = 1;
+  click("Labelvariance");
+  EXPECT_EQ(typedSill(), 0);
+  EXPECT_EQ(session.c2(kVariable, kDirection).number(), 4.568);
+}
+
+TEST_F(PanelOnScreen, ADoubleClickAppliesALineAgain) {
+  clickOption("est2");
+  panel.setLetter(1, "P");
+  clickOption("est2");
+  EXPECT_TRUE(find<QWidget>("Textc0")->isEnabled()) << "no new choice";
+  doubleClick("est2");
+  EXPECT_FALSE(find<QWidget>("Textc0")->isEnabled());
+  EXPECT_EQ(find<QGroupBox>("label10")->title(), " h^a1  (0<a1<2)");
+}
+
+TEST_F(PanelOnScreen, ADoubleClickGivesAModelWithoutAFile) {
+  clickOption("est2");
+  session.loaded = false;
+  doubleClick("tipo3");
+  EXPECT_EQ(session.model1(kVariable, kDirection), "G");
+}
+
+TEST_F(PanelOnScreen, OptionsAndBoxesRunTheirHandlers) {
+  clickOption("est4");
+  clickOption("tipo2");
+  EXPECT_EQ(session.model3(kVariable, kDirection), "S");
+  EXPECT_EQ(find<QLabel>("est4tipo")->text(), "S");
+  EXPECT_TRUE(find<QCheckBox>("plot4")->isChecked());
+  EXPECT_EQ(session.use3(kVariable, kDirection), 1);
+  find<QCheckBox>("plot1")->click();
+  EXPECT_EQ(session.use0(kVariable, kDirection).number(), 1);
+}
+
+TEST_F(PanelOnScreen, ListsAndThePlotButtonChooseThePair) {
+  find<QComboBox>("Combo2")->setCurrentIndex(2);
+  find<QComboBox>("Combodirvar")->setCurrentIndex(1);
+  EXPECT_EQ(session.curvar, 3);
+  EXPECT_EQ(session.curdir, 2);
+  session.curvar = session.curdir = 1;
+  plotter.drawings = 0;
+  click("Command5");
+  EXPECT_EQ(session.curvar, 3);
+  EXPECT_EQ(session.curdir, 2);
+}
+
+TEST_F(PanelOnScreen, ThePlotButtonDrawsAtItsFocusAndAtItsClick) {
+  find<QWidget>("Textc0")->setFocus(Qt::TabFocusReason);
+  click("Command5");
+  EXPECT_EQ(plotter.drawings, 2) << "coming from elsewhere";
+  click("Command5");
+  EXPECT_EQ(plotter.drawings, 3);
+}
+
+TEST_F(PanelOnScreen, TheGridButtonSwapsTheColourAndDraws) {
+  session.axiscolor = kBlack;
+  click("Command3");
+  EXPECT_EQ(session.axiscolor, kWhite);
+  EXPECT_GE(plotter.drawings, 1);
+  click("Command3");
+  EXPECT_EQ(session.axiscolor, kBlack);
+}
+
+}  // namespace
+}  // namespace zevfit
