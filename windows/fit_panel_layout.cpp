@@ -3,7 +3,6 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -11,6 +10,7 @@
 #include <QSlider>
 #include <QVBoxLayout>
 
+#include "windows/controls.h"
 #include "windows/fit_panel_widgets.h"
 
 namespace zevfit {
@@ -19,7 +19,6 @@ namespace {
 
 constexpr int kPanelWidth = 300;
 constexpr int kStartMaximum = 32767;
-constexpr int kIconSide = 24;
 constexpr int kLineHeight = 26;
 
 constexpr std::array<const char*, 4> kLineCaptions{"Nugget Effect", "Structure 1", "Structure 2",
@@ -31,25 +30,9 @@ constexpr std::array<const char*, 4> kModelCaptions{"E - Exponential", "S - Sphe
                                                     "G - Gaussian", "P - Power"};
 constexpr std::array<const char*, 4> kBoxNames{"plot1", "plot2", "plot3", "plot4"};
 
-template <class Widget>
-Widget* named(Widget* widget, const char* name, const char* tip = nullptr) {
-  widget->setObjectName(name);
-  if (tip) widget->setToolTip(tip);
-  return widget;
-}
-
-QLabel* makeLabel(const char* name, const char* caption = "") {
-  auto* label = named(new QLabel(caption), name);
-  label->setTextFormat(Qt::PlainText);
-  return label;
-}
-
-QPushButton* makeIconButton(const char* name, const char* icon, const char* tip) {
-  auto* button = named(new QPushButton, name, tip);
-  button->setAccessibleName(tip);
-  button->setIcon(QIcon(QString(":/icons/%1.svg").arg(icon)));
-  button->setIconSize({kIconSide, kIconSide});
-  return button;
+/// A label that shows its text as it is, found by its name.
+QLabel* makeNamedLabel(const char* name, const char* caption = "") {
+  return named(makeLabel(caption), name);
 }
 
 QSlider* makeSlider(const char* name, const char* accessibleName) {
@@ -68,7 +51,7 @@ QLineEdit* makeField(const char* name, const char* accessibleName) {
 
 /// A label that shows a number on a ground of its own.
 QLabel* makeReadout(const char* name) {
-  QLabel* label = makeLabel(name);
+  QLabel* label = makeNamedLabel(name);
   label->setFrameStyle(int{QFrame::Panel} | int{QFrame::Sunken});
   label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   label->setMinimumWidth(90);
@@ -91,9 +74,9 @@ FitPanelWidgets::FitPanelWidgets(QWidget* parent) : QWidget(parent) {
 }
 
 void FitPanelWidgets::makeLists() {
-  Label8 = makeLabel("Label8", "Variable");
+  Label8 = makeNamedLabel("Label8", "Variable");
   Combo2 = named(new QComboBox, "Combo2", "Select the Variable");
-  Label9 = makeLabel("Label9", "Direction");
+  Label9 = makeNamedLabel("Label9", "Direction");
   Combodirvar = named(new QComboBox, "Combodirvar", "Select the Direction");
   Label8->setBuddy(Combo2);
   Label9->setBuddy(Combodirvar);
@@ -117,7 +100,7 @@ void FitPanelWidgets::makeLines() {
   }
   est[0]->setMouseTracking(true);
   for (std::size_t i = 0; i < esttipo.size(); ++i) {
-    esttipo[i] = makeLabel(kLetterNames[i], "-");
+    esttipo[i] = makeNamedLabel(kLetterNames[i], "-");
     esttipo[i]->setToolTip(kLetterTips[i]);
     esttipo[i]->setAccessibleName(kLetterTips[i]);
     esttipo[i]->setMinimumWidth(16);
@@ -140,15 +123,15 @@ void FitPanelWidgets::makeModels() {
 
 void FitPanelWidgets::makeValues() {
   label10 = named(new QGroupBox("Model Expression"), "label10");
-  Label18 = makeLabel("Label18", "C0");
-  Label21 = makeLabel("Label21", "a:");
+  Label18 = makeNamedLabel("Label18", "C0");
+  Label21 = makeNamedLabel("Label21", "a:");
   Textc0 = makeField("Textc0", "Sill of the selected line");
   Texta = makeField("Texta", "Range of the selected structure");
   HScrollc0 = makeSlider("HScrollc0", "Sill of the selected line");
   HScrolla = makeSlider("HScrolla", "Range of the selected structure");
-  Label23 = makeLabel("Label23", "Ctotal");
+  Label23 = makeNamedLabel("Label23", "Ctotal");
   Labelc = makeReadout("Labelc");
-  labelvari = makeLabel("labelvari", "Sill");
+  labelvari = makeNamedLabel("labelvari", "Sill");
   labelvari->setMargin(2);
   Labelvariance = makeReadout("Labelvariance");
   Labelvariance->setToolTip("Click to use the variance as the sill of the selected line");
@@ -157,9 +140,9 @@ void FitPanelWidgets::makeValues() {
 }
 
 void FitPanelWidgets::makeButtons() {
-  Command1 = makeIconButton("Command1", "scales", "Change X-Y scales");
-  Command2 = makeIconButton("Command2", "crosstest", "Test - Cross Semivariogram");
-  Command3 = makeIconButton("Command3", "grid", "Grid ON/OFF");
+  Command1 = makeIconButton("Command1", "scales", "Change X-Y scales", {});
+  Command2 = makeIconButton("Command2", "crosstest", "Test - Cross Semivariogram", {});
+  Command3 = makeIconButton("Command3", "grid", "Grid ON/OFF", {});
   Command4 = named(new QPushButton("[ h ]"), "Command4", "Legend h[units]");
   Command5 = named(new QPushButton("PLOT"), "Command5", "Plot Theoretical Model");
   Command5->setShortcut(Qt::ALT | Qt::Key_P);

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLayout>
 #include <QMdiArea>
+#include <algorithm>
 #include <cmath>
 
 #include "windows/quiet_focus.h"
@@ -168,6 +169,19 @@ void Formod::toFront() {
 void Formod::closeEvent(QCloseEvent* event) {
   loaded_ = false;
   QMdiSubWindow::closeEvent(event);
+}
+
+void Formod::hideEvent(QHideEvent* event) {
+  QMdiSubWindow::hideEvent(event);
+  if (!loaded_ && mdiArea()) activateFormer();
+}
+
+void Formod::activateFormer() {
+  const auto history = mdiArea()->subWindowList(QMdiArea::ActivationHistoryOrder);
+  const auto former = std::find_if(history.rbegin(), history.rend(), [](const auto* window) {
+    return window->isVisible() && !window->isMinimized();
+  });
+  if (former != history.rend()) mdiArea()->setActiveSubWindow(*former);
 }
 
 void Formod::resizeEvent(QResizeEvent* event) {

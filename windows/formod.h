@@ -50,9 +50,12 @@ class Formod : public QMdiSubWindow, public PlotWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  /// The plot window that was active before this one takes its place.
+  void activateFormer();
   QLabel* makeOverlay(const QString& name, const QString& text, bool bold);
   QFrame* makeGuide(const QString& name);
   /// Gives the window the frame that leaves the content its nominal size.
