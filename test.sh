@@ -7,6 +7,7 @@
 #   lint      format, clang-tidy, shell scripts
 #   fuzz      each fuzz target for a short while
 #   bench     the benchmarks with their yardsticks; not part of a run without names
+#   pictures  takes the pictures of the documentation from the program; the same
 #   coverage  lines and branches that the tests reach, by folder; the same
 # The last line is "N passed, N failed": the cases of all tests, and every other check as one.
 set -uo pipefail
@@ -165,6 +166,15 @@ stage_bench() {
     if [ ! -f "$program" ] || [ ! -x "$program" ]; then continue; fi
     check "bench: $(basename "$program")" env QT_QPA_PLATFORM=offscreen "$program"
     cat "$log"
+  done
+}
+
+stage_pictures() {
+  prepare "pictures: build" build debug zevfit_pictures || return
+  local scale
+  for scale in 1 2; do
+    check "pictures: at ${scale}00 %" env QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR="$scale" \
+      build/debug/tests/zevfit_pictures examples/meuse.zvm docs/pictures "-${scale}00"
   done
 }
 

@@ -66,7 +66,7 @@ void play(const QString& example, Album& album) {
   QFile::copy(example, file);
   Program program(folder.path().toStdString());
   program.window().showAbout();
-  album.keep(program.window(), "start");
+  album.keep(program.control<QWidget>("formabout"), "about");
   program.dialogs().files.push_back(file.toStdString());
   Program::inModal([&] { program.trigger("k1"); },
                    [&](QWidget& modal) {
@@ -74,14 +74,13 @@ void play(const QString& example, Album& album) {
                      Program::find<QAbstractButton>(modal, "Command2").click();
                    });
   album.keep(program.window(), "main-window");
-  for (const Line& line : {Line{"est1", nullptr, "0.08", ""}, Line{"est2", "tipo2", "0.35", "900"},
-                           Line{"est3", "tipo1", "0.45", "1500"}})
+  for (const Line& line : {Line{"est1", nullptr, "0.1", ""}, Line{"est2", "tipo2", "0.75", "1400"}})
     fitLine(program, line);
   program.window().plotvariogram();
   album.keep(program.control<QWidget>("Formod"), "plot");
-  for (const int direction : {1, 2, 3}) openDirection(program, direction);
-  program.trigger("k6");
-  openDirection(program, 0);
+  openDirection(program, 1);
+  program.trigger("k7");
+  for (const int direction : {1, 1, 0, 0}) openDirection(program, direction);
   album.keep(program.window(), "fit");
 }
 
