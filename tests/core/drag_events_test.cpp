@@ -1,0 +1,344 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "session/fault.h"
+#include "tests/support/drag_bench.h"
+
+namespace zevfit {
+namespace {
+
+using CellTable = PairTable<Cell> Session::*;
+constexpr CellTable kCells[] = {&Session::c0, &Session::c1, &Session::c2, &Session::c3,
+                                &Session::a1, &Session::a2, &Session::a3};
+
+TEST(Drag, WritesTheOneParameterOfItsHandleAndAxis) {
+  struct {
+    int handle;
+    std::int16_t dragaxis;
+    CellTable cell;
+  } const rows[] = {
+      {0, 0, &Session::c0}, {0, 1, &Session::c0}, {0, 2, &Session::c0}, {1, 2, &Session::c1},
+      {1, 1, &Session::a1}, {1, 0, &Session::a1}, {2, 2, &Session::c2}, {2, 1, &Session::a2},
+      {2, 0, &Session::a2}, {3, 2, &Session::c3}, {3, 1, &Session::a3}, {3, 0, &Session::a3},
+  };
+  for (const auto& row : rows) {
+    const std::string name =
+        "handle " + std::to_string(row.handle) + ", axis " + std::to_string(row.dragaxis);
+    DragBench bench;
+    bench.select(row.handle);
+    bench.held(row.handle) = 1;
+    bench.window().drag.dragaxis = row.dragaxis;
+    const Session before = bench.session;
+    // (2868 - 3120) / (600 - 3120) * 10 = 1, (3234 - 800) / 4868 * 100 = 50.
+    bench.moveTo(3234, 2868);
+    const bool isSill = row.dragaxis == 2 || row.handle == 0;
+    for (const CellTable cell : kCells) {
+      const double expected = cell != row.cell ? (before.*cell)(kVariable, kDirection).number()
+                              : isSill         ? 1
+                                               : 50;
+      EXPECT_DOUBLE_EQ((bench.session.*cell)(kVariable, kDirection).number(), expected) << name;
+    }
+    const Field field = isSill ? Field::c0 : Field::a;
+    EXPECT_EQ(bench.panel.text(field), isSill ? "1." : "50.") << name;
+    EXPECT_EQ(bench.session.dragging, 1) << name;
+    EXPECT_EQ(bench.drawings, 1) << name;
+  }
+}
+
+TEST(Drag, StopsAtTheEdgesOfTheBox) {
+  struct {
+    const char* name;
+    double x, y;
+    double range, sill;
+    double left, top;
+  } const rows[] = {
+      {"far below", 3234, 1e6, 50, 0, 3234, 3120},
+      {"far above", 3234, -1e6, 50, 10, 3234, 600},
+      {"far to the right", 1e6, 1860, 100, 5, 5668, 1860},
+      // The drawing makes 0.00001 of a range of 0.
+      {"far to the left", -1e6, 1860, 1e-05, 5, 800, 1860},
+      {"one beyond the lower right corner", 5669, 3121, 100, 0, 5668, 3120},
+      {"one beyond the upper left corner", 799, 599, 1e-05, 10, 800, 600},
+  };
+  for (const auto& row : rows) {
+    for (const std::int16_t axis : {std::int16_t{1}, std::int16_t{2}}) {
+      DragBench bench;
+      bench.select(1);
+      bench.held(1) = 1;
+      bench.window().drag.dragaxis = axis;
+      bench.moveTo(row.x, row.y);
+      const double written = axis == 1 ? bench.range(1) : bench.sill(1);
+      EXPECT_EQ(written, axis == 1 ? row.range : row.sill) << row.name;
+      const auto& handle = bench.window().handles[1];
+      EXPECT_EQ(handle.left, row.left) << row.name;
+      EXPECT_EQ(handle.top, row.top) << row.name;
+      EXPECT_TRUE(handle.visible) << row.name;
+      // The mouse itself is kept as it is.
+      EXPECT_EQ(bench.window().drag.cursorx, row.x) << row.name;
+      EXPECT_EQ(bench.window().drag.cursory, row.y) << row.name;
+    }
+  }
+}
+
+TEST(Drag, ReachesTheEndsOfAnAxisBelowZeroExactly) {
+  for (const double y : {1e6, -1e6}) {
+    DragBench bench;
+    bench.session.ymin(kVariable, kDirection) = -4.4321;
+    bench.session.ymax(kVariable, kDirection) = 12.9876;
+    bench.select(1);
+    bench.held(1) = 1;
+    bench.window().drag.dragaxis = 2;
+    bench.moveTo(3234, y);
+    // The texts are "-4.432", which is taken, and "12.988", which is above the axis: then the cell
+    // stays, and the field shows it.
+    EXPECT_EQ(bench.sill(1), y > 0 ? -4.432 : 12.9876);
+    EXPECT_EQ(bench.panel.text(Field::c0), y > 0 ? "-4.432" : "12.9876");
+  }
+}
+
+TEST(Drag, CellTakesTheValueAndTheFieldItsText) {
+  // (2489 - 3120) / -2520 * 10 = 2.50396825..., (2020 - 800) / 4868 * 100 = 25.0616269...
+  struct {
+    std::int16_t dragaxis;
+    bool selected;
+    CellTable cell;
+    double value;
+    Field field;
+    const char* text;
+  } const rows[] = {
+      {2, false, &Session::c1, 631.0 / 252, Field::c0, "2.504"},
+      {2, true, &Session::c1, 2.504, Field::c0, "2.504"},
+      {1, false, &Session::a1, 1220.0 / 48.68, Field::a, "25.062"},
+      {1, true, &Session::a1, 25.062, Field::a, "25.062"},
+  };
+  for (const auto& row : rows) {
+    DragBench bench;
+    // The field's own handler stores what it reads for the selected line.
+    if (row.selected) bench.select(1);
+    bench.held(1) = 1;
+    bench.window().drag.dragaxis = row.dragaxis;
+    bench.moveTo(2020, 2489);
+    EXPECT_DOUBLE_EQ((bench.session.*row.cell)(kVariable, kDirection).number(), row.value);
+    EXPECT_EQ(bench.panel.text(row.field), row.text);
+  }
+}
+
+TEST(Drag, GivesZeroAsABarePoint) {
+  DragBench bench;
+  bench.select(0);
+  bench.held(0) = 1;
+  bench.moveTo(2400, 4000);
+  EXPECT_EQ(bench.panel.text(Field::c0), ".");
+  EXPECT_EQ(bench.sill(0), 0);
+}
+
+TEST(Drag, MovesPassAFreeHandleBy) {
+  DragBench bench;
+  bench.session.atyped(kVariable, kDirection) = 1;
+  bench.session.dragsel = {0, 0, 0, 0, 1};
+  bench.moveTo(2000, 1000.5);
+  EXPECT_TRUE(bench.window().calls.empty());
+  EXPECT_TRUE(bench.panel.calls.empty());
+  EXPECT_EQ(bench.session.dragging, 0);
+  EXPECT_EQ(bench.session.atyped(kVariable, kDirection), 1);
+  EXPECT_EQ(bench.window().drag.cursorx, 2000);
+  EXPECT_EQ(bench.window().drag.cursory, 1000.5F);
+}
+
+TEST(Drag, MovesRedrawsAndShowsTheHandleInThisOrder) {
+  DragBench bench;
+  bench.session.atyped(kVariable, kDirection) = 1;
+  bench.select(2);
+  bench.held(2) = 1;
+  bench.window().drag.dragaxis = 1;
+  bench.moveTo(3234, 1860);
+  EXPECT_EQ(bench.window().calls, (Calls{"move 2 3234 1860", "draw", "handle 2 hidden",
+                                         "Line1 at 3234", "Line2 at 1860", "handle 2 shown"}));
+  // The drag owns the range, or the field would not have redrawn.
+  EXPECT_EQ(bench.session.atyped(kVariable, kDirection), 0);
+}
+
+TEST(Drag, KeepsShowmodelFromWritingBack) {
+  DragBench bench;
+  bench.select(1);
+  bench.held(1) = 1;
+  bench.window().drag.dragaxis = 2;
+  bench.panel.setText(Field::a, "33");
+  bench.session.a1(kVariable, kDirection) = 44;
+  bench.moveTo(3234, 1860);
+  EXPECT_EQ(bench.panel.text(Field::a), "33");
+  EXPECT_EQ(bench.panel.text(Field::c0), "5.");
+}
+
+TEST(Drag, MoveOverAHandleCountsFromItsCorner) {
+  DragBench bench;
+  bench.select(1);
+  bench.held(1) = 1;
+  bench.window().drag.dragaxis = 1;
+  bench.window().handles[1].left = 2000;
+  bench.window().handles[1].top = 1500;
+  estru_MouseMove(bench.fit, bench.windows, bench.window(), 1, 17, 30.5);
+  EXPECT_EQ(bench.window().drag.cursorx, 2017);
+  EXPECT_EQ(bench.window().drag.cursory, 1530.5F);
+  EXPECT_EQ(bench.range(1), 25);
+  EXPECT_EQ(bench.window().handles[1].left, 2017);
+  EXPECT_EQ(bench.window().handles[1].top, 1530.5);
+  // Once more at the same place of the handle: it runs ahead of the mouse by no more than that.
+  estru_MouseMove(bench.fit, bench.windows, bench.window(), 1, 0, 0);
+  EXPECT_EQ(bench.range(1), 25);
+}
+
+TEST(Drag, AHandleOverWhichTheMouseMovesNeedNotBeTheHeldOne) {
+  DragBench bench;
+  bench.select(1);
+  bench.held(1) = 1;
+  bench.window().drag.dragaxis = 1;
+  bench.window().handles[3].left = 3000;
+  bench.window().handles[3].top = 1500;
+  estru_MouseMove(bench.fit, bench.windows, bench.window(), 3, 234, 0);
+  EXPECT_EQ(bench.range(1), 50);
+  EXPECT_EQ(bench.window().handles[3].left, 3000);
+}
+
+TEST(Drag, AllHeldHandlesFollow) {
+  DragBench bench;
+  bench.select(3);
+  bench.held(1) = bench.held(3) = 1;
+  bench.window().drag.dragaxis = 2;
+  bench.moveTo(3234, 1860);
+  // The text of the second one is that of the first and runs no handler, but its cell is written.
+  EXPECT_EQ(bench.sill(1), 5);
+  EXPECT_EQ(bench.sill(3), 5);
+  EXPECT_EQ(bench.sill(2), 5);
+  EXPECT_EQ(bench.sill(0), 2);
+  for (const int handle : {1, 3}) {
+    EXPECT_EQ(bench.window().handles.at(static_cast<std::size_t>(handle)).left, 3234);
+    EXPECT_TRUE(bench.window().handles.at(static_cast<std::size_t>(handle)).visible);
+  }
+  EXPECT_FALSE(bench.window().handles[2].visible);
+}
+
+TEST(Drag, TypedSillWaitsForTheClick) {
+  DragBench bench;
+  bench.select(1);
+  bench.held(1) = 1;
+  bench.window().drag.dragaxis = 2;
+  bench.session.c0typed(kVariable, kDirection) = 1;
+  bench.moveTo(3234, 1860);
+  EXPECT_EQ(bench.sill(1), 5);
+  EXPECT_EQ(bench.drawings, 0);
+}
+
+TEST(Drag, BoxIsInsideTheBorderOfThePicture) {
+  DragBench bench;
+  bench.select(1);
+  bench.held(1) = 1;
+  bench.window().drag.dragaxis = 1;
+  bench.window().pictureBorder = 30;  // the box ends at 6408 - 800 and at 3660 - 600
+  bench.moveTo(90000, 90000);
+  EXPECT_EQ(bench.window().handles[1].left, 5608);
+  EXPECT_EQ(bench.window().handles[1].top, 3060);
+  EXPECT_EQ(bench.range(1), 100);
+}
+
+TEST(Drag, BoxAndParameterAreThoseOfTheCurrentPair) {
+  DragBench bench;
+  MemoryPlotWindow& other = bench.window(2, 1);
+  other.setPictureSize(2000, 1700);  // its box goes from 800 to 1200 and from 600 to 1100
+  other.isVisible = true;
+  bench.session.curvar = 2;
+  bench.session.curdir = 1;
+  bench.session.xmax(2, 1) = 40;
+  bench.session.atyped(2, 1) = bench.session.atyped(1, 2) = 1;
+  bench.select(1);
+  bench.held(1) = 1;
+  bench.window().drag.dragaxis = 1;
+  bench.moveTo(900, 5000);
+  EXPECT_EQ(bench.session.a1(2, 1).number(), 10);  // 100 / 400 * 40
+  EXPECT_EQ(bench.range(1), 25);
+  EXPECT_EQ(bench.session.atyped(2, 1), 0);
+  EXPECT_EQ(bench.session.atyped(1, 2), 1);
+  // The handle that moves is this window's own.
+  EXPECT_EQ(bench.window().handles[1].left, 900);
+  EXPECT_EQ(bench.window().handles[1].top, 1100);
+  EXPECT_FALSE(other.handles[1].visible);
+}
+
+TEST(Drag, HandleStaysHiddenInABoxOfNoSize) {
+  DragBench bench;
+  bench.select(1);
+  bench.held(1) = 1;
+  bench.window().drag.dragaxis = 1;
+  bench.session.atyped(kVariable, kDirection) = 1;
+  bench.panel.setText(Field::a, "1");
+  bench.window().setPictureSize(1500, 3720);  // from 800 to 700
+  bench.moveTo(750, 1860);
+  // (800 - 800) / (700 - 800) * 100
+  EXPECT_EQ(bench.panel.text(Field::a), ".");
+  EXPECT_EQ(bench.window().handles[1].left, 800);
+  EXPECT_FALSE(bench.window().handles[1].visible);
+}
+
+TEST(Drag, FaultsPassToTheCaller) {
+  struct {
+    const char* name;
+    void (*spoil)(DragBench& bench);
+  } const rows[] = {
+      {"no width", [](DragBench& bench) { bench.window().setPictureSize(1600, 3720); }},
+      {"no pair", [](DragBench& bench) { bench.session.curdir = -1; }},
+      {"overflow", [](DragBench& bench) { bench.session.xmax(kVariable, kDirection) = HUGE_VAL; }},
+  };
+  for (const auto& row : rows) {
+    DragBench bench;
+    bench.held(1) = 1;
+    bench.window().drag.dragaxis = 1;
+    row.spoil(bench);
+    EXPECT_THROW(bench.moveTo(3000, 2000), Fault) << row.name;
+  }
+}
+
+TEST(Drag, PlaceBeyondSinglePrecisionIsAFault) {
+  DragBench bench;
+  EXPECT_THROW(bench.moveTo(0, 1e39), Fault);
+  EXPECT_THROW(bench.moveTo(0, -1e39), Fault);
+}
+
+TEST(Drag, LeftButtonNeverChangesASillNorTheRightOneARange) {
+  for (const MouseButton button : {MouseButton::left, MouseButton::right}) {
+    for (int handle = 1; handle < kLines; ++handle) {
+      DragBench bench;
+      Picture4_MouseUp(bench.fit, bench.window());
+      const double sill = bench.sill(handle), range = bench.range(handle);
+      bench.press(handle, button);
+      bench.moveTo(1000, 700);
+      bench.moveTo(5000, 3000);
+      bench.release(handle, button);
+      estru_Click(bench.fit);
+      const bool isLeft = button == MouseButton::left;
+      EXPECT_EQ(bench.sill(handle) == sill, isLeft) << handle;
+      EXPECT_EQ(bench.range(handle) == range, !isLeft) << handle;
+      EXPECT_EQ(bench.session.dragging, 0);
+    }
+  }
+}
+
+TEST(Drag, NuggetLeavesItsColumnAndReturnsToIt) {
+  DragBench bench;
+  Picture4_MouseUp(bench.fit, bench.window());
+  EXPECT_EQ(bench.window().handles[0].left, 2400);
+  bench.press(0);
+  bench.moveTo(4000, 1860);
+  EXPECT_EQ(bench.window().handles[0].left, 4000);
+  EXPECT_EQ(bench.sill(0), 5);
+  bench.moveTo(1000, 1860);
+  EXPECT_EQ(bench.window().handles[0].left, 1000);
+  EXPECT_EQ(bench.sill(0), 5);
+  bench.release(0);
+  Picture4_MouseUp(bench.fit, bench.window());
+  EXPECT_EQ(bench.window().handles[0].left, 2400);
+  EXPECT_EQ(bench.window().handles[0].top, 1860);
+}
+
+}  // namespace
+}  // namespace zevfit
