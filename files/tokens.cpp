@@ -14,6 +14,15 @@ std::optional<float> floatOf(std::string_view token) {
   return token.empty() ? 0 : wholeFloat(token);
 }
 
+std::optional<std::int32_t> integerToken(TokenStream& in) {
+  const auto token = in.number();
+  const auto value = token ? numberOf(*token) : std::nullopt;
+  if (!value) return std::nullopt;
+  const double nearest = std::nearbyint(*value);
+  if (!(nearest >= INT32_MIN && nearest <= INT32_MAX)) return std::nullopt;
+  return static_cast<std::int32_t>(nearest);
+}
+
 std::string_view TokenStream::field() {
   const std::size_t end = std::min(bytes_.find_first_of(",\r\n", at_), bytes_.size());
   const std::string_view taken = bytes_.substr(at_, end - at_);
@@ -45,6 +54,15 @@ std::optional<std::string_view> TokenStream::number() {
   const std::string_view token = bytes_.substr(first, at_ - first);
   skipDelimiter();
   return token;
+}
+
+std::optional<std::string_view> TokenStream::line() {
+  if (atEnd()) return std::nullopt;
+  const std::size_t end = std::min(bytes_.find_first_of("\r\n", at_), bytes_.size());
+  const std::string_view taken = bytes_.substr(at_, end - at_);
+  at_ = end;
+  if (!atEnd()) skipLineEnd();
+  return taken;
 }
 
 }  // namespace zevfit

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string_view>
 #include <system_error>
@@ -12,6 +13,12 @@ namespace zevfit {
 /// The value of a number token: 0 for an empty one; nothing where it is a text.
 std::optional<double> numberOf(std::string_view token);
 std::optional<float> floatOf(std::string_view token);
+
+class TokenStream;
+
+/// The next number token as a 32 bit integer, the nearest one, ties to even. Nothing when the
+/// stream ends first, and for a text or a number beyond its range.
+std::optional<std::int32_t> integerToken(TokenStream& in);
 
 /// Free-field tokens over a stream of bytes; line ends are CR LF, LF or CR and mean no more than a
 /// blank does, but that they end a token. A token takes its delimiter with it: blanks and tabs
@@ -32,6 +39,10 @@ class TokenStream {
   /// Nothing when the stream ends first.
   std::optional<std::string_view> number();
 
+  /// All up to the next line end, which is taken with it; nothing in front is skipped. Nothing when
+  /// the stream has ended.
+  std::optional<std::string_view> line();
+
   /// The next token as a number where it has the usual form; nothing, and no byte taken but those
   /// skipped in front, where number() must have a closer look.
   template <class Number>
@@ -49,9 +60,13 @@ class TokenStream {
     while (at_ < bytes_.size() && isBlank(bytes_[at_])) ++at_;
     if (at_ == bytes_.size()) return;
     const char delimiter = bytes_[at_];
-    if (delimiter != ',' && !isLineEnd(delimiter)) return;
-    ++at_;
-    if (delimiter == '\r' && at_ < bytes_.size() && bytes_[at_] == '\n') ++at_;
+    if (isLineEnd(delimiter)) return skipLineEnd();
+    if (delimiter == ',') ++at_;
+  }
+  /// Takes the line end that stands next; CR LF is one.
+  void skipLineEnd() {
+    const bool carriageReturn = bytes_[at_++] == '\r';
+    if (carriageReturn && at_ < bytes_.size() && bytes_[at_] == '\n') ++at_;
   }
   std::string_view quoted();
   /// Up to the next comma or line end, which stays.
