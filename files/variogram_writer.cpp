@@ -179,7 +179,7 @@ void ModelSaver::gravando(Session& session, std::int16_t listedVariables, Dialog
     save(session, listedVariables, dialogs);
   } catch (const std::exception&) {
     dialogs.plain("Cannot save  models to file:\n-" + session.inputfile);
-    leftOpen_.reset();
+    closeFiles();
   }
 }
 

@@ -31,6 +31,9 @@ class ModelSaver {
   /// stays behind open, so that exactly the next save fails.
   void gravando(Session& session, std::int16_t listedVariables, Dialogs& dialogs);
 
+  /// Closes the temporary file that a save has left open.
+  void closeFiles() { leftOpen_.reset(); }
+
  private:
   void save(Session& session, std::int16_t listedVariables, Dialogs& dialogs);
 
