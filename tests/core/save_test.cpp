@@ -189,6 +189,15 @@ TEST(Save, OldFileThatEndsTooEarlyFailsOnceMore) {
   }
 }
 
+TEST(Save, FilesClosedInBetweenLetTheNextSaveSucceed) {
+  Desk desk;
+  putFile(desk.file, "t");
+  EXPECT_EQ(desk.save(), (Boxes{desk.question, desk.bad}));
+  desk.saver.closeFiles();
+  putFile(desk.file, sampleFile("zevra"));
+  EXPECT_EQ(desk.save(), (Boxes{desk.question, desk.saved}));
+}
+
 TEST(Save, OldFileThatEndsTooEarlyLeavesWhatWasBuilt) {
   Desk desk;
   putFile(desk.file, "title\r\nzevlag\r\n 7 \r\n");

@@ -186,5 +186,57 @@ TEST(PlainNumber, OfAFloatIsRoundedOnce) {
   EXPECT_EQ(in.number(), "1e39");
 }
 
+Tokens allLines(const std::string& bytes) {
+  TokenStream in(bytes);
+  Tokens taken;
+  while (const auto line = in.line()) taken.emplace_back(*line);
+  EXPECT_TRUE(in.atEnd());
+  return taken;
+}
+
+TEST(WholeLine, RunsToTheLineEnd) {
+  const Case cases[] = {
+      {"nothing", "", {}},
+      {"to the end of the stream", "a, \"b\" ", {"a, \"b\" "}},
+      {"blanks in front and behind stay", "  a\t\r\n b \r\n", {"  a\t", " b "}},
+      {"empty lines count", "\r\n\n\ra", {"", "", "", "a"}},
+      {"the last line end ends a line alone", "a\r\n", {"a"}},
+      {"carriage return at the end", "a\r", {"a"}},
+  };
+  for (const Case& c : cases) EXPECT_EQ(allLines(c.bytes), c.tokens) << c.name;
+}
+
+TEST(WholeLine, BehindANumberBeginsBehindItsDelimiter) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"7 \r\n a", " a"}, {"7\n\na", ""}, {"7 \t, a", " a"}, {"7  a", "a"}, {"7,\ra", ""},
+  };
+  for (const auto& [bytes, line] : cases) {
+    TokenStream in(bytes);
+    EXPECT_EQ(in.number(), "7") << bytes;
+    EXPECT_EQ(in.line(), line) << bytes;
+  }
+}
+
+TEST(IntegerToken, IsTheNearestOfItsRange) {
+  const std::pair<const char*, std::optional<std::int32_t>> cases[] = {
+      {" 7 ", 7},
+      {"-2.5", -2},
+      {"3.5", 4},
+      {"2147483647.4", 2147483647},
+      {"2147483647.5", std::nullopt},
+      {"-2147483648.5", -2147483647 - 1},
+      {"-2147483649", std::nullopt},
+      {"1E400", std::nullopt},
+      {"7x", std::nullopt},
+      {"nan", std::nullopt},
+      {",", 0},
+      {" ", std::nullopt},
+  };
+  for (const auto& [bytes, value] : cases) {
+    TokenStream in(bytes);
+    EXPECT_EQ(integerToken(in), value) << bytes;
+  }
+}
+
 }  // namespace
 }  // namespace zevfit
