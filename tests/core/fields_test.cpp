@@ -14,7 +14,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-const std::vector<ShownDialog> kNoFile{{"plain", "Please select input data file (*.ZVM) first!"}};
+const std::vector<std::string> kNoFile{"plain: Please select input data file (*.ZVM) first!"};
 
 class Fields : public testing::Test, protected FitFixture {
  protected:

@@ -11,7 +11,7 @@
 namespace zevfit {
 namespace {
 
-using Shown = std::vector<ShownDialog>;
+using Shown = std::vector<std::string>;
 
 struct LimitRow {
   int structure;
@@ -69,7 +69,7 @@ TEST_F(PowerLimit, WarnsAndResetsTheFieldOfEachStructureInItsOwnWay) {
     noteOrder(order);
     sample();
     panel.events = events;
-    EXPECT_EQ(dialogs.shown, (Shown{{"warning", row.warning}}));
+    EXPECT_EQ(dialogs.shown, (Shown{"warning: " + std::string(row.warning)}));
     dialogs.shown.clear();
     EXPECT_EQ(panel.text(Field::a), row.text);
     EXPECT_EQ(panel.position(Slider::a), row.position);
@@ -116,7 +116,7 @@ TEST_F(PowerLimit, EndsTheSamplingAtTheFirstBadStructure) {
   cell(&Session::atyped) = 1;
   for (int structure = 1; structure <= 3; ++structure) givePower(structure, 3);
   sample();
-  EXPECT_EQ(dialogs.shown, (Shown{{"warning", kRows[0].warning}}));
+  EXPECT_EQ(dialogs.shown, (Shown{"warning: " + std::string(kRows[0].warning)}));
 }
 
 TEST_F(PowerLimit, StoresTheResetInTheSelectedStructure) {

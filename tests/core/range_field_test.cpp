@@ -19,7 +19,7 @@ TEST_F(RangeField, AsksForAFile) {
   session.loaded = false;
   panel.setText(Field::a, "3");
   EXPECT_EQ(dialogs.shown,
-            (std::vector<ShownDialog>{{"plain", "Please select input data file (*.ZVM) first!"}}));
+            (std::vector<std::string>{"plain: Please select input data file (*.ZVM) first!"}));
   EXPECT_EQ(number(&Session::a1), 1e-05);
   EXPECT_EQ(panel.text(Field::a), "3");
 }
@@ -111,7 +111,7 @@ TEST_F(RangeField, TheDormantCheckWouldTakeARangeBackToTwo) {
   EXPECT_TRUE(dialogs.shown.empty()) << "2 itself passes";
   plotter.drawings = 0;
   panel.setText(Field::a, "3");
-  EXPECT_EQ(dialogs.shown, (std::vector<ShownDialog>{{"warning", "Power Model (0 < a < 2)"}}));
+  EXPECT_EQ(dialogs.shown, (std::vector<std::string>{"warning: Power Model (0 < a < 2)"}));
   EXPECT_EQ(panel.text(Field::a), "2.") << "by the slider's own event";
   EXPECT_EQ(number(&Session::a1), 2);
   EXPECT_EQ(panel.position(Slider::a), 32) << "2 * 32000 / 1999.9999";

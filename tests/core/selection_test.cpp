@@ -224,7 +224,7 @@ TEST(SelectionGuards, AskForAFileAndDoNothingElse) {
       continue;
     }
     EXPECT_EQ(fresh.dialogs.shown,
-              (std::vector<ShownDialog>{{"plain", "Please select input data file (*.ZVM) first!"}}))
+              (std::vector<std::string>{"plain: Please select input data file (*.ZVM) first!"}))
         << guard.name;
     EXPECT_TRUE(fresh.panel.calls.empty()) << guard.name;
     EXPECT_EQ(fresh.plotter.drawings, 0) << guard.name;

@@ -281,7 +281,7 @@ TEST_F(Sliders, MovingTheRangeAsksForAFile) {
   panel.setPosition(Slider::a, 200);
   EXPECT_EQ(panel.text(Field::a), "");
   EXPECT_EQ(dialogs.shown,
-            (std::vector<ShownDialog>{{"plain", "Please select input data file (*.ZVM) first!"}}));
+            (std::vector<std::string>{"plain: Please select input data file (*.ZVM) first!"}));
 }
 
 TEST_F(Sliders, MovingTheRangeDoesNothingWhileTheFieldDrives) {

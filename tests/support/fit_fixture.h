@@ -7,7 +7,7 @@
 #include "model/sliders.h"
 #include "session/fault.h"
 #include "tests/support/memory_panel.h"
-#include "tests/support/recording_dialogs.h"
+#include "tests/support/scripted_dialogs.h"
 
 namespace zevfit {
 
@@ -65,7 +65,7 @@ class FitFixture {
   Session session;
   MemoryPanel panel;
   RecordingPlotter plotter;
-  RecordingDialogs dialogs;
+  test::ScriptedDialogs dialogs;
   Fit fit{session, panel, plotter, dialogs};
 
   FitFixture() {

@@ -35,7 +35,7 @@ class FitPanelContract : public testing::Test {
 
   Session session;
   RecordingPlotter plotter;
-  RecordingDialogs dialogs;
+  test::ScriptedDialogs dialogs;
   Harness harness;
   FitPanel& panel = harness.panel();
   Fit fit{session, panel, plotter, dialogs};

@@ -90,7 +90,7 @@ inline Session plotSample() {
 struct PlotBench : Plotter {
   Session session = plotSample();
   MemoryPanel panel;
-  RecordingDialogs dialogs;
+  test::ScriptedDialogs dialogs;
   MemoryPlotWindows windows;
   Fit fit{session, panel, *this, dialogs};
   int drawings = 0;

@@ -14,9 +14,10 @@ namespace zevfit::test {
 class ScriptedDialogs : public Dialogs {
  public:
   std::vector<std::string> shown;
-  std::deque<std::string> files;   ///< answers of the file dialog in turn; empty: Cancel
-  std::deque<bool> confirmations;  ///< answers of OK and Cancel in turn; empty: OK
-  std::deque<Answer> answers;      ///< answers of questions in turn; empty: Cancel
+  std::deque<std::string> files;    ///< answers of the file dialog in turn; empty: Cancel
+  std::deque<bool> confirmations;   ///< answers of OK and Cancel in turn; empty: OK
+  std::deque<Answer> answers;       ///< answers of questions in turn; empty: Cancel
+  std::function<void()> meanwhile;  ///< runs while a box is up
 
   void plain(std::string_view text) override { keep("plain", text); }
   void warning(std::string_view text) override { keep("warning", text); }
@@ -49,6 +50,7 @@ class ScriptedDialogs : public Dialogs {
  private:
   void keep(const char* kind, std::string_view text) {
     shown.push_back(std::string(kind) + ": " + std::string(text));
+    if (meanwhile) meanwhile();
   }
 };
 

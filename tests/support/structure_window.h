@@ -12,8 +12,8 @@
 #include <QTest>
 #include <QTimer>
 
-#include "tests/support/recording_dialogs.h"
 #include "tests/support/recording_host.h"
+#include "tests/support/scripted_dialogs.h"
 #include "tests/support/structure_sample.h"
 #include "windows/frmzevfit.h"
 
@@ -91,7 +91,7 @@ class StructureWindow {
   }
 
   /// The boxes shown since the last call.
-  std::vector<ShownDialog> shown() { return std::exchange(dialogs.shown, {}); }
+  std::vector<std::string> shown() { return std::exchange(dialogs.shown, {}); }
   std::vector<std::string> calls() { return std::exchange(host.calls, {}); }
 
   /// Runs the event loop for one action that must end the program; the exit code.
@@ -105,12 +105,12 @@ class StructureWindow {
   }
 
   Session session = structureSample();
-  RecordingDialogs dialogs;
+  test::ScriptedDialogs dialogs;
   RecordingHost host;
   frmzevfit window{session, dialogs, host};
 };
 
 using Texts = std::vector<std::string>;
-using Boxes = std::vector<ShownDialog>;
+using Boxes = std::vector<std::string>;
 
 }  // namespace zevfit

@@ -13,16 +13,16 @@ class FrmzevfitLeave : public testing::Test, protected StructureWindow {
     host.remark = [this] { return window.isVisible() ? "" : " (hidden)"; };
   }
 
-  const Boxes badFile{{"warning", "Invalid Input Data File Format or empty File!"}};
+  const Boxes badFile{"warning: Invalid Input Data File Format or empty File!"};
 };
 
 TEST_F(FrmzevfitLeave, BackShowsTheOpenDialogOnceMoreForNothing) {
   const std::string before = session.inputfile;
-  dialogs.paths = {"folder/other.zvm"};
+  dialogs.files = {"folder/other.zvm"};
   press("Command1");
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(calls(), (Texts{"enableMain (hidden)", "focusMain (hidden)"}));
-  EXPECT_EQ(shown(), (Boxes{{"openFile", "Input Data File (*.ZVM)|*.ZVM"}}));
+  EXPECT_EQ(shown(), (Boxes{"open: Input Data File (*.ZVM)|*.ZVM"}));
   EXPECT_EQ(session.inputfile, before);
   EXPECT_TRUE(session.loaded);
 }
@@ -107,7 +107,7 @@ TEST_F(FrmzevfitLeave, ATextInPlaceOfAFlagIsABadFile) {
 TEST_F(FrmzevfitLeave, AFailureBeforeTheChoiceEndsTheProgram) {
   host.failing = "selectDirection 0";
   EXPECT_EQ(runToEnd([&] { press("Command2"); }), kFatalExitCode);
-  EXPECT_EQ(shown(), (Boxes{{"fatal", "The list can't do this"}}));
+  EXPECT_EQ(shown(), (Boxes{"fatal: The list can't do this"}));
 }
 
 TEST_F(FrmzevfitLeave, MoreVariablesThanTheTablesHaveEndTheProgram) {
@@ -138,7 +138,7 @@ TEST_F(FrmzevfitLeave, EnterPressesTheButtonInFocusAndNoOther) {
   window.activateWindow();
   find<QPushButton>("adicionar")->setFocus();
   QTest::keyClick(find<QPushButton>("adicionar"), Qt::Key_Return);
-  EXPECT_EQ(shown(), (Boxes{{"warning", " Please select variables to add. "}}));
+  EXPECT_EQ(shown(), (Boxes{"warning:  Please select variables to add. "}));
 }
 
 TEST_F(FrmzevfitLeave, IsModalInItsNormalSizeUntilHidden) {

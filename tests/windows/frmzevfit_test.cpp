@@ -198,7 +198,7 @@ TEST_F(FrmzevfitTest, ADirectionFillsTheTable) {
 TEST_F(FrmzevfitTest, ADirectionWithoutAVariableIsRefused) {
   session.nvar = 0;
   load();
-  const Boxes refused{{"warning", "You Must Select a Variable First !"}};
+  const Boxes refused{"warning: You Must Select a Variable First !"};
   EXPECT_EQ(shown(), refused);
   EXPECT_EQ(entries("Combovar"), Texts{});
   EXPECT_EQ(label("Label5_0"), "");

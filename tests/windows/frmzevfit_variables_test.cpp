@@ -86,7 +86,7 @@ TEST_F(FrmzevfitVariables, RefusesToCreateWithAWarningAndTakesTheFocusAfterSome)
     QApplication::processEvents();
     create(refused.name);
     QApplication::processEvents();
-    EXPECT_EQ(shown(), (Boxes{{"warning", refused.warning}})) << refused.what;
+    EXPECT_EQ(shown(), (Boxes{"warning: " + std::string(refused.warning)})) << refused.what;
     EXPECT_EQ(QApplication::activeWindow() == &window, refused.focus) << refused.what;
     EXPECT_EQ(find<QLineEdit>("Text2")->text(), refused.name) << refused.what;
     EXPECT_EQ(session.nvar, 3) << refused.what;
@@ -101,7 +101,7 @@ TEST_F(FrmzevfitVariables, AFileOfOneVariableCanHaveNoOther) {
   create("sum");
   tickRows({1});
   create("sum");
-  const ShownDialog refusal{"warning", " Cannot Add same variable. "};
+  const std::string refusal{"warning:  Cannot Add same variable. "};
   EXPECT_EQ(shown(), (Boxes{refusal, refusal}));
   EXPECT_EQ(session.nvar, 1);
 }
@@ -160,7 +160,7 @@ TEST_F(FrmzevfitVariables, TheLastSlotIsUsedAndAFurtherVariableEndsTheProgram) {
   EXPECT_EQ(shown(), Boxes{});
   EXPECT_EQ(runToEnd([&] { create("new 42"); }), kFatalExitCode);
   ASSERT_EQ(dialogs.shown.size(), 1U);
-  EXPECT_EQ(dialogs.shown[0].kind, "fatal");
+  EXPECT_TRUE(dialogs.shown[0].starts_with("fatal: "));
 }
 
 TEST_F(FrmzevfitVariables, ARowBeyondTheTablesEndsTheProgram) {
@@ -181,7 +181,7 @@ TEST_F(FrmzevfitVariables, KeepsTheVariablesOfTheFile) {
     list("Combovar")->setCurrentIndex(position);
     press("remove");
     QApplication::processEvents();
-    EXPECT_EQ(shown(), (Boxes{{"warning", "Cannot remove this variable!"}})) << position;
+    EXPECT_EQ(shown(), (Boxes{"warning: Cannot remove this variable!"})) << position;
     EXPECT_EQ(QApplication::activeWindow(), &window) << position;
   }
   EXPECT_EQ(session.nvar, 3);
@@ -198,7 +198,7 @@ TEST_F(FrmzevfitVariables, RemovalNeedsAVariableOnShow) {
   };
   press("remove");
   QApplication::processEvents();
-  EXPECT_EQ(shown(), (Boxes{{"warning", "Select variable!"}}));
+  EXPECT_EQ(shown(), (Boxes{"warning: Select variable!"}));
   EXPECT_EQ(QApplication::activeWindow(), &window);
 }
 
