@@ -65,7 +65,13 @@ std::optional<std::string> QtDialogs::openFile(std::string_view title, std::stri
   }
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   lastFile_ = dialog.selectedFiles().constFirst();
-  return QFile::encodeName(lastFile_).toStdString();
+  return heldFile();
+}
+
+std::string QtDialogs::heldFile() const { return QFile::encodeName(lastFile_).toStdString(); }
+
+void QtDialogs::holdFile(std::string_view path) {
+  lastFile_ = QFile::decodeName(QByteArray(path.data(), static_cast<qsizetype>(path.size())));
 }
 
 }  // namespace zevfit

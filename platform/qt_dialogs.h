@@ -16,9 +16,11 @@ class QtDialogs : public Dialogs {
   Answer question(std::string_view text) override;
   void fatal(std::string_view text) override;
   std::optional<std::string> openFile(std::string_view title, std::string_view pattern) override;
+  std::string heldFile() const override;
+  void holdFile(std::string_view path) override;
 
  private:
-  /// The folder that the file dialog showed last, and the file chosen there.
+  /// The whole path of the file that the file dialog took last.
   QString lastFile_;
 };
 

@@ -18,6 +18,7 @@ class ScriptedDialogs : public Dialogs {
   std::deque<bool> confirmations;   ///< answers of OK and Cancel in turn; empty: OK
   std::deque<Answer> answers;       ///< answers of questions in turn; empty: Cancel
   std::function<void()> meanwhile;  ///< runs while a box is up
+  std::string held;                 ///< the name in the file dialog
 
   void plain(std::string_view text) override { keep("plain", text); }
   void warning(std::string_view text) override { keep("warning", text); }
@@ -44,8 +45,11 @@ class ScriptedDialogs : public Dialogs {
     if (files.empty()) return std::nullopt;
     const std::string file = files.front();
     files.pop_front();
+    held = file;
     return file;
   }
+  std::string heldFile() const override { return held; }
+  void holdFile(std::string_view path) override { held = path; }
 
  private:
   void keep(const char* kind, std::string_view text) {

@@ -41,5 +41,12 @@ TEST(QtDialogs, QuestionClosedOrEscapedIsACancel) {
   EXPECT_EQ(ask([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }), Answer::cancel);
 }
 
+TEST(QtDialogs, HoldsTheFileNameThatTheFileDialogStartsWith) {
+  QtDialogs dialogs;
+  EXPECT_EQ(dialogs.heldFile(), "");
+  dialogs.holdFile("/data/caf\xc3\xa9.zvm");
+  EXPECT_EQ(dialogs.heldFile(), "/data/caf\xc3\xa9.zvm");
+}
+
 }  // namespace
 }  // namespace zevfit
