@@ -1,4 +1,8 @@
 // A complete redraw of a plot, the panel included, beside QCustomPlot's replot of the same content.
+
+// In front of the toolkit, whose keywords the plotting library needs and the core does without.
+#include "session/session.h"
+
 #include <benchmark/benchmark.h>
 #include <qcustomplot.h>
 

@@ -35,17 +35,6 @@ Decimal parsed(const char* first, const char* last) {
   return decimal;
 }
 
-template <class T>
-Decimal digitsOf(T value, int most) {
-  finite(static_cast<double>(value));
-  Scientific text;
-  char* const end = text.data() + text.size();
-  const auto format = std::chars_format::scientific;
-  const Decimal shortest = parsed(text.data(), std::to_chars(text.data(), end, value, format).ptr);
-  if (shortest.count <= most) return shortest;
-  return parsed(text.data(), std::to_chars(text.data(), end, value, format, most - 1).ptr);
-}
-
 // Adds one to the last digit kept; a carry out of the first digit moves the point.
 void roundUp(Decimal& decimal) {
   while (decimal.count > 0 && decimal.digit(decimal.count - 1) == '9') --decimal.count;
@@ -56,6 +45,21 @@ void roundUp(Decimal& decimal) {
   decimal.digits[0] = '1';
   decimal.count = 1;
   ++decimal.point;
+}
+
+// Rounding the shortest digits is rounding the value itself: a half between the two would be as
+// short and nearer. Only where they end in that half do they not tell on which side the value lies.
+template <class T>
+Decimal digitsOf(T value, int most) {
+  finite(static_cast<double>(value));
+  Scientific text;
+  char* const end = text.data() + text.size();
+  const auto format = std::chars_format::scientific;
+  Decimal shortest = parsed(text.data(), std::to_chars(text.data(), end, value, format).ptr);
+  if (shortest.count == most + 1 && shortest.digit(most) == '5')
+    return parsed(text.data(), std::to_chars(text.data(), end, value, format, most - 1).ptr);
+  shortest.roundTo(std::int64_t{most} - shortest.point);
+  return shortest;
 }
 
 }  // namespace

@@ -55,23 +55,66 @@ char* writeGeneral(char* at, const Decimal& decimal, int most) {
 
 template <class T>
 constexpr int kDigits = sizeof(T) == sizeof(float) ? kFloatDigits : kDoubleDigits;
+template <class T>
+constexpr T kFirstWithExponent = sizeof(T) == sizeof(float) ? T{1e7F} : static_cast<T>(1e15);
+
+// The digits of the text of a fraction, from the first one that is not 0.
+template <class T>
+std::ptrdiff_t significantDigits(const char* at, const char* end, T size) {
+  if (size >= 1) return end - at - 1;
+  return end - std::find_if(at, end, [](char letter) { return letter > '0'; });
+}
+
+// Rounds the shortest text of a fraction to fewer digits, as Decimal does. Nothing where the last
+// digits are a half, whose side the text doesn't tell, or carry over the point.
+char* withoutDigits(char* end, std::ptrdiff_t excess) {
+  char* const cut = end - excess;
+  if (excess == 1 && *cut == '5') return nullptr;
+  const bool up = *cut >= '5';
+  const char dropped = up ? '9' : '0';
+  end = cut;
+  while (end[-1] == dropped) --end;
+  if (end[-1] == '.') return up ? nullptr : end - 1;
+  if (up) ++end[-1];
+  return end;
+}
+
+// The short way for most numbers: the shortest text, where its form is the plain one. Nothing for
+// all others.
+template <class T>
+char* writeUsual(NumberBuffer& buffer, char* at, T size) {
+  char* const last = buffer.data() + buffer.size();
+  if (!(size < kFirstWithExponent<T>)) return nullptr;
+  const auto whole = static_cast<std::int64_t>(size);
+  if (static_cast<T>(whole) == size) return std::to_chars(at, last, whole).ptr;
+  if (size < static_cast<T>(1e-4)) return nullptr;
+  char* const end = std::to_chars(at, last, size, std::chars_format::fixed).ptr;
+  const std::ptrdiff_t excess = significantDigits(at, end, size) - kDigits<T>;
+  return excess > 0 ? withoutDigits(end, excess) : end;
+}
+
+// The sign and the digits of a number; `positive` stands in place of a sign.
+template <class T>
+char* writeNumber(NumberBuffer& buffer, std::string_view positive, T value) {
+  const auto sign = [&](bool negative) {
+    const std::string_view text = negative ? "-" : positive;
+    return std::copy(text.begin(), text.end(), buffer.data());
+  };
+  if (char* const end = writeUsual(buffer, sign(value < 0), std::abs(value))) return end;
+  const Decimal decimal = decimalOf(value);
+  return writeGeneral(sign(decimal.negative), decimal, kDigits<T>);
+}
 
 template <class T>
 std::string generalTextOf(T value) {
-  const Decimal decimal = decimalOf(value);
   NumberBuffer buffer;
-  char* at = buffer.data();
-  if (decimal.negative) *at++ = '-';
-  return {buffer.data(), writeGeneral(at, decimal, kDigits<T>)};
+  return {buffer.data(), writeNumber(buffer, "", value)};
 }
 
 template <class T>
 void appendNumber(std::string& out, T value) {
-  const Decimal decimal = decimalOf(value);
   NumberBuffer buffer;
-  char* at = buffer.data();
-  *at++ = decimal.negative ? '-' : ' ';
-  at = writeGeneral(at, decimal, kDigits<T>);
+  char* at = writeNumber(buffer, " ", value);
   *at++ = ' ';
   out.append(buffer.data(), at);
 }
