@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "plot/direction_events.h"
 #include "plot/handles.h"
 #include "plot/overlays.h"

@@ -1,5 +1,3 @@
-#include <array>
-
 #include "plot/direction_events.h"
 #include "plot/overlays.h"
 #include "session/fault.h"
