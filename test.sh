@@ -9,7 +9,6 @@
 #   bench     the benchmarks with their yardsticks; not part of a run without names
 #   pictures  takes the pictures of the documentation from the program; the same
 #   coverage  lines and branches that the tests reach, by folder; the same
-#   pictures  takes those of the documentation anew, into docs/pictures; the same
 # The last line is "N passed, N failed": the cases of all tests, and every other check as one.
 set -uo pipefail
 cd -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")" || exit 1
@@ -199,17 +198,6 @@ stage_coverage() {
   tests "coverage: window tests" env QT_QPA_PLATFORM=offscreen build/coverage/tests/zevfit_window_tests
   check "coverage: summary" by_folder
   cat "$log"
-}
-
-pictures() {
-  for scale in 1 2; do
-    QT_SCALE_FACTOR=$scale QT_QPA_PLATFORM=offscreen \
-      build/debug/tests/zevfit_pictures examples/meuse.zvm docs/pictures "-${scale}00" || return
-  done
-}
-
-stage_pictures() {
-  prepare "pictures: build" build debug zevfit_pictures && check "pictures: docs/pictures" pictures
 }
 
 for stage in "$@"; do
