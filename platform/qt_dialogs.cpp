@@ -13,7 +13,8 @@ namespace {
 
 QString toShown(std::string_view text) {
   const QByteArrayView bytes(text.data(), static_cast<qsizetype>(text.size()));
-  QStringDecoder decoder(QStringDecoder::Utf8);
+  // Stateless: a character that the text's end cuts short is an error too.
+  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
   const QString shown = decoder(bytes);
   return decoder.hasError() ? QString::fromLatin1(bytes) : shown;
 }
@@ -58,6 +59,7 @@ std::optional<std::string> QtDialogs::openFile(std::string_view title, std::stri
   dialog.setObjectName("Dialog1");
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setDefaultSuffix("zvm");
   dialog.setNameFilter("(" + toShown(pattern) + ")");
   if (!lastFile_.isEmpty()) {
     dialog.setDirectory(QFileInfo(lastFile_).absolutePath());

@@ -3,31 +3,54 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <functional>
 
+#include "tests/support/scratch_folder.h"
+
 namespace zevfit {
 namespace {
 
+/// Runs `call`, which shows a dialog, and `reply` while the dialog is up.
+template <class Dialog>
+void during(const std::function<void()>& call, const std::function<void(Dialog&)>& reply) {
+  bool seen = false;
+  QTimer::singleShot(0, qApp, [&] {
+    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    seen = true;
+    reply(*dialog);
+  });
+  call();
+  EXPECT_TRUE(seen);
+}
+
 /// Asks, looks at the box and answers it by `reply`.
 Answer ask(const std::function<void(QMessageBox&)>& reply) {
-  QTimer::singleShot(0, qApp, [&] {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    ASSERT_NE(box, nullptr);
-    EXPECT_EQ(box->text(), "Save configuration data file to zevFIT.INI ?");
-    EXPECT_EQ(box->windowTitle(), "zevRA: Program zevFIT");
-    EXPECT_EQ(box->icon(), QMessageBox::Question);
-    EXPECT_EQ(box->standardButtons(), QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
-    reply(*box);
-  });
-  return QtDialogs().question("Save configuration data file to zevFIT.INI ?");
+  Answer answer = Answer::cancel;
+  during<QMessageBox>(
+      [&] { answer = QtDialogs().question("Save configuration data file to zevFIT.INI ?"); },
+      [&](QMessageBox& box) {
+        EXPECT_EQ(box.text(), "Save configuration data file to zevFIT.INI ?");
+        EXPECT_EQ(box.windowTitle(), "zevRA: Program zevFIT");
+        EXPECT_EQ(box.icon(), QMessageBox::Question);
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        reply(box);
+      });
+  return answer;
+}
+
+void click(QMessageBox& box, QMessageBox::StandardButton button) {
+  QTest::mouseClick(box.button(button), Qt::LeftButton);
 }
 
 Answer press(QMessageBox::StandardButton button) {
-  return ask([&](QMessageBox& box) { QTest::mouseClick(box.button(button), Qt::LeftButton); });
+  return ask([&](QMessageBox& box) { click(box, button); });
 }
 
 TEST(QtDialogs, QuestionGivesTheButtonPressed) {
@@ -39,6 +62,125 @@ TEST(QtDialogs, QuestionGivesTheButtonPressed) {
 TEST(QtDialogs, QuestionClosedOrEscapedIsACancel) {
   EXPECT_EQ(ask([](QMessageBox& box) { box.close(); }), Answer::cancel);
   EXPECT_EQ(ask([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }), Answer::cancel);
+}
+
+struct Told {
+  const char* what;
+  void (QtDialogs::*tell)(std::string_view);
+  const char* title;
+  QMessageBox::Icon icon;
+  const char* text;
+};
+
+const Told kTold[] = {
+    {"plain", &QtDialogs::plain, "", QMessageBox::NoIcon, "Text"},
+    {"warning", &QtDialogs::warning, "zevRA : Program zevFIT", QMessageBox::Warning, "Text"},
+    {"fatal", &QtDialogs::fatal, "zevRA : Program zevFIT", QMessageBox::Critical,
+     "The program has met a fault and must end: Text"},
+};
+
+TEST(QtDialogs, BoxesThatTellHaveTheirTitleIconAndOneButton) {
+  for (const Told& told : kTold) {
+    QtDialogs dialogs;
+    during<QMessageBox>([&] { (dialogs.*told.tell)("Text"); },
+                        [&](QMessageBox& box) {
+                          EXPECT_EQ(box.windowTitle(), told.title) << told.what;
+                          EXPECT_EQ(box.icon(), told.icon) << told.what;
+                          EXPECT_EQ(box.text(), told.text) << told.what;
+                          EXPECT_EQ(box.standardButtons(), QMessageBox::Ok) << told.what;
+                          click(box, QMessageBox::Ok);
+                        });
+  }
+}
+
+bool confirmed(const std::function<void(QMessageBox&)>& reply) {
+  bool answer = false;
+  during<QMessageBox>([&] { answer = QtDialogs().confirm("Go on?"); },
+                      [&](QMessageBox& box) {
+                        EXPECT_EQ(box.windowTitle(), "zevRA: Program zevFIT");
+                        EXPECT_EQ(box.icon(), QMessageBox::Question);
+                        EXPECT_EQ(box.text(), "Go on?");
+                        EXPECT_EQ(box.standardButtons(), QMessageBox::Ok | QMessageBox::Cancel);
+                        reply(box);
+                      });
+  return answer;
+}
+
+TEST(QtDialogs, OnlyOkConfirms) {
+  EXPECT_TRUE(confirmed([](QMessageBox& box) { click(box, QMessageBox::Ok); }));
+  EXPECT_FALSE(confirmed([](QMessageBox& box) { click(box, QMessageBox::Cancel); }));
+  EXPECT_FALSE(confirmed([](QMessageBox& box) { box.close(); }));
+}
+
+struct Shown {
+  const char* what;
+  const char* bytes;
+  QString text;
+};
+
+const Shown kShown[] = {
+    {"UTF-8", "caf\xc3\xa9", QString("caf") + QChar(0xE9)},
+    {"Latin-1", "caf\xe9", QString("caf") + QChar(0xE9)},
+    {"marks of rich text", "<b>zinc</b>", "<b>zinc</b>"},
+};
+
+TEST(QtDialogs, ShowsUtf8AndLatin1AsPlainText) {
+  for (const Shown& shown : kShown) {
+    during<QMessageBox>([&] { QtDialogs().warning(shown.bytes); },
+                        [&](QMessageBox& box) {
+                          EXPECT_EQ(box.text(), shown.text) << shown.what;
+                          EXPECT_EQ(box.textFormat(), Qt::PlainText) << shown.what;
+                          box.close();
+                        });
+  }
+}
+
+std::optional<std::string> openFile(QtDialogs& dialogs,
+                                    const std::function<void(QFileDialog&)>& reply) {
+  std::optional<std::string> path;
+  during<QFileDialog>([&] { path = dialogs.openFile("Input Data File (*.ZVM)", "*.ZVM"); }, reply);
+  return path;
+}
+
+/// Types a name into the file dialog and presses its button.
+void choose(QFileDialog& dialog, const QString& name) {
+  auto* field = dialog.findChild<QLineEdit*>("fileNameEdit");
+  dialog.activateWindow();
+  field->setFocus();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return field->hasFocus(); }));
+  field->setText(name);
+  static_cast<QDialog&>(dialog).accept();
+}
+
+TEST(QtDialogs, TheFileDialogAsksForAnExistingVariogramFile) {
+  QtDialogs dialogs;
+  EXPECT_EQ(openFile(dialogs,
+                     [](QFileDialog& dialog) {
+                       EXPECT_EQ(dialog.objectName(), "Dialog1");
+                       EXPECT_EQ(dialog.windowTitle(), "Input Data File (*.ZVM)");
+                       EXPECT_EQ(dialog.nameFilters(), QStringList{"(*.ZVM)"});
+                       EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
+                       EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
+                       EXPECT_EQ(dialog.defaultSuffix(), "zvm");
+                       dialog.reject();
+                     }),
+            std::nullopt);
+  EXPECT_EQ(dialogs.heldFile(), "");
+}
+
+TEST(QtDialogs, TheFileDialogStartsWhereItWasAndCompletesAName) {
+  const test::ScratchFolder folder;
+  test::putFile(folder / "one.zvm", "1");
+  test::putFile(folder / "two.zvm", "2");
+  QtDialogs dialogs;
+  dialogs.holdFile((folder / "one.zvm").string());
+  const auto path = openFile(dialogs, [&](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.directory().path().toStdString(), folder.path().string());
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "one.zvm");
+    choose(dialog, "two");
+  });
+  EXPECT_EQ(path, (folder / "two.zvm").string());
+  EXPECT_EQ(dialogs.heldFile(), (folder / "two.zvm").string());
 }
 
 TEST(QtDialogs, HoldsTheFileNameThatTheFileDialogStartsWith) {
