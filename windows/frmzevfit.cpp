@@ -26,7 +26,7 @@ namespace {
 constexpr std::int64_t kLastVariable = kVariableSlots - 1;
 constexpr std::int64_t kLastDirection = kDirectionSlots - 1;
 /// More rows than these a grid refuses, unless a file really has as many classes.
-constexpr std::int64_t kMostRows = 100000;
+constexpr std::int64_t kMostRows = 1000;
 /// Column of the tick pictures.
 constexpr int kTickColumn = 1;
 constexpr int kTickedRole = Qt::UserRole;
@@ -40,11 +40,12 @@ void dropFaults(Statement&& statement) {
   }
 }
 
-/// Chooses the first entry, without the list's handler; throws Fault for an empty list.
-void selectFirst(QComboBox& list) {
-  if (list.count() == 0) throw Fault("A list without entries has no first one");
+/// Chooses the first entry, without the list's handler; false for an empty list, which has none.
+bool selectFirst(QComboBox& list) {
+  if (list.count() == 0) return false;
   const QSignalBlocker quiet(list);
   list.setCurrentIndex(0);
+  return true;
 }
 
 void addEntry(QComboBox& list, std::string_view entry) {
@@ -128,7 +129,7 @@ void frmzevfit::fill(const std::string& path) {
   fillDirections();
   fillVariableRows();
   selectFirstEntries();
-  setWindowTitle("Filename (*.ZVM): " + shownPath);
+  setWindowTitle(toTitle("Filename (*.ZVM): " + shownPath));
   fillHeadings();
   dropFaults([&] { showClasses(1, 1); });
 }
@@ -155,14 +156,12 @@ void frmzevfit::fillVariableRows() {
 
 void frmzevfit::selectFirstEntries() {
   dropFaults([&] {
-    selectFirst(*Combovar);
-    Combovar_Click();
+    if (selectFirst(*Combovar)) Combovar_Click();
   });
   dropFaults([&] {
     // The choice of a variable has chosen the first direction already; no change, no event.
     if (Combodirvalues->currentIndex() == 0) return;
-    selectFirst(*Combodirvalues);
-    Combodirvalues_Click();
+    if (selectFirst(*Combodirvalues)) Combodirvalues_Click();
   });
 }
 
@@ -181,8 +180,7 @@ void frmzevfit::Combovar_Click() {
   session_.datavar = Combovar->currentIndex() + 1;
   Label5[0]->setText(Combovar->currentText());
   Label5[1]->setText(toQString(session_.variance(session_.datavar).toText()));
-  selectFirst(*Combodirvalues);
-  Combodirvalues_Click();
+  if (selectFirst(*Combodirvalues)) Combodirvalues_Click();
 }
 
 void frmzevfit::Combodirvalues_Click() {
@@ -205,7 +203,7 @@ void frmzevfit::showClasses(std::int64_t variable, std::int64_t direction) {
 void frmzevfit::grid1_Click(int row) {
   if (row == 0) return;
   grid1->setCurrentCell(row, kTickColumn);
-  const bool ticked = grid1->item(row, kTickColumn)->data(kTickedRole).toBool();
+  const bool ticked = grid1->data(row, kTickColumn, kTickedRole).toBool();
   session_.addflag(row) = ticked ? 0 : 1;
   setTick(row, !ticked);
 }
@@ -213,7 +211,7 @@ void frmzevfit::grid1_Click(int row) {
 void frmzevfit::setTick(int row, bool ticked) {
   grid1->setPicture(row, kTickColumn, ticked ? Picturegrid : Picturegrid2,
                     ticked ? "ticked" : "not ticked");
-  grid1->item(row, kTickColumn)->setData(kTickedRole, ticked);
+  grid1->setData(row, kTickColumn, kTickedRole, ticked);
 }
 
 void frmzevfit::refuse(const Refusal& refusal) {
@@ -241,13 +239,13 @@ void frmzevfit::remove_Click() {
     const QSignalBlocker quiet(*Combovar);
     Combovar->removeItem(static_cast<int>(session_.datavar) - 1);
   }
+  grid1->setText(static_cast<int>(session_.datavar), 0, QString());
   // Names move up by one row, pictures stay where they are.
   for (std::int64_t i = session_.datavar; i <= session_.nvar; ++i)
     grid1->setText(static_cast<int>(i), 0, toQString(session_.varname(i)));
   grid1->setRowCount(grid1->rowCount() - 1);
   for (QLabel* label : Label5) label->clear();
-  selectFirst(*Combovar);
-  Combovar_Click();
+  if (selectFirst(*Combovar)) Combovar_Click();
 }
 
 void frmzevfit::leave() {
@@ -280,7 +278,7 @@ void frmzevfit::Command2_Click() {
 
 void frmzevfit::fillHostLists() {
   host_.fillDirections(names(session_.ndir, session_.dirname));
-  host_.selectDirection(0);
+  if (session_.ndir > 0) host_.selectDirection(0);
   session_.testprimary = session_.testsecondary = session_.testcross = 0;
   session_.testmain = session_.testminor1 = session_.testminor2 = 0;
   host_.fillVariables(names(session_.nvar, session_.varname));

@@ -5,6 +5,7 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 #include <numeric>
+#include <optional>
 #include <utility>
 
 namespace zevfit {
@@ -15,11 +16,25 @@ namespace {
 constexpr int kRowSpace = 8;
 
 constexpr QChar kFigureSpace(0x2007);
+constexpr QChar kEllipsis(0x2026);
 
-/// Characters of a number in front of its point, or of its exponent where it has no point.
-qsizetype wholePart(const QString& text) {
+/// A longer text is shown shortened; no cell has room for so much.
+constexpr qsizetype kMostShown = 200;
+/// Whole parts with more characters than these do not push the others to the right.
+constexpr qsizetype kMostWhole = 16;
+
+/// Characters of a number in front of its point, or of its exponent where it has no point; nothing
+/// for a text that is no number.
+std::optional<qsizetype> wholePart(const QString& text) {
+  bool isNumber = false;
+  if (text.size() <= kMostShown) text.toDouble(&isNumber);
+  if (!isNumber) return std::nullopt;
   const auto ends = [](QChar c) { return c == '.' || c == 'E'; };
   return std::find_if(text.begin(), text.end(), ends) - text.begin();
+}
+
+QString shortened(const QString& text) {
+  return text.size() > kMostShown ? text.left(kMostShown - 1) + kEllipsis : text;
 }
 
 /// Puts a cell's picture in its middle, points one under the other, and sets the heading off from
@@ -27,6 +42,10 @@ qsizetype wholePart(const QString& text) {
 class CellDelegate : public QStyledItemDelegate {
  public:
   explicit CellDelegate(Grid* grid) : QStyledItemDelegate(grid), grid_(grid) {}
+
+  QString displayText(const QVariant& value, const QLocale& locale) const override {
+    return QStyledItemDelegate::displayText(shortened(value.toString()), locale);
+  }
 
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
@@ -71,18 +90,19 @@ void Grid::alignPoints(int column) {
   qsizetype widest = 0;
   for (int row = 1; row < rowCount(); ++row) {
     if (const QTableWidgetItem* shown = item(row, column))
-      widest = std::max(widest, wholePart(shown->text()));
+      widest = std::max(widest, wholePart(shown->text()).value_or(0));
   }
-  widest_.at(static_cast<std::size_t>(column)) = widest;
+  widest_.at(static_cast<std::size_t>(column)) = std::min(widest, kMostWhole);
 }
 
 qsizetype Grid::indent(int column, const QString& text) const {
   const qsizetype widest = widest_.at(static_cast<std::size_t>(column));
-  return widest == 0 ? 0 : 1 + std::max<qsizetype>(0, widest - wholePart(text));
+  if (widest == 0) return 0;
+  return 1 + std::max<qsizetype>(0, widest - wholePart(text).value_or(widest));
 }
 
 QTableWidgetItem* Grid::cell(int row, int column) {
-  if (row < 0 || row >= rowCount()) return nullptr;
+  if (row < 0 || row >= rowCount() || column < 0 || column >= columnCount()) return nullptr;
   QTableWidgetItem* found = item(row, column);
   if (found) return found;
   found = new QTableWidgetItem;
@@ -94,6 +114,7 @@ void Grid::setHeading(std::initializer_list<const char*> texts) {
   int column = 0;
   for (const char* text : texts) {
     QTableWidgetItem* heading = cell(0, column++);
+    if (!heading) continue;
     heading->setText(text);
     heading->setFlags(Qt::ItemIsEnabled);
   }
@@ -108,6 +129,15 @@ void Grid::setPicture(int row, int column, const QIcon& picture, const QString& 
   if (!shown) return;
   shown->setIcon(picture);
   shown->setData(Qt::AccessibleTextRole, words);
+}
+
+QVariant Grid::data(int row, int column, int role) const {
+  const QTableWidgetItem* kept = item(row, column);
+  return kept ? kept->data(role) : QVariant();
+}
+
+void Grid::setData(int row, int column, int role, const QVariant& value) {
+  if (QTableWidgetItem* kept = cell(row, column)) kept->setData(role, value);
 }
 
 void Grid::keyPressEvent(QKeyEvent* event) {

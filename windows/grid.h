@@ -13,16 +13,20 @@ class Grid : public QTableWidget {
   /// Each column has its share of the width.
   explicit Grid(std::vector<int> shares, QWidget* parent = nullptr);
 
-  /// Shows the numbers that a column now has with their decimal points one under the other. The
-  /// texts of the cells stay as they are.
+  /// Shows the numbers that a column now has with their decimal points one under the other, as far
+  /// as a column has room for it. The texts of the cells stay as they are.
   void alignPoints(int column);
-  /// How many digit widths stay free in front of a text; 0 in a column without aligned points.
+  /// How many digit widths stay free in front of a text: 1 in front of one that is no number, 0 in
+  /// a column without aligned points.
   qsizetype indent(int column, const QString& text) const;
   void setHeading(std::initializer_list<const char*> texts);
   /// Shows a text in a row that the table has; no row, no text.
   void setText(int row, int column, const QString& text);
   /// Shows a picture in the middle of a cell, with the words that stand for it.
   void setPicture(int row, int column, const QIcon& picture, const QString& words);
+  /// What a cell keeps under a role; a cell that never had anything keeps nothing.
+  QVariant data(int row, int column, int role) const;
+  void setData(int row, int column, int role, const QVariant& value);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

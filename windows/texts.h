@@ -12,4 +12,7 @@ inline QString toQString(std::string_view text) {
 }
 inline std::string toBytes(const QString& text) { return text.toLatin1().toStdString(); }
 
+/// A window title that shows a text as it is, a file name with the mark for changes in it too.
+inline QString toTitle(QString text) { return text.replace("[*]", "[*][*]"); }
+
 }  // namespace zevfit

@@ -53,6 +53,14 @@ TEST_F(FrmzevfitLeave, ContinueFillsTheListsAndStartsTheFit) {
     EXPECT_EQ(position, 0);
 }
 
+TEST_F(FrmzevfitLeave, ContinueWithoutDirectionsChoosesNone) {
+  session.ndir = 0;
+  press("Command2");
+  EXPECT_EQ(shown(), Boxes{});
+  EXPECT_EQ(calls(), (Texts{"enableMain", "fillDirections", "fillVariables [zinc] [ lead] [copper]",
+                            "selectVariable 0", "enableFitControls", "startFit (hidden)"}));
+}
+
 TEST_F(FrmzevfitLeave, ContinueOffersDerivedVariablesToo) {
   clickCell("grid1", 1, 1);
   clickCell("grid1", 2, 1);

@@ -1,5 +1,7 @@
 #include "windows/frmzevfit.h"
 
+#include <QWindow>
+
 #include "tests/support/structure_window.h"
 
 namespace zevfit {
@@ -259,7 +261,7 @@ TEST_F(FrmzevfitTest, CountsThatNoGridCanHaveLeaveTheRows) {
 }
 
 TEST_F(FrmzevfitTest, AsManyClassesAsAFileReallyHasAreShown) {
-  session.nclass = 100'500;
+  session.nclass = 1'001;
   session.hlag.create(session.nclass);
   session.gam.create(session.nclass);
   session.npairs.create(session.nclass);
@@ -267,8 +269,8 @@ TEST_F(FrmzevfitTest, AsManyClassesAsAFileReallyHasAreShown) {
   EXPECT_EQ(grid("gridresults")->rowCount(), 1);
   session.hlag.set(2, 1, session.nclass, 7);
   load();
-  EXPECT_EQ(grid("gridresults")->rowCount(), 100'501);
-  EXPECT_EQ(row("gridresults", 100'500), (Texts{"    Class  100500", "0", "0", "0"}));
+  EXPECT_EQ(grid("gridresults")->rowCount(), 1'002);
+  EXPECT_EQ(row("gridresults", 1'001), (Texts{"    Class  1001", "0", "0", "0"}));
 }
 
 TEST_F(FrmzevfitTest, AFileWithoutDirectionsShowsItsNames) {
@@ -279,6 +281,33 @@ TEST_F(FrmzevfitTest, AFileWithoutDirectionsShowsItsNames) {
   EXPECT_EQ(label("Label5_1"), "1");
   EXPECT_EQ(list("Combodirvalues")->count(), 0);
   EXPECT_EQ(row("gridresults", 1), (Texts{"    Class  1", "1110", "111", "11100"}));
+}
+
+TEST_F(FrmzevfitTest, OfClassesAndVariablesThatAFileOnlyClaimsAThousandAreShown) {
+  session.nvar = session.nclass = 1'001;
+  load();
+  EXPECT_EQ(grid("gridresults")->rowCount(), 1);
+  EXPECT_EQ(grid("grid1")->rowCount(), 1);
+  session.nvar = session.nclass = 1'000;
+  load();
+  EXPECT_EQ(grid("gridresults")->rowCount(), 1'001);
+  EXPECT_EQ(grid("grid1")->rowCount(), 1'001);
+}
+
+TEST_F(FrmzevfitTest, AVariableOfAFileWithoutDirectionsCanBeChosen) {
+  session.ndir = 0;
+  load();
+  list("Combovar")->setCurrentIndex(2);
+  EXPECT_EQ(shown(), Boxes{});
+  EXPECT_EQ(session.datavar, 3);
+  EXPECT_EQ(label("Label5_0"), "copper");
+  EXPECT_EQ(label("Label5_1"), "3");
+}
+
+TEST_F(FrmzevfitTest, TheTitleShowsAnyFileName) {
+  window.fill("folder/a[*]b.zvm");
+  window.show();
+  EXPECT_EQ(window.windowHandle()->title(), "Filename (*.ZVM): folder/a[*]b.zvm");
 }
 
 TEST_F(FrmzevfitTest, TheKeyboardReachesEveryControlInOrder) {

@@ -237,6 +237,30 @@ TEST_F(FrmzevfitVariables, RemovalMovesNamesDownButNoPictures) {
   EXPECT_EQ(session.addflag(5), 0);
 }
 
+TEST_F(FrmzevfitVariables, RemovalClearsTheNameAlsoWhenTheCountIsThatOfTheFileAgain) {
+  tickRows({1, 2});
+  create("first");
+  create("second");
+  session.nvar = 3;  // As a save leaves it.
+  list("Combovar")->setCurrentIndex(3);
+  press("remove");
+  EXPECT_EQ(shown(), Boxes{});
+  EXPECT_EQ(grid("grid1")->rowCount(), 5);
+  EXPECT_EQ(row("grid1", 4)[0], "");
+}
+
+TEST_F(FrmzevfitVariables, ARowThatNeverShowedAnythingCanBeTicked) {
+  tickRows({1, 2});
+  session.nvar = 5;  // As a save over a file of 5 variables leaves it.
+  create("sum");
+  EXPECT_EQ(grid("grid1")->rowCount(), 7);
+  EXPECT_EQ(row("grid1", 4), (Texts{"(none)", "(none)"}));
+  grid("grid1")->setCurrentCell(4, 1);
+  QTest::keyClick(grid("grid1"), Qt::Key_Space);
+  EXPECT_EQ(picture(4), "ticked");
+  EXPECT_EQ(session.addflag(4), 1);
+}
+
 TEST_F(FrmzevfitVariables, AVariableThatMovesDownTakesOverTheAxisOfTheRemovedOne) {
   session.ymax(1, 1) = 10;
   session.ymax(2, 1) = 20;

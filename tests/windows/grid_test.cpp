@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QStyledItemDelegate>
 #include <QTest>
 
 namespace zevfit {
@@ -47,6 +48,53 @@ TEST(Grid, PutsDecimalPointsUnderEachOther) {
   for (int i = 0; i < 5; ++i) EXPECT_EQ(grid.indent(1, texts[i]), free[i]) << texts[i];
   EXPECT_EQ(grid.item(1, 1)->text(), "94.25");
   EXPECT_EQ(grid.indent(0, "94.25"), 0);
+}
+
+TEST(Grid, TextsTakeNoPartInTheAlignment) {
+  Grid grid({1});
+  grid.setRowCount(5);
+  const char* const texts[] = {"12.5", "not a number at all", ".5", "1,000"};
+  // "12" has 2 characters and ".5" none in front of the point.
+  const qsizetype free[] = {1, 1, 1 + 2, 1};
+  for (int i = 0; i < 4; ++i) grid.setText(i + 1, 0, texts[i]);
+  grid.alignPoints(0);
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(grid.indent(0, texts[i]), free[i]) << texts[i];
+}
+
+TEST(Grid, AVeryLongNumberPushesNoOtherOutOfSight) {
+  Grid grid({1});
+  grid.setRowCount(3);
+  const QString lengthy(150, '1');
+  grid.setText(1, 0, lengthy);
+  grid.setText(2, 0, "7.5");
+  grid.alignPoints(0);
+  EXPECT_EQ(grid.indent(0, lengthy), 1);
+  // 16 characters of a whole part count.
+  EXPECT_EQ(grid.indent(0, "7.5"), 1 + 15);
+}
+
+TEST(Grid, ShowsTheBeginningOfAVeryLongText) {
+  Grid grid({1});
+  grid.setRowCount(2);
+  const QString lengthy(1'000'000, 'x');
+  grid.setText(1, 0, lengthy);
+  const auto* shower = qobject_cast<QStyledItemDelegate*>(grid.itemDelegate());
+  ASSERT_NE(shower, nullptr);
+  const QString longest(200, 'x');
+  EXPECT_EQ(shower->displayText(longest, QLocale()), longest);
+  EXPECT_EQ(shower->displayText(lengthy, QLocale()), QString(199, 'x') + QChar(0x2026));
+  EXPECT_EQ(grid.item(1, 0)->text(), lengthy);
+}
+
+TEST(Grid, KeepsDataOfACellWithoutAnItem) {
+  Grid grid({1});
+  grid.setRowCount(2);
+  EXPECT_FALSE(grid.data(1, 0, Qt::UserRole).toBool());
+  EXPECT_FALSE(grid.data(7, 7, Qt::UserRole).isValid());
+  grid.setData(7, 0, Qt::UserRole, true);
+  grid.setData(0, 7, Qt::UserRole, true);
+  grid.setData(1, 0, Qt::UserRole, true);
+  EXPECT_TRUE(grid.data(1, 0, Qt::UserRole).toBool());
 }
 
 TEST(Grid, TheBlankKeyIsAClickOnTheCurrentCell) {
