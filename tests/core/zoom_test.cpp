@@ -20,7 +20,7 @@ constexpr Key kSmaller{"kmenos", "Cannot reduce variogram plot!",
                        [](DragBench& b, double) { kmenos(b.fit, b.windows); }};
 constexpr Key kKeys[] = {kLarger, kSmaller};
 
-using Shown = std::vector<ShownDialog>;
+using Shown = std::vector<std::string>;
 
 TEST(Zoom, HidesTheOverlaysThenSizesThenDraws) {
   struct {
@@ -79,7 +79,8 @@ TEST(Zoom, IsRefusedBeyondItsWidth) {
       bench.window().tag.visible = true;
       bench.forget();
       row.key.press(bench, kScreen);
-      EXPECT_EQ(bench.dialogs.shown, row.refused ? Shown({{"plain", row.key.refusal}}) : Shown())
+      EXPECT_EQ(bench.dialogs.shown,
+                row.refused ? Shown{"plain: " + std::string(row.key.refusal)} : Shown())
           << row.name;
       EXPECT_EQ(bench.window().width() == row.width, row.refused) << row.name;
       EXPECT_EQ(bench.window().tag.visible, row.refused) << row.name;
@@ -96,7 +97,7 @@ TEST(Zoom, LastStepMayPassTheLimit) {
   EXPECT_TRUE(bench.dialogs.shown.empty());
   kmais(bench.fit, bench.windows, kScreen);
   EXPECT_DOUBLE_EQ(bench.window().width(), 18437);
-  EXPECT_EQ(bench.dialogs.shown, Shown({{"plain", "Cannot enlarge variogram plot!"}}));
+  EXPECT_EQ(bench.dialogs.shown, (Shown{"plain: Cannot enlarge variogram plot!"}));
 
   bench.window().setSize(4001, 4000);
   kmenos(bench.fit, bench.windows);
@@ -109,8 +110,7 @@ TEST(Zoom, AsksForAFileFirst) {
     bench.session.loaded = false;
     bench.session.curvar = 0;
     key.press(bench, kScreen);
-    EXPECT_EQ(bench.dialogs.shown,
-              Shown({{"plain", "Please select input data file (*.ZVM) first!"}}))
+    EXPECT_EQ(bench.dialogs.shown, (Shown{"plain: Please select input data file (*.ZVM) first!"}))
         << key.name;
     EXPECT_TRUE(bench.window().calls.empty()) << key.name;
   }
@@ -165,7 +165,7 @@ TEST(Zoom, AnswersAFaultAsARefusal) {
       DragBench bench;
       row.spoil(bench);
       EXPECT_NO_THROW(key.press(bench, kScreen)) << row.name;
-      EXPECT_EQ(bench.dialogs.shown, Shown({{"plain", key.refusal}})) << row.name;
+      EXPECT_EQ(bench.dialogs.shown, (Shown{"plain: " + std::string(key.refusal)})) << row.name;
     }
   }
 }
