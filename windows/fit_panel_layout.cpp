@@ -12,6 +12,7 @@
 
 #include "windows/controls.h"
 #include "windows/fit_panel_widgets.h"
+#include "windows/panel_slider.h"
 
 namespace zevfit {
 
@@ -36,7 +37,7 @@ QLabel* makeNamedLabel(const char* name, const char* caption = "") {
 }
 
 QSlider* makeSlider(const char* name, const char* accessibleName) {
-  auto* slider = named(new QSlider(Qt::Horizontal), name);
+  auto* slider = named(new PanelSlider, name);
   slider->setRange(0, kStartMaximum);
   slider->setFocusPolicy(Qt::WheelFocus);
   slider->setAccessibleName(accessibleName);

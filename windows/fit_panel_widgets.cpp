@@ -30,10 +30,20 @@ bool isClick(const QEvent& event, const QWidget& on) {
   return mouse.button() == Qt::LeftButton && on.rect().contains(mouse.position().toPoint());
 }
 
-/// The event counts as the one that a reaction waits for.
+/// A double click re-applies an option that its first click has chosen, or that was chosen before.
+bool isOptionDoubleClick(const QEvent& event, const QObject& on) {
+  const auto* option = qobject_cast<const QRadioButton*>(&on);
+  return static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton && option &&
+         option->isChecked();
+}
+
+/// The event counts as the one that a reaction waits for. A filter sees the mouse on disabled
+/// controls too; these do nothing.
 bool counts(const QEvent& event, const QObject& on) {
+  if (!static_cast<const QWidget&>(on).isEnabled()) return false;
   if (event.type() == QEvent::MouseButtonRelease)
     return isClick(event, static_cast<const QWidget&>(on));
+  if (event.type() == QEvent::MouseButtonDblClick) return isOptionDoubleClick(event, on);
   if (event.type() == QEvent::FocusIn)
     return isRealFocus(static_cast<const QFocusEvent&>(event).reason());
   return true;
@@ -58,9 +68,12 @@ void FitPanelWidgets::connectValues() {
   connect(HScrollc0, &QSlider::valueChanged, this, [this] { run(HScrollc0_Change); });
   connect(HScrolla, &QSlider::valueChanged, this, [this] { run(HScrolla_Change); });
   const auto onList = [this](QComboBox* list, void (*handler)(Fit&)) {
-    connect(list, &QComboBox::currentIndexChanged, this, [this, handler](int index) {
+    const auto chosen = [this, handler](int index) {
       if (index >= 0) run(handler);
-    });
+    };
+    connect(list, &QComboBox::currentIndexChanged, this, chosen);
+    // The entry on show, chosen again.
+    connect(list, &QComboBox::activated, this, chosen);
   };
   onList(Combo2, Combo2_Click);
   onList(Combodirvar, Combodirvar_Click);

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "plot/direction_events.h"
+#include "windows/guide_line.h"
 #include "windows/quiet_focus.h"
 #include "windows/texts.h"
 
@@ -19,6 +21,8 @@ namespace {
 /// Handles and tag are written in this type.
 constexpr float kOverlayPoints = 10.5F;
 constexpr std::array<const char*, 4> kHandleCaptions{"Co", "S1", "S2", "S3"};
+
+constexpr QColor kHandleGround(0xEF, 0xEF, 0xEF);
 
 int toPixels(double twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
 
@@ -32,7 +36,8 @@ class PlotForm : public QWidget {
 
 }  // namespace
 
-Formod::Formod() : form_(new PlotForm) {
+Formod::Formod(Fit& fit, DirectionWindows& windows)
+    : fit_(fit), windows_(windows), form_(new PlotForm) {
   setObjectName("Formod");
   setWindowIcon(QIcon(":/icons/app.svg"));
   setAttribute(Qt::WA_DeleteOnClose, false);
@@ -51,6 +56,11 @@ Formod::Formod() : form_(new PlotForm) {
   }
   Label1 = makeOverlay("Label1", QString(), false);
   Label6->hide();
+  Picture4->setMouseTracking(true);
+  for (QLabel* handle : estru) handle->setMouseTracking(true);
+  for (QWidget* watched : std::initializer_list<QWidget*>{form_, Picture4, Label1, estru[0],
+                                                          estru[1], estru[2], estru[3]})
+    watched->installEventFilter(this);
 }
 
 QLabel* Formod::makeOverlay(const QString& name, const QString& text, bool bold) {
@@ -65,25 +75,18 @@ QLabel* Formod::makeOverlay(const QString& name, const QString& text, bool bold)
   return label;
 }
 
-QFrame* Formod::makeGuide(const QString& name) {
-  auto* guide = new QFrame(form_);
+GuideLine* Formod::makeGuide(const QString& name) {
+  auto* guide = new GuideLine(form_);
   guide->setObjectName(name);
-  guide->setAttribute(Qt::WA_TransparentForMouseEvents);
   guide->hide();
   return guide;
 }
 
 void Formod::load() {
   loaded_ = true;
-  pen_ = PenState{};
   setWindowState(Qt::WindowNoState);
-  setCaption("");
-  setSize(kLoadWidth, kLoadHeight);
   Picture4->move(0, 0);
-  setPictureSize(kLoadWidth - kFrameWidth, kLoadHeight - kFrameHeight);
-  hideGuides();
-  for (QLabel* handle : estru) handle->hide();
-  Label1->hide();
+  Form_Load(*this);
 }
 
 void Formod::appear() {
@@ -92,7 +95,7 @@ void Formod::appear() {
 }
 
 void Formod::restore() {
-  const QuietFocus focus;
+  const QuietFocus focus(*this);
   showNormal();
 }
 
@@ -101,6 +104,7 @@ QSize Formod::nominalContent() const {
 }
 
 void Formod::setSize(double width, double height) {
+  if (isMaximized()) showNormal();
   width_ = width;
   height_ = height;
   fitFrame();
@@ -129,12 +133,15 @@ void Formod::setOverlayColours(Colour foreground, Colour background) {
   const std::pair wanted(foreground, background);
   if (overlayColours_ == wanted) return;
   overlayColours_ = wanted;
-  QPalette handles = palette();
-  handles.setColor(QPalette::WindowText, toQColor(foreground));
-  handles.setColor(QPalette::Window, toQColor(background));
-  Label1->setPalette(handles);
-  for (QLabel* handle : estru) handle->setPalette(handles);
-  for (QFrame* guide : {Line1, Line2}) guide->setPalette(handles);
+  QPalette lines = palette();
+  lines.setColor(QPalette::WindowText, toQColor(foreground));
+  // The ground of the handles is not the desktop's: dark letters stay readable in a dark theme.
+  lines.setColor(QPalette::Window, kHandleGround);
+  for (QLabel* handle : estru) handle->setPalette(lines);
+  for (GuideLine* guide : {Line1, Line2}) guide->setPalette(lines);
+  QPalette tag = lines;
+  tag.setColor(QPalette::Window, toQColor(background));
+  Label1->setPalette(tag);
 }
 
 double Formod::measureTitle(std::string_view text, const Font& font) {
@@ -149,19 +156,9 @@ double Formod::measureTitle(std::string_view text, const Font& font) {
 
 void Formod::setPictureSize(double width, double height) { Picture4->setSizeTwips(width, height); }
 
-void Formod::setHandleBorder(int handle, bool border) {
-  estru.at(static_cast<std::size_t>(handle))
-      ->setFrameStyle(border ? int{QFrame::Box} | int{QFrame::Plain} : int{QFrame::NoFrame});
-}
-
-void Formod::hideGuides() {
-  Line1->hide();
-  Line2->hide();
-}
-
 void Formod::toFront() {
   if (!isVisible() || !mdiArea() || mdiArea()->activeSubWindow() == this) return;
-  const QuietFocus focus;
+  const QuietFocus focus(*this);
   mdiArea()->setActiveSubWindow(this);
   raise();
 }

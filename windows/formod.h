@@ -6,20 +6,24 @@
 #include <string>
 #include <utility>
 
+#include "model/fit.h"
 #include "platform/picture_box.h"
-#include "plot/plot_window.h"
+#include "plot/direction_window.h"
 
-class QFrame;
 class QLabel;
 
 namespace zevfit {
 
+class GuideLine;
+
 /// The plot window of one direction of one variable, a child of the main window. Over the picture
 /// lie the handles, the guides and the tag with a number of pairs. Its nominal size is that of its
 /// content plus kFrameWidth and kFrameHeight, whatever the frame of the desktop's style.
-class Formod : public QMdiSubWindow, public PlotWindow {
+class Formod : public QMdiSubWindow, public DirectionWindow {
  public:
-  Formod();
+  /// The handlers of its events work on `fit` and, for the window of the current pair, on
+  /// `windows`.
+  Formod(Fit& fit, DirectionWindows& windows);
 
   /// The state of a window just loaded: nominal size, picture, pen and overlays as at the start.
   void load();
@@ -48,7 +52,28 @@ class Formod : public QMdiSubWindow, public PlotWindow {
   void hideGuides() override;
   void toFront() override;
 
+  DragState& dragState() override { return drag_; }
+  double scaleWidth() const override { return pictureWidth(); }
+  double scaleHeight() const override { return pictureHeight(); }
+  std::optional<Colour> colourAt(double x, double y) override;
+  double handleLeft(int handle) const override;
+  double handleTop(int handle) const override;
+  double handleWidth(int handle) const override;
+  void moveHandle(int handle, double left, double top) override;
+  void showHandle(int handle, bool visible) override;
+  void showGuide(Guide guide, bool visible) override;
+  void placeGuide(Guide guide, double at) override;
+  void setGuideEnds(Guide guide, double from, double to) override;
+  void setGuideStyle(Guide guide, LineStyle style) override;
+  void placeTag(double left, double top) override;
+  void setTagCaption(std::string_view text) override;
+  void showTag(bool visible) override;
+
+  /// The picture as other programs take it: its own pixels, whatever the scale of the screen.
+  QImage clipboardImage();
+
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void hideEvent(QHideEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -57,16 +82,27 @@ class Formod : public QMdiSubWindow, public PlotWindow {
   /// The plot window that was active before this one takes its place.
   void activateFormer();
   QLabel* makeOverlay(const QString& name, const QString& text, bool bold);
-  QFrame* makeGuide(const QString& name);
+  GuideLine* makeGuide(const QString& name);
+  void layGuide(Guide which);
+  GuideLine* guide(Guide which) const { return which == Guide::Line1 ? Line1 : Line2; }
+  static std::size_t toIndex(int handle) { return static_cast<std::size_t>(handle); }
+
+  // Events of the mouse and the focus on the picture, the handles, the tag and the ground.
+  void pictureEvent(const QEvent& event);
+  void handleEvent(int handle, const QEvent& event);
+  void pictureMouse(const QMouseEvent& mouse);
+  void handleMouse(int handle, const QMouseEvent& mouse);
   /// Gives the window the frame that leaves the content its nominal size.
   void fitFrame();
   QSize nominalContent() const;
 
+  Fit& fit_;
+  DirectionWindows& windows_;
   QWidget* form_;
   PictureBox* Picture4;
   QLabel* Label6;
-  QFrame* Line1;
-  QFrame* Line2;
+  GuideLine* Line1;
+  GuideLine* Line2;
   std::array<QLabel*, 4> estru;
   QLabel* Label1;
 
@@ -74,6 +110,9 @@ class Formod : public QMdiSubWindow, public PlotWindow {
   bool loaded_ = false;
   bool fitting_ = false;
   PenState pen_;
+  DragState drag_;
+  std::array<double, 2> guideAt_{}, guideFrom_{}, guideTo_{};
+  QWidget* pressed_ = nullptr;  ///< where the mouse went down
   std::string caption_;
   Font titleFont_;
   std::optional<std::pair<Colour, Colour>> overlayColours_;

@@ -2,16 +2,22 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QToolBar>
 
+#include "files/parameter_file.h"
+#include "files/saveini.h"
 #include "files/variogram_reader.h"
+#include "plot/direction_events.h"
 #include "plot/plot_variogram.h"
 #include "session/numbers.h"
 #include "windows/boundary.h"
@@ -24,6 +30,9 @@ namespace zevfit {
 namespace {
 
 constexpr QSize kStartSize(1180, 760);
+/// Drawings within drawings, by way of the fields and sliders that each sets. A slider whose one
+/// position is worth about the last decimal of its field may push itself on without end.
+constexpr int kDeepestDrawing = 100;
 
 /// The hourglass, for as long as it lives.
 class WaitCursor {
@@ -51,25 +60,27 @@ const std::vector<mdimod::Command>& mdimod::toolbarCommands() {
       {"k5", "Casc.", "Title Cascade", "cascade", false, &mdimod::mnucascade},
       {"k6", "Vert.", "Title Vertical", "vertical", false, &mdimod::mnuvertical},
       {"k7", "Horiz.", "Title Horizontal", "horizontal", false, &mdimod::mnuhorizontal},
-      {"k8", "Copy", "Copy Variogram Plot to Clipboard", "copy", true, nullptr},
+      {"k8", "Copy", "Copy Variogram Plot to Clipboard", "copy", true, &mdimod::copyPlot},
       {"k10", "Format", "Graph Format", "format", true, nullptr},
       {"k11", "Models", "Save current models with input data file.", "models", true,
        &mdimod::gravando},
       {"kp", "Print", "Print current variogram plot", "print", true, nullptr},
-      {"kmais", "Zoom +", "Enlarge current variogram plot", "zoom-in", true, nullptr},
-      {"kmenos", "Zoom -", "Reduce current variogram plot", "zoom-out", true, nullptr},
+      {"kmais", "Zoom +", "Enlarge current variogram plot", "zoom-in", true, &mdimod::zoomIn},
+      {"kmenos", "Zoom -", "Reduce current variogram plot", "zoom-out", true, &mdimod::zoomOut},
   };
   return commands;
 }
 
 mdimod::mdimod(Dialogs& dialogs, std::filesystem::path folder)
     : dialogs_(dialogs),
-      saver_(std::move(folder)),
+      folder_(std::move(folder)),
+      saver_(folder_),
       area_(new QMdiArea),
       panel_(new FitPanelWidgets) {
   setObjectName("mdimod");
   setWindowTitle("zevFIT");
   area_->setObjectName("Area");
+  area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
 
@@ -88,17 +99,21 @@ mdimod::mdimod(Dialogs& dialogs, std::filesystem::path folder)
   setCentralWidget(middle);
   resize(kStartSize);
 
-  windows_ = std::make_unique<PlotWindowTable>(*area_);
   fit_ = std::make_unique<Fit>(Fit{session_, *panel_, *this, dialogs_});
+  windows_ = std::make_unique<PlotWindowTable>(*area_, *fit_);
   panel_->QWidget::setEnabled(false);
   panel_->connectTo(*fit_);
   connect(area_, &QMdiArea::subWindowActivated, this,
           [this](QMdiSubWindow* window) { windowActivated(window); });
   makeMenus();
   makeToolbar();
+  if (const auto path = loadParameters(folder_, session_.style)) dialogs_.holdFile(*path);
 }
 
-mdimod::~mdimod() = default;
+mdimod::~mdimod() {
+  // The controls go before what their handlers work on.
+  delete takeCentralWidget();
+}
 
 frmzevfit& mdimod::structure() {
   if (!structure_) structure_ = std::make_unique<frmzevfit>(session_, dialogs_, *this, this);
@@ -161,7 +176,29 @@ void mdimod::disableMissingCommands() {
   for (QAction* action : missing_) action->setEnabled(false);
 }
 
-void mdimod::mnuvoltar() { close(); }
+void mdimod::mnuvoltar() {
+  saver_.closeFiles();
+  if (!saveini(session_.style, dialogs_.heldFile(), folder_, 0, 0, dialogs_)) return;
+  ending_ = true;
+  close();
+}
+
+void mdimod::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  guarded(dialogs_, [&] {
+    saver_.closeFiles();
+    if (!ending_) ending_ = closeRequest(session_.style, dialogs_.heldFile(), folder_, dialogs_);
+    if (!ending_) return;
+    event->accept();
+    // Another window on show must not keep the program.
+    QCoreApplication::exit(0);
+  });
+}
+
+void mdimod::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::WindowStateChange && isMinimized() && structure_) structure_->hide();
+}
 
 bool mdimod::chooseFile(std::string& path) {
   for (;;) {
@@ -193,6 +230,20 @@ void mdimod::viewFile() { structure().showModal(); }
 void mdimod::gravando() {
   saver_.gravando(session_, toInt16(panel_->listCount(List::Combo2)), dialogs_);
 }
+
+void mdimod::copyPlot() {
+  auto* plot = dynamic_cast<Formod*>(area_->activeSubWindow());
+  {
+    const WaitCursor wait;
+    QGuiApplication::clipboard()->clear();
+    if (plot) QGuiApplication::clipboard()->setImage(plot->clipboardImage());
+  }
+  if (!plot) dialogs_.plain("Please Select Variogram Plot you want to copy to Clipboard!");
+}
+
+void mdimod::zoomIn() { kmais(*fit_, *windows_, screen()->size().width() * kTwipsPerPixel); }
+
+void mdimod::zoomOut() { kmenos(*fit_, *windows_); }
 
 void mdimod::mnuabout2() { about().showCentred(); }
 
@@ -250,10 +301,15 @@ void mdimod::startFit() {
 
 void mdimod::plotvariogram() {
   // A window appears once it is loaded, also when its drawing fails.
-  struct Appear {
+  struct Level {
+    int& depth;
     PlotWindowTable& windows;
-    ~Appear() { windows.showLoaded(); }
-  } const appear{*windows_};
+    ~Level() {
+      --depth;
+      windows.showLoaded();
+    }
+  } const level{++drawings_, *windows_};
+  if (drawings_ > kDeepestDrawing) throw Fault("Drawings do not settle");
   zevfit::plotvariogram(*fit_, *windows_);
 }
 

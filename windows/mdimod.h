@@ -45,6 +45,10 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   void enableFitControls() override;
   void startFit() override;
 
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
  private:
   /// A command of a menu or the toolbar.
   struct Command {
@@ -72,6 +76,9 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   void mnuabout2();
   void viewFile();
   void gravando();
+  void copyPlot();
+  void zoomIn();
+  void zoomOut();
   void windowActivated(QMdiSubWindow* window);
   /// The data structure window, made at its first use.
   frmzevfit& structure();
@@ -82,6 +89,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
 
   Dialogs& dialogs_;
   Session session_;
+  std::filesystem::path folder_;
   ModelSaver saver_;
   QMdiArea* area_;
   FitPanelWidgets* panel_;
@@ -91,6 +99,8 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   std::unique_ptr<frmzevfit> structure_;
   std::unique_ptr<formabout> about_;
   std::vector<QAction*> missing_;
+  bool ending_ = false;  ///< the question of the end has been answered
+  int drawings_ = 0;     ///< under way, one within the other
 };
 
 }  // namespace zevfit

@@ -9,7 +9,7 @@ namespace zevfit {
 Formod& PlotWindowTable::plotwin(std::int64_t direction, std::int64_t variable) {
   QPointer<Formod>& window = windows_(direction, variable);
   if (!window) {
-    window = new Formod;
+    window = new Formod(fit_, *this);
     area_.addSubWindow(window);
     window->hide();
   }
@@ -20,8 +20,13 @@ Formod& PlotWindowTable::plotwin(std::int64_t direction, std::int64_t variable) 
   return *window;
 }
 
+bool PlotWindowTable::isOpen(std::int64_t direction, std::int64_t variable) const {
+  const QPointer<Formod>& window = windows_(direction, variable);
+  return window && window->loaded();
+}
+
 void PlotWindowTable::showLoaded() {
-  const QuietFocus focus;
+  const QuietFocus focus(area_);
   for (const QPointer<Formod>& window : std::exchange(waiting_, {}))
     if (window && window->loaded() && !window->isVisible()) window->appear();
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QApplication>
 #include <QPointer>
 #include <QWidget>
 
@@ -14,18 +13,18 @@ inline constexpr Qt::FocusReason kQuietFocus = Qt::NoFocusReason;
 /// putting back.
 inline bool isRealFocus(Qt::FocusReason reason) {
   return reason != kQuietFocus && reason != Qt::ActiveWindowFocusReason &&
-         reason != Qt::PopupFocusReason;
+         reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
 }
 
 /// Keeps the keyboard focus where it is while plot windows come and go: a slider that is moved or a
-/// field that is typed in stays the one.
+/// field that is typed in stays the one, also in a main window that is not the active one just now.
 class QuietFocus {
  public:
-  QuietFocus() : before_(QApplication::focusWidget()) {}
+  explicit QuietFocus(const QWidget& window) : before_(window.window()->focusWidget()) {}
   QuietFocus(const QuietFocus&) = delete;
   QuietFocus& operator=(const QuietFocus&) = delete;
   ~QuietFocus() {
-    if (before_ && before_->isVisible() && QApplication::focusWidget() != before_)
+    if (before_ && before_->isVisible() && before_->window()->focusWidget() != before_)
       before_->setFocus(kQuietFocus);
   }
 

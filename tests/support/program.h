@@ -23,6 +23,14 @@ class Program {
     QApplication::processEvents();
   }
 
+  /// An end of the program, asked for in a test, would end each later loop of events at once.
+  ~Program() {
+    QTimer::singleShot(0, [] { QApplication::exit(0); });
+    QApplication::exec();
+  }
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
   mdimod& window() { return window_; }
   Session& session() { return window_.session(); }
   ScriptedDialogs& dialogs() { return dialogs_; }

@@ -40,7 +40,20 @@ class PanelOnScreen : public testing::Test {
   void click(const char* name) { QTest::mouseClick(find<QWidget>(name), Qt::LeftButton); }
   /// An option answers where its caption is.
   void clickOption(const char* name) { find<QRadioButton>(name)->click(); }
-  void doubleClick(const char* name) { QTest::mouseDClick(find<QWidget>(name), Qt::LeftButton); }
+  /// On the mark of an option, as a click is: the empty ground beside it is no part of it.
+  void doubleClick(const char* name) {
+    auto* option = find<QWidget>(name);
+    const QPoint mark(8, option->height() / 2);
+    QTest::mouseClick(option, Qt::LeftButton, {}, mark);
+    QTest::mouseDClick(option, Qt::LeftButton, {}, mark);
+  }
+
+  /// On the empty ground at the far end of an option's row.
+  void doubleClickBeside(const char* name) {
+    auto* option = find<QWidget>(name);
+    QTest::mouseDClick(option, Qt::LeftButton, {},
+                       QPoint(option->width() - 2, option->height() / 2));
+  }
   int& typedSill() { return session.c0typed(kVariable, kDirection); }
   int& typedRange() { return session.atyped(kVariable, kDirection); }
 
@@ -211,6 +224,25 @@ TEST_F(PanelOnScreen, ADoubleClickGivesAModelWithoutAFile) {
   session.loaded = false;
   doubleClick("tipo3");
   EXPECT_EQ(session.model1(kVariable, kDirection), "G");
+}
+
+TEST_F(PanelOnScreen, ADoubleClickBesideAnOptionIsNone) {
+  clickOption("est2");
+  doubleClickBeside("est3");
+  EXPECT_EQ(session.sel[1], 1);
+  EXPECT_EQ(session.sel[2], 0);
+}
+
+// The mouse is seen on disabled controls too, which must not react.
+TEST_F(PanelOnScreen, DisabledControlsDoNotReact) {
+  clickOption("est1");
+  for (const char* option : {"tipo1", "tipo4"}) doubleClick(option);
+  EXPECT_TRUE(find<QLineEdit>("Textc0")->isEnabled());
+  QTest::mouseClick(find<QWidget>("Texta"), Qt::LeftButton);
+  EXPECT_EQ(session.atyped(kVariable, kDirection), 0);
+  find<QLineEdit>("Textc0")->setEnabled(false);
+  QTest::mouseClick(find<QWidget>("Textc0"), Qt::LeftButton);
+  EXPECT_EQ(session.c0typed(kVariable, kDirection), 0);
 }
 
 TEST_F(PanelOnScreen, OptionsAndBoxesRunTheirHandlers) {

@@ -11,6 +11,7 @@
 #include <fstream>
 
 #include "tests/support/program.h"
+#include "windows/fit_panel_widgets.h"
 
 namespace zevfit::test {
 namespace {
@@ -146,10 +147,15 @@ TEST_F(PlotWindowsTest, TheClosingOfOneWindowActivatesAnother) {
 
 TEST_F(PlotWindowsTest, SubscriptsBeyondTheTableAreFaults) {
   QMdiArea other;
-  PlotWindowTable table(other);
+  FitPanelWidgets panel;
+  Fit fit{program_.session(), panel, program_.window(), program_.dialogs()};
+  PlotWindowTable table(other, fit);
   EXPECT_THROW(table.plotwin(42, 1), Fault);
   EXPECT_THROW(table.plotwin(1, 42), Fault);
   EXPECT_THROW(table.plotwin(-1, 1), Fault);
+  EXPECT_FALSE(table.isOpen(1, 1));
+  table.plotwin(1, 1);
+  EXPECT_TRUE(table.isOpen(1, 1));
 }
 
 }  // namespace

@@ -1,0 +1,116 @@
+// The start and the end of the program, with the parameters that it keeps between runs.
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QTemporaryDir>
+#include <filesystem>
+#include <fstream>
+
+#include "files/output_file.h"
+#include "tests/support/program.h"
+
+namespace zevfit::test {
+namespace {
+
+const std::string kQuestion = "question: Save configuration data file to zevFIT.INI ?";
+
+class EndOfProgram : public testing::Test {
+ protected:
+  std::string path(const char* name) { return folder_.filePath(name).toStdString(); }
+  std::string folder() { return folder_.path().toStdString(); }
+  void write(const char* name, const std::string& bytes) {
+    std::ofstream(path(name), std::ios::binary) << bytes;
+  }
+  bool kept() { return std::filesystem::exists(path("zevfit.ini")); }
+
+  QTemporaryDir folder_;
+};
+
+TEST_F(EndOfProgram, CancelKeepsTheProgramAsItWas) {
+  Program program(folder());
+  EXPECT_FALSE(program.window().close());
+  EXPECT_EQ(program.dialogs().shown, std::vector{kQuestion});
+  EXPECT_TRUE(program.window().isVisible());
+  EXPECT_FALSE(kept());
+  program.trigger("mnuvoltar");
+  EXPECT_EQ(program.dialogs().shown.size(), 2U);
+  EXPECT_TRUE(program.window().isVisible());
+}
+
+TEST_F(EndOfProgram, NoEndsWithoutAFile) {
+  Program program(folder());
+  program.dialogs().answers = {Answer::no};
+  EXPECT_TRUE(program.window().close());
+  EXPECT_FALSE(kept());
+}
+
+TEST_F(EndOfProgram, YesEndsWithTheFile) {
+  Program program(folder());
+  program.dialogs().answers = {Answer::yes};
+  program.trigger("mnuvoltar");
+  EXPECT_EQ(program.dialogs().shown, std::vector{kQuestion});
+  EXPECT_FALSE(program.window().isVisible());
+  EXPECT_TRUE(kept());
+}
+
+TEST_F(EndOfProgram, TwoNumbersOfTheFamilyFileDecideWithoutAQuestion) {
+  write("zpam.pam", "1 2 3 4 5 6 7 8 9 1 1\r\n");
+  Program program(folder());
+  EXPECT_TRUE(program.window().close());
+  EXPECT_TRUE(program.dialogs().shown.empty());
+  EXPECT_TRUE(kept());
+  std::filesystem::remove(path("zevfit.ini"));
+  write("zpam.pam", "1 2 3 4 5 6 7 8 9 1 0\r\n");
+  Program other(folder());
+  EXPECT_TRUE(other.window().close());
+  EXPECT_FALSE(kept());
+}
+
+TEST_F(EndOfProgram, TheMenuEntryAsksWhateverTheFamilyFileSays) {
+  write("zpam.pam", "1 2 3 4 5 6 7 8 9 1 0\r\n");
+  Program program(folder());
+  program.trigger("mnuvoltar");
+  EXPECT_EQ(program.dialogs().shown, std::vector{kQuestion});
+}
+
+TEST_F(EndOfProgram, WhatIsKeptComesBackAtTheNextStart) {
+  write("small.zvm", "t\nzevra\n1\nv\n1\n1\n0;0\n1\n10 1 9\n");
+  {
+    Program program(folder());
+    program.open(path("small.zvm"));
+    program.session().style.cores.Label3 = kRed;
+    program.session().style.Formfont.formato[0] = "#.# ";
+    program.dialogs().answers = {Answer::yes};
+    EXPECT_TRUE(program.window().close());
+  }
+  Program next(folder());
+  EXPECT_EQ(next.session().style.cores.Label3, kRed);
+  EXPECT_EQ(next.session().style.Formfont.formato[0], "#.# ");
+  EXPECT_EQ(next.dialogs().held, path("small.zvm"));
+  EXPECT_EQ(next.session().inputfile, "");
+}
+
+TEST_F(EndOfProgram, WithoutAFileItStartsWithItsDefaultsAndNoWord) {
+  Program program(folder());
+  EXPECT_TRUE(program.dialogs().shown.empty());
+  EXPECT_EQ(program.session().style.Formfont.formato[1], "####.#0");
+}
+
+// A save that an early end of the old file has broken off leaves its temporary file open, which
+// makes the next save fail; the request to close the program closes all files, also when cancelled.
+TEST_F(EndOfProgram, ClosingClosesWhatASaveLeftOpen) {
+  write("small.zvm", "t\nzevra\n1\nv\n1\n1\n0;0\n1\n10 1 9\n");
+  Program program(folder());
+  program.open(path("small.zvm"));
+  write("small.zvm", "t\n");
+  program.trigger("k11");
+  EXPECT_EQ(program.dialogs().shown.back(),
+            "warning: Invalid Input Data File Format or empty File!");
+  EXPECT_FALSE(program.window().close());
+  write("small.zvm", "t\nzevra\n1\nv\n1\n1\n0;0\n1\n10 1 9\n");
+  program.trigger("k11");
+  EXPECT_EQ(program.dialogs().shown.back(), "plain: Models saved to file:" + path("small.zvm"));
+}
+
+}  // namespace
+}  // namespace zevfit::test

@@ -1,0 +1,186 @@
+// Mouse and focus events of a plot window, turned into the handlers of the core; and the overlays
+// that these move.
+#include <QLabel>
+#include <QMouseEvent>
+#include <algorithm>
+#include <cmath>
+
+#include "plot/direction_events.h"
+#include "windows/boundary.h"
+#include "windows/formod.h"
+#include "windows/guide_line.h"
+#include "windows/quiet_focus.h"
+#include "windows/texts.h"
+
+namespace zevfit {
+
+namespace {
+
+/// An overlay is never placed farther out than this, whatever a cell holds.
+constexpr double kFarthest = 30000;
+
+int toPixels(double twips) {
+  return static_cast<int>(std::lround(std::clamp(twips / kTwipsPerPixel, -kFarthest, kFarthest)));
+}
+
+MouseButton toButton(const QMouseEvent& mouse) {
+  if (mouse.button() == Qt::LeftButton) return MouseButton::left;
+  if (mouse.button() == Qt::RightButton) return MouseButton::right;
+  return MouseButton::other;
+}
+
+/// The mouse came up where it went down: a click.
+bool endsClick(const QMouseEvent& mouse, const QWidget& on, const QWidget* pressed) {
+  return pressed == &on && on.rect().contains(mouse.position().toPoint());
+}
+
+}  // namespace
+
+bool Formod::eventFilter(QObject* watched, QEvent* event) {
+  const auto handle = std::find(estru.begin(), estru.end(), watched);
+  guarded(fit_.dialogs, [&] {
+    if (watched == Picture4) pictureEvent(*event);
+    if (handle != estru.end()) handleEvent(static_cast<int>(handle - estru.begin()), *event);
+    if (watched == Label1 && event->type() == QEvent::MouseButtonRelease) Label1_Click(*this);
+    if (watched == form_ && event->type() == QEvent::MouseButtonRelease) Form_Click(fit_, *this);
+  });
+  // A release ends here, so that the ground below does not take it for a click on itself.
+  if (watched != form_ && event->type() == QEvent::MouseButtonRelease) return true;
+  return QMdiSubWindow::eventFilter(watched, event);
+}
+
+void Formod::pictureEvent(const QEvent& event) {
+  switch (event.type()) {
+    case QEvent::Resize:
+      return Picture4_Resize(*this);
+    case QEvent::FocusOut:
+      if (isRealFocus(static_cast<const QFocusEvent&>(event).reason())) Picture4_LostFocus(*this);
+      return;
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonRelease:
+      return pictureMouse(static_cast<const QMouseEvent&>(event));
+    default:
+      return;
+  }
+}
+
+void Formod::pictureMouse(const QMouseEvent& mouse) {
+  const QPointF at = mouse.position() * kTwipsPerPixel;
+  if (mouse.type() == QEvent::MouseMove)
+    return Picture4_MouseMove(fit_, windows_, *this, at.x(), at.y());
+  if (mouse.type() == QEvent::MouseButtonDblClick) return Picture4_MouseUp(fit_, *this);
+  if (mouse.type() == QEvent::MouseButtonPress) {
+    pressed_ = Picture4;
+    // A touch comes down without a move before it.
+    drag_.cursorx = at.x();
+    drag_.cursory = static_cast<float>(at.y());
+    return;
+  }
+  const bool click = endsClick(mouse, *Picture4, std::exchange(pressed_, nullptr));
+  Picture4_MouseUp(fit_, *this);
+  if (click) Picture4_Click(fit_, *this);
+}
+
+void Formod::handleEvent(int handle, const QEvent& event) {
+  const bool ofMouse = event.type() == QEvent::MouseMove ||
+                       event.type() == QEvent::MouseButtonPress ||
+                       event.type() == QEvent::MouseButtonRelease;
+  if (ofMouse) handleMouse(handle, static_cast<const QMouseEvent&>(event));
+}
+
+// The second press of a double click is none of its own, so that its release alone counts: it lets
+// a handle go that a click has left held.
+void Formod::handleMouse(int handle, const QMouseEvent& mouse) {
+  QWidget& label = *estru.at(toIndex(handle));
+  if (mouse.type() == QEvent::MouseMove) {
+    const QPointF at = mouse.position() * kTwipsPerPixel;
+    return estru_MouseMove(fit_, windows_, *this, handle, at.x(), at.y());
+  }
+  if (mouse.type() == QEvent::MouseButtonPress) {
+    pressed_ = &label;
+    return estru_MouseDown(fit_, *this, handle, toButton(mouse));
+  }
+  const bool click = std::exchange(pressed_, nullptr) == &label;
+  estru_MouseUp(fit_, *this, handle, toButton(mouse));
+  if (click) estru_Click(fit_);
+}
+
+std::optional<Colour> Formod::colourAt(double x, double y) {
+  const QColor colour = Picture4->colourAt(x, y);
+  return colour.isValid() ? std::optional(toColour(colour)) : std::nullopt;
+}
+
+double Formod::handleLeft(int handle) const {
+  return estru.at(toIndex(handle))->x() * kTwipsPerPixel;
+}
+
+double Formod::handleTop(int handle) const {
+  return estru.at(toIndex(handle))->y() * kTwipsPerPixel;
+}
+
+double Formod::handleWidth(int handle) const {
+  return estru.at(toIndex(handle))->width() * kTwipsPerPixel;
+}
+
+void Formod::moveHandle(int handle, double left, double top) {
+  estru.at(toIndex(handle))->move(toPixels(left), toPixels(top));
+}
+
+void Formod::showHandle(int handle, bool visible) {
+  estru.at(toIndex(handle))->setVisible(visible);
+  if (visible) estru.at(toIndex(handle))->raise();
+}
+
+void Formod::setHandleBorder(int handle, bool border) {
+  estru.at(toIndex(handle))
+      ->setFrameStyle(border ? int{QFrame::Box} | int{QFrame::Plain} : int{QFrame::NoFrame});
+}
+
+void Formod::showGuide(Guide which, bool visible) { guide(which)->setVisible(visible); }
+
+void Formod::hideGuides() {
+  for (const Guide each : {Guide::Line1, Guide::Line2}) showGuide(each, false);
+}
+
+void Formod::placeGuide(Guide which, double at) {
+  guideAt_.at(static_cast<std::size_t>(which)) = at;
+  layGuide(which);
+}
+
+void Formod::setGuideEnds(Guide which, double from, double to) {
+  guideFrom_.at(static_cast<std::size_t>(which)) = from;
+  guideTo_.at(static_cast<std::size_t>(which)) = to;
+  layGuide(which);
+}
+
+void Formod::layGuide(Guide which) {
+  const auto index = static_cast<std::size_t>(which);
+  const int at = toPixels(guideAt_.at(index)), from = toPixels(guideFrom_.at(index));
+  const int length = std::max(1, toPixels(guideTo_.at(index)) - from);
+  guide(which)->setGeometry(which == Guide::Line1 ? QRect(at, from, 1, length)
+                                                  : QRect(from, at, length, 1));
+}
+
+void Formod::setGuideStyle(Guide which, LineStyle style) { guide(which)->setStyle(style); }
+
+void Formod::placeTag(double left, double top) { Label1->move(toPixels(left), toPixels(top)); }
+
+void Formod::setTagCaption(std::string_view text) {
+  Label1->setText(toQString(text));
+  Label1->adjustSize();
+}
+
+void Formod::showTag(bool visible) {
+  Label1->setVisible(visible);
+  if (visible) Label1->raise();
+}
+
+QImage Formod::clipboardImage() {
+  QImage image = Picture4->image();
+  image.setDevicePixelRatio(1);
+  return image;
+}
+
+}  // namespace zevfit
