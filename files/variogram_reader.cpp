@@ -18,6 +18,9 @@ namespace {
 /// Shortest line of a class in a file: three digits and their delimiters.
 constexpr std::size_t kShortestClass = 6;
 
+/// What is kept of a letter: a cut block puts the last one into every place that it leaves empty.
+constexpr std::size_t kLongestLetter = 255;
+
 /// The stream ended at one of the tests.
 struct EndOfFile {};
 
@@ -40,8 +43,11 @@ class Reader {
   void models();
 
  private:
-  /// What a number token left: the last one read stays where a read fails.
-  Cell takeCell();
+  /// Reads the next number token into `number_`; false at the end of the stream, and the last one
+  /// read stays there.
+  bool takeNumber();
+  /// The value of the next number token; 0 for a text, and at the end of the stream.
+  double takeValue();
   float takePairs();
   void takeCount(std::int64_t& count);
   template <class Names>
@@ -66,17 +72,19 @@ class Reader {
   std::optional<std::string> letter_;
 };
 
-Cell Reader::takeCell() {
+bool Reader::takeNumber() {
   if (const auto plain = in_.plainNumber<double>()) {
     number_ = *plain;
-    return *plain;
+    return true;
   }
   const auto token = in_.number();
-  if (!token) throw Fault("Input past end of file");
+  if (!token) return false;
   const auto number = numberOf(*token);
   number_ = number ? Cell(*number) : Cell::ofText(*token);
-  return number_;
+  return true;
 }
+
+double Reader::takeValue() { return takeNumber() && !number_.isText() ? number_.number() : 0; }
 
 float Reader::takePairs() {
   if (const auto plain = in_.plainNumber<float>()) {
@@ -84,16 +92,16 @@ float Reader::takePairs() {
     return *plain;
   }
   const auto token = in_.number();
-  if (!token) throw Fault("Input past end of file");
+  if (!token) return 0;
   const auto number = floatOf(*token);
   number_ = number ? Cell(static_cast<double>(*number)) : Cell::ofText(*token);
-  if (!number) throw Fault("Type mismatch");
-  return *number;
+  return number.value_or(0.0F);
 }
 
 void Reader::takeCount(std::int64_t& count) {
   endTest();
-  dropFaults([&] { count = toCount(takeCell().number()); });
+  if (!takeNumber() || number_.isText()) return;
+  dropFaults([&] { count = toCount(number_.number()); });
 }
 
 template <class Names>
@@ -132,7 +140,7 @@ void Reader::data() {
 }
 
 void Reader::variable(std::int64_t v) {
-  dropFaults([&] { session_.variance(v) = takeCell(); });
+  if (takeNumber()) session_.variance(v) = number_;
   for (std::int64_t d = 1; d <= session_.ndir; ++d) {
     if (d < kDirectionSlots) {
       direction(v, d);
@@ -175,14 +183,11 @@ void Reader::classes(std::int64_t v, std::int64_t d, std::vector<Cell>& h, std::
 void Reader::oneClass(std::int64_t v, std::int64_t d, std::vector<Cell>& h, std::vector<double>& g,
                       std::vector<float>& n) {
   endTest();
-  h.emplace_back();
-  dropFaults([&] { h.back() = takeCell(); });
+  h.push_back(takeNumber() ? number_ : Cell());
   endTest();
-  g.push_back(0);
-  dropFaults([&] { g.back() = takeCell().number(); });
+  g.push_back(takeValue());
   endTest();
-  n.push_back(0);
-  dropFaults([&] { n.back() = takePairs(); });
+  n.push_back(takePairs());
   if (!h.back().isText()) session_.hmax(v, d) = std::max(session_.hmax(v, d), h.back().number());
   session_.gmax(v, d) = std::max(session_.gmax(v, d), g.back());
   session_.gmin(v, d) = std::min(session_.gmin(v, d), g.back());
@@ -209,22 +214,21 @@ void Reader::models() {
 
 /// A read that fails at the end of the file leaves what the one before it has read in its place.
 void Reader::model(std::int64_t v, std::int64_t d) {
-  const auto take = [&] { dropFaults([&] { takeCell(); }); };
   for (int line = 0; line < kLines; ++line) {
     const auto at = static_cast<std::size_t>(line);
-    take();
+    takeNumber();
     dropFaults([&] { setFlag(session_, line, v, d, number_); });
     if (line > 0) takeLetter((session_.*kLetterTable[at])(v, d));
-    take();
+    takeNumber();
     (session_.*kSillTable[at])(v, d) = number_;
     if (line == 0) continue;
-    take();
+    takeNumber();
     (session_.*kRangeTable[at])(v, d) = number_;
   }
 }
 
 void Reader::takeLetter(std::string& letter) {
-  if (const auto token = in_.text()) letter_ = trimmed(*token);
+  if (const auto token = in_.text()) letter_ = trimmed(*token).substr(0, kLongestLetter);
   if (letter_) letter = *letter_;
 }
 

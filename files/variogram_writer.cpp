@@ -16,7 +16,7 @@ namespace {
 constexpr std::string_view kLineEnd = "\r\n";
 /// Classes that no file has filled are written as noughts up to this number; a claim beyond it does
 /// not fit the tables.
-constexpr std::int64_t kClassesOnTrust = 1'000'000;
+constexpr std::int64_t kClassesOnTrust = 1'000;
 
 /// The old file ended at one of the tests.
 struct EndOfFile {};

@@ -7,7 +7,8 @@
 namespace zevfit {
 
 /// What a file token left in a place for a number: a number, or the text that stood there.
-/// Sixteen bytes, since the distance table has one for each lag class.
+/// Sixteen bytes, since the distance table has one for each lag class. Copies of a text share it,
+/// however long it is: one text of a file may go to thousands of places.
 class Cell {
  public:
   Cell() = default;
@@ -23,6 +24,9 @@ class Cell {
 
   bool isText() const { return text_ != nullptr; }
 
+  /// The text, shared by all copies of this cell; null when it holds a number.
+  const std::string* text() const { return text_ ? text_->get() : nullptr; }
+
   /// The number; throws Fault when the cell holds a text.
   double number() const {
     if (text_) throwTypeMismatch();
@@ -33,10 +37,13 @@ class Cell {
   std::string toText() const;
 
  private:
+  using SharedText = std::shared_ptr<const std::string>;
+
   [[noreturn]] static void throwTypeMismatch();
 
   double number_ = 0;
-  std::unique_ptr<const std::string> text_;
+  /// Behind a pointer of its own, as a shared one by itself takes the room of two.
+  std::unique_ptr<const SharedText> text_;
 };
 
 }  // namespace zevfit

@@ -60,6 +60,19 @@ TEST(Cell, SurvivesAssignmentToItself) {
   EXPECT_EQ(cell.toText(), "kept");
 }
 
+// A text of megabytes, copied to every place of the model tables, once filled the memory.
+TEST(Cell, CopiesShareOneText) {
+  const Cell original = Cell::ofText("much");
+  const Cell copy = original;
+  Cell assigned = 7;
+  assigned = copy;
+  ASSERT_NE(original.text(), nullptr);
+  EXPECT_EQ(*original.text(), "much");
+  EXPECT_EQ(copy.text(), original.text());
+  EXPECT_EQ(assigned.text(), original.text());
+  EXPECT_EQ(Cell(7).text(), nullptr);
+}
+
 TEST(Cell, TakesSixteenBytes) { EXPECT_LE(sizeof(Cell), 16U); }
 
 }  // namespace

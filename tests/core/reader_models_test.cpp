@@ -68,6 +68,43 @@ TEST(CutModelBlock, BehindATextGoesOnWithTheText) {
             "1 0.5 1 S much much much S much much 0 S much much");
 }
 
+/// A file of all variables and directions that the tables hold, and a text for its only class each.
+std::string fullFile() {
+  std::string bytes = lines({"t", "zevra1", "41"});
+  for (int v = 1; v <= 41; ++v) bytes += "name\r\n";
+  bytes += lines({"21", "0"});
+  for (int d = 1; d <= 21; ++d) bytes += "0;0\r\n";
+  for (int v = 1; v <= 41; ++v) bytes += "2.5\r\n";
+  return bytes;
+}
+
+// One long text behind a cut block once took its length for each place of the model tables.
+TEST(CutModelBlock, SharesALongTextAmongAllPlaces) {
+  const std::string text(1'000'000, 'x');
+  Session session;
+  ASSERT_TRUE(readVariogramBytes(fullFile() + text, session));
+  const std::string* shared = session.use0(1, 1).text();
+  ASSERT_NE(shared, nullptr);
+  EXPECT_EQ(*shared, text);
+  for (int v = 1; v <= 41; ++v)
+    for (int d = 1; d <= 21; ++d)
+      for (const auto table :
+           {&Session::use0, &Session::c0, &Session::use1, &Session::c1, &Session::a1,
+            &Session::use2, &Session::c2, &Session::a2, &Session::c3, &Session::a3})
+        ASSERT_EQ((session.*table)(v, d).text(), shared) << v << "," << d;
+}
+
+// The last letter of a cut block goes everywhere as well, so that no more than a line of it stays.
+TEST(CutModelBlock, KeepsTheFrontOfALongLetter) {
+  const std::string letter(1'000'000, 'x');
+  Session session;
+  ASSERT_TRUE(readVariogramBytes(fullFile() + "1\r\n2\r\n1\r\n" + letter, session));
+  for (const auto table : {&Session::model1, &Session::model2, &Session::model3}) {
+    EXPECT_EQ((session.*table)(1, 1), std::string(255, 'x'));
+    EXPECT_EQ((session.*table)(41, 21), std::string(255, 'x'));
+  }
+}
+
 TEST(CutModelBlock, NumberPlaceTakesTheTextOfAClass) {
   Session session;
   ASSERT_TRUE(readVariogramBytes(

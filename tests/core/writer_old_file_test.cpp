@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <string>
 
@@ -144,7 +145,7 @@ TEST(WriterOldFile, CountsBeyondTheTablesFail) {
       {"variables", 42, 1, 1},
       {"directions", 1, 22, 1},
       {"many directions", 1, 2'000'000'000, 1},
-      {"classes that no file has filled", 1, 1, 1'000'001},
+      {"classes that no file has filled", 1, 1, 1'001},
       {"many classes", 1, 1, 2'000'000'000},
   };
   for (const Row& row : rows) {
@@ -155,6 +156,18 @@ TEST(WriterOldFile, CountsBeyondTheTablesFail) {
     EXPECT_THROW(composeVariogramFile(from, row.variables, oldHeader(), sink), Fault) << row.name;
     EXPECT_LT(sink.bytes.size(), 2000U) << row.name;
   }
+}
+
+// A claim of a million classes over an empty file once filled the disk with noughts.
+TEST(WriterOldFile, WritesAThousandClassesThatNoFileHasFilled) {
+  Session from = oneClass();
+  from.hlag.create(1000);
+  from.gam.create(1000);
+  from.npairs.create(1000);
+  from.nclass = 1000;
+  const std::string bytes = written(from, 1);
+  // Eight lines of the header and the variance, the classes, and 14 lines of the model.
+  EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '\n'), 8 + 1000 + 14);
 }
 
 TEST(WriterOldFile, NumberThatIsNotFiniteFails) {
