@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <new>
+#include <stdexcept>
 #include <system_error>
 #include <utility>
 
@@ -21,6 +23,7 @@ namespace {
 constexpr std::size_t kBufferSize = std::size_t{1} << 20;
 constexpr mode_t kNewFileMode = 0666;
 constexpr const char* kSiblingSuffix = ".zevfit-new";
+constexpr int kMostSiblings = 1000;
 
 [[noreturn]] void fail(const std::string& what, const fs::path& path) {
   throw Fault(what + " " + path.string() + ": " + std::generic_category().message(errno));
@@ -61,44 +64,86 @@ void flushFolder(const fs::path& folder) {
   ::close(open);
 }
 
-/// Gives the new file the permission bits and, where the user may, the owner of the old one.
+/// Flushes to the disk; a file system that can't is no failure.
+bool flushed(int descriptor) {
+  if (uninterrupted([&] { return ::fsync(descriptor); }) == 0) return true;
+  return errno == EINVAL || errno == ENOTSUP || errno == EROFS;
+}
+
+/// Gives the new file the permission bits and the owner of the old one, as far as the user may and
+/// the file system knows of them.
 void takeOver(const fs::path& from, const struct stat& old) {
-  if (::chown(from.c_str(), old.st_uid, old.st_gid) != 0 && errno != EPERM)
-    fail("Cannot prepare", from);
-  if (::chmod(from.c_str(), old.st_mode & 07777) != 0) fail("Cannot prepare", from);
+  const bool owned = ::chown(from.c_str(), old.st_uid, old.st_gid) == 0;
+  // The bits that lend the owner's rights don't go to somebody else's file.
+  const mode_t bits = old.st_mode & (owned ? 07777 : 0777);
+  ::chmod(from.c_str(), bits);
 }
 
-void copyWhole(const fs::path& from, const fs::path& to) {
-  OutputFile copy(to);
-  copy.write(readWhole(from));
-  copy.close();
+/// A name beside the target that nobody has.
+fs::path freeSibling(const fs::path& target) {
+  for (int i = 1; i <= kMostSiblings; ++i) {
+    fs::path sibling = target;
+    sibling += kSiblingSuffix + std::to_string(i);
+    struct stat taken {};
+    if (::lstat(sibling.c_str(), &taken) != 0 && errno == ENOENT) return sibling;
+  }
+  throw Fault("No free name beside " + target.string());
 }
 
-/// Renames across volumes: a copy beside the target takes its place.
+/// Renames across volumes: a copy beside the target takes its place. `from` goes last.
 void moveAcross(const fs::path& from, const fs::path& target) {
-  fs::path sibling = target;
-  sibling += kSiblingSuffix;
   struct stat mode {};
   if (::stat(from.c_str(), &mode) != 0) fail("Cannot read", from);
+  const std::string bytes = readWhole(from);
+  const fs::path sibling = freeSibling(target);
+  OutputFile copy(sibling, OutputFile::Old::refused);
   try {
-    copyWhole(from, sibling);
+    copy.write(bytes);
+    copy.close();
     takeOver(sibling, mode);
     if (::rename(sibling.c_str(), target.c_str()) != 0) fail("Cannot replace", target);
   } catch (...) {
     ::unlink(sibling.c_str());
     throw;
   }
+  flushFolder(target.parent_path());
   ::unlink(from.c_str());
+}
+
+int flagsFor(OutputFile::Old old) {
+  return O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK |
+         (old == OutputFile::Old::refused ? O_EXCL : O_TRUNC);
+}
+
+/// A link is taken away, lest the file that it leads to be written.
+void removeLink(const fs::path& path) {
+  struct stat about {};
+  if (::lstat(path.c_str(), &about) == 0 && S_ISLNK(about.st_mode)) ::unlink(path.c_str());
+}
+
+/// Room for one byte more than the file claims, so that its end is met without growing.
+std::string readToEnd(int descriptor, const fs::path& path, off_t claimed) {
+  std::string bytes(static_cast<std::size_t>(std::max<off_t>(claimed, 0)) + 1, '\0');
+  std::size_t filled = 0;
+  for (;;) {
+    if (filled == bytes.size()) bytes.resize(2 * bytes.size());
+    const ssize_t got = uninterrupted(
+        [&] { return ::read(descriptor, bytes.data() + filled, bytes.size() - filled); });
+    if (got < 0) fail("Cannot read", path);
+    if (got == 0) break;
+    filled += static_cast<std::size_t>(got);
+  }
+  bytes.resize(filled);
+  return bytes;
 }
 
 }  // namespace
 
-OutputFile::OutputFile(const fs::path& path)
-    : descriptor_(uninterrupted([&] {
-        return ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kNewFileMode);
-      })) {
-  if (descriptor_ < 0) fail("Cannot open", path);
+OutputFile::OutputFile(const fs::path& path, Old old) {
   buffer_.reserve(kBufferSize);
+  if (old == Old::dropped) removeLink(path);
+  descriptor_ = uninterrupted([&] { return ::open(path.c_str(), flagsFor(old), kNewFileMode); });
+  if (descriptor_ < 0) fail("Cannot open", path);
 }
 
 OutputFile::~OutputFile() {
@@ -121,7 +166,11 @@ void OutputFile::flush() {
   while (!left.empty()) {
     const ssize_t written =
         uninterrupted([&] { return ::write(descriptor_, left.data(), left.size()); });
-    if (written < 0) fail("Cannot write", "");
+    if (written < 0) {
+      // What failed once is not tried again when the file is closed.
+      buffer_.clear();
+      fail("Cannot write", "");
+    }
     left.remove_prefix(static_cast<std::size_t>(written));
   }
   buffer_.clear();
@@ -129,7 +178,7 @@ void OutputFile::flush() {
 
 void OutputFile::close() {
   flush();
-  if (uninterrupted([&] { return ::fsync(descriptor_); }) != 0) fail("Cannot write", "");
+  if (!flushed(descriptor_)) fail("Cannot write", "");
   const int closing = std::exchange(descriptor_, -1);
   if (::close(closing) != 0 && errno != EINTR) fail("Cannot close", "");
 }
@@ -152,22 +201,17 @@ void replaceFile(const fs::path& from, const fs::path& target) {
 }
 
 std::string readWhole(const fs::path& path) {
-  const Descriptor file(path, O_RDONLY);
+  const Descriptor file(path, O_RDONLY | O_NONBLOCK);
   struct stat about {};
   if (::fstat(file.number(), &about) != 0) fail("Cannot read", path);
-  // Room for one byte more than the file claims, so that its end is met without growing.
-  std::string bytes(static_cast<std::size_t>(std::max<off_t>(about.st_size, 0)) + 1, '\0');
-  std::size_t filled = 0;
-  for (;;) {
-    if (filled == bytes.size()) bytes.resize(2 * bytes.size());
-    const ssize_t got = uninterrupted(
-        [&] { return ::read(file.number(), bytes.data() + filled, bytes.size() - filled); });
-    if (got < 0) fail("Cannot read", path);
-    if (got == 0) break;
-    filled += static_cast<std::size_t>(got);
+  if (!S_ISREG(about.st_mode)) throw Fault("Not a file: " + path.string());
+  try {
+    return readToEnd(file.number(), path, about.st_size);
+  } catch (const std::bad_alloc&) {
+    throw Fault("Too large: " + path.string());
+  } catch (const std::length_error&) {
+    throw Fault("Too large: " + path.string());
   }
-  bytes.resize(filled);
-  return bytes;
 }
 
 }  // namespace zevfit

@@ -13,10 +13,14 @@ class ByteSink {
   virtual void write(std::string_view bytes) = 0;
 };
 
-/// A file opened for writing, any old content dropped. Every failure throws Fault with what failed.
+/// A file opened for writing. A symbolic link is never followed: it gives way to the new file.
+/// Every failure throws Fault with what failed; what could not be written is not tried again.
 class OutputFile : public ByteSink {
  public:
-  explicit OutputFile(const std::filesystem::path& path);
+  /// What becomes of a file of that name; where it is refused, so is a link.
+  enum class Old { dropped, refused };
+
+  explicit OutputFile(const std::filesystem::path& path, Old old = Old::dropped);
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
   ~OutputFile() override;
@@ -34,11 +38,13 @@ class OutputFile : public ByteSink {
 
 /// Puts a finished file in the place of another in one step of the file system: at every moment the
 /// target is either the old file whole or the new one whole, also when the two lie on different
-/// volumes. Follows a symbolic link to its target and keeps the permission bits of the old file.
-/// Afterwards `from` is gone. Throws Fault on failure; the target is then as it was.
+/// volumes. Follows a symbolic link to its target and keeps the permission bits and the owner of
+/// the old file as far as it may. Afterwards `from` is gone. Throws Fault on failure; the target is
+/// then as it was.
 void replaceFile(const std::filesystem::path& from, const std::filesystem::path& target);
 
-/// The bytes of a file; throws Fault when it can't be opened or read.
+/// The bytes of a file; throws Fault when it can't be opened or read, is no plain file (never waits
+/// for a pipe or a device) or is too large for the memory.
 std::string readWhole(const std::filesystem::path& path);
 
 }  // namespace zevfit

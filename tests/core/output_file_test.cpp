@@ -1,9 +1,13 @@
 #include "files/output_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <string>
+#include <system_error>
 
 #include "session/fault.h"
 #include "tests/support/scratch_folder.h"
@@ -15,6 +19,9 @@ namespace fs = std::filesystem;
 using test::contentOf;
 using test::putFile;
 using test::ScratchFolder;
+
+/// Another file system than that of the temporary folder, where the machine has one.
+fs::path otherVolume() { return "/dev/shm"; }
 
 TEST(OutputFile, WritesWhatItIsGiven) {
   const ScratchFolder folder;
@@ -74,6 +81,60 @@ TEST(OutputFile, FullDeviceFailsAtTheLatestOnClose) {
   OutputFile out(full);
   out.write("some");
   EXPECT_THROW(out.close(), Fault);
+}
+
+// What stood in the buffer when a write failed was once written again by the closing.
+TEST(OutputFile, GivesUpWhatItCouldNotWrite) {
+  const fs::path full = "/dev/full";
+  if (!fs::exists(full)) return;
+  OutputFile out(full);
+  EXPECT_THROW(out.write(std::string(3'000'000, 'x')), Fault);
+  out.write("little");
+  EXPECT_THROW(out.close(), Fault);
+}
+
+// A link left under the name of the temporary file once led the save to write another file.
+TEST(OutputFile, TakesTheNameOfALinkAndSparesItsTarget) {
+  const ScratchFolder folder;
+  putFile(folder / "own", "own");
+  fs::create_symlink("own", folder / "link");
+  OutputFile out(folder / "link");
+  out.write("new");
+  out.close();
+  EXPECT_EQ(contentOf(folder / "own"), "own");
+  EXPECT_FALSE(fs::is_symlink(folder / "link"));
+  EXPECT_EQ(contentOf(folder / "link"), "new");
+}
+
+TEST(OutputFile, LeavesAnOldFileWhereItIsRefused) {
+  const ScratchFolder folder;
+  putFile(folder / "own", "own");
+  fs::create_symlink("none", folder / "link");
+  EXPECT_THROW(OutputFile(folder / "own", OutputFile::Old::refused), Fault);
+  EXPECT_THROW(OutputFile(folder / "link", OutputFile::Old::refused), Fault);
+  EXPECT_EQ(contentOf(folder / "own"), "own");
+  EXPECT_TRUE(fs::is_symlink(folder / "link"));
+}
+
+// A pipe or a device in the place of a file once kept the program waiting for ever.
+TEST(ReadWhole, DoesNotWaitForPipesAndDevices) {
+  const ScratchFolder folder;
+  ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+  EXPECT_THROW(readWhole(folder / "pipe"), Fault);
+  EXPECT_THROW(readWhole("/dev/zero"), Fault);
+}
+
+// A file that claims more than the memory holds once ended the program.
+TEST(ReadWhole, FailsForAFileBeyondTheMemory) {
+  const ScratchFolder folder;
+  const fs::path sparse = otherVolume() / folder.path().filename();
+  putFile(sparse, "");
+  std::error_code unable;
+  fs::resize_file(sparse, std::uintmax_t{INT64_MAX}, unable);
+  if (!unable) {
+    EXPECT_THROW(readWhole(sparse), Fault);
+  }
+  fs::remove(sparse, unable);
 }
 
 TEST(ReadWhole, GivesAllBytes) {
@@ -157,9 +218,6 @@ TEST(ReplaceFile, LeavesTheTargetWhereItFails) {
   EXPECT_EQ(contentOf(folder / "old"), "old");
 }
 
-/// Another file system than that of the temporary folder, where the machine has one.
-fs::path otherVolume() { return "/dev/shm"; }
-
 TEST(ReplaceFile, WorksAcrossVolumes) {
   const ScratchFolder folder;
   const fs::path from = otherVolume() / folder.path().filename();
@@ -176,6 +234,23 @@ TEST(ReplaceFile, WorksAcrossVolumes) {
   }
   // Nothing else is left behind.
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()), 2);
+}
+
+// The copy beside the target once overwrote a file that happened to have its name.
+TEST(ReplaceFile, AcrossVolumesSparesTheFilesBesideTheTarget) {
+  const ScratchFolder folder;
+  const fs::path from = otherVolume() / folder.path().filename();
+  putFile(from, "new");
+  if (!fs::exists(from)) return;
+  for (const char* name : {"old", "old.zevfit-new", "old.zevfit-new1"})
+    putFile(folder / name, name);
+  fs::create_symlink("old.zevfit-new", folder / "old.zevfit-new2");
+  replaceFile(from, folder / "old");
+  EXPECT_EQ(contentOf(folder / "old"), "new");
+  EXPECT_EQ(contentOf(folder / "old.zevfit-new"), "old.zevfit-new");
+  EXPECT_EQ(contentOf(folder / "old.zevfit-new1"), "old.zevfit-new1");
+  EXPECT_TRUE(fs::is_symlink(folder / "old.zevfit-new2"));
+  EXPECT_FALSE(fs::exists(from));
 }
 
 }  // namespace

@@ -286,6 +286,49 @@ TEST(Save, OfTheTemporaryFileItselfLeavesIt) {
   EXPECT_EQ(contentOf(desk.temporary), sampleFile("zevra"));
 }
 
+// A link under the temporary name once let the save write into a file of the user's.
+TEST(Save, SparesTheTargetOfALinkUnderTheTemporaryName) {
+  Desk desk;
+  putFile(desk.folder / "data/own", "own");
+  fs::create_symlink("../data/own", desk.temporary);
+  EXPECT_EQ(desk.save(), (Boxes{desk.question, desk.saved}));
+  EXPECT_EQ(contentOf(desk.folder / "data/own"), "own");
+  EXPECT_FALSE(fs::is_symlink(desk.file));
+}
+
+// The file lies on another volume, and its name leaves no room for that of a copy beside it.
+TEST(Save, ThatCannotReplaceTheFileKeepsTheModelsInTheTemporaryFile) {
+  Desk desk;
+  const fs::path volume = "/dev/shm";
+  if (!fs::is_directory(volume)) return;
+  std::string name = desk.folder.path().filename().string();
+  name.resize(255, 'x');
+  const fs::path file = volume / name;
+  putFile(file, sampleFile("zevra"));
+  desk.session.inputfile = file.string();
+  const Boxes boxes = desk.save();
+  const bool whole = contentOf(file) == sampleFile("zevra");
+  fs::remove(file);
+  EXPECT_TRUE(whole);
+  EXPECT_EQ(boxes, (Boxes{"confirm: Save  current models to file: " + file.string(),
+                          "plain: Cannot save  models to file:\n-" + file.string()}));
+  EXPECT_TRUE(contentOf(desk.temporary).starts_with("Flood plain\r\nzevRA1\r\n 2 \r\nzinc"));
+}
+
+// An empty title is saved as an empty line, which the next load takes for no token at all.
+TEST(Save, OfAnEmptyTitleReadsBackOutOfStep) {
+  Desk desk;
+  std::string content = sampleFile("zevra");
+  content.replace(0, std::string("Flood plain").size(), "\"\"");
+  desk.load(content);
+  EXPECT_EQ(desk.save(), (Boxes{desk.question, desk.saved}));
+  EXPECT_TRUE(contentOf(desk.file).starts_with("\r\nzevRA1\r\n 2 \r\nzinc\r\n"));
+  Session again;
+  readVariogramFile(desk.file, again);
+  EXPECT_EQ(again.filetag, "2 ");
+  EXPECT_EQ(again.hasmodel, 0);
+}
+
 TEST(Save, KeepsALinkAndItsPermissions) {
   Desk desk;
   const fs::path target = desk.folder / "data/target";
