@@ -189,8 +189,9 @@ const QImage& PainterSurface::stamp(double radius, const Stroke& outline, Colour
   made.fill(Qt::transparent);
   QPainter to(&made);
   to.setRenderHint(QPainter::Antialiasing);
-  to.translate(side / 2 + static_cast<double>(phaseX) / kPhases,
-               side / 2 + static_cast<double>(phaseY) / kPhases);
+  const double middle = std::floor(side / 2.0);
+  to.translate(middle + static_cast<double>(phaseX) / kPhases,
+               middle + static_cast<double>(phaseY) / kPhases);
   to.scale(ratio, ratio);
   to.setPen(toPen(outline));
   to.setBrush(toQColor(fill));
