@@ -1,4 +1,5 @@
-// Variogram files: any bytes are read; what was read and then written reads back to the same tables.
+// Variogram files: any bytes are read; what was read and then written reads back to the same
+// tables.
 #include <cmath>
 #include <cstdint>
 #include <string>
