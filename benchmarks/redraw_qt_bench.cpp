@@ -28,7 +28,7 @@ double distance(int lag) { return kLast * lag / kClasses; }
 double model(double h) { return kNugget + kSill * (1 - std::exp(-3 * h / kRange)); }
 
 std::string writeFile(const QTemporaryDir& folder) {
-  const std::string path = folder.filePath("bench.zvm").toStdString();
+  std::string path = folder.filePath("bench.zvm").toStdString();
   std::ofstream out(path);
   out << "bench\nzevra1\n1\nln zinc\n1\n" << kClasses << "\n45;0\n" << kVariance << "\n";
   for (int lag = 1; lag <= kClasses; ++lag)
