@@ -219,7 +219,8 @@ TEST_F(Sliders, APositionThatRoundsBelowTheBottomIsRefused) {
   cell(&Session::c1) = 4;
   cell(&Session::ymin) = 0.0004;
   HScrollc0_Change(fit);
-  EXPECT_EQ(panel.text(Field::c0), "4") << "0.0004 is 0 in three decimals";
+  EXPECT_EQ(panel.text(Field::c0), "4");
+  EXPECT_EQ(panel.calls.front(), "Textc0 = 4") << "0.0004 is 0 in three decimals: not even tried";
 }
 
 TEST_F(Sliders, MovingTheSillReachesBelowNoughtOnSuchAnAxis) {
