@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QIcon>
+#include <QTimer>
 
 #include "platform/program_folder.h"
 #include "platform/qt_dialogs.h"
@@ -14,6 +15,7 @@ int main(int argc, char** argv) {
   zevfit::QtDialogs dialogs;
   zevfit::mdimod window(dialogs, zevfit::programFolder());
   window.show();
-  window.showAbout();
+  // Over the main window once that has its place on the screen.
+  QTimer::singleShot(0, &window, [&window] { window.showAbout(); });
   return QApplication::exec();
 }

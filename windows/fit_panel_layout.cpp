@@ -106,10 +106,6 @@ void FitPanelWidgets::makeLines() {
     esttipo[i]->setAccessibleName(kLetterTips[i]);
     esttipo[i]->setMinimumWidth(16);
     esttipo[i]->setAlignment(Qt::AlignCenter);
-    esttipo[i]->setFont([font = esttipo[i]->font()]() mutable {
-      font.setBold(true);
-      return font;
-    }());
   }
 }
 

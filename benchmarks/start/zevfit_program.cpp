@@ -13,6 +13,6 @@ int main(int argc, char** argv) {
   zevfit::mdimod window(dialogs, zevfit::programFolder());
   const FirstPaint end(window);
   window.show();
-  window.showAbout();
+  QTimer::singleShot(0, &window, [&window] { window.showAbout(); });
   return QApplication::exec();
 }

@@ -5,6 +5,9 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
+#include <QSlider>
+#include <QStyleOptionSlider>
 #include <QTemporaryDir>
 #include <QTest>
 #include <algorithm>
@@ -143,6 +146,85 @@ TEST_F(MainJob, OpensFitsSavesAndOpensAgain) {
 
   program_.trigger("k11");
   EXPECT_EQ(firstDifference(readWhole(path()), expectedFile()), "");
+}
+
+/// Takes hold of a slider's handle and moves it by pixels, with the button down in between.
+void dragSlider(QSlider& slider, int by) {
+  QStyleOptionSlider option;
+  option.initFrom(&slider);
+  option.orientation = Qt::Horizontal;
+  option.maximum = slider.maximum();
+  option.sliderPosition = option.sliderValue = slider.value();
+  const QPoint handle =
+      slider.style()
+          ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, &slider)
+          .center();
+  QTest::mousePress(&slider, Qt::LeftButton, {}, handle);
+  for (const int part : {by / 3, 2 * by / 3, by}) {
+    const QPointF at = handle + QPoint(part, 0);
+    QMouseEvent move(QEvent::MouseMove, at, slider.mapToGlobal(at), Qt::NoButton, Qt::LeftButton,
+                     {});
+    QApplication::sendEvent(&slider, &move);
+  }
+  QTest::mouseRelease(&slider, Qt::LeftButton, {}, handle + QPoint(by, 0));
+}
+
+TEST_F(MainJob, EveryControlOfThePanelReachesThePlot) {
+  program_.open(path());
+  QImage last = picture();
+  const auto changed = [&](const char* by) {
+    const QImage now = program_.window().grab().toImage();
+    EXPECT_NE(now, last) << by;
+    last = now;
+  };
+  program_.control<QComboBox>("Combo2").setCurrentIndex(1);
+  program_.control<QComboBox>("Combodirvar").setCurrentIndex(2);
+  click("Command5");
+  changed("Command5");
+  Session& session = program_.session();
+  EXPECT_EQ(session.plotvar, 2);
+  EXPECT_EQ(session.plotdir, 3);
+
+  clickMark("psill");
+  click("Command5");
+  changed("psill");
+  EXPECT_EQ(session.showsill(2, 3), 0);
+  click("Command3");
+  changed("Command3");
+  EXPECT_EQ(session.axiscolor, kWhite);
+
+  clickMark("est2");
+  for (const char* model : {"tipo1", "tipo2", "tipo3"}) {
+    clickMark(model);
+    type("Texta", "700");
+    type("Textc0", "0.4");
+    changed(model);
+  }
+  clickMark("tipo4");
+  EXPECT_FALSE(program_.control("Textc0").isEnabled());
+  // The power form leaves the plot at once: h^0.01 is about 1.05 from the first sample on.
+  type("Texta", "0.01");
+  changed("tipo4");
+  clickMark("tipo2");
+  type("Texta", "700");
+
+  dragSlider(program_.control<QSlider>("HScrollc0"), 40);
+  changed("HScrollc0");
+  EXPECT_GT(session.c1(2, 3).number(), 0.4);
+  dragSlider(program_.control<QSlider>("HScrolla"), 20);
+  changed("HScrolla");
+  EXPECT_GT(session.a1(2, 3).number(), 700);
+
+  clickMark("est3");
+  for (const char* box : {"plot1", "plot2", "plot3", "plot4"}) {
+    clickMark(box);
+    click("Command5");
+    changed(box);
+  }
+  EXPECT_EQ(session.use0(2, 3).number(), 1);
+  EXPECT_EQ(session.use1(2, 3).number(), 0);
+  EXPECT_EQ(session.use2(2, 3).number(), 1);
+  EXPECT_EQ(session.use3(2, 3), 1);
 }
 
 TEST_F(MainJob, CurveFollowsEachEditAtOnce) {
