@@ -3,6 +3,7 @@
 #include <QIcon>
 #include <QKeySequence>
 #include <QLabel>
+#include <QPixmap>
 
 namespace zevfit {
 
@@ -20,9 +21,16 @@ QLabel* makeLabel(const QString& text) {
 
 QIcon programIcon(const char* name) { return QIcon(QString(":/icons/%1.svg").arg(name)); }
 
+QIcon blankIcon() {
+  QPixmap blank(kIconSize);
+  blank.fill(Qt::transparent);
+  return QIcon(blank);
+}
+
 QPushButton* makeIconButton(const char* name, const char* icon, const char* hint,
                             const QKeySequence& shortcut) {
-  auto* button = named(new QPushButton(programIcon(icon), QString()), name, hint);
+  auto* button =
+      named(new QPushButton(icon ? programIcon(icon) : blankIcon(), QString()), name, hint);
   button->setAccessibleName(hint);
   button->setIconSize(kIconSize);
   button->setShortcut(shortcut);

@@ -19,11 +19,14 @@ Widget* named(Widget* widget, const QString& name, const char* hint = nullptr) {
 /// A label that shows its text as it is.
 QLabel* makeLabel(const QString& text);
 
-/// A button without a caption: an icon of the program's own, the hint also as accessible name.
+/// A button without a caption: an icon of the program's own (none yet: a blank one), the hint also
+/// as accessible name.
 QPushButton* makeIconButton(const char* name, const char* icon, const char* hint,
                             const QKeySequence& shortcut);
 
 /// The icon ":/icons/NAME.svg".
 QIcon programIcon(const char* name);
+/// Keeps the place of an icon that is loaded later.
+QIcon blankIcon();
 
 }  // namespace zevfit

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -137,13 +138,19 @@ void FitPanelWidgets::makeValues() {
 }
 
 void FitPanelWidgets::makeButtons() {
-  Command1 = makeIconButton("Command1", "scales", "Change X-Y scales", {});
-  Command2 = makeIconButton("Command2", "crosstest", "Test - Cross Semivariogram", {});
-  Command3 = makeIconButton("Command3", "grid", "Grid ON/OFF", {});
+  Command1 = makeIconButton("Command1", nullptr, "Change X-Y scales", {});
+  Command2 = makeIconButton("Command2", nullptr, "Test - Cross Semivariogram", {});
+  Command3 = makeIconButton("Command3", nullptr, "Grid ON/OFF", {});
   Command4 = named(new QPushButton("[ h ]"), "Command4", "Legend h[units]");
   Command5 = named(new QPushButton("PLOT"), "Command5", "Plot Theoretical Model");
   Command5->setShortcut(Qt::ALT | Qt::Key_P);
   for (QPushButton* later : {Command1, Command2, Command4}) later->setEnabled(false);
+}
+
+void FitPanelWidgets::loadIcons() {
+  Command1->setIcon(programIcon("scales"));
+  Command2->setIcon(programIcon("crosstest"));
+  Command3->setIcon(programIcon("grid"));
 }
 
 void FitPanelWidgets::layOut() {

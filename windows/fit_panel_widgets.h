@@ -26,6 +26,9 @@ class FitPanelWidgets : public QWidget, public FitPanel {
   /// events.
   void connectTo(Fit& fit);
 
+  /// Gives the buttons their icons, blank until then.
+  void loadIcons();
+
   /// Empties a list and fills it, without an event; no entry is chosen afterwards.
   void fillList(List list, const QStringList& entries);
   int listCount(List list) const;

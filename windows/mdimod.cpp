@@ -21,6 +21,7 @@
 #include "plot/plot_variogram.h"
 #include "session/numbers.h"
 #include "windows/boundary.h"
+#include "windows/controls.h"
 #include "windows/fit_panel_widgets.h"
 #include "windows/formabout.h"
 #include "windows/texts.h"
@@ -125,6 +126,12 @@ formabout& mdimod::about() {
   return *about_;
 }
 
+void mdimod::loadIcons() {
+  QApplication::setWindowIcon(programIcon("app"));
+  for (const auto& [action, name] : icons_) action->setIcon(programIcon(name));
+  panel_->loadIcons();
+}
+
 void mdimod::showAbout() { about().showAtStart(); }
 
 QAction* mdimod::addEntry(QMenu* menu, const char* name, const char* caption,
@@ -154,16 +161,16 @@ void mdimod::makeToolbar() {
   Toolbar1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
   Toolbar1->setIconSize({24, 24});
   setContextMenuPolicy(Qt::NoContextMenu);
+  const QIcon blank = blankIcon();
   for (const Command& command : toolbarCommands()) {
-    QAction* action = *command.icon == '\0'
-                          ? Toolbar1->addSeparator()
-                          : Toolbar1->addAction(QIcon(QString(":/icons/%1.svg").arg(command.icon)),
-                                                command.caption);
+    QAction* action = *command.icon == '\0' ? Toolbar1->addSeparator()
+                                            : Toolbar1->addAction(blank, command.caption);
     action->setObjectName(command.key);
     action->setToolTip(command.tip);
     connect(action, &QAction::triggered, this,
             [this, &command] { guarded(dialogs_, [&] { run(command); }); });
     if (!command.action && command.needsFile) missing_.push_back(action);
+    if (!action->isSeparator()) icons_.emplace_back(action, command.icon);
   }
 }
 

@@ -30,6 +30,9 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   ~mdimod() override;
 
   Session& session() { return session_; }
+  /// Gives the program and its buttons their icons, which are blank until then: the first picture
+  /// of the window does not wait for them.
+  void loadIcons();
   /// Shows the about window over the main window, as a start does.
   void showAbout();
 
@@ -98,6 +101,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   std::unique_ptr<Fit> fit_;
   std::unique_ptr<frmzevfit> structure_;
   std::unique_ptr<formabout> about_;
+  std::vector<std::pair<QAction*, const char*>> icons_;  ///< the names of those to be loaded
   std::vector<QAction*> missing_;
   bool ending_ = false;  ///< the question of the end has been answered
   int drawings_ = 0;     ///< under way, one within the other

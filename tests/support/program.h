@@ -19,6 +19,7 @@ namespace zevfit::test {
 class Program {
  public:
   explicit Program(const std::filesystem::path& folder) : window_(dialogs_, folder) {
+    window_.loadIcons();
     window_.show();
     QApplication::processEvents();
   }
