@@ -63,7 +63,8 @@ TEST(Cell, SurvivesAssignmentToItself) {
 // A text of megabytes, copied to every place of the model tables, once filled the memory.
 TEST(Cell, CopiesShareOneText) {
   const Cell original = Cell::ofText("much");
-  const Cell copy = original;
+  const Cell copy =
+      original;  // NOLINT(performance-unnecessary-copy-initialization): the copy is tested
   Cell assigned = 7;
   assigned = copy;
   ASSERT_NE(original.text(), nullptr);

@@ -96,7 +96,8 @@ std::string expectedFile() {
       " 1 \r\nS\r\n 0.517 \r\n 899.904 \r\n"
       " 1 \r\nE\r\n 0.05 \r\n 1614.178 \r\n" +
       unused;
-  for (int pair = 1; pair < 7 * 4; ++pair) bytes += " 0 \r\n0\r\n" + unused + unused + unused;
+  for (int pair = 1; pair < 7 * 4; ++pair)
+    bytes.append(" 0 \r\n0\r\n").append(unused).append(unused).append(unused);
   return bytes;
 }
 

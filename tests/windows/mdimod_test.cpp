@@ -37,7 +37,7 @@ class MainWindow : public testing::Test {
   }
 
   std::string write(const char* name, const std::string& bytes) {
-    const std::string path = folder_.filePath(name).toStdString();
+    std::string path = folder_.filePath(name).toStdString();
     std::ofstream(path, std::ios::binary) << bytes;
     return path;
   }
