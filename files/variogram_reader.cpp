@@ -10,6 +10,7 @@
 #include "files/variogram_format.h"
 #include "session/fault.h"
 #include "session/numbers.h"
+#include "session/policy.h"
 
 namespace zevfit {
 
@@ -23,16 +24,6 @@ constexpr std::size_t kLongestLetter = 255;
 
 /// The stream ended at one of the tests.
 struct EndOfFile {};
-
-/// Errors of single statements are ignored: the statement is dropped and the next one runs.
-template <class Statement>
-void dropFaults(Statement&& statement) {
-  try {
-    statement();
-  } catch (const Fault&) {
-    return;
-  }
-}
 
 class Reader {
  public:
@@ -101,7 +92,7 @@ float Reader::takePairs() {
 void Reader::takeCount(std::int64_t& count) {
   endTest();
   if (!takeNumber() || number_.isText()) return;
-  dropFaults([&] { count = toCount(number_.number()); });
+  endSilently([&] { count = toCount(number_.number()); });
 }
 
 template <class Names>
@@ -195,9 +186,9 @@ void Reader::oneClass(std::int64_t v, std::int64_t d, std::vector<Cell>& h, std:
 
 void Reader::deriveAxis(std::int64_t v, std::int64_t d) {
   Session& s = session_;
-  dropFaults(
+  endSilently(
       [&] { s.ymax(v, d) = finite(kAxisMargin * std::max(s.gmax(v, d), s.variance(v).number())); });
-  dropFaults(
+  endSilently(
       [&] { s.ymin(v, d) = finite(kAxisMargin * std::min(s.gmin(v, d), s.variance(v).number())); });
   if (s.ymin(v, d) > 0) s.ymin(v, d) = 0;
   s.ymin0(v, d) = s.ymin(v, d);
@@ -217,7 +208,7 @@ void Reader::model(std::int64_t v, std::int64_t d) {
   for (int line = 0; line < kLines; ++line) {
     const auto at = static_cast<std::size_t>(line);
     takeNumber();
-    dropFaults([&] { setFlag(session_, line, v, d, number_); });
+    endSilently([&] { setFlag(session_, line, v, d, number_); });
     if (line > 0) takeLetter((session_.*kLetterTable[at])(v, d));
     takeNumber();
     (session_.*kSillTable[at])(v, d) = number_;
@@ -256,7 +247,7 @@ bool readVariogramBytes(std::string_view bytes, Session& session) {
 
 bool readVariogramFile(const std::filesystem::path& path, Session& session) {
   std::string bytes;
-  dropFaults([&] { bytes = readWhole(path); });
+  endSilently([&] { bytes = readWhole(path); });
   return readVariogramBytes(bytes, session);
 }
 

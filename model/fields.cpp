@@ -1,6 +1,6 @@
-#include "model/policy.h"
 #include "model/sliders.h"
 #include "session/numbers.h"
+#include "session/policy.h"
 
 namespace zevfit {
 

@@ -3,9 +3,9 @@
 #include <array>
 
 #include "model/expressions.h"
-#include "model/policy.h"
 #include "model/sliders.h"
 #include "session/numbers.h"
+#include "session/policy.h"
 
 namespace zevfit {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "model/policy.h"
 #include "session/numbers.h"
+#include "session/policy.h"
 
 namespace zevfit {
 

@@ -13,12 +13,14 @@ constexpr int kDotsPerMetre = 3780;
 /// No picture is larger than this many pixels a side, whatever size a window claims.
 constexpr int kLargestSide = 16384;
 
-int toPixelSide(double twips) {
-  return std::clamp(static_cast<int>(std::lround(std::clamp(twips, 0.0, 1e6) / kTwipsPerPixel)), 1,
-                    kLargestSide);
-}
+/// No widget is placed farther out than this many pixels, whatever a cell holds.
+constexpr double kFarthest = 30000;
 
 }  // namespace
+
+int toPixels(double twips) {
+  return static_cast<int>(std::lround(std::clamp(twips / kTwipsPerPixel, -kFarthest, kFarthest)));
+}
 
 PictureBox::PictureBox(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
 
@@ -37,7 +39,9 @@ QImage PictureBox::blank(const QSize& size) const {
 void PictureBox::setSizeTwips(double width, double height) {
   width_ = width;
   height_ = height;
-  const QSize pixels(toPixelSide(width), toPixelSide(height));
+  const QSize pixels = QSize(toPixels(width), toPixels(height))
+                           .expandedTo({1, 1})
+                           .boundedTo({kLargestSide, kLargestSide});
   if (pixels == size() && !image_.isNull()) return;
   endPainting();
   QImage grown = blank(pixels);

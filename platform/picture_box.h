@@ -9,6 +9,9 @@
 
 namespace zevfit {
 
+/// The whole logical pixels nearest to a length in twips, held to what a widget can be placed at.
+int toPixels(double twips);
+
 /// A picture with a persistent bitmap at the resolution of its screen: what is drawn stays, and is
 /// what the widget shows. Its size is kept in twips.
 class PictureBox : public QWidget, private PainterSurface {

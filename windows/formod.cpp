@@ -6,8 +6,6 @@
 #include <QLabel>
 #include <QLayout>
 #include <QMdiArea>
-#include <algorithm>
-#include <cmath>
 
 #include "plot/direction_events.h"
 #include "windows/guide_line.h"
@@ -23,8 +21,6 @@ constexpr float kOverlayPoints = 10.5F;
 constexpr std::array<const char*, 4> kHandleCaptions{"Co", "S1", "S2", "S3"};
 
 constexpr QColor kHandleGround(0xEF, 0xEF, 0xEF);
-
-int toPixels(double twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
 
 /// The content of a plot window.
 class PlotForm : public QWidget {

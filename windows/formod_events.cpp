@@ -3,7 +3,6 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <algorithm>
-#include <cmath>
 
 #include "plot/direction_events.h"
 #include "windows/boundary.h"
@@ -15,13 +14,6 @@
 namespace zevfit {
 
 namespace {
-
-/// An overlay is never placed farther out than this, whatever a cell holds.
-constexpr double kFarthest = 30000;
-
-int toPixels(double twips) {
-  return static_cast<int>(std::lround(std::clamp(twips / kTwipsPerPixel, -kFarthest, kFarthest)));
-}
 
 MouseButton toButton(const QMouseEvent& mouse) {
   if (mouse.button() == Qt::LeftButton) return MouseButton::left;

@@ -15,6 +15,7 @@
 #include "files/variogram_reader.h"
 #include "session/fault.h"
 #include "session/numbers.h"
+#include "session/policy.h"
 #include "windows/boundary.h"
 #include "windows/grid.h"
 #include "windows/texts.h"
@@ -30,15 +31,6 @@ constexpr std::int64_t kMostRows = 1000;
 /// Column of the tick pictures.
 constexpr int kTickColumn = 1;
 constexpr int kTickedRole = Qt::UserRole;
-
-/// The policy of the load: a statement that fails is dropped.
-template <class Statement>
-void dropFaults(Statement&& statement) {
-  try {
-    statement();
-  } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): dropping it is the policy
-  }
-}
 
 /// Chooses the first entry, without the list's handler; false for an empty list, which has none.
 bool selectFirst(QComboBox& list) {
@@ -131,7 +123,7 @@ void frmzevfit::fill(const std::string& path) {
   selectFirstEntries();
   setWindowTitle(toTitle("Filename (*.ZVM): " + shownPath));
   fillHeadings();
-  dropFaults([&] { showClasses(1, 1); });
+  endSilently([&] { showClasses(1, 1); });
 }
 
 void frmzevfit::fillNames() {
@@ -155,10 +147,10 @@ void frmzevfit::fillVariableRows() {
 }
 
 void frmzevfit::selectFirstEntries() {
-  dropFaults([&] {
+  endSilently([&] {
     if (selectFirst(*Combovar)) Combovar_Click();
   });
-  dropFaults([&] {
+  endSilently([&] {
     // The choice of a variable has chosen the first direction already; no change, no event.
     if (Combodirvalues->currentIndex() == 0) return;
     if (selectFirst(*Combodirvalues)) Combodirvalues_Click();
@@ -257,7 +249,7 @@ void frmzevfit::Command1_Click() {
   hide();
   host_.enableMain();
   // The dialog comes up once more, but nothing takes up what is chosen there.
-  dropFaults([&] { dialogs_.openFile(kOpenTitle, kOpenPattern); });
+  endSilently([&] { dialogs_.openFile(kOpenTitle, kOpenPattern); });
   host_.focusMain();
 }
 

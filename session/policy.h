@@ -6,8 +6,8 @@
 
 namespace zevfit {
 
-/// The policy of a handler, or of a stretch of it, that a failure ends with what it has done so
-/// far.
+/// Runs the body, which a fault ends with what it has done so far. Around a handler this is the
+/// policy to end silently; around a statement it is the policy to drop it and go on with the next.
 template <class Body>
 void endSilently(Body&& body) {
   try {
