@@ -63,8 +63,8 @@ TEST(Cell, SurvivesAssignmentToItself) {
 // A text of megabytes, copied to every place of the model tables, once filled the memory.
 TEST(Cell, CopiesShareOneText) {
   const Cell original = Cell::ofText("much");
-  const Cell copy =
-      original;  // NOLINT(performance-unnecessary-copy-initialization): the copy is tested
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the copy is tested.
+  const Cell copy = original;
   Cell assigned = 7;
   assigned = copy;
   ASSERT_NE(original.text(), nullptr);
