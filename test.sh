@@ -119,8 +119,7 @@ format() {
     xargs -0 clang-format --dry-run --Werror
 }
 
-# tidy PRESET FOLDER...: every source in the folders, as the preset compiles it. The tests are left
-# out: with GoogleTest's headers they would take longer than all other steps together.
+# tidy PRESET FOLDER...: every source in the folders, as the preset compiles it.
 tidy() {
   find "${@:2}" -name '*.cpp' -print0 |
     xargs -0 -n 1 -P "$jobs" clang-tidy -p "build/$1" --quiet 2>&1 |
@@ -132,7 +131,8 @@ stage_lint() {
   check "lint: shell scripts" shellcheck run.sh test.sh .ci/run .ci/install
   # Sources include what moc makes of them.
   prepare "lint: generated sources" build debug zevfit_windows_autogen zevfit_window_tests_autogen &&
-    check "lint: clang-tidy" tidy debug session model files plot windows platform main.cpp
+    check "lint: clang-tidy" tidy debug session model files plot windows platform main.cpp &&
+    check "lint: clang-tidy of tests" tidy debug tests
   prepare "lint: fuzz configuration" cmake --preset fuzz &&
     check "lint: clang-tidy of fuzz" tidy fuzz fuzz
   prepare "lint: benchmark configuration" cmake --preset bench &&
