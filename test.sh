@@ -95,9 +95,10 @@ without_qt() {
 
 stage_core() {
   local program=build/core/tests/zevfit_core_tests
-  prepare "core: build" build core zevfit_core_tests || return
+  prepare "core: build" build core zevfit_core_tests zevfit_crash_tests || return
   check "core: free of Qt" without_qt "$program"
   tests "core: tests" "$program"
+  tests "core: saves that fail" build/core/tests/zevfit_crash_tests
 }
 
 stage_windows() {

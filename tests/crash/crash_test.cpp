@@ -1,0 +1,182 @@
+// A save whose nth call on the file system fails, or never returns: the user's file is the old one
+// whole or the new one whole, and the program says which.
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/support/scratch_folder.h"
+#include "tests/support/variogram_text.h"
+
+namespace zevfit::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// No save makes nearly as many calls.
+constexpr int kMostCalls = 100;
+
+struct Outcome {
+  std::string output;  ///< boxes and what the preloaded library says
+  bool killed = false;
+  bool reached() const { return output.find("fault reached\n") != std::string::npos; }
+  bool says(const std::string& box) const { return output.find(box) != std::string::npos; }
+};
+
+struct ClosePipe {
+  void operator()(std::FILE* pipe) const { ::pclose(pipe); }
+};
+
+/// Runs a command, which ends with a line of its exit code: 137 for a program that was killed.
+Outcome shell(const std::string& command) {
+  Outcome outcome;
+  const std::unique_ptr<std::FILE, ClosePipe> pipe(::popen(command.c_str(), "r"));
+  if (!pipe) return outcome;
+  char part[4096];
+  while (const std::size_t got = std::fread(part, 1, sizeof part, pipe.get()))
+    outcome.output.append(part, got);
+  outcome.killed = outcome.output.find("code 137\n") != std::string::npos;
+  return outcome;
+}
+
+struct Kind {
+  const char* name;
+  const char* arguments;  ///< of the program, behind the folder
+  std::string target;     ///< the user's file, below the folder
+  std::string old;
+  std::string saved, failed;  ///< how the last box begins
+};
+
+const std::vector<Kind> kKinds{
+    {"models", "data/meuse.zvm", "data/meuse.zvm", sampleFile("zevra"),
+     "plain: Models saved to file:", "plain: Cannot save  models to file:|-"},
+    {"parameters", "", "program/zevfit.ini", "an old file\r\n", "",
+     "plain: Cannot save  session parameters to "},
+};
+
+struct Way {
+  const char* name;
+  std::string mode;
+  bool volumes;  ///< as if program and data lay on different volumes
+};
+
+std::vector<Way> ways() {
+  std::vector<Way> all;
+  for (const bool volumes : {false, true}) {
+    for (const int error : {ENOSPC, EIO, EACCES})
+      all.push_back({"error", std::to_string(error), volumes});
+    all.push_back({"kill", "kill", volumes});
+    all.push_back({"torn", "torn", volumes});
+  }
+  return all;
+}
+
+/// A program folder and a data folder with the old file.
+class Desk {
+ public:
+  explicit Desk(const Kind& kind) : kind_(kind) {
+    fs::create_directory(folder_ / "program");
+    fs::create_directory(folder_ / "data");
+    putFile(target(), kind.old);
+  }
+
+  fs::path target() const { return folder_ / kind_.target; }
+
+  /// One save; with `fault` 0 without any.
+  Outcome save(const Way& way, int fault) const {
+    std::string command = "env ";
+    if (fault > 0) {
+      command += "LD_PRELOAD=" ZEVFIT_FAILING_CALLS " ZEVFIT_FAULT='" + std::to_string(fault) +
+                 " " + way.mode + "' ZEVFIT_FAULT_FOLDER='" + folder_.path().string() + "' ";
+      if (way.volumes) command += "ZEVFIT_FAULT_VOLUMES=1 ";
+    }
+    command += ZEVFIT_SAVE_PROGRAM " " + std::string(kind_.name) + " '" +
+               (folder_ / "program").string() + "'";
+    if (*kind_.arguments != '\0') command += " '" + (folder_ / kind_.arguments).string() + "'";
+    return shell("{ " + command + "; echo code $?; } 2>&1");
+  }
+
+  std::vector<std::string> filesBeside() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(target().parent_path()))
+      if (entry.path() != target()) names.push_back(entry.path().filename().string());
+    return names;
+  }
+
+ private:
+  Kind kind_;
+  ScratchFolder folder_;
+};
+
+class Crash : public testing::TestWithParam<std::size_t> {
+ protected:
+  const Kind& kind() const { return kKinds.at(GetParam()); }
+};
+
+std::string savedBytes(const Kind& kind) {
+  const Desk desk(kind);
+  const Outcome outcome = desk.save({}, 0);
+  EXPECT_TRUE(outcome.says(kind.saved)) << outcome.output;
+  EXPECT_FALSE(outcome.says(kind.failed)) << outcome.output;
+  EXPECT_TRUE(outcome.says("code 0\n")) << outcome.output;
+  return contentOf(desk.target());
+}
+
+/// The box that ends a save says what has become of the file.
+void checkTold(const Kind& kind, const Outcome& outcome, bool isNew) {
+  EXPECT_TRUE(outcome.says("code 0\n")) << outcome.output;
+  EXPECT_EQ(outcome.says(kind.failed), !isNew) << outcome.output;
+  if (kind.saved.empty()) return;
+  EXPECT_EQ(outcome.says(kind.saved), isNew) << outcome.output;
+}
+
+/// One save with a fault at a call; false when the save makes fewer calls.
+bool checkFault(const Kind& kind, const Way& way, int fault, const std::string& whole) {
+  SCOPED_TRACE(std::string(kind.name) + ", call " + std::to_string(fault) + ": " + way.mode +
+               (way.volumes ? ", on two volumes" : ""));
+  const Desk desk(kind);
+  const Outcome outcome = desk.save(way, fault);
+  const std::string left = contentOf(desk.target());
+  const bool isNew = left == whole;
+  EXPECT_TRUE(isNew || left == kind.old) << "the file is neither: " << left;
+  EXPECT_EQ(outcome.killed, outcome.reached() && *way.name != 'e') << outcome.output;
+  if (!outcome.killed) checkTold(kind, outcome, isNew);
+
+  // And whatever was left behind, the next save does its work.
+  const Outcome next = desk.save(way, 0);
+  EXPECT_FALSE(next.says(kind.failed)) << next.output;
+  return outcome.reached();
+}
+
+TEST_P(Crash, LeavesTheOldFileWholeOrTheNewOneWhole) {
+  const std::string whole = savedBytes(kind());
+  ASSERT_NE(whole, kind().old);
+  for (const Way& way : ways()) {
+    int fault = 1;
+    while (fault < kMostCalls && checkFault(kind(), way, fault, whole) && !HasFailure()) ++fault;
+    // Opening, writing, flushing, closing, taking over the old file's rights twice, renaming, and
+    // opening, flushing and closing the folder are ten.
+    EXPECT_GT(fault, 10) << "all calls come by";
+    EXPECT_LT(fault, kMostCalls);
+  }
+}
+
+TEST_P(Crash, LeavesNothingBesideTheFileWhenItLives) {
+  for (const bool volumes : {false, true}) {
+    for (int fault = 1; fault < kMostCalls; ++fault) {
+      const Desk desk(kind());
+      if (!desk.save({"error", std::to_string(ENOSPC), volumes}, fault).reached()) break;
+      EXPECT_EQ(desk.filesBeside(), std::vector<std::string>{}) << fault;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, Crash, testing::Range<std::size_t>(0, 2),
+                         [](const auto& at) { return std::string(kKinds.at(at.param).name); });
+
+}  // namespace
+}  // namespace zevfit::test

@@ -1,0 +1,60 @@
+// Saves what the program saves, once, for the tests that let its calls fail:
+//
+//     save_program models FOLDER FILE       the models, into the variogram file
+//     save_program parameters FOLDER        the parameters, into the program's folder
+//
+// Prints each box that the user sees on a line, a line feed within it as "|".
+#include <algorithm>
+#include <iostream>
+#include <string>
+#include <string_view>
+
+#include "files/saveini.h"
+#include "files/variogram_reader.h"
+#include "files/variogram_writer.h"
+#include "tests/support/scripted_dialogs.h"
+
+// The preloaded library's, or nothing.
+extern "C" void zevfit_arm_faults() __attribute__((weak));
+
+namespace {
+
+void arm() {
+  if (zevfit_arm_faults != nullptr) zevfit_arm_faults();
+}
+
+void saveModels(const std::string& folder, const std::string& file, zevfit::Dialogs& dialogs) {
+  zevfit::Session session;
+  if (!zevfit::readVariogramFile(file, session)) return dialogs.plain("not read");
+  zevfit::acceptLoad(session, file);
+  session.use0(1, 1) = 1;
+  session.c0(1, 1) = 0.25;
+  zevfit::ModelSaver saver(folder);
+  arm();
+  saver.gravando(session, static_cast<std::int16_t>(session.nvar), dialogs);
+}
+
+void saveParameters(const std::string& folder, zevfit::Dialogs& dialogs) {
+  zevfit::GraphStyle style;
+  style.Formfont.formato[0] = "#0.000";
+  arm();
+  zevfit::saveini(style, "a.zvm", folder, 1, 1, dialogs);
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+  zevfit::test::ScriptedDialogs dialogs;
+  const std::string_view what = count > 1 ? values[1] : "";
+  if (what == "models" && count == 4)
+    saveModels(values[2], values[3], dialogs);
+  else if (what == "parameters" && count == 3)
+    saveParameters(values[2], dialogs);
+  else
+    return 2;
+  for (std::string text : dialogs.shown) {
+    std::replace(text.begin(), text.end(), '\n', '|');
+    std::cout << text << '\n';
+  }
+  return 0;
+}
