@@ -38,9 +38,9 @@ void writeParameter(Fit& fit, const DragTarget& target, double value) {
   fit.panel.setText(target.field, formatNumber(value, target.pattern));
 }
 
+/// A handle that stays in view is not hidden for a moment: it would lose the mouse that drags it.
 void showHeld(DirectionWindow& window, int handle, const PlotBox& box, Point at) {
-  window.showHandle(handle, false);
-  if (!contains(box, at)) return;
+  if (!contains(box, at)) return window.showHandle(handle, false);
   window.placeGuide(Guide::Line1, at.x);
   window.placeGuide(Guide::Line2, at.y);
   window.showHandle(handle, true);

@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QLayout>
 #include <QMdiArea>
+#include <algorithm>
+#include <utility>
 
 #include "plot/direction_events.h"
 #include "windows/guide_line.h"
@@ -22,11 +24,14 @@ constexpr std::array<const char*, 4> kHandleCaptions{"Co", "S1", "S2", "S3"};
 
 constexpr QColor kHandleGround(0xEF, 0xEF, 0xEF);
 
+/// The least size of a content: the box of its plot is then ten pixels high.
+constexpr QSize kLeastContent(120, 90);
+
 /// The content of a plot window.
 class PlotForm : public QWidget {
  public:
   QSize sizeHint() const override { return wanted; }
-  QSize minimumSizeHint() const override { return {120, 80}; }
+  QSize minimumSizeHint() const override { return kLeastContent; }
   QSize wanted;
 };
 
@@ -54,9 +59,26 @@ Formod::Formod(Fit& fit, DirectionWindows& windows)
   Label6->hide();
   Picture4->setMouseTracking(true);
   for (QLabel* handle : estru) handle->setMouseTracking(true);
+  keepFocusOnPicture();
+  connect(this, &QMdiSubWindow::windowStateChanged, this, [this](auto /*before*/, auto now) {
+    if (now.testFlag(Qt::WindowActive)) return;
+    cut_ = std::exchange(down_, nullptr);
+    pressed_ = nullptr;
+  });
   for (QWidget* watched : std::initializer_list<QWidget*>{form_, Picture4, Label1, estru[0],
                                                           estru[1], estru[2], estru[3]})
     watched->installEventFilter(this);
+}
+
+// A press beside the picture, on a handle or on the frame, would otherwise take the focus from it,
+// at which the handles hide.
+void Formod::keepFocusOnPicture() {
+  setFocusProxy(Picture4);
+  for (QWidget* part :
+       std::initializer_list<QWidget*>{form_, Label1, estru[0], estru[1], estru[2], estru[3]}) {
+    part->setFocusPolicy(Qt::ClickFocus);
+    part->setFocusProxy(Picture4);
+  }
 }
 
 QLabel* Formod::makeOverlay(const QString& name, const QString& text, bool bold) {
@@ -101,8 +123,8 @@ QSize Formod::nominalContent() const {
 
 void Formod::setSize(double width, double height) {
   if (isMaximized()) showNormal();
-  width_ = width;
-  height_ = height;
+  width_ = std::max(width, kLeastContent.width() * kTwipsPerPixel + kFrameWidth);
+  height_ = std::max(height, kLeastContent.height() * kTwipsPerPixel + kFrameHeight);
   fitFrame();
 }
 

@@ -83,6 +83,7 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
   void activateFormer();
   QLabel* makeOverlay(const QString& name, const QString& text, bool bold);
   GuideLine* makeGuide(const QString& name);
+  void keepFocusOnPicture();
   void layGuide(Guide which);
   GuideLine* guide(Guide which) const { return which == Guide::Line1 ? Line1 : Line2; }
   static std::size_t toIndex(int handle) { return static_cast<std::size_t>(handle); }
@@ -112,7 +113,9 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
   PenState pen_;
   DragState drag_;
   std::array<double, 2> guideAt_{}, guideFrom_{}, guideTo_{};
-  QWidget* pressed_ = nullptr;  ///< where the mouse went down
+  QWidget* pressed_ = nullptr;  ///< where the mouse went down for a click
+  QWidget* down_ = nullptr;     ///< the handle on which a button is down
+  QWidget* cut_ = nullptr;      ///< the one on which it was when another window came up
   std::string caption_;
   Font titleFont_;
   std::optional<std::pair<Colour, Colour>> overlayColours_;

@@ -76,9 +76,9 @@ void Formod::pictureMouse(const QMouseEvent& mouse) {
 }
 
 void Formod::handleEvent(int handle, const QEvent& event) {
-  const bool ofMouse = event.type() == QEvent::MouseMove ||
-                       event.type() == QEvent::MouseButtonPress ||
-                       event.type() == QEvent::MouseButtonRelease;
+  const bool ofMouse =
+      event.type() == QEvent::MouseMove || event.type() == QEvent::MouseButtonPress ||
+      event.type() == QEvent::MouseButtonDblClick || event.type() == QEvent::MouseButtonRelease;
   if (ofMouse) handleMouse(handle, static_cast<const QMouseEvent&>(event));
 }
 
@@ -90,10 +90,18 @@ void Formod::handleMouse(int handle, const QMouseEvent& mouse) {
     const QPointF at = mouse.position() * kTwipsPerPixel;
     return estru_MouseMove(fit_, windows_, *this, handle, at.x(), at.y());
   }
+  if (mouse.type() != QEvent::MouseButtonRelease) {
+    down_ = &label;
+    cut_ = nullptr;
+  }
+  if (mouse.type() == QEvent::MouseButtonDblClick) return;
   if (mouse.type() == QEvent::MouseButtonPress) {
     pressed_ = &label;
     return estru_MouseDown(fit_, *this, handle, toButton(mouse));
   }
+  if (mouse.buttons() == Qt::NoButton) down_ = nullptr;
+  // The press has ended when another window came up; its release would take the handle up again.
+  if (std::exchange(cut_, nullptr) == &label) return;
   const bool click = std::exchange(pressed_, nullptr) == &label;
   estru_MouseUp(fit_, *this, handle, toButton(mouse));
   if (click) estru_Click(fit_);
