@@ -19,6 +19,23 @@ QString toShown(std::string_view text) {
   return decoder.hasError() ? QString::fromLatin1(bytes) : shown;
 }
 
+constexpr const char* kSuffix = "zvm";
+
+/// Opens a file. A name that is typed without its ending gets it, unless there is a file of that
+/// very name.
+class OpenDialog : public QFileDialog {
+ public:
+  using QFileDialog::QFileDialog;
+
+ protected:
+  void accept() override {
+    setDefaultSuffix(QString());
+    const QStringList chosen = selectedFiles();
+    if (chosen.size() == 1 && !QFile::exists(chosen.constFirst())) setDefaultSuffix(kSuffix);
+    QFileDialog::accept();
+  }
+};
+
 /// Shows a box and returns the button that was pressed.
 int ask(QMessageBox::Icon icon, const QString& title, std::string_view text,
         QMessageBox::StandardButtons buttons) {
@@ -55,11 +72,11 @@ void QtDialogs::fatal(std::string_view text) {
 }
 
 std::optional<std::string> QtDialogs::openFile(std::string_view title, std::string_view pattern) {
-  QFileDialog dialog(QApplication::activeWindow(), toShown(title));
+  OpenDialog dialog(QApplication::activeWindow(), toShown(title));
   dialog.setObjectName("Dialog1");
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setOption(QFileDialog::DontUseNativeDialog);
-  dialog.setDefaultSuffix("zvm");
+  dialog.setDefaultSuffix(kSuffix);
   dialog.setNameFilter("(" + toShown(pattern) + ")");
   if (!lastFile_.isEmpty()) {
     dialog.setDirectory(QFileInfo(lastFile_).absolutePath());

@@ -189,7 +189,8 @@ void FitPanelWidgets::setSillBackground(Colour colour) {
   for (QLabel* label : {Labelc, labelvari}) {
     QPalette coloured = label->palette();
     coloured.setColor(QPalette::Window, ground);
-    coloured.setColor(QPalette::WindowText, colour == kRed ? Qt::white : Qt::black);
+    // Neither ground is the desktop's: dark letters stay readable in a dark theme.
+    coloured.setColor(QPalette::WindowText, Qt::black);
     label->setPalette(coloured);
     label->setAutoFillBackground(true);
   }

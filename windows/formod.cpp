@@ -122,7 +122,7 @@ QSize Formod::nominalContent() const {
 }
 
 void Formod::setSize(double width, double height) {
-  if (isMaximized()) showNormal();
+  if (isMaximized() || isMinimized()) showNormal();
   width_ = std::max(width, kLeastContent.width() * kTwipsPerPixel + kFrameWidth);
   height_ = std::max(height, kLeastContent.height() * kTwipsPerPixel + kFrameHeight);
   fitFrame();

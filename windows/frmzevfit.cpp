@@ -97,9 +97,13 @@ void frmzevfit::connectHandlers() {
   const auto handler = [this](void (frmzevfit::*body)()) {
     return [this, body] { guarded(dialogs_, [&] { (this->*body)(); }); };
   };
-  connect(Combovar, &QComboBox::currentIndexChanged, this, handler(&frmzevfit::Combovar_Click));
-  connect(Combodirvalues, &QComboBox::currentIndexChanged, this,
-          handler(&frmzevfit::Combodirvalues_Click));
+  const auto onList = [&](QComboBox* list, void (frmzevfit::*body)()) {
+    connect(list, &QComboBox::currentIndexChanged, this, handler(body));
+    // The entry on show, chosen again.
+    connect(list, &QComboBox::activated, this, handler(body));
+  };
+  onList(Combovar, &frmzevfit::Combovar_Click);
+  onList(Combodirvalues, &frmzevfit::Combodirvalues_Click);
   connect(grid1, &Grid::cellClicked, this,
           [this](int row) { guarded(dialogs_, [&] { grid1_Click(row); }); });
   connect(adicionar, &QPushButton::clicked, this, handler(&frmzevfit::adicionar_Click));

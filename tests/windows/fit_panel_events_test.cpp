@@ -148,6 +148,7 @@ TEST_F(PanelOnScreen, TheTotalAndItsLabelTakeTheBackgroundTogether) {
       EXPECT_TRUE(label->autoFillBackground()) << name;
       const QColor ground = label->palette().color(QPalette::Window);
       EXPECT_EQ(ground.red() + 256 * ground.green() + 65536 * ground.blue(), colour) << name;
+      EXPECT_EQ(label->palette().color(QPalette::WindowText), QColor(Qt::black)) << name;
     }
   }
 }
@@ -280,7 +281,8 @@ TEST_F(PanelOnScreen, TheGridButtonSwapsTheColourAndDraws) {
   session.axiscolor = kBlack;
   click("Command3");
   EXPECT_EQ(session.axiscolor, kWhite);
-  EXPECT_GE(plotter.drawings, 1);
+  EXPECT_EQ(plotter.drawings, 1);
+  EXPECT_EQ(QApplication::focusWidget(), find<QWidget>("Command5"));
   click("Command3");
   EXPECT_EQ(session.axiscolor, kBlack);
 }

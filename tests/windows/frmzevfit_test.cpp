@@ -189,6 +189,16 @@ TEST_F(FrmzevfitTest, AVariableChosenByTheProgramIsShownToo) {
   EXPECT_EQ(row("gridresults", 1), (Texts{"    Class  1", "3110", "311", "31100"}));
 }
 
+TEST_F(FrmzevfitTest, TheVariableOnShowChosenAgainShowsItsFirstDirection) {
+  load();
+  list("Combovar")->setCurrentIndex(1);
+  list("Combodirvalues")->setCurrentIndex(1);
+  EXPECT_EQ(row("gridresults", 1), (Texts{"    Class  1", "2210", "221", "22100"}));
+  Q_EMIT list("Combovar")->activated(1);
+  EXPECT_EQ(list("Combodirvalues")->currentIndex(), 0);
+  EXPECT_EQ(row("gridresults", 1), (Texts{"    Class  1", "2110", "211", "21100"}));
+}
+
 TEST_F(FrmzevfitTest, ADirectionFillsTheTable) {
   loadAndShow();
   list("Combovar")->setCurrentIndex(1);

@@ -183,6 +183,15 @@ TEST(QtDialogs, TheFileDialogStartsWhereItWasAndCompletesAName) {
   EXPECT_EQ(dialogs.heldFile(), (folder / "two.zvm").string());
 }
 
+TEST(QtDialogs, TheFileDialogTakesANameWithoutAnEndingAsItIs) {
+  const test::ScratchFolder folder;
+  test::putFile(folder / "noZVM", "1");
+  QtDialogs dialogs;
+  dialogs.holdFile((folder / "other.zvm").string());
+  const auto path = openFile(dialogs, [](QFileDialog& dialog) { choose(dialog, "noZVM"); });
+  EXPECT_EQ(path, (folder / "noZVM").string());
+}
+
 TEST(QtDialogs, HoldsTheFileNameThatTheFileDialogStartsWith) {
   QtDialogs dialogs;
   EXPECT_EQ(dialogs.heldFile(), "");

@@ -1,0 +1,163 @@
+// What the program looks like when it has started, and when a file is being read.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QMdiArea>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <fstream>
+
+#include "tests/support/program.h"
+#include "windows/formod.h"
+#include "windows/greeting.h"
+
+namespace zevfit::test {
+namespace {
+
+class Start : public testing::Test {
+ protected:
+  std::string write(const char* name, const std::string& bytes) {
+    std::string path = folder_.filePath(name).toStdString();
+    std::ofstream(path, std::ios::binary) << bytes;
+    return path;
+  }
+  /// zevfit.ini with a path and the first colour.
+  void writeParameters(const std::string& path, const std::string& colour) {
+    write("zevfit.ini", path + "\r\n" + colour +
+                            "\r\n 32768 \r\n 16711680 \r\n 255 \r\n 16777215 \r\n*#0.#0 *\r\n"
+                            "*####.#0*\r\nA\r\nTimes New Roman\r\n 10 \r\nB\r\nTimes New Roman\r\n"
+                            " 7.8 \r\nC\r\nTimes New Roman\r\n 7.8 \r\n");
+  }
+  std::string folder() { return folder_.path().toStdString(); }
+
+  QTemporaryDir folder_;
+};
+
+TEST_F(Start, GreetsOverTheMainWindow) {
+  ScriptedDialogs dialogs;
+  mdimod window(dialogs, folder());
+  const Greeting greeting(window);
+  window.show();
+  for (int i = 0; i < 5; ++i) QApplication::processEvents();
+  auto* about = window.findChild<QWidget*>("formabout");
+  ASSERT_NE(about, nullptr);
+  EXPECT_TRUE(about->isVisible());
+  EXPECT_FALSE(about->isModal());
+  const QRect main(window.mapToGlobal(QPoint()), window.size());
+  EXPECT_NEAR(about->geometry().center().x(), main.center().x(), 1);
+  EXPECT_EQ(about->y(), main.y() + 40) << "600 twips";
+  EXPECT_FALSE(window.findChild<QAction*>("k1")->icon().isNull());
+  EXPECT_TRUE(dialogs.shown.empty());
+}
+
+TEST_F(Start, TheGridTakesItsColourBeforeTheFileIsRead) {
+  writeParameters("a.zvm", " 255 ");
+  Program program(folder());
+  EXPECT_EQ(program.session().style.cores.Label1, 255);
+  EXPECT_EQ(program.session().axiscolor, 0);
+}
+
+TEST_F(Start, TheFileDialogStartsWithTheLastFile) {
+  writeParameters("/data/a.zvm", " 255 ");
+  Program program(folder());
+  EXPECT_EQ(program.dialogs().held, "/data/a.zvm");
+}
+
+TEST_F(Start, ACommaInThePathLeavesColoursAndDialogAlone) {
+  writeParameters("/data/a, b.zvm", " 255 ");
+  Program program(folder());
+  EXPECT_EQ(program.dialogs().held, "");
+  EXPECT_EQ(program.session().style.cores.Label1, 0);
+  EXPECT_TRUE(program.dialogs().shown.empty());
+}
+
+TEST_F(Start, TheHourglassIsUpWhileAFileIsRead) {
+  Program program(folder());
+  program.dialogs().files = {write("none.zvm", "t\nzevra\n0\n1\n0\n0;0\n")};
+  Qt::CursorShape during = Qt::ArrowCursor;
+  program.dialogs().meanwhile = [&] {
+    const QCursor* cursor = QGuiApplication::overrideCursor();
+    if (program.dialogs().shown.back() == "warning: You Must Select a Variable First !" && cursor)
+      during = cursor->shape();
+  };
+  bool waiting = true;
+  Program::inModal([&] { program.trigger("k1"); },
+                   [&](QWidget& modal) {
+                     waiting = QGuiApplication::overrideCursor() != nullptr;
+                     modal.close();
+                   });
+  EXPECT_EQ(during, Qt::WaitCursor);
+  EXPECT_FALSE(waiting);
+}
+
+/// Two variables and two directions; a model block in which only the last variable's first
+/// direction has a structure.
+std::string fileWithModel() {
+  std::string bytes =
+      "two\nzevra1\n2\nzinc\nlead\n2\n1\n0;0\n90;0\n1\n10 0.5 9\n10 1 9\n4\n10 1 9\n10 2 9\n";
+  const std::string none = "0\n0\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n";
+  return bytes + none + none + "0\n0\n1\nS\n2\n20\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n" + none;
+}
+
+TEST_F(Start, AFileWithModelsOpensAtItsFirstModel) {
+  Program program(folder());
+  program.open(write("two.zvm", fileWithModel()));
+  EXPECT_EQ(program.control<QComboBox>("Combo2").currentIndex(), 1);
+  EXPECT_EQ(program.control<QComboBox>("Combodirvar").currentIndex(), 0);
+  EXPECT_EQ(program.session().curvar, 2);
+  EXPECT_EQ(program.session().selvar, 2);
+  EXPECT_EQ(program.session().curdir, 1);
+  EXPECT_TRUE(program.control<QRadioButton>("est2").isChecked());
+  const auto plots = program.control<QMdiArea>("Area").subWindowList();
+  ASSERT_EQ(plots.size(), 1);
+  EXPECT_EQ(plots.front()->windowTitle(), "02,01  Variable: lead  Direction: 0;0");
+}
+
+TEST_F(Start, TheFitBeginsInAMainWindowThatWasMinimised) {
+  Program program(folder());
+  program.window().showMinimized();
+  program.window().startFit();
+  EXPECT_TRUE(program.window().isMaximized());
+}
+
+TEST_F(Start, TheFitBeginsWithTheFocusOnThePlotButton) {
+  Program program(folder());
+  program.open(write("two.zvm", fileWithModel()));
+  ASSERT_NE(program.window().focusWidget(), nullptr);
+  EXPECT_EQ(program.window().focusWidget()->objectName(), "Command5");
+}
+
+TEST_F(Start, TheDirectionsStayWhenTheNextFileIsNotAccepted) {
+  Program program(folder());
+  program.open(write("two.zvm", fileWithModel()));
+  program.dialogs().files = {write("next.zvm", "t\nzevra\n1\nzinc\n1\n1\n30;0\n1\n10 0.5 9\n")};
+  Program::inModal(
+      [&] { program.trigger("k1"); },
+      [](QWidget& modal) { Program::find<QAbstractButton>(modal, "Command1").click(); });
+  auto& directions = program.control<QComboBox>("Combodirvar");
+  ASSERT_EQ(directions.count(), 2);
+  EXPECT_EQ(directions.itemText(0), "0;0");
+  EXPECT_EQ(directions.itemText(1), "90;0");
+}
+
+TEST_F(Start, AnEntryOnShowCanBeChosenAgain) {
+  Program program(folder());
+  program.open(write("two.zvm", fileWithModel()));
+  Session& session = program.session();
+  auto& variables = program.control<QComboBox>("Combo2");
+  session.curvar = session.selvar = 1;
+  Q_EMIT variables.activated(variables.currentIndex());
+  EXPECT_EQ(session.curvar, 2);
+  EXPECT_EQ(session.selvar, 2);
+  auto& directions = program.control<QComboBox>("Combodirvar");
+  directions.setCurrentIndex(1);
+  session.curdir = session.seldir = 1;
+  Q_EMIT directions.activated(1);
+  EXPECT_EQ(session.curdir, 2);
+  EXPECT_EQ(session.seldir, 2);
+}
+
+}  // namespace
+}  // namespace zevfit::test
