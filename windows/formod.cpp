@@ -107,7 +107,9 @@ void Formod::load() {
   Form_Load(*this);
 }
 
+// The close of the window has closed its content too, which its own showing does not bring back.
 void Formod::appear() {
+  form_->show();
   show();
   fitFrame();
 }
