@@ -1,5 +1,6 @@
 #include "platform/painter_surface.h"
 
+#include <QFontMetricsF>
 #include <QPen>
 #include <algorithm>
 #include <array>
@@ -213,6 +214,19 @@ void PainterSurface::disc(double x, double y, double radius, const Stroke& outli
                               static_cast<int>((deviceY - wholeY) * kPhases));
   const int middle = image.width() / 2;
   painter().drawImage(QPointF((wholeX - middle) / ratio, (wholeY - middle) / ratio), image);
+}
+
+void PainterSurface::box(double left, double top, double width, double height, Colour fill) {
+  const auto held = [](double twips) { return std::clamp(toPixels(twips), -kReach, kReach); };
+  finish();
+  painter().fillRect(
+      QRectF(QPointF(held(left), held(top)), QPointF(held(left + width), held(top + height))),
+      toQColor(fill));
+}
+
+double PainterSurface::textWidth(std::string_view text, const Font& font) {
+  const QFontMetricsF metrics(face(font).face, painter().device());
+  return metrics.horizontalAdvance(toDrawnText(text, font.name)) * kTwipsPerPixel;
 }
 
 }  // namespace zevfit

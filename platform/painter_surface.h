@@ -33,6 +33,8 @@ class PainterSurface : public Surface {
   void text(double x, double y, std::string_view text, const Font& font, Colour colour) override;
   void line(double x1, double y1, double x2, double y2, const Stroke& stroke) override;
   void disc(double x, double y, double radius, const Stroke& outline, Colour fill) override;
+  void box(double left, double top, double width, double height, Colour fill) override;
+  double textWidth(std::string_view text, const Font& font) override;
 
  protected:
   /// The painter to draw with, open.

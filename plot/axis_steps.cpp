@@ -13,9 +13,9 @@ constexpr double kTickOut = 5, kTickIn = 10;
 constexpr double kOriginShift = 50;
 constexpr double kSemivarianceRise = 80;
 
-void drawNumber(const Drawing& drawing, double x, double y, const std::string& number) {
-  drawing.text(x - halfWidth(number, kCharacterWidth), y, number, drawing.font(FontRole::numbers),
-               drawing.colours().Label1);
+void drawNumber(const Drawing& drawing, const TextKind& kind, double x, double y,
+                const std::string& number) {
+  drawing.text(kind, x - halfWidth(number, kCharacterWidth), y, number, drawing.colours().Label1);
 }
 
 void drawDistanceNumbers(const Drawing& drawing) {
@@ -23,7 +23,7 @@ void drawDistanceNumbers(const Drawing& drawing) {
   const double step = drawing.cell(&Session::xmax) / kDivisions;
   for (int k = 1; k <= 5; ++k) {
     const std::string number = formatNumber(k * step, drawing.session().xformat);
-    drawNumber(drawing, box.xgrid(k), box.ybottom(), number);
+    drawNumber(drawing, kDistanceNumber, box.xgrid(k), box.ybottom(), number);
   }
 }
 
@@ -33,7 +33,8 @@ void drawSemivarianceNumbers(const Drawing& drawing) {
   const double step = (drawing.cell(&Session::ymax) - ymin) / kDivisions;
   for (int k = 5; k >= 1; --k) {
     const std::string number = formatNumber(ymin + k * step, drawing.session().yformat);
-    drawNumber(drawing, PlotBox::xleft, box.ygrid(5 - k) - kSemivarianceRise, number);
+    drawNumber(drawing, kSemivarianceNumber, PlotBox::xleft, box.ygrid(5 - k) - kSemivarianceRise,
+               number);
   }
 }
 
@@ -42,7 +43,7 @@ void drawSemivarianceNumbers(const Drawing& drawing) {
 void drawAxes(Drawing& drawing) {
   const PlotBox box = drawing.box();
   const Colour colour = drawing.colours().Label1;
-  drawing.setPen(1, drawing.window.pen().style);
+  drawing.setPen(1, drawing.target.pen().style);
   drawing.line(PlotBox::xleft, PlotBox::ytop, PlotBox::xleft, box.ybottom(), colour);
   drawing.line(PlotBox::xleft, box.ybottom(), box.xright(), box.ybottom(), colour);
 }
@@ -78,8 +79,8 @@ void drawAxisNumbers(Drawing& drawing) {
   session.xformat = session.style.Formfont.formato[1];
   session.yformat = session.style.Formfont.formato[0];
   // The origin says 0 whatever the axis begins with.
-  drawing.text(PlotBox::xleft - kOriginShift, drawing.box().ybottom(), "0",
-               drawing.font(FontRole::numbers), drawing.colours().Label1);
+  drawing.text(kOrigin, PlotBox::xleft - kOriginShift, drawing.box().ybottom(), "0",
+               drawing.colours().Label1);
   drawDistanceNumbers(drawing);
   drawSemivarianceNumbers(drawing);
 }

@@ -41,6 +41,11 @@ void refreshModel(Drawing& drawing) {
   const Session& session = drawing.session();
   showmodel(drawing.fit, session.plotdir, session.plotvar);
   scalesliders(drawing.fit, session.plotdir, session.plotvar);
+  sampleModel(drawing);
+}
+
+void sampleModel(Drawing& drawing) {
+  const Session& session = drawing.session();
   modelcurve(drawing.fit, session.plotdir, session.plotvar, drawing.cell(&Session::ymax),
              drawing.cell(&Session::xmax));
 }

@@ -35,8 +35,8 @@ constexpr double kDistanceFromRight = 800, kDistanceFromBottom = 450;
 
 void drawCaption(const Drawing& drawing, const LegendCaption& caption) {
   const PlotBox box = drawing.box();
-  drawing.text(box.pictureW - caption.fromRight, legendY(box, caption.part), caption.text,
-               drawing.font(FontRole::legend), drawing.colours().Label1);
+  drawing.text(kCaption, box.pictureW - caption.fromRight, legendY(box, caption.part), caption.text,
+               drawing.colours().Label1);
 }
 
 void drawSample(const Drawing& drawing, const LegendSample& sample, Colour colour) {
@@ -50,6 +50,13 @@ bool showsSill(const Drawing& drawing) {
   return drawing.form.legendShowsSill(session, session.plotvar, session.plotdir);
 }
 
+/// All of a name that is measured, half of one that is centred.
+double nameShift(const Drawing& drawing, std::string_view name) {
+  const double character = drawing.form.nameCharacterWidth;
+  if (character > 0) return halfWidth(name, character);
+  return drawing.target.picture().textWidth(name, drawing.font(kName));
+}
+
 }  // namespace
 
 void drawDataCaption(Drawing& drawing) { drawCaption(drawing, kDataCaption); }
@@ -59,18 +66,20 @@ void drawModelCaption(Drawing& drawing) {
 }
 
 void drawSemivarianceLabel(Drawing& drawing) {
-  const Font legend = drawing.font(FontRole::legend);
   const Colour colour = drawing.colours().Label1;
-  drawing.text(kGammaLeft, kGammaTop, "g", {"Symbol", legend.size}, colour);
-  drawing.text(kGammaArgumentLeft, kGammaTop, "(h)", legend, colour);
+  // The sign has the size of the captions before it, also where the text behind it is smaller.
+  Font gamma = drawing.font(kCaption);
+  gamma.name = "Symbol";
+  drawing.target.picture().text(kGammaLeft, kGammaTop, "g", gamma, colour);
+  drawing.text(kArgument, kGammaArgumentLeft, kGammaTop, "(h)", colour);
 }
 
 void drawDistanceLegend(Drawing& drawing) {
   const PlotBox box = drawing.box();
   const Session& session = drawing.session();
   const std::string_view legend = trimmed(session.xlegend(session.plotvar, session.plotdir));
-  drawing.text(box.pictureW - kDistanceFromRight, box.pictureH - kDistanceFromBottom, legend,
-               drawing.font(FontRole::legend), drawing.colours().Label1);
+  drawing.text(kDistanceLegend, box.pictureW - kDistanceFromRight,
+               box.pictureH - kDistanceFromBottom, legend, drawing.colours().Label1);
 }
 
 void drawDataSymbol(Drawing& drawing) {
@@ -85,9 +94,10 @@ void drawSillCaption(Drawing& drawing) {
 
 void drawVariableName(Drawing& drawing) {
   const std::string_view name = trimmed(drawing.variableName());
-  const double x =
-      drawing.box().pictureW - kNameFromRight - halfWidth(name, drawing.form.nameCharacterWidth);
-  drawing.text(x, kNameTop, name, drawing.font(FontRole::legend), drawing.colours().Label2);
+  const double x = drawing.box().pictureW - kNameFromRight - nameShift(drawing, name);
+  const bool keeps = drawing.form.nameKeepsColour && showsSill(drawing);
+  drawing.text(kName, x, kNameTop, name,
+               keeps ? drawing.colours().Label1 : drawing.colours().Label2);
 }
 
 void drawModelSample(Drawing& drawing) {

@@ -16,12 +16,24 @@ struct PenState {
   std::uint32_t clears = 0;
 };
 
+/// What a plot is drawn on: the picture of a window, or a part of a sheet. Sizes in twips.
+class PlotPicture {
+ public:
+  virtual ~PlotPicture() = default;
+
+  virtual double pictureWidth() const = 0;
+  virtual double pictureHeight() const = 0;
+  virtual Surface& picture() = 0;
+  virtual PenState& pen() = 0;
+  /// Gives a text to the hidden label Label6 of the pair's plot window, which takes the font and
+  /// sizes itself: its width.
+  virtual double measureTitle(std::string_view text, const Font& font) = 0;
+};
+
 /// A direction's plot window as the drawing routine sees it. Sizes in twips; the outer size is that
 /// of the picture plus a frame of 108 across and 132 down.
-class PlotWindow {
+class PlotWindow : public PlotPicture {
  public:
-  virtual ~PlotWindow() = default;
-
   virtual bool visible() const = 0;
   virtual bool minimised() const = 0;
   virtual void restore() = 0;
@@ -34,15 +46,9 @@ class PlotWindow {
   virtual void setCaption(std::string_view caption) = 0;
   /// Colours of the pair count tag, the handles and the guides.
   virtual void setOverlayColours(Colour foreground, Colour background) = 0;
-  /// Gives a text to the hidden label Label6, which takes the font and sizes itself: its width.
-  virtual double measureTitle(std::string_view text, const Font& font) = 0;
 
-  virtual double pictureWidth() const = 0;
-  virtual double pictureHeight() const = 0;
   /// Keeps what is drawn; new parts show the background of the last clear.
   virtual void setPictureSize(double width, double height) = 0;
-  virtual Surface& picture() = 0;
-  virtual PenState& pen() = 0;
 
   /// The border of handle 0 to 3, which tells a free one from a held one.
   virtual void setHandleBorder(int handle, bool border) = 0;

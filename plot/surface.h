@@ -38,6 +38,10 @@ class Surface {
   virtual void line(double x1, double y1, double x2, double y2, const Stroke& stroke) = 0;
   /// A filled circle with its outline.
   virtual void disc(double x, double y, double radius, const Stroke& outline, Colour fill) = 0;
+  /// A filled rectangle without an outline.
+  virtual void box(double left, double top, double width, double height, Colour fill) = 0;
+  /// How far a text in that font reaches across.
+  virtual double textWidth(std::string_view text, const Font& font) = 0;
 };
 
 }  // namespace zevfit

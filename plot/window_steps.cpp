@@ -24,30 +24,28 @@ void mirrorBoxes(Drawing& drawing) {
   panel.setTicked(Box::psill, drawing.cell(&Session::showsill) == 1);
 }
 
-void colourOverlays(Drawing& drawing) {
-  drawing.window.setOverlayColours(drawing.colours().Label1, drawing.colours().Label5);
+void colourOverlays(const Session& session, PlotWindow& window) {
+  window.setOverlayColours(session.style.cores.Label1, session.style.cores.Label5);
 }
 
-void writeCaption(Drawing& drawing) {
-  const Session& session = drawing.session();
-  drawing.window.setCaption(windowCaption(session, session.plotvar, session.plotdir));
+void writeCaption(const Session& session, PlotWindow& window) {
+  window.setCaption(windowCaption(session, session.plotvar, session.plotdir));
 }
 
 void clearPicture(Drawing& drawing) {
-  drawing.window.picture().clear(drawing.colours().Label5);
-  drawing.clears = ++drawing.window.pen().clears;
+  drawing.target.picture().clear(drawing.colours().Label5);
+  drawing.clears = ++drawing.target.pen().clears;
 }
 
 void drawTitle(Drawing& drawing) {
   const std::string title = "Semivariogram (" + std::string(drawing.directionName()) + ")";
-  const Font font = drawing.font(FontRole::title);
-  const double width = drawing.window.measureTitle(title, font);
+  // The label that measures has the style's font, whatever form the title itself has.
+  const double width = drawing.target.measureTitle(title, drawing.styleFont(FontRole::title));
   const double x = drawing.box().pictureW / 2 - width / 2;
-  drawing.text(x, kTitleTop, title, font, drawing.colours().Label1);
+  drawing.text(kTitle, x, kTitleTop, title, drawing.colours().Label1);
 }
 
-void sizeWindow(Drawing& drawing) {
-  PlotWindow& window = drawing.window;
+void sizeWindow(PlotWindow& window) {
   if (!window.visible()) window.setSize(kStandardWidth, kStandardHeight);
   window.setPictureSize(window.width() - kFrameWidth, window.height() - kFrameHeight);
 }

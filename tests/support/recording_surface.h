@@ -49,7 +49,16 @@ struct DiscOf {
   bool operator==(const DiscOf&) const = default;
 };
 
-using Operation = std::variant<ClearOf, TextOf, LineOf, DiscOf>;
+struct BoxOf {
+  Place at;
+  double width, height;
+  Colour fill;
+  BoxOf(const Place& corner, double across, double down, Colour colour)
+      : at(corner), width(Place(across, 0).x), height(Place(0, down).y), fill(colour) {}
+  bool operator==(const BoxOf&) const = default;
+};
+
+using Operation = std::variant<ClearOf, TextOf, LineOf, DiscOf, BoxOf>;
 using Operations = std::vector<Operation>;
 
 // As a failing test shows them.
@@ -79,6 +88,11 @@ inline std::ostream& operator<<(std::ostream& out, const DiscOf& disc) {
              << " filled with " << disc.fill;
 }
 
+inline std::ostream& operator<<(std::ostream& out, const BoxOf& box) {
+  return out << "box " << box.at << " " << box.width << " by " << box.height << " filled with "
+             << box.fill;
+}
+
 /// The operations of one kind, in their order.
 template <class Kind>
 std::vector<Kind> only(const Operations& operations) {
@@ -88,7 +102,8 @@ std::vector<Kind> only(const Operations& operations) {
   return found;
 }
 
-/// Keeps what stands on the picture: the last clear and the operations since.
+/// Keeps what stands on the picture: the last clear and the operations since. A character is 20
+/// wide for each point of its size, a bold one 24.
 class RecordingSurface : public Surface {
  public:
   void clear(Colour background) override { operations = {ClearOf{background}}; }
@@ -100,6 +115,13 @@ class RecordingSurface : public Surface {
   }
   void disc(double x, double y, double radius, const Stroke& outline, Colour fill) override {
     operations.emplace_back(DiscOf{{x, y}, radius, outline, fill});
+  }
+  void box(double left, double top, double width, double height, Colour fill) override {
+    operations.emplace_back(BoxOf{{left, top}, width, height, fill});
+  }
+  double textWidth(std::string_view text, const Font& font) override {
+    const double character = static_cast<double>(font.size) * (font.bold ? 24 : 20);
+    return character * static_cast<double>(text.size());
   }
 
   Operations operations;

@@ -104,6 +104,31 @@ TEST_F(PainterSurfaceTest, PlacesOutOfReachAreHarmless) {
   EXPECT_EQ(pixelsOf(kGreen), 0);
 }
 
+TEST_F(PainterSurfaceTest, BoxIsFilledWithoutAnOutline) {
+  surface().line(0, 0, 6000, 3000, {kBlue, 2, LineStyle::solid});
+  surface().box(150, 300, 450, 150, kRed);
+  // 30 by 10 pixels from (10, 20), over what was there before.
+  EXPECT_EQ(pixelsOf(kRed), 300);
+  EXPECT_EQ(at(10.5, 20.5), kRed);
+  EXPECT_EQ(at(39.5, 29.5), kRed);
+  EXPECT_EQ(at(40.5, 30.5), kWhite);
+}
+
+TEST_F(PainterSurfaceTest, BoxReachesToThePicturesEndsFromAfar) {
+  surface().box(-1e300, -1e300, 2e300, 2e300, kRed);
+  EXPECT_EQ(pixelsOf(kRed), 400 * 200);
+}
+
+TEST_F(PainterSurfaceTest, TextsAreMeasuredInTheirFont) {
+  const Font plain{kPlotFont, 8}, bold{kPlotFont, 8, true}, large{kPlotFont, 16};
+  const double width = surface().textWidth("zinc", plain);
+  EXPECT_GT(width, 150);
+  EXPECT_LT(width, 600);
+  EXPECT_GT(surface().textWidth("zinc", bold), width);
+  EXPECT_NEAR(surface().textWidth("zinc", large), 2 * width, 0.1 * width);
+  EXPECT_EQ(surface().textWidth("", plain), 0);
+}
+
 TEST_F(PainterSurfaceTest, PictureKeepsWhatIsDrawnWhenItGrows) {
   surface().line(150, 450, 300, 450, {kBlack, 1, LineStyle::solid});
   box_.setSizeTwips(9000, 4500);
