@@ -86,7 +86,7 @@ build() {
 packages() {
   .ci/install g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-liberation binutils \
     libgtest-dev libbenchmark-dev libqcustomplot-dev clang clang-format clang-tidy \
-    libclang-rt-14-dev shellcheck gcovr xvfb xauth
+    libclang-rt-14-dev shellcheck gcovr xvfb xauth xclip
 }
 
 without_qt() {
@@ -102,8 +102,11 @@ stage_core() {
 }
 
 stage_windows() {
-  prepare "windows: build" build debug zevfit_window_tests zevfit_pictures &&
+  prepare "windows: build" build debug zevfit_window_tests zevfit_desktop_tests zevfit_pictures && {
     tests "windows: tests" env QT_QPA_PLATFORM=offscreen build/debug/tests/zevfit_window_tests
+    tests "windows: tests on a display" xvfb-run -a env QT_QPA_PLATFORM=xcb \
+      build/debug/tests/zevfit_desktop_tests
+  }
   check "windows: release build" build release zevfit
 }
 

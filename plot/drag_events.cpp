@@ -1,4 +1,5 @@
 #include <limits>
+#include <string>
 
 #include "plot/direction_events.h"
 #include "plot/handles.h"
@@ -31,11 +32,16 @@ PlotMap dragMap(const Session& session, DirectionWindows& windows) {
 }
 
 /// The cell takes the value itself; the field's handler then stores what its text reads as, for the
-/// selected line, and redraws.
+/// selected line, and redraws. After a sill was typed it would wait for Enter, but a drag is seen
+/// at once.
 void writeParameter(Fit& fit, const DragTarget& target, double value) {
   Session& session = fit.session;
   (session.*target.cell)(session.curvar, session.curdir) = value;
-  fit.panel.setText(target.field, formatNumber(value, target.pattern));
+  const std::string text = formatNumber(value, target.pattern);
+  const bool waits = target.upright && session.c0typed(session.curvar, session.curdir) == 1 &&
+                     fit.panel.text(target.field) != text;
+  fit.panel.setText(target.field, text);
+  if (waits) fit.plotter.plotvariogram();
 }
 
 /// A handle that stays in view is not hidden for a moment: it would lose the mouse that drags it.

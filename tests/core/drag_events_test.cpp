@@ -219,7 +219,7 @@ TEST(Drag, AllHeldHandlesFollow) {
   EXPECT_FALSE(bench.window().handles[2].visible);
 }
 
-TEST(Drag, TypedSillWaitsForTheClick) {
+TEST(Drag, OfASillIsSeenAtOnceAfterOneWasTyped) {
   DragBench bench;
   bench.select(1);
   bench.held(1) = 1;
@@ -227,7 +227,10 @@ TEST(Drag, TypedSillWaitsForTheClick) {
   bench.session.c0typed(kVariable, kDirection) = 1;
   bench.moveTo(3234, 1860);
   EXPECT_EQ(bench.sill(1), 5);
-  EXPECT_EQ(bench.drawings, 0);
+  EXPECT_EQ(bench.drawings, 1);
+  bench.moveTo(3000, 1860);
+  EXPECT_EQ(bench.drawings, 1) << "the sill is the same";
+  EXPECT_EQ(bench.session.c0typed(kVariable, kDirection), 1) << "the field still drives";
 }
 
 TEST(Drag, BoxIsInsideTheBorderOfThePicture) {

@@ -9,6 +9,8 @@
 #include <QPixmap>
 #include <QRadioButton>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QWindow>
 #include <iostream>
 
 #include "tests/support/program.h"
@@ -60,6 +62,57 @@ void openDirection(Program& program, int direction) {
   program.control<QAbstractButton>("Command5").click();
 }
 
+/// The mouse as it goes through the main window.
+class Mouse {
+ public:
+  explicit Mouse(Program& program) : program_(program) {}
+
+  QPoint onPicture(QPoint at) { return placeOf("Picture4", at); }
+  QPoint onHandle(const char* name) { return placeOf(name, {2, 2}); }
+  void click(QPoint at) { QTest::mouseClick(window(), Qt::LeftButton, {}, at); }
+  void press(QPoint at, Qt::MouseButton button) { QTest::mousePress(window(), button, {}, at); }
+  void release(QPoint at, Qt::MouseButton button) { QTest::mouseRelease(window(), button, {}, at); }
+  /// In steps, as a hand does.
+  void move(QPoint from, QPoint to) {
+    for (int i = 1; i <= 10; ++i) QTest::mouseMove(window(), from + (to - from) * i / 10);
+  }
+
+ private:
+  QWindow* window() { return program_.window().windowHandle(); }
+  QPoint placeOf(const char* name, QPoint at) {
+    return program_.control<QWidget>(name).mapTo(&program_.window(), at);
+  }
+
+  Program& program_;
+};
+
+/// A structure whose range and sill are dragged to the data.
+void playDrag(Program& program, Album& album) {
+  fitLine(program, {"est1", nullptr, "0.1", ""});
+  fitLine(program, {"est2", "tipo2", "0.3", "500"});
+  program.window().plotvariogram();
+  auto& plot = program.control<QWidget>("Formod");
+  Mouse mouse(program);
+  mouse.click(mouse.onPicture({20, 20}));
+  album.keep(plot, "drag-1-handles");
+
+  const QPoint start = mouse.onHandle("estru_1");
+  mouse.press(start, Qt::LeftButton);
+  album.keep(plot, "drag-2-held");
+  const QPoint far = mouse.onPicture({330, 150});
+  mouse.move(start, far);
+  album.keep(plot, "drag-3-range");
+  mouse.release(far, Qt::LeftButton);
+
+  const QPoint again = mouse.onHandle("estru_1");
+  mouse.press(again, Qt::RightButton);
+  const QPoint high = mouse.onPicture({330, 83});
+  mouse.move(again, high);
+  album.keep(plot, "drag-4-sill");
+  mouse.release(high, Qt::RightButton);
+  album.keep(plot, "drag-5-released");
+}
+
 void play(const QString& example, Album& album) {
   const QTemporaryDir folder;
   const QString file = folder.filePath("meuse.zvm");
@@ -84,6 +137,15 @@ void play(const QString& example, Album& album) {
   album.keep(program.window(), "fit");
 }
 
+void playDragOf(const QString& example, Album& album) {
+  const QTemporaryDir folder;
+  const QString file = folder.filePath("meuse.zvm");
+  QFile::copy(example, file);
+  Program program(folder.path().toStdString());
+  program.open(file.toStdString());
+  playDrag(program, album);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -95,6 +157,7 @@ int main(int argc, char** argv) {
   Album album(argv[2], argv[3]);
   try {
     play(argv[1], album);
+    playDragOf(argv[1], album);
   } catch (const std::exception& fault) {
     std::cerr << fault.what() << "\n";
     return 1;
