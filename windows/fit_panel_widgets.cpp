@@ -10,6 +10,7 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <utility>
 
 #include "model/selection.h"
 #include "model/sliders.h"
@@ -118,9 +119,16 @@ void FitPanelWidgets::connectReactions() {
       {Texta, QEvent::KeyPress, nullptr},
   };
   for (const Reaction& reaction : reactions_) reaction.control->installEventFilter(this);
+  window()->installEventFilter(this);
 }
 
 bool FitPanelWidgets::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::WindowBlocked) boxCame_ = true;
+  if (watched == Command5 && event->type() == QEvent::MouseButtonPress &&
+      std::exchange(stalePress_, false))
+    return true;
+  const bool plotFocus = watched == Command5 && event->type() == QEvent::FocusIn;
+  if (plotFocus) boxCame_ = false;
   for (const Reaction& reaction : reactions_) {
     if (reaction.control != watched || reaction.event != event->type()) continue;
     if (!counts(*event, *watched)) continue;
@@ -129,8 +137,16 @@ bool FitPanelWidgets::eventFilter(QObject* watched, QEvent* event) {
     else
       run(reaction.handler);
   }
-  if (watched == Command5 && event->type() == QEvent::FocusIn) plotFocusRan_ = true;
+  if (plotFocus) plotFocused(*event);
   return QWidget::eventFilter(watched, event);
+}
+
+// A box that the drawing has brought up took the release of the press that gave the focus; the
+// press itself is still to come, and would leave the button down.
+void FitPanelWidgets::plotFocused(const QEvent& focus) {
+  plotFocusRan_ = true;
+  const bool pressed = static_cast<const QFocusEvent&>(focus).reason() == Qt::MouseFocusReason;
+  stalePress_ = boxCame_ && pressed;
 }
 
 void FitPanelWidgets::onKey(int key) {

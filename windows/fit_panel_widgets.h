@@ -80,6 +80,7 @@ class FitPanelWidgets : public QWidget, public FitPanel {
   void connectReactions();
   void run(void (*handler)(Fit&));
   void onKey(int key);
+  void plotFocused(const QEvent& focus);
 
   QComboBox* list(List which) const { return which == List::Combo2 ? Combo2 : Combodirvar; }
   QLineEdit* field(Field which) const { return which == Field::c0 ? Textc0 : Texta; }
@@ -89,6 +90,8 @@ class FitPanelWidgets : public QWidget, public FitPanel {
   Fit* fit_ = nullptr;
   std::vector<Reaction> reactions_;
   bool plotFocusRan_ = false;
+  bool boxCame_ = false;     ///< since the plot button last got the focus
+  bool stalePress_ = false;  ///< the next press of the plot button has been answered by a box
 
   QLabel* Label8;
   QLabel* Label9;

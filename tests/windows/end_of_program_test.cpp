@@ -96,20 +96,55 @@ TEST_F(EndOfProgram, WithoutAFileItStartsWithItsDefaultsAndNoWord) {
   EXPECT_EQ(program.session().style.Formfont.formato[1], "####.#0");
 }
 
+TEST_F(EndOfProgram, AFolderInThePlaceOfItsFileIsToldAndTheProgramEnds) {
+  std::filesystem::create_directories(path("zevfit.ini/full"));
+  Program program(folder());
+  program.dialogs().answers = {Answer::yes};
+  EXPECT_TRUE(program.window().close());
+  EXPECT_EQ(program.dialogs().shown,
+            (std::vector{kQuestion, "plain: Cannot save  session parameters to " + folder() +
+                                        "\\zevFIT.INI"}));
+  EXPECT_TRUE(std::filesystem::is_directory(path("zevfit.ini/full")));
+}
+
+TEST_F(EndOfProgram, AFolderThatCannotBeWrittenIsToldAndTheProgramEnds) {
+  // Nobody makes a file there, not even the superuser.
+  Program program("/proc");
+  program.dialogs().answers = {Answer::yes};
+  EXPECT_TRUE(program.window().close());
+  EXPECT_EQ(
+      program.dialogs().shown,
+      (std::vector{kQuestion,
+                   std::string("plain: Cannot save  session parameters to /proc\\zevFIT.INI")}));
+}
+
+TEST_F(EndOfProgram, AFolderInThePlaceOfTheFamilyFileLeavesTheQuestion) {
+  std::filesystem::create_directories(path("zpam.pam"));
+  Program program(folder());
+  EXPECT_FALSE(program.window().close());
+  EXPECT_EQ(program.dialogs().shown, std::vector{kQuestion});
+}
+
 // A save that an early end of the old file has broken off leaves its temporary file open, which
 // makes the next save fail; the request to close the program closes all files, also when cancelled.
 TEST_F(EndOfProgram, ClosingClosesWhatASaveLeftOpen) {
-  write("small.zvm", "t\nzevra\n1\nv\n1\n1\n0;0\n1\n10 1 9\n");
-  Program program(folder());
-  program.open(path("small.zvm"));
-  write("small.zvm", "t\n");
-  program.trigger("k11");
-  EXPECT_EQ(program.dialogs().shown.back(),
-            "warning: Invalid Input Data File Format or empty File!");
-  EXPECT_FALSE(program.window().close());
-  write("small.zvm", "t\nzevra\n1\nv\n1\n1\n0;0\n1\n10 1 9\n");
-  program.trigger("k11");
-  EXPECT_EQ(program.dialogs().shown.back(), "plain: Models saved to file:" + path("small.zvm"));
+  for (const bool byMenu : {false, true}) {
+    write("small.zvm", "t\nzevra\n1\nv\n1\n1\n0;0\n1\n10 1 9\n");
+    Program program(folder());
+    program.open(path("small.zvm"));
+    write("small.zvm", "t\n");
+    program.trigger("k11");
+    EXPECT_EQ(program.dialogs().shown.back(),
+              "warning: Invalid Input Data File Format or empty File!");
+    if (byMenu)
+      program.trigger("mnuvoltar");
+    else
+      EXPECT_FALSE(program.window().close());
+    EXPECT_EQ(program.dialogs().shown.back(), kQuestion);
+    write("small.zvm", "t\nzevra\n1\nv\n1\n1\n0;0\n1\n10 1 9\n");
+    program.trigger("k11");
+    EXPECT_EQ(program.dialogs().shown.back(), "plain: Models saved to file:" + path("small.zvm"));
+  }
 }
 
 }  // namespace

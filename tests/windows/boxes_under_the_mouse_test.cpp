@@ -1,0 +1,138 @@
+// Boxes that come up while a button of the mouse is down: the box takes the release, and the
+// control below must not stay pressed.
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSlider>
+#include <QStyle>
+#include <QStyleOptionSlider>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
+#include <QWindow>
+#include <cmath>
+#include <fstream>
+
+#include "tests/support/program.h"
+
+namespace zevfit::test {
+namespace {
+
+using Boxes = std::vector<std::string>;
+
+class BoxesUnderTheMouse : public testing::Test {
+ protected:
+  BoxesUnderTheMouse() : program_(folder_.path().toStdString()) {
+    const std::string path = folder_.filePath("small.zvm").toStdString();
+    std::ofstream(path) << "small\nzevra\n1\nzinc\n1\n3\n0;0\n1\n10 0.5 9\n20 1.5 8\n30 2 7\n";
+    program_.open(path);
+    program_.dialogs().shown.clear();
+  }
+
+  /// A power structure of this exponent, selected.
+  void usePower(double exponent) {
+    Session& s = program_.session();
+    s.use1(1, 1) = 1;
+    s.model1(1, 1) = "P";
+    s.c1(1, 1) = 1;
+    s.a1(1, 1) = exponent;
+  }
+
+  /// Each box is a real one, which another's release of the mouse goes to.
+  void showRealBoxes() {
+    program_.dialogs().meanwhile = [this] {
+      QDialog box(&program_.window());
+      QTimer::singleShot(0, &box, [&] {
+        QTest::mouseRelease(box.windowHandle(), Qt::LeftButton, {}, QPoint(1, 1));
+        box.accept();
+      });
+      box.exec();
+    };
+  }
+
+  QWindow* window() { return program_.window().windowHandle(); }
+  QPoint placeOf(QWidget& control, QPoint at) { return control.mapTo(&program_.window(), at); }
+  QPoint middleOf(QWidget& control) { return placeOf(control, control.rect().center()); }
+  Boxes& shown() { return program_.dialogs().shown; }
+
+  QTemporaryDir folder_;
+  Program program_;
+};
+
+TEST_F(BoxesUnderTheMouse, PlotIsNotLeftPressed) {
+  auto& plot = program_.control<QPushButton>("Command5");
+  program_.control("Textc0").setFocus(Qt::MouseFocusReason);
+  usePower(2.5);
+  showRealBoxes();
+  QTest::mousePress(window(), Qt::LeftButton, {}, middleOf(plot));
+  QTest::mouseRelease(window(), Qt::LeftButton, {}, middleOf(plot));
+  EXPECT_FALSE(shown().empty()) << "the power is told of";
+  EXPECT_FALSE(plot.isDown());
+  // The next press is one like any other.
+  usePower(1.5);
+  shown().clear();
+  QTest::mousePress(window(), Qt::LeftButton, {}, middleOf(plot));
+  EXPECT_TRUE(plot.isDown());
+  QTest::mouseRelease(window(), Qt::LeftButton, {}, middleOf(plot));
+  EXPECT_FALSE(plot.isDown());
+  EXPECT_EQ(shown(), Boxes{});
+}
+
+TEST_F(BoxesUnderTheMouse, PlotCountsAPressBehindABoxOfAnotherTime) {
+  auto& plot = program_.control<QPushButton>("Command5");
+  showRealBoxes();
+  program_.dialogs().plain("earlier");
+  program_.control("Textc0").setFocus(Qt::MouseFocusReason);
+  QTest::mousePress(window(), Qt::LeftButton, {}, middleOf(plot));
+  EXPECT_TRUE(plot.isDown());
+  QTest::mouseRelease(window(), Qt::LeftButton, {}, middleOf(plot));
+}
+
+TEST_F(BoxesUnderTheMouse, ASliderIsNotLeftPressed) {
+  auto& slider = program_.control<QSlider>("HScrolla");
+  usePower(1.5);
+  program_.control<QAbstractButton>("est2").click();
+  showRealBoxes();
+  // The groove to the right of the handle: a page step.
+  const QPoint far = placeOf(slider, QPoint(slider.width() - 4, slider.height() / 2));
+  QTest::mousePress(window(), Qt::LeftButton, {}, far);
+  EXPECT_FALSE(shown().empty()) << "a page is more than a power may be";
+  EXPECT_FALSE(slider.isSliderDown());
+  const int stood = slider.value();
+  QTest::mouseMove(window(), far - QPoint(40, 0));
+  EXPECT_EQ(slider.value(), stood);
+  QTest::mouseRelease(window(), Qt::LeftButton, {}, far);
+}
+
+TEST_F(BoxesUnderTheMouse, APressOnASliderGivesItTheFocus) {
+  auto& slider = program_.control<QSlider>("HScrollc0");
+  program_.control<QAbstractButton>("est1").click();
+  program_.control("Textc0").setFocus(Qt::MouseFocusReason);
+  program_.session().c0typed(1, 1) = 1;
+  QTest::mousePress(window(), Qt::LeftButton, {}, middleOf(slider));
+  EXPECT_TRUE(slider.hasFocus());
+  EXPECT_EQ(program_.session().c0typed(1, 1), 0) << "the slider takes the lead";
+  QTest::mouseRelease(window(), Qt::LeftButton, {}, middleOf(slider));
+}
+
+TEST_F(BoxesUnderTheMouse, TheWheelOverASliderMovesTheSill) {
+  auto& slider = program_.control<QSlider>("HScrollc0");
+  program_.control<QAbstractButton>("est1").click();
+  slider.setFocus(Qt::MouseFocusReason);
+  QWheelEvent wheel(QPointF(5, 5), slider.mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, 120),
+                    Qt::NoButton, {}, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&slider, &wheel);
+  const int at = slider.value();
+  ASSERT_GT(at, 0);
+  // The axis goes from 0 to 2.12 in 32000 steps, and the field has three decimals.
+  const double sill = std::round(at * 2.12 / 32000 * 1000) / 1000;
+  EXPECT_NEAR(program_.session().c0(1, 1).number(), sill, 1e-9);
+  EXPECT_NEAR(program_.control<QLineEdit>("Textc0").text().toDouble(), sill, 1e-9);
+}
+
+}  // namespace
+}  // namespace zevfit::test
