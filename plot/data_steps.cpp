@@ -1,7 +1,6 @@
-#include <algorithm>
-
 #include "model/model_curve.h"
 #include "model/sliders.h"
+#include "plot/data_points.h"
 #include "plot/drawing_steps.h"
 #include "session/numbers.h"
 
@@ -10,20 +9,6 @@ namespace {
 
 constexpr const char* kVariancePattern = "####.###";
 constexpr int kCurvePoints = 100;
-
-/// The last class that can give a point or a fault: what no table holds is a class without pairs,
-/// however many classes a file has claimed.
-std::int64_t lastClass(const Session& session) {
-  const std::size_t slots = std::max(session.gam.written(session.plotvar, session.plotdir).size(),
-                                     session.hlag.written(session.plotvar, session.plotdir).size());
-  return std::min(session.nclass, static_cast<std::int64_t>(slots) - 1);
-}
-
-/// Each test is made every time, so that a distance that is a text ends the drawing in any class.
-bool isShown(double h, double gamma, float pairs, const PlotMap& map) {
-  const bool inside = gamma <= map.ymax && h <= map.xmax;
-  return inside && pairs != 0 && gamma != 0;
-}
 
 }  // namespace
 
@@ -72,15 +57,11 @@ void drawSillLine(Drawing& drawing) {
 
 void drawDataPoints(Drawing& drawing) {
   const Session& session = drawing.session();
-  const std::int64_t variable = session.plotvar;
-  const std::int64_t direction = session.plotdir;
   const PlotMap map = drawing.map();
-  const std::int64_t last = lastClass(session);
+  const std::int64_t last = lastClass(session, session.plotvar, session.plotdir);
   for (std::int64_t lag = 1; lag <= last; ++lag) {
-    const double h = session.hlag(variable, direction, lag).number();
-    const double gamma = session.gam(variable, direction, lag);
-    if (!isShown(h, gamma, session.npairs(variable, direction, lag), map)) continue;
-    drawing.disc(map.x(h), map.y(gamma), drawing.colours().Label2);
+    const auto point = shownPoint(session, session.plotvar, session.plotdir, lag);
+    if (point) drawing.disc(map.x(point->h), map.y(point->gamma), drawing.colours().Label2);
   }
 }
 

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "session/session.h"
+
+namespace zevfit {
+
+/// A lag class that a plot shows.
+struct DataPoint {
+  double h = 0, gamma = 0;
+};
+
+/// The last class that can give a point or a fault: what no table holds is a class without pairs,
+/// however many classes a file has claimed.
+std::int64_t lastClass(const Session& session, std::int64_t variable, std::int64_t direction);
+
+/// Nothing for a class without pairs, with a semivariance of 0 or above `ymax`, or with a distance
+/// beyond `xmax`. Throws Fault for a distance that is a text, in any class.
+std::optional<DataPoint> shownPoint(const Session& session, std::int64_t variable,
+                                    std::int64_t direction, std::int64_t lag);
+
+}  // namespace zevfit

@@ -1,0 +1,158 @@
+#include "report/collection.h"
+
+#include "report/page_grid.h"
+#include "session/numbers.h"
+#include "session/policy.h"
+
+namespace zevfit {
+namespace {
+
+int rowsFor(const ReportTables& tables, int columns) { return tables.rowsforcolumns(columns - 1); }
+
+/// The slot of the selected report.
+int slotOf(const Collection& reports) { return reports.window.tab() - 1; }
+
+int columnsOf(const Collection& reports) { return reports.tables.reportcolumns(slotOf(reports)); }
+
+PageGrid gridOf(const Collection& reports, double width, double height, int columns) {
+  return pageGrid(width, height, columns, rowsFor(reports.tables, columns));
+}
+
+/// That of the selected report's page.
+PageGrid gridOf(const Collection& reports) {
+  return gridOf(reports, kPageWidth, kPageHeight, columnsOf(reports));
+}
+
+void takePlateWidth(Collection& reports) {
+  reports.platewidth = divide(kSheetWidth, columnsOf(reports));
+}
+
+/// The hourglass, also where a fault ends the handler.
+class Hourglass {
+ public:
+  explicit Hourglass(ReportWindow& window) : window_(window) { window_.setBusy(true); }
+  ~Hourglass() { window_.setBusy(false); }
+  Hourglass(const Hourglass&) = delete;
+  Hourglass& operator=(const Hourglass&) = delete;
+
+ private:
+  ReportWindow& window_;
+};
+
+void emptyCell(Collection& reports, const PageGrid& grid, GridCell cell) {
+  reports.window.page(slotOf(reports))
+      .box(grid.left(cell.column), grid.above(cell.row), grid.cellWidth, grid.cellHeight, kWhite);
+  reports.tables.cellused(cell.row, cell.column, reports.window.tab()) = 0;
+}
+
+void fillCell(Collection& reports, const PageGrid& grid, GridCell cell) {
+  const Session& session = reports.fit.session;
+  const int report = reports.window.tab();
+  reports.window.pasteThumbnail(slotOf(reports), grid.left(cell.column), grid.above(cell.row));
+  reports.tables.cellused(cell.row, cell.column, report) = 1;
+  reports.tables.celldir(cell.row, cell.column, report) = session.curdir;
+  reports.tables.cellvar(cell.row, cell.column, report) =
+      toInt16(static_cast<double>(session.curvar));
+}
+
+/// Nothing of the legend stays when a cell is empty, or is none.
+void showCell(Collection& reports, GridCell cell) {
+  const ReportTables& tables = reports.tables;
+  const Session& session = reports.fit.session;
+  const int report = reports.window.tab();
+  if (tables.cellused(cell.row, cell.column, report) == 0) return reports.window.showLegend("", "");
+  reports.window.showLegend(session.varname(tables.cellvar(cell.row, cell.column, report)),
+                            session.dirname(tables.celldir(cell.row, cell.column, report)));
+}
+
+}  // namespace
+
+void Form_Load(Collection& reports) {
+  resetReports(reports.tables);
+  TabStrip1_Click(reports);
+  // The slider has not moved, and yet the small picture is that of its grid from the start.
+  grelha1(reports);
+}
+
+void TabStrip1_Click(Collection& reports) {
+  ReportWindow& window = reports.window;
+  window.setDeleteTicked(false);
+  for (int slot = 0; slot < kReports; ++slot) {
+    if (slot == slotOf(reports)) {
+      window.setSlider(columnsOf(reports));
+      takePlateWidth(reports);
+    }
+    window.showPage(slot, slot == slotOf(reports));
+  }
+}
+
+void HScroll1_Change(Collection& reports) {
+  reports.window.showColumns(reports.window.slider());
+  grelha1(reports);
+}
+
+void HScroll1_Scroll(Collection& reports) {
+  reports.applied = reports.window.slider();
+  grelha(reports);
+}
+
+void Command1_Click(Collection& reports) {
+  reports.applied = reports.window.shownColumns();
+  for (int column = 1; column <= reports.applied; ++column)
+    for (int row = 1; row <= rowsFor(reports.tables, reports.applied); ++row)
+      reports.tables.cellused(row, column, reports.window.tab()) = 0;
+  grelha(reports);
+}
+
+void grelha(Collection& reports) {
+  const int columns = reports.applied;
+  Surface& page = reports.window.page(slotOf(reports));
+  page.clear(kWhite);
+  drawGridLines(page, gridOf(reports, kPageWidth, kPageHeight, columns));
+  reports.tables.reportcolumns(slotOf(reports)) = static_cast<std::int16_t>(columns);
+}
+
+void grelha1(Collection& reports) {
+  const int columns = reports.window.shownColumns();
+  Surface& picture = reports.window.settings();
+  picture.clear(kWhite);
+  drawGridLines(picture, gridOf(reports, kSettingsWidth, kSettingsHeight, columns));
+}
+
+void Picture1_MouseDown(Collection& reports, double x, double y) {
+  const Session& session = reports.fit.session;
+  if (session.curvar < 1 || session.curdir < 1)
+    return reports.fit.dialogs.plain("Please select variogram plot first!");
+  const Hourglass hourglass(reports.window);
+  const PageGrid grid = gridOf(reports);
+  const GridCell cell = cellAt(grid, x, y, 1);
+  variog(reports, grid.cellWidth, grid.cellWidth / kPlotAspect);
+  takePlateWidth(reports);
+  if (reports.window.deleteTicked()) {
+    emptyCell(reports, grid, cell);
+  } else {
+    fillCell(reports, grid, cell);
+  }
+  drawGridLines(reports.window.page(slotOf(reports)), grid);
+  reports.window.refreshPage(slotOf(reports));
+}
+
+// A place beside the grid has a cell that no table holds: the fault leaves the legend empty.
+void Picture1_MouseMove(Collection& reports, double x, double y) {
+  try {
+    showCell(reports, cellAt(gridOf(reports), x, y, -1));
+  } catch (const Fault&) {
+    reports.window.showLegend("", "");
+  }
+}
+
+void showCollection(Collection& reports) {
+  try {
+    reports.window.showNormally();
+  } catch (const Fault&) {
+    reports.printer.killDoc();
+    reports.fit.dialogs.plain("Cannot print!");
+  }
+}
+
+}  // namespace zevfit

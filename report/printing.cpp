@@ -1,0 +1,57 @@
+#include "report/collection.h"
+#include "report/page_grid.h"
+#include "session/policy.h"
+
+namespace zevfit {
+namespace {
+
+/// What of a cell's part of the sheet its plot is printed in.
+constexpr double kShare = 0.9;
+constexpr double kSideOffset = 100;
+
+void printCell(Collection& reports, int row, int column, int columns) {
+  const ReportTables& tables = reports.tables;
+  const int report = reports.window.tab();
+  if (tables.cellused(row, column, report) == 0) return;
+  const double across = divide(kSheetWidth, columns) * kShare;
+  const double down = across / kPlotAspect;
+  imprimirvariograma(reports, reports.platewidth * kShare, (column - 1) * across + kSideOffset,
+                     (row - 1) * down, tables.celldir(row, column, report),
+                     tables.cellvar(row, column, report));
+}
+
+/// Down the first column, then down the next, from the very top of the sheet.
+void printCells(Collection& reports) {
+  const int columns = reports.tables.reportcolumns(reports.window.tab() - 1);
+  reports.window.setBarMaximum(columns);
+  for (int column = 1; column <= columns; ++column) {
+    reports.window.setBarValue(column);
+    for (int row = 1; row <= reports.tables.rowsforcolumns(columns - 1); ++row)
+      printCell(reports, row, column, columns);
+  }
+}
+
+void printReport(Collection& reports) {
+  reports.printer.showPrinter();
+  reports.window.setBusy(true);
+  reports.printer.startDoc(kSheetWidth, kSheetHeight);
+  reports.pen = {};
+  printCells(reports);
+  reports.printer.endDoc();
+}
+
+}  // namespace
+
+void printar_Click(Collection& reports) {
+  try {
+    printReport(reports);
+  } catch (const Fault&) {
+    // What stands on the sheet is not withdrawn.
+    endSilently([&] { reports.printer.endDoc(); });
+    reports.fit.dialogs.plain("cannot print!");
+  }
+  reports.window.setBarValue(0);
+  reports.window.setBusy(false);
+}
+
+}  // namespace zevfit
