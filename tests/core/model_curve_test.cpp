@@ -57,6 +57,16 @@ constexpr FormRow kForms[] = {
     {"P", 0, 2, 9, 81},  // a parabola
 };
 
+TEST_F(ModelCurve, TheNuggetHasNoLetter) {
+  giveNugget(0.5);
+  for (const char* letter : {"P", "S", ""}) {
+    cell(&Session::model0) = letter;
+    sample();
+    expectAll(0.5);
+  }
+  EXPECT_TRUE(dialogs.shown.empty());
+}
+
 TEST_F(ModelCurve, FollowsTheFormOfEachLetterInEveryStructure) {
   for (const FormRow& row : kForms)
     for (int structure = 1; structure <= 3; ++structure) {

@@ -29,6 +29,15 @@ std::string writtenModel(Session& from) {
   return bytes.substr(bytes.find(data) + data.size());
 }
 
+TEST(Writer, TheNuggetHasNoLetter) {
+  Session from = oneClass();
+  from.use0(1, 1) = 1;
+  from.c0(1, 1) = 0.5;
+  from.model0(1, 1) = "P";
+  EXPECT_EQ(written(from, 1).substr(written(from, 1).find(" 1 \r\n 0.5 ")),
+            " 1 \r\n 0.5 \r\n" + times(kUnusedStructure, 3));
+}
+
 TEST(Writer, WritesTheWholeFile) {
   Session from = sessionOf(sampleFile("zevra"));
   from.use0(1, 1) = 1;
