@@ -135,7 +135,8 @@ stage_lint() {
   check "lint: shell scripts" shellcheck run.sh test.sh .ci/run .ci/install
   # Sources include what moc makes of them.
   prepare "lint: generated sources" build debug zevfit_windows_autogen zevfit_window_tests_autogen &&
-    check "lint: clang-tidy" tidy debug session model files plot report windows platform main.cpp &&
+    check "lint: clang-tidy" tidy debug \
+      session model files coreg plot report windows platform main.cpp &&
     check "lint: clang-tidy of tests" tidy debug tests
   prepare "lint: fuzz configuration" cmake --preset fuzz &&
     check "lint: clang-tidy of fuzz" tidy fuzz fuzz
