@@ -79,17 +79,6 @@ void takeOver(const fs::path& from, const struct stat& old) {
   ::chmod(from.c_str(), bits);
 }
 
-/// A name beside the target that nobody has.
-fs::path freeSibling(const fs::path& target) {
-  for (int i = 1; i <= kMostSiblings; ++i) {
-    fs::path sibling = target;
-    sibling += kSiblingSuffix + std::to_string(i);
-    struct stat taken {};
-    if (::lstat(sibling.c_str(), &taken) != 0 && errno == ENOENT) return sibling;
-  }
-  throw Fault("No free name beside " + target.string());
-}
-
 /// Renames across volumes: a copy beside the target takes its place. `from` goes last.
 void moveAcross(const fs::path& from, const fs::path& target) {
   struct stat mode {};
@@ -183,6 +172,16 @@ void OutputFile::close() {
   if (::close(closing) != 0 && errno != EINTR) fail("Cannot close", "");
 }
 
+fs::path freeSibling(const fs::path& target) {
+  for (int i = 1; i <= kMostSiblings; ++i) {
+    fs::path sibling = target;
+    sibling += kSiblingSuffix + std::to_string(i);
+    struct stat taken {};
+    if (::lstat(sibling.c_str(), &taken) != 0 && errno == ENOENT) return sibling;
+  }
+  throw Fault("No free name beside " + target.string());
+}
+
 void replaceFile(const fs::path& from, const fs::path& target) {
   std::error_code unknown;
   const fs::path real = fs::weakly_canonical(target, unknown);
@@ -198,6 +197,18 @@ void replaceFile(const fs::path& from, const fs::path& target) {
     moveAcross(from, to);
   }
   flushFolder(to.parent_path());
+}
+
+void writeWhole(const fs::path& target, std::string_view bytes, const fs::path& temporary) {
+  OutputFile out(temporary);
+  try {
+    out.write(bytes);
+    out.close();
+    replaceFile(temporary, target);
+  } catch (...) {
+    ::unlink(temporary.c_str());
+    throw;
+  }
 }
 
 std::string readWhole(const fs::path& path) {

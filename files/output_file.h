@@ -43,6 +43,13 @@ class OutputFile : public ByteSink {
 /// then as it was.
 void replaceFile(const std::filesystem::path& from, const std::filesystem::path& target);
 
+/// Writes a file whole, as `temporary`, and puts it in the place of the target as replaceFile does.
+/// Throws Fault on failure; the target is then as it was, and nothing of the new file is left.
+void writeWhole(const std::filesystem::path& target, std::string_view bytes,
+                const std::filesystem::path& temporary);
+/// A name beside the target that no file has; throws Fault when there is none.
+std::filesystem::path freeSibling(const std::filesystem::path& target);
+
 /// The bytes of a file; throws Fault when it can't be opened or read, is no plain file (never waits
 /// for a pipe or a device) or is too large for the memory.
 std::string readWhole(const std::filesystem::path& path);

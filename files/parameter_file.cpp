@@ -114,16 +114,7 @@ void writeParameters(const fs::path& folder, const GraphStyle& style, std::strin
   const fs::path target = folder / kParameterFileName;
   fs::path temporary = target;
   temporary += kTemporarySuffix;
-  OutputFile out(temporary);
-  try {
-    out.write(composeParameters(style, inputPath));
-    out.close();
-    replaceFile(temporary, target);
-  } catch (...) {
-    std::error_code ignored;
-    fs::remove(temporary, ignored);
-    throw;
-  }
+  writeWhole(target, composeParameters(style, inputPath), temporary);
 }
 
 }  // namespace zevfit

@@ -44,6 +44,19 @@ int ask(QMessageBox::Icon icon, const QString& title, std::string_view text,
   return box.exec();
 }
 
+/// Runs a file dialog that starts at the file that it took last; false on Cancel.
+bool choose(QFileDialog& dialog, std::string_view pattern, QString& last) {
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setNameFilter("(" + toShown(pattern) + ")");
+  if (!last.isEmpty()) {
+    dialog.setDirectory(QFileInfo(last).absolutePath());
+    dialog.selectFile(QFileInfo(last).fileName());
+  }
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
+  last = dialog.selectedFiles().constFirst();
+  return true;
+}
+
 }  // namespace
 
 void QtDialogs::plain(std::string_view text) {
@@ -75,16 +88,19 @@ std::optional<std::string> QtDialogs::openFile(std::string_view title, std::stri
   OpenDialog dialog(QApplication::activeWindow(), toShown(title));
   dialog.setObjectName("Dialog1");
   dialog.setFileMode(QFileDialog::ExistingFile);
-  dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setDefaultSuffix(kSuffix);
-  dialog.setNameFilter("(" + toShown(pattern) + ")");
-  if (!lastFile_.isEmpty()) {
-    dialog.setDirectory(QFileInfo(lastFile_).absolutePath());
-    dialog.selectFile(QFileInfo(lastFile_).fileName());
-  }
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  lastFile_ = dialog.selectedFiles().constFirst();
+  if (!choose(dialog, pattern, lastFile_)) return std::nullopt;
   return heldFile();
+}
+
+std::optional<std::string> QtDialogs::saveFile(std::string_view title, std::string_view pattern) {
+  QFileDialog dialog(QApplication::activeWindow(), toShown(title));
+  dialog.setObjectName("Dialog2");
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setDefaultSuffix(toShown(pattern).section('.', -1));
+  if (!choose(dialog, pattern, lastSaved_)) return std::nullopt;
+  return QFile::encodeName(lastSaved_).toStdString();
 }
 
 std::string QtDialogs::heldFile() const { return QFile::encodeName(lastFile_).toStdString(); }

@@ -16,12 +16,15 @@ class QtDialogs : public Dialogs {
   Answer question(std::string_view text) override;
   void fatal(std::string_view text) override;
   std::optional<std::string> openFile(std::string_view title, std::string_view pattern) override;
+  std::optional<std::string> saveFile(std::string_view title, std::string_view pattern) override;
   std::string heldFile() const override;
   void holdFile(std::string_view path) override;
 
  private:
   /// The whole path of the file that the file dialog took last.
   QString lastFile_;
+  /// The same of the dialog that saves.
+  QString lastSaved_;
 };
 
 }  // namespace zevfit

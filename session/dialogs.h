@@ -32,6 +32,9 @@ class Dialogs {
   virtual void fatal(std::string_view text) = 0;
   /// Asks for an existing file `pattern` (such as "*.ZVM"); a path, or nothing on Cancel.
   virtual std::optional<std::string> openFile(std::string_view title, std::string_view pattern) = 0;
+  /// Asks for the name of a file to write, as `openFile` does for one to read; an existing file is
+  /// asked about.
+  virtual std::optional<std::string> saveFile(std::string_view title, std::string_view pattern) = 0;
   /// The name that the file dialog took last and starts with; empty at first.
   virtual std::string heldFile() const = 0;
   /// Lets the file dialog start with `path`.

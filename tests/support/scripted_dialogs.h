@@ -15,6 +15,7 @@ class ScriptedDialogs : public Dialogs {
  public:
   std::vector<std::string> shown;
   std::deque<std::string> files;    ///< answers of the file dialog in turn; empty: Cancel
+  std::deque<std::string> saved;    ///< answers of the dialog that saves in turn; empty: Cancel
   std::deque<bool> confirmations;   ///< answers of OK and Cancel in turn; empty: OK
   std::deque<Answer> answers;       ///< answers of questions in turn; empty: Cancel
   std::function<void()> meanwhile;  ///< runs while a box is up
@@ -46,6 +47,13 @@ class ScriptedDialogs : public Dialogs {
     const std::string file = files.front();
     files.pop_front();
     held = file;
+    return file;
+  }
+  std::optional<std::string> saveFile(std::string_view title, std::string_view pattern) override {
+    keep("save", std::string(title) + "|" + std::string(pattern));
+    if (saved.empty()) return std::nullopt;
+    std::string file = saved.front();
+    saved.pop_front();
     return file;
   }
   std::string heldFile() const override { return held; }

@@ -1,0 +1,191 @@
+#include "files/kriging_file.h"
+
+#include <filesystem>
+#include <limits>
+#include <optional>
+
+#include "files/output_file.h"
+#include "session/fault.h"
+#include "session/numbers.h"
+#include "session/policy.h"
+
+namespace zevfit {
+namespace {
+
+constexpr const char* kTitle = "Save Output File (*.ZVP)";
+constexpr const char* kPattern = "*.ZVP";
+constexpr const char* kRatioPattern = "####.####";
+constexpr int kStructures = 3;
+
+/// What is said of directions and structures; the misspellings are the program's own.
+constexpr const char* kNotInPlane = "Main / Minor 1 directions are not orthogonals !";
+constexpr const char* kNotInSpace = "Main / Minor 1 / Minor 2 directions are not orthogonals !";
+constexpr const char* kOtherThanMinor1 =
+    "Wrong number of structures between Main Direction and Minor1 Direction!";
+constexpr const char* kOtherThanMinor2 =
+    "Wrong number of structures between Main Direction and Minor2 Direction!";
+constexpr const char* kNuggetAlone = "Atention:You have only one structure (C0) !";
+
+/// The azimuth of Minor 2 alone is single.
+struct Angles {
+  double mainAzimuth, mainDip, minor1Azimuth, minor1Dip;
+  float minor2Azimuth;
+  double minor2Dip;
+};
+
+/// Ratios of the Main range to those of the minor directions, by structure.
+struct Ratios {
+  std::array<double, kStructures> minor1{}, minor2{};
+};
+
+float toSingle(double value) {
+  constexpr double most = std::numeric_limits<float>::max();
+  if (value < -most || value > most) throw Fault("Overflow");
+  return static_cast<float>(value);
+}
+
+Angles anglesOf(const KrigingModel& model) {
+  return {leadingNumber(model.main[kAzimuth]),
+          leadingNumber(model.main[kDip]),
+          leadingNumber(model.minor1[kAzimuth]),
+          leadingNumber(model.minor1[kDip]),
+          toSingle(leadingNumber(model.minor2[kAzimuth])),
+          leadingNumber(model.minor2[kDip])};
+}
+
+bool orthogonal(const Angles& a, const Orthogonality& routine) {
+  return routine.Normal_verif(toSingle(a.mainAzimuth), toSingle(a.mainDip),
+                              toSingle(a.minor1Azimuth), toSingle(a.minor1Dip), a.minor2Azimuth,
+                              toSingle(a.minor2Dip)) != 0;
+}
+
+bool sameMinors(const Angles& a) {
+  return a.minor1Azimuth == double{a.minor2Azimuth} && a.minor1Dip == a.minor2Dip;
+}
+
+double range(const AxisTexts& axis, int structure) {
+  return leadingNumber(axis.at(kFirstRange + static_cast<std::size_t>(structure)));
+}
+
+/// The structures of a direction, the nugget as one; 0 for a pattern of ranges with a gap.
+int structureCount(const AxisTexts& axis) {
+  const bool first = range(axis, 0) != 0, second = range(axis, 1) != 0, third = range(axis, 2) != 0;
+  if (first && second && third) return 4;
+  if (first && second) return 3;
+  if (first && !third) return 2;
+  if (!first && !second && !third) return 1;
+  return 0;
+}
+
+/// Errors of the count are ignored, as told at the save.
+int countOf(const AxisTexts& axis) {
+  int count = 0;
+  endSilently([&] { count = structureCount(axis); });
+  return count;
+}
+
+/// The sills of the row joined without a separator are no number but 0. The "-" of a missing first
+/// structure makes them so whatever stands behind it, also where a sign and digits would.
+bool rowIsEmpty(const KrigingModel& model) {
+  if (model.rowcells.at(3) == "-") return true;
+  std::string joined;
+  for (const std::size_t cell : {3U, 6U, 9U, 11U}) joined += model.rowcells.at(cell);
+  return leadingNumber(joined) == 0;
+}
+
+/// The warning that ends the save; nothing when there is none.
+std::optional<std::string> refusal(const KrigingModel& model, const std::string& fileName) {
+  const int main = countOf(model.main), minor1 = countOf(model.minor1);
+  bool empty = false;
+  if (minor1 == 1) endSilently([&] { empty = rowIsEmpty(model); });
+  if (empty) return "File ' " + fileName + " ' have no parameters, please run  zevFIT program!";
+  if (main != minor1) return kOtherThanMinor1;
+  if (main != countOf(model.minor2)) return kOtherThanMinor2;
+  return std::nullopt;
+}
+
+/// A structure without a range along one of the directions has ratios of 0.
+void fillRatios(const KrigingModel& model, int structure, Ratios& ratios) {
+  const double main = range(model.main, structure);
+  const double minor1 = range(model.minor1, structure);
+  const double minor2 = range(model.minor2, structure);
+  if (main == 0 || minor1 == 0 || minor2 == 0) return;
+  const auto at = static_cast<std::size_t>(structure);
+  endSilently([&] { ratios.minor1.at(at) = divide(main, minor1); });
+  endSilently([&] { ratios.minor2.at(at) = divide(main, minor2); });
+}
+
+void putLine(std::string& out, std::string_view text) {
+  out += text;
+  out += "\r\n";
+}
+
+void putStructure(std::string& out, const KrigingModel& model, int structure,
+                  const Ratios& ratios) {
+  const auto at = static_cast<std::size_t>(structure);
+  std::string line = model.rowcells.at(3 * at + 2);
+  for (const std::string& field :
+       {model.rowcells.at(3 * at + 3), fileNumber(range(model.main, structure)),
+        formatNumber(ratios.minor1.at(at), kRatioPattern),
+        formatNumber(ratios.minor2.at(at), kRatioPattern)}) {
+    nextPrintZone(line, 0);
+    line += field;
+  }
+  putLine(out, line);
+}
+
+std::string compose(const KrigingModel& model, const Angles& angles, int count,
+                    const Ratios& ratios) {
+  std::string out;
+  putLine(out, "ZGRD");
+  putLine(out, model.filetag);
+  putLine(out, model.variable);
+  putLine(out, fileNumber(angles.mainAzimuth));
+  putLine(out, fileNumber(angles.mainDip));
+  putLine(out, fileNumber(static_cast<double>(count)));
+  putLine(out, fileNumber(leadingNumber(model.rowcells.at(1))));
+  putLine(out, model.rowcells.at(11));
+  for (int structure = 0; structure < count - 1; ++structure)
+    putStructure(out, model, structure, ratios);
+  putLine(out, fileNumber(angles.minor1Azimuth));
+  putLine(out, fileNumber(angles.minor1Dip));
+  putLine(out, fileNumber(angles.minor2Azimuth));
+  putLine(out, fileNumber(angles.minor2Dip));
+  return out;
+}
+
+/// The count that the file tells, and the ratios. A nugget alone shows one structure without a
+/// range.
+int prepareRatios(const KrigingModel& model, Ratios& ratios, Dialogs& dialogs) {
+  const int count = countOf(model.main);
+  if (count == 1) {
+    dialogs.warning(kNuggetAlone);
+    ratios.minor1[0] = ratios.minor2[0] = 1;
+    return 2;
+  }
+  for (int structure = 0; structure < count - 1; ++structure)
+    endSilently([&] { fillRatios(model, structure, ratios); });
+  return count;
+}
+
+}  // namespace
+
+void saveKrigingFile(const KrigingModel& model, const Orthogonality& orthogonality,
+                     Dialogs& dialogs) {
+  const Angles angles = anglesOf(model);
+  if (!orthogonal(angles, orthogonality))
+    return dialogs.plain(sameMinors(angles) ? kNotInPlane : kNotInSpace);
+  const std::optional<std::string> path = dialogs.saveFile(kTitle, kPattern);
+  if (!path) return;
+  const std::string name = std::filesystem::path(*path).filename().string();
+  if (const auto warning = refusal(model, name)) return dialogs.warning(*warning);
+  Ratios ratios;
+  const int count = prepareRatios(model, ratios, dialogs);
+  // A failure while the file is written ends without a word.
+  endSilently([&] {
+    writeWhole(*path, compose(model, angles, count, ratios), freeSibling(*path));
+    dialogs.plain("File  ' " + name + " '  is saved, you can go on to simulation/kriging modules.");
+  });
+}
+
+}  // namespace zevfit
