@@ -2,6 +2,7 @@
 //
 //     save_program models FOLDER FILE       the models, into the variogram file
 //     save_program parameters FOLDER        the parameters, into the program's folder
+//     save_program kriging FOLDER FILE      a model, into the kriging file
 //
 // Prints each box that the user sees on a line, a line feed within it as "|".
 #include <algorithm>
@@ -9,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "files/kriging_file.h"
 #include "files/saveini.h"
 #include "files/variogram_reader.h"
 #include "files/variogram_writer.h"
@@ -41,6 +43,22 @@ void saveParameters(const std::string& folder, zevfit::Dialogs& dialogs) {
   zevfit::saveini(style, "a.zvm", folder, 1, 1, dialogs);
 }
 
+/// Takes any three directions for orthogonal.
+class AnyDirections : public zevfit::Orthogonality {
+ public:
+  std::int16_t Normal_verif(float, float, float, float, float, float) const override { return 1; }
+};
+
+void saveKriging(const std::string& file, zevfit::test::ScriptedDialogs& dialogs) {
+  zevfit::KrigingModel model;
+  model.variable = "ln zinc";
+  for (zevfit::AxisTexts* axis : {&model.main, &model.minor1, &model.minor2}) (*axis)[2] = "100";
+  model.rowcells[3] = "0.5";
+  dialogs.saved = {file};
+  arm();
+  zevfit::saveKrigingFile(model, AnyDirections(), dialogs);
+}
+
 }  // namespace
 
 int main(int count, char** values) {
@@ -50,6 +68,8 @@ int main(int count, char** values) {
     saveModels(values[2], values[3], dialogs);
   else if (what == "parameters" && count == 3)
     saveParameters(values[2], dialogs);
+  else if (what == "kriging" && count == 4)
+    saveKriging(values[3], dialogs);
   else
     return 2;
   for (std::string text : dialogs.shown) {
