@@ -9,6 +9,7 @@
 #include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -22,8 +23,10 @@
 #include "session/numbers.h"
 #include "windows/boundary.h"
 #include "windows/controls.h"
+#include "windows/cutgraph.h"
 #include "windows/fit_panel_widgets.h"
 #include "windows/formabout.h"
+#include "windows/legenda.h"
 #include "windows/texts.h"
 
 namespace zevfit {
@@ -108,6 +111,7 @@ mdimod::mdimod(Dialogs& dialogs, std::filesystem::path folder)
           [this](QMdiSubWindow* window) { windowActivated(window); });
   makeMenus();
   makeToolbar();
+  makeButtons();
   if (const auto path = loadParameters(folder_, session_.style)) dialogs_.holdFile(*path);
 }
 
@@ -174,6 +178,24 @@ void mdimod::makeToolbar() {
   }
 }
 
+void mdimod::makeButtons() {
+  const std::initializer_list<std::pair<const char*, void (mdimod::*)()>> buttons{
+      {"Command1", &mdimod::openScales}, {"Command4", &mdimod::openLegend}};
+  for (const auto& [name, action] : buttons)
+    connect(panel_->findChild<QPushButton*>(name), &QPushButton::clicked, this,
+            [this, action = action] { guarded(dialogs_, [&] { (this->*action)(); }); });
+}
+
+void mdimod::openScales() {
+  if (!scales_) scales_ = std::make_unique<cutgraph>(*fit_, this);
+  scales_->open();
+}
+
+void mdimod::openLegend() {
+  if (!legend_) legend_ = std::make_unique<legenda>(*fit_, this);
+  legend_->open();
+}
+
 void mdimod::run(const Command& command) {
   if (command.needsFile && !requireFile(*fit_)) return;
   if (command.action) (this->*command.action)();
@@ -204,7 +226,10 @@ void mdimod::closeEvent(QCloseEvent* event) {
 
 void mdimod::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::WindowStateChange && isMinimized() && structure_) structure_->hide();
+  if (event->type() != QEvent::WindowStateChange || !isMinimized()) return;
+  for (QWidget* window :
+       std::initializer_list<QWidget*>{structure_.get(), scales_.get(), legend_.get()})
+    if (window) window->hide();
 }
 
 bool mdimod::chooseFile(std::string& path) {

@@ -19,7 +19,9 @@ class QToolBar;
 namespace zevfit {
 
 class FitPanelWidgets;
+class cutgraph;
 class formabout;
+class legenda;
 
 /// The main window: owns the session, the panel, the plot windows and the commands, and hands them
 /// to each other.
@@ -86,6 +88,10 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   /// The data structure window, made at its first use.
   frmzevfit& structure();
   formabout& about();
+  void makeButtons();
+  /// The windows of the axes, made at their first use.
+  void openScales();
+  void openLegend();
   void tile(bool sideBySide);
   bool chooseFile(std::string& path);
   void disableMissingCommands();
@@ -101,6 +107,8 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   std::unique_ptr<Fit> fit_;
   std::unique_ptr<frmzevfit> structure_;
   std::unique_ptr<formabout> about_;
+  std::unique_ptr<cutgraph> scales_;
+  std::unique_ptr<legenda> legend_;
   std::vector<std::pair<QAction*, const char*>> icons_;  ///< the names of those to be loaded
   std::vector<QAction*> missing_;
   bool ending_ = false;  ///< the question of the end has been answered

@@ -137,6 +137,20 @@ void play(const QString& example, Album& album) {
   album.keep(program.window(), "fit");
 }
 
+/// The windows of the axes.
+void playAxes(Program& program, Album& album) {
+  program.control<QAbstractButton>("Command1").click();
+  auto& scales = program.control<QWidget>("cutgraph");
+  album.keep(scales, "scales");
+  scales.hide();
+  Program::inModal([&] { program.control<QAbstractButton>("Command4").click(); },
+                   [&](QWidget& modal) {
+                     Program::find<QLineEdit>(modal, "Text1").setText("m");
+                     album.keep(modal, "legend");
+                     modal.close();
+                   });
+}
+
 void playDragOf(const QString& example, Album& album) {
   const QTemporaryDir folder;
   const QString file = folder.filePath("meuse.zvm");
@@ -144,6 +158,7 @@ void playDragOf(const QString& example, Album& album) {
   Program program(folder.path().toStdString());
   program.open(file.toStdString());
   playDrag(program, album);
+  playAxes(program, album);
 }
 
 }  // namespace

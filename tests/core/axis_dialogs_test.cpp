@@ -1,0 +1,197 @@
+// The windows for the scales and the legend of the axes, without their controls.
+#include "model/axis_dialogs.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/fit_fixture.h"
+
+namespace zevfit {
+namespace {
+
+using Boxes = std::vector<std::string>;
+
+/// The lists show variable 1 and direction 2; the pair under work is variable 2 and direction 3.
+class AxisDialogs : public testing::Test, protected FitFixture {
+ protected:
+  AxisDialogs() {
+    panel.setListPosition(List::Combo2, 0);
+    panel.setListPosition(List::Combodirvar, 1);
+    session.curvar = kVariable;
+    session.curdir = kDirection;
+    session.dirname(2) = "90;0";
+    session.dirname(3) = "45;0";
+    session.hmax(1, 2) = 30;
+    session.ymax(1, 2) = 4.24;
+    session.ymax0(kVariable, kDirection) = 2.12;
+    session.variance(kVariable) = 5;
+    dialogs.shown.clear();
+  }
+
+  ScaleTexts texts;
+};
+
+TEST_F(AxisDialogs, ScalesOpenWithThePairOfTheLists) {
+  texts.novoxmax = "77";
+  ASSERT_TRUE(Command1_Click(fit, texts));
+  EXPECT_EQ(session.plotvar, 1);
+  EXPECT_EQ(session.plotdir, 2);
+  EXPECT_EQ(session.curvar, kVariable);
+  EXPECT_EQ(session.curdir, kDirection);
+  EXPECT_EQ(texts.caption, "Axis Scale (X,Y):  (90;0)");
+  EXPECT_EQ(session.xmax(1, 2), 30);
+  EXPECT_EQ(texts.novoxmax, "30.");
+  EXPECT_EQ(texts.Labelxm, "30. ");
+  EXPECT_EQ(texts.novoymax, "4.24 ");
+  EXPECT_EQ(texts.Labelym, "2.12") << "of the pair under work, in general form";
+}
+
+TEST_F(AxisDialogs, ADistanceMaximumThatIsSetLeavesTheFieldAsItWas) {
+  session.xmax(1, 2) = 25;
+  texts.novoxmax = "77";
+  Command1_Click(fit, texts);
+  EXPECT_EQ(texts.novoxmax, "77");
+  EXPECT_EQ(session.xmax(1, 2), 25);
+  EXPECT_EQ(texts.Labelxm, "30. ");
+}
+
+TEST_F(AxisDialogs, APlotWithAFloorIsEditedByItsMinimum) {
+  session.ymin(1, 2) = -2.12;
+  session.ymin0(kVariable, kDirection) = -1.06;
+  Command1_Click(fit, texts);
+  EXPECT_EQ(texts.novoymax, "-2.12 ");
+  EXPECT_EQ(texts.Labelym, "-1.06");
+}
+
+TEST_F(AxisDialogs, NumbersHaveThePatternsOfTheWindow) {
+  session.hmax(1, 2) = 1234.56789;
+  session.ymax(1, 2) = 0.12345;
+  session.ymax0(kVariable, kDirection) = 0.00001;
+  Command1_Click(fit, texts);
+  EXPECT_EQ(texts.novoxmax, "1234.57");
+  EXPECT_EQ(texts.Labelxm, "1234.568 ");
+  EXPECT_EQ(texts.novoymax, ".123 ");
+  EXPECT_EQ(texts.Labelym, "1E-05");
+}
+
+TEST_F(AxisDialogs, WithoutAFileNeitherOpens) {
+  session.loaded = false;
+  std::string caption = "as it was";
+  EXPECT_FALSE(Command1_Click(fit, texts));
+  EXPECT_FALSE(Command4_Click(fit, caption));
+  EXPECT_EQ(dialogs.shown, (Boxes{"plain: Please select input data file (*.ZVM) first!",
+                                  "plain: Please select input data file (*.ZVM) first!"}));
+  EXPECT_EQ(caption, "as it was");
+  EXPECT_EQ(session.plotdir, 0);
+}
+
+TEST_F(AxisDialogs, TheCaptionOfTheLimitFollowsThePairUnderWork) {
+  cutgraph_Activate(session, texts);
+  EXPECT_EQ(texts.Label3_1, "Y-Maximum");
+  session.ymin(1, 2) = -1;
+  cutgraph_Activate(session, texts);
+  EXPECT_EQ(texts.Label3_1, "Y-Maximum");
+  cell(&Session::ymin) = -1;
+  cutgraph_Activate(session, texts);
+  EXPECT_EQ(texts.Label3_1, "Y-Minimum");
+}
+
+struct LimitRow {
+  const char* what;
+  double floor;
+  const char* typed;
+  bool stored;
+};
+
+// The variance is 5.
+const LimitRow kLimits[] = {
+    {"above the variance", 0, "5.1", true},
+    {"at the variance", 0, "5", false},
+    {"below the variance", 0, "4.9", false},
+    {"a number with words behind it", 0, "6 units", true},
+    {"no number", 0, "abc", false},
+    {"empty", 0, "", false},
+    {"with a floor: below the variance", -1, "4.9", true},
+    {"with a floor: at the variance", -1, "5", false},
+    {"with a floor: above the variance", -1, "5.1", false},
+    {"with a floor: no number", -1, "abc", true},
+};
+
+TEST_F(AxisDialogs, ALimitOnTheWrongSideOfTheVarianceIsRefused) {
+  for (const LimitRow& row : kLimits) {
+    dialogs.shown.clear();
+    cell(&Session::ymin) = row.floor;
+    cell(&Session::ymax) = 10;
+    cell(&Session::xmax) = 100;
+    texts.novoxmax = "50.5";
+    texts.novoymax = row.typed;
+    EXPECT_EQ(cutgraph_Command2_Click(fit, texts), row.stored) << row.what;
+    const double typed = std::atof(row.typed);
+    const bool hasFloor = row.floor < 0;
+    EXPECT_EQ(cell(&Session::xmax), row.stored ? 50.5 : 100) << row.what;
+    EXPECT_EQ(cell(&Session::ymax), row.stored && !hasFloor ? typed : 10) << row.what;
+    EXPECT_EQ(cell(&Session::ymin), row.stored && hasFloor ? typed : row.floor) << row.what;
+    EXPECT_EQ(dialogs.shown,
+              row.stored ? Boxes{} : Boxes{"warning: Illegal value ymax ! Note:  legal value >  5"})
+        << row.what;
+    EXPECT_EQ(plotter.drawings, 0) << "the plot is drawn at its next activation";
+  }
+}
+
+TEST_F(AxisDialogs, TheDistanceMaximumIsNotChecked) {
+  texts.novoymax = "6";
+  for (const auto& [text, value] :
+       {std::pair("-3", -3.0), {"", 0.0}, {"12a", 12.0}, {"0.5", 0.5}}) {
+    texts.novoxmax = text;
+    EXPECT_TRUE(cutgraph_Command2_Click(fit, texts)) << text;
+    EXPECT_EQ(cell(&Session::xmax), value) << text;
+  }
+}
+
+TEST_F(AxisDialogs, TheTextOfAnotherPlotIsStoredInTheNextOne) {
+  Command1_Click(fit, texts);
+  EXPECT_EQ(texts.novoxmax, "30.");
+  // The pair under work has its maximum of 100 already.
+  panel.setListPosition(List::Combo2, 1);
+  panel.setListPosition(List::Combodirvar, 2);
+  Command1_Click(fit, texts);
+  EXPECT_EQ(texts.novoxmax, "30.");
+  EXPECT_TRUE(cutgraph_Command2_Click(fit, texts));
+  EXPECT_EQ(cell(&Session::xmax), 30);
+}
+
+TEST_F(AxisDialogs, TheLegendOpensWithTheDirectionOfTheLastDrawing) {
+  session.plotdir = 3;
+  std::string caption;
+  ASSERT_TRUE(Command4_Click(fit, caption));
+  EXPECT_EQ(caption, "Variogram  (45;0)");
+  EXPECT_EQ(session.curvar, 1);
+  EXPECT_EQ(session.curdir, 2);
+}
+
+struct LegendRow {
+  const char* typed;
+  const char* legend;
+  bool stored;
+};
+
+const LegendRow kLegends[] = {
+    {"m", "h (m)", true},         {"meters", "h (meters)", true}, {"meters.", "h ()", false},
+    {"", "h ()", true},           {"  km", "h (km)", true},       {"  meters", "h (meters)", true},
+    {"km   ", "h (km   )", true}, {"km    .", "h ()", false},     {"   ", "h ()", true},
+    {"\xb5m", "h (\xb5m)", true},
+};
+
+TEST_F(AxisDialogs, ALegendHasSixCharactersAtMost) {
+  for (const LegendRow& row : kLegends) {
+    dialogs.shown.clear();
+    cell(&Session::xlegend) = "h( )";
+    EXPECT_EQ(legenda_Command2_Click(fit, row.typed), row.stored) << row.typed;
+    EXPECT_EQ(cell(&Session::xlegend), row.legend) << row.typed;
+    EXPECT_EQ(dialogs.shown,
+              row.stored ? Boxes{} : Boxes{"plain: Legend too long: Maximum 6 char.!"})
+        << row.typed;
+  }
+}
+
+}  // namespace
+}  // namespace zevfit

@@ -1,0 +1,202 @@
+// The windows for the scales and the legend of the axes, with keys and clicks.
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <fstream>
+
+#include "tests/support/program.h"
+#include "windows/formod.h"
+
+namespace zevfit::test {
+namespace {
+
+using Boxes = std::vector<std::string>;
+
+class AxisWindows : public testing::Test {
+ protected:
+  AxisWindows() : program_(folder_.path().toStdString()) {
+    const std::string path = folder_.filePath("small.zvm").toStdString();
+    std::ofstream(path) << "small\nzevra\n1\nzinc\n2\n3\n0;0\n90;0\n"
+                           "1\n10 0.5 9\n20 1.5 9\n30 2 9\n10 0.25 9\n20 0.75 9\n40 1 9\n";
+    program_.open(path);
+    program_.dialogs().shown.clear();
+  }
+
+  void openScales() {
+    QTest::mouseClick(&program_.control("Command1"), Qt::LeftButton);
+    QApplication::processEvents();
+  }
+  QWidget& scales() { return program_.control("cutgraph"); }
+  template <class Widget>
+  Widget& in(QWidget& window, const char* name) {
+    return Program::find<Widget>(window, name);
+  }
+  void type(QLineEdit& field, const char* text) {
+    field.selectAll();
+    QTest::keyClicks(&field, text);
+  }
+  Boxes& shown() { return program_.dialogs().shown; }
+  Session& session() { return program_.session(); }
+
+  QTemporaryDir folder_;
+  Program program_;
+};
+
+TEST_F(AxisWindows, ScalesShowTheirTextsAndHints) {
+  openScales();
+  ASSERT_TRUE(scales().isVisible());
+  EXPECT_FALSE(program_.window().isEnabled());
+  EXPECT_EQ(scales().windowTitle(), "Axis Scale (X,Y):  (0;0)");
+  EXPECT_EQ(in<QLabel>(scales(), "Label3_0").text(), "X - Maximum :");
+  EXPECT_EQ(in<QLabel>(scales(), "Label3_1").text(), "Y-Maximum");
+  EXPECT_EQ(in<QLabel>(scales(), "Labelxm").text(), "30. ");
+  // 1.06 times the largest semivariance of 2.
+  EXPECT_EQ(in<QLineEdit>(scales(), "novoymax").text(), "2.12 ");
+  EXPECT_EQ(in<QLabel>(scales(), "Labelym").text(), "2.12");
+  const std::pair<const char*, const char*> hints[] = {
+      {"Labelxm", "Click here to set the curreny X-Maximum to the real one"},
+      {"Labelym", "Click here to set the current Y-Maximum to the real one"},
+      {"Command2", "Save new X-Maximum and Y-Maximum"},
+      {"Command1", "Cancel this Options"}};
+  for (const auto& [name, hint] : hints)
+    EXPECT_EQ(in<QWidget>(scales(), name).toolTip(), hint) << name;
+}
+
+TEST_F(AxisWindows, AClickOnARealLimitTakesIt) {
+  openScales();
+  for (const auto& [label, field] :
+       {std::pair("Labelxm", "novoxmax"), std::pair("Labelym", "novoymax")}) {
+    auto& edited = in<QLineEdit>(scales(), field);
+    type(edited, "1");
+    QTest::mouseClick(&in<QWidget>(scales(), label), Qt::LeftButton);
+    EXPECT_EQ(edited.text(), in<QLabel>(scales(), label).text()) << label;
+    type(edited, "1");
+    QTest::keyClick(&in<QWidget>(scales(), label), Qt::Key_Space);
+    EXPECT_EQ(edited.text(), in<QLabel>(scales(), label).text()) << label;
+  }
+  EXPECT_EQ(session().xmax(1, 1), 30) << "nothing is saved yet";
+}
+
+TEST_F(AxisWindows, SavingStoresAndCloses) {
+  openScales();
+  type(in<QLineEdit>(scales(), "novoxmax"), "60");
+  type(in<QLineEdit>(scales(), "novoymax"), "4");
+  QTest::mouseClick(&in<QWidget>(scales(), "Command2"), Qt::LeftButton);
+  EXPECT_FALSE(scales().isVisible());
+  EXPECT_TRUE(program_.window().isEnabled());
+  EXPECT_EQ(session().xmax(1, 1), 60);
+  EXPECT_EQ(session().ymax(1, 1), 4);
+  EXPECT_EQ(shown(), Boxes{});
+}
+
+TEST_F(AxisWindows, ARefusedLimitKeepsTheWindowUp) {
+  openScales();
+  type(in<QLineEdit>(scales(), "novoymax"), "1");
+  // The box takes the focus, which is no loss of it.
+  program_.dialogs().meanwhile = [&] {
+    QEvent away(QEvent::WindowDeactivate);
+    QApplication::sendEvent(&scales(), &away);
+  };
+  QTest::mouseClick(&in<QWidget>(scales(), "Command2"), Qt::LeftButton);
+  EXPECT_EQ(shown(), Boxes{"warning: Illegal value ymax ! Note:  legal value >  1"});
+  EXPECT_TRUE(scales().isVisible());
+  EXPECT_EQ(in<QLineEdit>(scales(), "novoymax").text(), "1");
+  EXPECT_EQ(session().ymax(1, 1), 2.12);
+}
+
+TEST_F(AxisWindows, AClickElsewhereClosesTheScalesAndLosesTheTyping) {
+  openScales();
+  type(in<QLineEdit>(scales(), "novoxmax"), "60");
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&scales()));
+  program_.window().activateWindow();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !scales().isActiveWindow(); }));
+  EXPECT_FALSE(scales().isVisible());
+  EXPECT_TRUE(program_.window().isEnabled());
+  EXPECT_EQ(session().xmax(1, 1), 30);
+}
+
+TEST_F(AxisWindows, CancelAndEscapeClose) {
+  for (const bool key : {false, true}) {
+    openScales();
+    type(in<QLineEdit>(scales(), "novoxmax"), "60");
+    if (key)
+      QTest::keyClick(&scales(), Qt::Key_Escape);
+    else
+      QTest::mouseClick(&in<QWidget>(scales(), "Command1"), Qt::LeftButton);
+    EXPECT_FALSE(scales().isVisible()) << key;
+    EXPECT_TRUE(program_.window().isEnabled()) << key;
+    EXPECT_EQ(session().xmax(1, 1), 30) << key;
+  }
+}
+
+// The second direction has its maximum from its own drawing already: the field shows what was typed
+// for the first one, and a save stores that.
+TEST_F(AxisWindows, TheFieldKeepsTheTextOfTheFormerOpening) {
+  openScales();
+  type(in<QLineEdit>(scales(), "novoxmax"), "12.5");
+  QTest::mouseClick(&in<QWidget>(scales(), "Command1"), Qt::LeftButton);
+  program_.control<QComboBox>("Combodirvar").setCurrentIndex(1);
+  program_.control<QAbstractButton>("Command5").click();
+  EXPECT_EQ(session().xmax(1, 2), 40);
+  openScales();
+  EXPECT_EQ(scales().windowTitle(), "Axis Scale (X,Y):  (90;0)");
+  EXPECT_EQ(in<QLineEdit>(scales(), "novoxmax").text(), "12.5");
+  EXPECT_EQ(in<QLabel>(scales(), "Labelxm").text(), "40. ");
+  type(in<QLineEdit>(scales(), "novoymax"), "3");
+  QTest::mouseClick(&in<QWidget>(scales(), "Command2"), Qt::LeftButton);
+  EXPECT_EQ(session().xmax(1, 2), 12.5);
+}
+
+TEST_F(AxisWindows, TheFocusComesBackWhereItWas) {
+  program_.control("Textc0").setFocus();
+  program_.control<QPushButton>("Command1").click();
+  QTest::keyClick(&scales(), Qt::Key_Escape);
+  EXPECT_EQ(program_.window().focusWidget(), &program_.control("Textc0"));
+}
+
+TEST_F(AxisWindows, ALegendIsStoredAndDrawn) {
+  Program::inModal([&] { QTest::mouseClick(&program_.control("Command4"), Qt::LeftButton); },
+                   [&](QWidget& modal) {
+                     EXPECT_EQ(modal.objectName(), "legenda");
+                     EXPECT_EQ(modal.windowTitle(), "Variogram  (0;0)");
+                     EXPECT_EQ(in<QLabel>(modal, "Label1").text(), "h [units]:");
+                     EXPECT_EQ(in<QWidget>(modal, "Command2").toolTip(), "Save this legend");
+                     EXPECT_EQ(in<QWidget>(modal, "Command1").toolTip(), "Cancel");
+                     const QImage before = program_.control("Picture4").grab().toImage();
+                     type(in<QLineEdit>(modal, "Text1"), "meters");
+                     QTest::mouseClick(&in<QWidget>(modal, "Command2"), Qt::LeftButton);
+                     EXPECT_NE(program_.control("Picture4").grab().toImage(), before);
+                   });
+  EXPECT_EQ(session().xlegend(1, 1), "h (meters)");
+}
+
+TEST_F(AxisWindows, ALegendThatIsTooLongIsGone) {
+  Program::inModal([&] { program_.control<QPushButton>("Command4").click(); },
+                   [&](QWidget& modal) {
+                     auto& text = in<QLineEdit>(modal, "Text1");
+                     type(text, "meters.");
+                     QTest::mouseClick(&in<QWidget>(modal, "Command2"), Qt::LeftButton);
+                     EXPECT_EQ(shown(), Boxes{"plain: Legend too long: Maximum 6 char.!"});
+                     EXPECT_TRUE(modal.isVisible());
+                     EXPECT_EQ(text.text(), "");
+                     EXPECT_EQ(modal.focusWidget(), &text);
+                     EXPECT_EQ(session().xlegend(1, 1), "h ()");
+                     type(text, "km");
+                     QTest::mouseClick(&in<QWidget>(modal, "Command1"), Qt::LeftButton);
+                   });
+  EXPECT_EQ(session().xlegend(1, 1), "h ()");
+  // The box shows what it last held.
+  Program::inModal([&] { program_.control<QPushButton>("Command4").click(); },
+                   [&](QWidget& modal) {
+                     EXPECT_EQ(in<QLineEdit>(modal, "Text1").text(), "km");
+                     modal.close();
+                   });
+}
+
+}  // namespace
+}  // namespace zevfit::test
