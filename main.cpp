@@ -2,6 +2,7 @@
 
 #include "platform/program_folder.h"
 #include "platform/qt_dialogs.h"
+#include "platform/qt_printer.h"
 #include "windows/greeting.h"
 
 int main(int argc, char** argv) {
@@ -10,7 +11,8 @@ int main(int argc, char** argv) {
   QLocale::setDefault(QLocale::c());
 
   zevfit::QtDialogs dialogs;
-  zevfit::mdimod window(dialogs, zevfit::programFolder());
+  zevfit::QtPrinter printer;
+  zevfit::mdimod window(dialogs, printer, zevfit::programFolder());
   const zevfit::Greeting greeting(window);
   window.show();
   return QApplication::exec();

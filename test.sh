@@ -86,7 +86,7 @@ build() {
 packages() {
   .ci/install g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-liberation binutils \
     libgtest-dev libbenchmark-dev libqcustomplot-dev clang clang-format clang-tidy \
-    libclang-rt-14-dev shellcheck gcovr xvfb xauth xclip
+    libclang-rt-14-dev shellcheck gcovr xvfb xauth poppler-utils xclip
 }
 
 without_qt() {

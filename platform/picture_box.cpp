@@ -51,6 +51,11 @@ void PictureBox::setSizeTwips(double width, double height) {
   update();
 }
 
+void PictureBox::paste(const QImage& bitmap, double left, double top) {
+  finish();
+  painter().drawImage(QPoint(toPixels(left), toPixels(top)), bitmap);
+}
+
 const QImage& PictureBox::image() {
   endPainting();
   return image_;

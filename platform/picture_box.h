@@ -26,6 +26,9 @@ class PictureBox : public QWidget, private PainterSurface {
   /// What was drawn stays; new parts show the background of the last clearing.
   void setSizeTwips(double width, double height);
 
+  /// Copies a bitmap to a place in twips, over what is there.
+  void paste(const QImage& bitmap, double left, double top);
+
   /// The bitmap as it stands.
   const QImage& image();
   /// Colour of the picture at a place in twips; nothing outside. Bitmap pixels, not the screen's.

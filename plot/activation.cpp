@@ -35,6 +35,7 @@ void bringUpToDate(Fit& fit) {
 
 void activatePlotWindow(Fit& fit, PlotWindow& window) {
   Session& session = fit.session;
+  window.endDelete();
   session.dragging = 0;
   takeKey(session, window);
   if (session.curvar < 1 || session.curdir < 1) return;

@@ -62,6 +62,7 @@ std::string pairCountText(const Session& session, std::int64_t variable, std::in
 void Picture4_Click(Fit& fit, DirectionWindow& window) {
   Session& session = fit.session;
   takeKey(session, window);
+  window.endDelete();
   if (session.curvar <= 0 || session.curdir <= 0) return;
   if (isOnDataPoint(session, window)) tagDataPoint(session, window);
   fit.plotter.plotvariogram();

@@ -57,6 +57,8 @@ class PlotWindow : public PlotPicture {
 
   /// In front of its siblings.
   virtual void toFront() = 0;
+  /// Unticks "Delete" of the print collection: it does not outlive a change of plot.
+  virtual void endDelete() = 0;
 };
 
 /// The windows by (direction, variable), in this order against all tables of the session.

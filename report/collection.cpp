@@ -1,6 +1,5 @@
 #include "report/collection.h"
 
-#include "report/page_grid.h"
 #include "session/numbers.h"
 #include "session/policy.h"
 
@@ -16,11 +15,6 @@ int columnsOf(const Collection& reports) { return reports.tables.reportcolumns(s
 
 PageGrid gridOf(const Collection& reports, double width, double height, int columns) {
   return pageGrid(width, height, columns, rowsFor(reports.tables, columns));
-}
-
-/// That of the selected report's page.
-PageGrid gridOf(const Collection& reports) {
-  return gridOf(reports, kPageWidth, kPageHeight, columnsOf(reports));
 }
 
 void takePlateWidth(Collection& reports) {
@@ -66,6 +60,10 @@ void showCell(Collection& reports, GridCell cell) {
 }
 
 }  // namespace
+
+PageGrid selectedGrid(const Collection& reports) {
+  return gridOf(reports, kPageWidth, kPageHeight, columnsOf(reports));
+}
 
 void Form_Load(Collection& reports) {
   resetReports(reports.tables);
@@ -124,7 +122,7 @@ void Picture1_MouseDown(Collection& reports, double x, double y) {
   if (session.curvar < 1 || session.curdir < 1)
     return reports.fit.dialogs.plain("Please select variogram plot first!");
   const Hourglass hourglass(reports.window);
-  const PageGrid grid = gridOf(reports);
+  const PageGrid grid = selectedGrid(reports);
   const GridCell cell = cellAt(grid, x, y, 1);
   variog(reports, grid.cellWidth, grid.cellWidth / kPlotAspect);
   takePlateWidth(reports);
@@ -140,7 +138,7 @@ void Picture1_MouseDown(Collection& reports, double x, double y) {
 // A place beside the grid has a cell that no table holds: the fault leaves the legend empty.
 void Picture1_MouseMove(Collection& reports, double x, double y) {
   try {
-    showCell(reports, cellAt(gridOf(reports), x, y, -1));
+    showCell(reports, cellAt(selectedGrid(reports), x, y, -1));
   } catch (const Fault&) {
     reports.window.showLegend("", "");
   }

@@ -4,6 +4,7 @@
 
 #include "model/fit.h"
 #include "plot/plot_window.h"
+#include "report/page_grid.h"
 #include "report/printer.h"
 #include "report/report_tables.h"
 #include "report/report_window.h"
@@ -50,6 +51,8 @@ void printar_Click(Collection& reports);
 /// The command that opens the window; a fault drops the printer's document and is told.
 void showCollection(Collection& reports);
 
+/// The grid of the selected report's page.
+PageGrid selectedGrid(const Collection& reports);
 /// Clears the page of the selected report and draws its grid of `applied` columns, which become
 /// those of the report.
 void grelha(Collection& reports);

@@ -1,6 +1,5 @@
 #include "plot/drawing_steps.h"
 #include "report/collection.h"
-#include "report/page_grid.h"
 #include "session/policy.h"
 
 namespace zevfit {

@@ -1,5 +1,4 @@
 #include "report/collection.h"
-#include "report/page_grid.h"
 #include "session/policy.h"
 
 namespace zevfit {

@@ -28,7 +28,7 @@ constexpr QColor kHandleGround(0xEF, 0xEF, 0xEF);
 constexpr QSize kLeastContent(120, 90);
 
 /// The content of a plot window.
-class PlotForm : public QWidget {
+class Content : public QWidget {
  public:
   QSize sizeHint() const override { return wanted; }
   QSize minimumSizeHint() const override { return kLeastContent; }
@@ -37,8 +37,8 @@ class PlotForm : public QWidget {
 
 }  // namespace
 
-Formod::Formod(Fit& fit, DirectionWindows& windows)
-    : fit_(fit), windows_(windows), form_(new PlotForm) {
+Formod::Formod(Fit& fit, DirectionWindows& windows, std::function<void()> endDelete)
+    : fit_(fit), windows_(windows), endDelete_(std::move(endDelete)), form_(new Content) {
   setObjectName("Formod");
   setWindowIcon(QIcon(":/icons/app.svg"));
   setAttribute(Qt::WA_DeleteOnClose, false);
@@ -132,7 +132,7 @@ void Formod::setSize(double width, double height) {
 
 void Formod::fitFrame() {
   const QSize wanted = nominalContent();
-  static_cast<PlotForm*>(form_)->wanted = wanted;
+  static_cast<Content*>(form_)->wanted = wanted;
   fitting_ = true;
   adjustSize();
   layout()->activate();

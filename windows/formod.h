@@ -2,6 +2,7 @@
 
 #include <QMdiSubWindow>
 #include <array>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -22,8 +23,8 @@ class GuideLine;
 class Formod : public QMdiSubWindow, public DirectionWindow {
  public:
   /// The handlers of its events work on `fit` and, for the window of the current pair, on
-  /// `windows`.
-  Formod(Fit& fit, DirectionWindows& windows);
+  /// `windows`; `endDelete` is what the interface of that name asks for.
+  Formod(Fit& fit, DirectionWindows& windows, std::function<void()> endDelete);
 
   /// The state of a window just loaded: nominal size, picture, pen and overlays as at the start.
   void load();
@@ -51,6 +52,7 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
   void setHandleBorder(int handle, bool border) override;
   void hideGuides() override;
   void toFront() override;
+  void endDelete() override { endDelete_(); }
 
   DragState& dragState() override { return drag_; }
   double scaleWidth() const override { return pictureWidth(); }
@@ -99,6 +101,7 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
 
   Fit& fit_;
   DirectionWindows& windows_;
+  std::function<void()> endDelete_;
   QWidget* form_;
   PictureBox* Picture4;
   QLabel* Label6;

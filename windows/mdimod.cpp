@@ -27,6 +27,7 @@
 #include "windows/fit_panel_widgets.h"
 #include "windows/formabout.h"
 #include "windows/legenda.h"
+#include "windows/printcolection.h"
 #include "windows/texts.h"
 
 namespace zevfit {
@@ -68,15 +69,16 @@ const std::vector<mdimod::Command>& mdimod::toolbarCommands() {
       {"k10", "Format", "Graph Format", "format", true, nullptr},
       {"k11", "Models", "Save current models with input data file.", "models", true,
        &mdimod::gravando},
-      {"kp", "Print", "Print current variogram plot", "print", true, nullptr},
+      {"kp", "Print", "Print current variogram plot", "print", true, &mdimod::showReports},
       {"kmais", "Zoom +", "Enlarge current variogram plot", "zoom-in", true, &mdimod::zoomIn},
       {"kmenos", "Zoom -", "Reduce current variogram plot", "zoom-out", true, &mdimod::zoomOut},
   };
   return commands;
 }
 
-mdimod::mdimod(Dialogs& dialogs, std::filesystem::path folder)
+mdimod::mdimod(Dialogs& dialogs, Printer& printer, std::filesystem::path folder)
     : dialogs_(dialogs),
+      printer_(printer),
       folder_(std::move(folder)),
       saver_(folder_),
       area_(new QMdiArea),
@@ -104,7 +106,9 @@ mdimod::mdimod(Dialogs& dialogs, std::filesystem::path folder)
   resize(kStartSize);
 
   fit_ = std::make_unique<Fit>(Fit{session_, *panel_, *this, dialogs_});
-  windows_ = std::make_unique<PlotWindowTable>(*area_, *fit_);
+  windows_ = std::make_unique<PlotWindowTable>(*area_, *fit_, [this] {
+    if (reports_) reports_->endDelete();
+  });
   panel_->QWidget::setEnabled(false);
   panel_->connectTo(*fit_);
   connect(area_, &QMdiArea::subWindowActivated, this,
@@ -128,6 +132,11 @@ frmzevfit& mdimod::structure() {
 formabout& mdimod::about() {
   if (!about_) about_ = std::make_unique<formabout>(this);
   return *about_;
+}
+
+printcolection& mdimod::reports() {
+  if (!reports_) reports_ = std::make_unique<printcolection>(*fit_, *windows_, printer_, this);
+  return *reports_;
 }
 
 void mdimod::loadIcons() {
@@ -276,6 +285,8 @@ void mdimod::copyPlot() {
 void mdimod::zoomIn() { kmais(*fit_, *windows_, screen()->size().width() * kTwipsPerPixel); }
 
 void mdimod::zoomOut() { kmenos(*fit_, *windows_); }
+
+void mdimod::showReports() { reports().open(); }
 
 void mdimod::mnuabout2() { about().showCentred(); }
 

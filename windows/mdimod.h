@@ -19,16 +19,18 @@ class QToolBar;
 namespace zevfit {
 
 class FitPanelWidgets;
+class Printer;
 class cutgraph;
 class formabout;
 class legenda;
+class printcolection;
 
 /// The main window: owns the session, the panel, the plot windows and the commands, and hands them
 /// to each other.
 class mdimod : public QMainWindow, public Plotter, public StructureHost {
  public:
   /// `folder`: the program's own, for its files.
-  mdimod(Dialogs& dialogs, std::filesystem::path folder);
+  mdimod(Dialogs& dialogs, Printer& printer, std::filesystem::path folder);
   ~mdimod() override;
 
   Session& session() { return session_; }
@@ -84,6 +86,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   void copyPlot();
   void zoomIn();
   void zoomOut();
+  void showReports();
   void windowActivated(QMdiSubWindow* window);
   /// The data structure window, made at its first use.
   frmzevfit& structure();
@@ -92,11 +95,13 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   /// The windows of the axes, made at their first use.
   void openScales();
   void openLegend();
+  printcolection& reports();
   void tile(bool sideBySide);
   bool chooseFile(std::string& path);
   void disableMissingCommands();
 
   Dialogs& dialogs_;
+  Printer& printer_;
   Session session_;
   std::filesystem::path folder_;
   ModelSaver saver_;
@@ -109,6 +114,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   std::unique_ptr<formabout> about_;
   std::unique_ptr<cutgraph> scales_;
   std::unique_ptr<legenda> legend_;
+  std::unique_ptr<printcolection> reports_;
   std::vector<std::pair<QAction*, const char*>> icons_;  ///< the names of those to be loaded
   std::vector<QAction*> missing_;
   bool ending_ = false;  ///< the question of the end has been answered

@@ -9,7 +9,7 @@ namespace zevfit {
 Formod& PlotWindowTable::plotwin(std::int64_t direction, std::int64_t variable) {
   QPointer<Formod>& window = windows_(direction, variable);
   if (!window) {
-    window = new Formod(fit_, *this);
+    window = new Formod(fit_, *this, endDelete_);
     area_.addSubWindow(window);
     window->hide();
   }
@@ -27,8 +27,14 @@ bool PlotWindowTable::isOpen(std::int64_t direction, std::int64_t variable) cons
 
 void PlotWindowTable::showLoaded() {
   const QuietFocus focus(area_);
-  for (const QPointer<Formod>& window : std::exchange(waiting_, {}))
-    if (window && window->loaded() && !window->isVisible()) window->appear();
+  for (const QPointer<Formod>& window : std::exchange(waiting_, {})) {
+    if (!window || !window->loaded() || window->isVisible()) continue;
+    if (window->caption().empty()) {
+      waiting_.push_back(window);
+    } else {
+      window->appear();
+    }
+  }
 }
 
 }  // namespace zevfit

@@ -3,6 +3,7 @@
 #include <QMdiArea>
 #include <QPointer>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "plot/direction_window.h"
@@ -14,17 +15,21 @@ namespace zevfit {
 /// The plot windows of the main window's area by (direction, variable), made at first use and kept.
 class PlotWindowTable : public DirectionWindows {
  public:
-  PlotWindowTable(QMdiArea& area, Fit& fit) : area_(area), fit_(fit) {}
+  /// `endDelete`: what the windows run for the interface of that name.
+  PlotWindowTable(QMdiArea& area, Fit& fit, std::function<void()> endDelete)
+      : area_(area), fit_(fit), endDelete_(std::move(endDelete)) {}
 
   Formod& plotwin(std::int64_t direction, std::int64_t variable) override;
   bool isOpen(std::int64_t direction, std::int64_t variable) const override;
 
-  /// Shows windows that were loaded and have not appeared; the focus stays where it is.
+  /// Shows windows that were drawn and have not appeared; the focus stays where it is. One that has
+  /// served to measure a title alone has no caption yet, and waits for its drawing.
   void showLoaded();
 
  private:
   QMdiArea& area_;
   Fit& fit_;
+  std::function<void()> endDelete_;
   PairTable<QPointer<Formod>, kVariableSlots, kVariableSlots> windows_;
   std::vector<QPointer<Formod>> waiting_;
 };

@@ -3,12 +3,14 @@
 #include "benchmarks/start/first_paint.h"
 #include "platform/program_folder.h"
 #include "platform/qt_dialogs.h"
+#include "platform/qt_printer.h"
 #include "windows/greeting.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   zevfit::QtDialogs dialogs;
-  zevfit::mdimod window(dialogs, zevfit::programFolder());
+  zevfit::QtPrinter printer;
+  zevfit::mdimod window(dialogs, printer, zevfit::programFolder());
   const zevfit::Greeting greeting(window);
   const FirstPaint end(window);
   window.show();

@@ -193,6 +193,7 @@ TEST(PairCount, ClickStopsAtACaptionWithoutAPair) {
     bench.window().title = caption;
     bench.clickAt(2017, 2112);
     EXPECT_TRUE(bench.window().calls.empty()) << caption;
+    EXPECT_EQ(bench.window().deletesEnded, 1) << caption;
   }
 }
 

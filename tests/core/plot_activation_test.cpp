@@ -28,6 +28,16 @@ TEST(Activation, MakesThePairOfTheWindowTheCurrentOne) {
   EXPECT_EQ(bench.session.seldir, 2);
 }
 
+TEST(Activation, EndsADeleteOfTheReportsAlsoWithoutAPair) {
+  for (const char* caption : {"01,02", ""}) {
+    ActivationBench bench;
+    bench.window().title = caption;
+    bench.window().deletesEnded = 0;
+    activatePlotWindow(bench.fit, bench.window());
+    EXPECT_EQ(bench.window().deletesEnded, 1) << caption;
+  }
+}
+
 TEST(Activation, FreesTheHandlesAndTouchesTheBorderOfTheFirstAlone) {
   ActivationBench bench;
   bench.session.dragging = 1;

@@ -13,6 +13,7 @@
 #include <QWindow>
 #include <iostream>
 
+#include "tests/support/full_report.h"
 #include "tests/support/program.h"
 
 namespace {
@@ -151,6 +152,20 @@ void playAxes(Program& program, Album& album) {
                    });
 }
 
+/// A report of three columns, with the pointer on a plot.
+void playReportOf(const QString& example, Album& album) {
+  const QTemporaryDir folder;
+  const QString file = folder.filePath("meuse.zvm");
+  QFile::copy(example, file);
+  Program program(folder.path().toStdString());
+  program.open(file.toStdString());
+  zevfit::test::composeFullReport(program);
+  auto& reports = program.control<QWidget>("printcolection");
+  auto& page = Program::find<QWidget>(reports, "Picture1_0");
+  QTest::mouseMove(&page, zevfit::test::middleOfThird(2, 2));
+  album.keep(reports, "print-preview");
+}
+
 void playDragOf(const QString& example, Album& album) {
   const QTemporaryDir folder;
   const QString file = folder.filePath("meuse.zvm");
@@ -173,6 +188,7 @@ int main(int argc, char** argv) {
   try {
     play(argv[1], album);
     playDragOf(argv[1], album);
+    playReportOf(argv[1], album);
   } catch (const std::exception& fault) {
     std::cerr << fault.what() << "\n";
     return 1;

@@ -82,6 +82,7 @@ class MemoryPlotWindow : public DirectionWindow {
     for (Line& line : guides) line.visible = false;
   }
   void toFront() override { ++fronted; }
+  void endDelete() override { ++deletesEnded; }
 
   DragState& dragState() override { return drag; }
   double scaleWidth() const override { return innerWidth - 2 * pictureBorder; }
@@ -162,6 +163,7 @@ class MemoryPlotWindow : public DirectionWindow {
   std::vector<std::string> calls;
   int restored = 0;
   int fronted = 0;
+  int deletesEnded = 0;
   bool closed = false;
 
  private:

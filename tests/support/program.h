@@ -10,6 +10,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "tests/support/recording_printer.h"
 #include "tests/support/scripted_dialogs.h"
 #include "windows/mdimod.h"
 
@@ -18,7 +19,9 @@ namespace zevfit::test {
 /// The whole program with its boxes answered by a script.
 class Program {
  public:
-  explicit Program(const std::filesystem::path& folder) : window_(dialogs_, folder) {
+  /// Prints on `printer` or, without one, on a printer in memory.
+  explicit Program(const std::filesystem::path& folder, Printer* printer = nullptr)
+      : window_(dialogs_, printer ? *printer : printer_, folder) {
     window_.loadIcons();
     window_.show();
     QApplication::processEvents();
@@ -35,6 +38,7 @@ class Program {
   mdimod& window() { return window_; }
   Session& session() { return window_.session(); }
   ScriptedDialogs& dialogs() { return dialogs_; }
+  RecordingPrinter& printer() { return printer_; }
 
   /// A control of the main window by its name.
   template <class Widget = QWidget>
@@ -75,6 +79,7 @@ class Program {
 
  private:
   ScriptedDialogs dialogs_;
+  RecordingPrinter printer_;
   mdimod window_;
 };
 

@@ -8,6 +8,7 @@
 
 #include "report/collection.h"
 #include "tests/support/plot_bench.h"
+#include "tests/support/recording_printer.h"
 
 namespace zevfit {
 
@@ -69,40 +70,6 @@ class MemoryReportWindow : public ReportWindow {
 
  private:
   static std::size_t at(int slot) { return static_cast<std::size_t>(slot); }
-};
-
-/// Keeps what was drawn on its sheet, and in `calls` what was asked of it, in order.
-class RecordingPrinter : public Printer {
- public:
-  void showPrinter() override { note("dialog"); }
-  void startDoc(double width, double height) override {
-    note("start " + generalText(width) + " " + generalText(height));
-    open = true;
-  }
-  Surface& sheet() override {
-    if (!open) throw Fault("no document");
-    return surface;
-  }
-  void endDoc() override {
-    if (!open) return;
-    open = false;
-    note("end");
-  }
-  void killDoc() override {
-    open = false;
-    note("kill");
-  }
-
-  RecordingSurface surface;
-  std::vector<std::string> calls;
-  std::string refuses;  ///< the call that is a fault, by its first word
-  bool open = false;
-
- private:
-  void note(const std::string& call) {
-    calls.push_back(call);
-    if (!refuses.empty() && call.starts_with(refuses)) throw Fault(call);
-  }
 };
 
 /// The plot sample with its print collection, which has just been loaded.

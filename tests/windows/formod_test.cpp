@@ -149,7 +149,7 @@ TEST_F(PlotWindowsTest, SubscriptsBeyondTheTableAreFaults) {
   QMdiArea other;
   FitPanelWidgets panel;
   Fit fit{program_.session(), panel, program_.window(), program_.dialogs()};
-  PlotWindowTable table(other, fit);
+  PlotWindowTable table(other, fit, [] {});
   EXPECT_THROW(table.plotwin(42, 1), Fault);
   EXPECT_THROW(table.plotwin(1, 42), Fault);
   EXPECT_THROW(table.plotwin(-1, 1), Fault);

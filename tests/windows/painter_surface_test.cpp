@@ -129,6 +129,17 @@ TEST_F(PainterSurfaceTest, TextsAreMeasuredInTheirFont) {
   EXPECT_EQ(surface().textWidth("", plain), 0);
 }
 
+TEST_F(PainterSurfaceTest, BitmapIsPastedOverWhatIsThere) {
+  surface().line(0, 0, 6000, 3000, {kBlue, 2, LineStyle::solid});
+  QImage bitmap(30, 10, QImage::Format_RGB32);
+  bitmap.fill(Qt::red);
+  // The nearest whole pixel to 150 by 307 twips is (10, 20).
+  box_.paste(bitmap, 150, 307);
+  EXPECT_EQ(pixelsOf(kRed), 300);
+  EXPECT_EQ(at(10.5, 20.5), kRed);
+  EXPECT_EQ(at(39.5, 29.5), kRed);
+}
+
 TEST_F(PainterSurfaceTest, PictureKeepsWhatIsDrawnWhenItGrows) {
   surface().line(150, 450, 300, 450, {kBlack, 1, LineStyle::solid});
   box_.setSizeTwips(9000, 4500);

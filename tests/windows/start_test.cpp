@@ -37,7 +37,8 @@ class Start : public testing::Test {
 
 TEST_F(Start, GreetsOverTheMainWindow) {
   ScriptedDialogs dialogs;
-  mdimod window(dialogs, folder());
+  RecordingPrinter printer;
+  mdimod window(dialogs, printer, folder());
   const Greeting greeting(window);
   window.show();
   for (int i = 0; i < 5; ++i) QApplication::processEvents();

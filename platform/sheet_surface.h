@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QPainter>
+#include <QPolygonF>
+
+#include "plot/surface.h"
+
+namespace zevfit {
+
+/// Draws on paper with an open painter, which must outlive it: lines, discs and real texts at the
+/// resolution of the device, none as a bitmap. The whole paper counts as `size` units.
+class SheetSurface : public Surface {
+ public:
+  SheetSurface(QPainter& painter, QSizeF size);
+
+  void clear(Colour background) override;
+  void text(double x, double y, std::string_view text, const Font& font, Colour colour) override;
+  void line(double x1, double y1, double x2, double y2, const Stroke& stroke) override;
+  void disc(double x, double y, double radius, const Stroke& outline, Colour fill) override;
+  void box(double left, double top, double width, double height, Colour fill) override;
+  double textWidth(std::string_view text, const Font& font) override;
+  /// Draws what is still held back; to be called before the painter ends.
+  void finish();
+
+ private:
+  QPointF place(double x, double y) const;
+  QPen pen(const Stroke& stroke) const;
+
+  QPainter& painter_;
+  QSizeF size_;
+  double across_, down_;  ///< dots of the device in a unit
+  QPolygonF curve_;       ///< lines of one stroke, each from the end of the one before
+  Stroke curveStroke_;
+};
+
+}  // namespace zevfit

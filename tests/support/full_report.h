@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QComboBox>
+#include <QPushButton>
+#include <QSlider>
+#include <QTest>
+
+#include "tests/support/program.h"
+
+namespace zevfit::test {
+
+// A report of 21 plots, as a user composes it.
+
+inline constexpr int kReportRows = 7, kReportColumns = 3;
+
+/// The window of the reports, on show.
+inline QWidget& openReports(Program& program) {
+  program.trigger("kp");
+  QApplication::processEvents();
+  return program.control<QWidget>("printcolection");
+}
+
+/// Presses the mouse on the selected page, at pixels of it.
+inline void pressPage(QWidget& reports, int slot, QPoint at) {
+  auto& page = Program::find<QWidget>(reports, qPrintable(QString("Picture1_%1").arg(slot)));
+  QTest::mouseClick(&page, Qt::LeftButton, {}, at);
+}
+
+/// The middle of a cell of the first report with three columns: cells of 1049 by 603.32 below a
+/// margin of 114.36 twips.
+inline QPoint middleOfThird(int row, int column) {
+  return {(column * 1049 - 524) / 15, static_cast<int>(((row - 0.5) * 603.32 + 114.36) / 15)};
+}
+
+/// A nugget and a spherical structure that rise to the variance.
+inline void fitPair(Session& session, int variable, int direction) {
+  const double variance = session.variance(variable).number();
+  session.use0(variable, direction) = 1;
+  session.c0(variable, direction) = variance * 0.1;
+  session.use1(variable, direction) = 1;
+  session.model1(variable, direction) = "S";
+  session.c1(variable, direction) = variance * 0.9;
+  session.a1(variable, direction) = session.hmax(variable, direction) * 0.7;
+}
+
+inline void giveColumns(QWidget& reports, int columns) {
+  Program::find<QSlider>(reports, "HScroll1").setValue(columns);
+  Program::find<QPushButton>(reports, "Command1").click();
+}
+
+inline void plotPair(Program& program, int variable, int direction) {
+  program.control<QComboBox>("Combo2").setCurrentIndex(variable - 1);
+  program.control<QComboBox>("Combodirvar").setCurrentIndex(direction - 1);
+  program.control<QAbstractButton>("Command5").click();
+}
+
+/// Fits, plots and places variables 1 to 7 in directions 1 to 3 of a loaded file.
+inline void composeFullReport(Program& program) {
+  QWidget& reports = openReports(program);
+  giveColumns(reports, kReportColumns);
+  for (int row = 1; row <= kReportRows; ++row)
+    for (int column = 1; column <= kReportColumns; ++column) {
+      fitPair(program.session(), row, column);
+      plotPair(program, row, column);
+      pressPage(reports, 0, middleOfThird(row, column));
+    }
+}
+
+}  // namespace zevfit::test
