@@ -1,8 +1,11 @@
 #include "windows/formabout.h"
 
+#include <QApplication>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QPainter>
+#include <algorithm>
+#include <array>
 
 namespace zevfit {
 
@@ -11,6 +14,9 @@ namespace {
 constexpr QSize kPictureSize(420, 260);
 /// Distance from the top of the main window at start, in logical pixels.
 constexpr int kStartTop = 40;
+/// What only a user brings about: from then on an activation is no longer part of the start.
+constexpr std::array kUserEvents{QEvent::KeyPress, QEvent::MouseMove, QEvent::MouseButtonPress,
+                                 QEvent::Wheel, QEvent::ApplicationDeactivate};
 
 /// Paints itself at the resolution of whatever screen it is on.
 class AboutPicture : public QWidget {
@@ -59,10 +65,18 @@ void formabout::showAtStart() {
   centre();
   move(x(), mainWindow_->mapToGlobal(QPoint()).y() + kStartTop);
   setAttribute(Qt::WA_ShowWithoutActivating);
+  starting_ = true;
+  QApplication::instance()->installEventFilter(this);
   show();
 }
 
+void formabout::endStart() {
+  starting_ = false;
+  QApplication::instance()->removeEventFilter(this);
+}
+
 void formabout::showCentred() {
+  endStart();
   setAttribute(Qt::WA_ShowWithoutActivating, false);
   fitPicture();
   centre();
@@ -73,9 +87,9 @@ void formabout::showCentred() {
 
 void formabout::activated() {
   // Some window systems activate a new window even if asked not to: that is no reason to leave the
-  // place of the start.
-  const bool byStart = testAttribute(Qt::WA_ShowWithoutActivating);
-  setAttribute(Qt::WA_ShowWithoutActivating, false);
+  // place of the start. Others do not, and the first activation is the user's.
+  const bool byStart = starting_;
+  endStart();
   if (byStart) return;
   fitPicture();
   centre();
@@ -83,10 +97,12 @@ void formabout::activated() {
 
 bool formabout::event(QEvent* event) {
   if (event->type() == QEvent::WindowActivate) activated();
+  if (event->type() == QEvent::Hide) endStart();
   return QWidget::event(event);
 }
 
 bool formabout::eventFilter(QObject* watched, QEvent* event) {
+  if (starting_ && std::ranges::find(kUserEvents, event->type()) != kUserEvents.end()) endStart();
   if (watched == Image1 && event->type() == QEvent::MouseButtonRelease) hide();
   return QWidget::eventFilter(watched, event);
 }

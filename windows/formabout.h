@@ -10,7 +10,8 @@ class formabout : public QWidget {
  public:
   explicit formabout(QWidget* mainWindow);
 
-  /// Under the top of the main window; the main window stays the active one.
+  /// Under the top of the main window; the main window stays the active one. A window system that
+  /// activates it nevertheless does not move it; the first activation by the user does.
   void showAtStart();
   /// In the middle of the main window, as at each activation.
   void showCentred();
@@ -25,9 +26,11 @@ class formabout : public QWidget {
   void fitPicture();
   void centre();
   void activated();
+  void endStart();
 
   QWidget* mainWindow_;
   QWidget* Image1;
+  bool starting_ = false;  ///< an activation may be the start's own
 };
 
 }  // namespace zevfit

@@ -4,6 +4,8 @@
 
 #include <QApplication>
 #include <QTest>
+#include <QWheelEvent>
+#include <functional>
 
 namespace zevfit {
 namespace {
@@ -62,6 +64,70 @@ TEST_F(FormaboutTest, AnActivationAfterTheStartMovesItToTheMiddle) {
   activate(main);
   activate(about);
   EXPECT_EQ(about.geometry(), kCentred);
+}
+
+/// A window system that shows a window without activating it, as it is asked to.
+class NotActivating : public QObject {
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    return event->type() == QEvent::WindowActivate;
+  }
+};
+
+struct UsersMove {
+  const char* what;
+  std::function<void(QWidget& main, QWidget& about)> make;
+};
+
+const UsersMove kUsersMoves[] = {
+    {"a key", [](QWidget& main, QWidget&) { QTest::keyClick(&main, Qt::Key_Alt); }},
+    {"the mouse",
+     [](QWidget& main, QWidget&) { QTest::mouseMove(main.windowHandle(), QPoint(7, 9)); }},
+    {"a button", [](QWidget& main, QWidget&) { QTest::mousePress(&main, Qt::LeftButton); }},
+    {"the wheel",
+     [](QWidget& main, QWidget&) {
+       QWheelEvent wheel({7, 9}, main.mapToGlobal(QPointF(7, 9)), {}, {0, 120}, Qt::NoButton, {},
+                         Qt::NoScrollPhase, false);
+       QApplication::sendEvent(&main, &wheel);
+     }},
+    {"another program",
+     [](QWidget&, QWidget&) {
+       QEvent left(QEvent::ApplicationDeactivate);
+       QApplication::sendEvent(QApplication::instance(), &left);
+     }},
+    {"a hidden window shown again",
+     [](QWidget&, QWidget& about) {
+       about.hide();
+       about.show();
+     }},
+};
+
+TEST_F(FormaboutTest, TheFirstActivationByTheUserMovesItWhereTheStartActivatedNone) {
+  for (const UsersMove& move : kUsersMoves) {
+    NotActivating system;
+    about.installEventFilter(&system);
+    about.showAtStart();
+    QApplication::processEvents();
+    EXPECT_EQ(about.y(), 60 + 40) << move.what;
+    move.make(main, about);
+    activate(main);
+    about.removeEventFilter(&system);
+    activate(about);
+    EXPECT_EQ(about.geometry(), kCentred) << move.what;
+    about.hide();
+    activate(main);
+  }
+}
+
+TEST_F(FormaboutTest, ALateActivationByTheStartLeavesItInItsPlace) {
+  NotActivating system;
+  about.installEventFilter(&system);
+  about.showAtStart();
+  QApplication::processEvents();
+  activate(main);
+  about.removeEventFilter(&system);
+  activate(about);
+  EXPECT_EQ(about.geometry(), QRect(kCentred.left(), 60 + 40, 420, 260));
 }
 
 TEST_F(FormaboutTest, AnActivationPutsThePictureBackInItsCorner) {
