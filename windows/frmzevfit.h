@@ -20,8 +20,9 @@ namespace zevfit {
 
 class Grid;
 
-/// What the data structure window asks of the main window and of the lists of the test dialog.
-/// Positions count from 0; a list that can't do as it is asked throws Fault.
+/// What the data structure window asks of the main window. The test of coregionalization fills its
+/// own lists each time it opens. Positions count from 0; a list that can't do as it is asked throws
+/// Fault.
 class StructureHost {
  public:
   virtual ~StructureHost() = default;
@@ -32,9 +33,9 @@ class StructureHost {
   virtual void enableMain() = 0;
   /// Shows the main window and makes it the active one.
   virtual void focusMain() = 0;
-  /// Gives the lists of directions of both windows these entries, in place of what they had.
+  /// Gives the list of directions of the main window these entries, in place of what it had.
   virtual void fillDirections(const std::vector<std::string>& names) = 0;
-  /// The same with the lists of variables.
+  /// The same with the list of variables.
   virtual void fillVariables(const std::vector<std::string>& names) = 0;
   /// Chooses an entry in the main window's lists, as a user would: their handlers run.
   virtual void selectDirection(int position) = 0;

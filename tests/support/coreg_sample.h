@@ -75,11 +75,15 @@ inline void tick(Session& session, int line, VariableSlot variable, DirectionSlo
 /// A linear model of coregionalization: nugget 0.5 under 1 and 1, a spherical structure of 2 under
 /// 4 and 9 with range 100, a power structure 3 of 1 under 1 and 1 with range 1.5; structure 2 is
 /// off.
-inline Session goodModels() {
-  Session session = coregSession();
+inline void fitGoodModels(Session& session) {
   setEverywhere(session, 0, "", {0.5, 1, 1});
   setEverywhere(session, 1, "S", {2, 4, 9}, 100);
   setEverywhere(session, 3, "P", {1, 1, 1}, 1.5);
+}
+
+inline Session goodModels() {
+  Session session = coregSession();
+  fitGoodModels(session);
   return session;
 }
 
