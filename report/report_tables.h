@@ -27,7 +27,8 @@ class CellTable {
     const bool inside = row >= 0 && row < kRowSlots && column >= 0 && column < kColumnSlots &&
                         report >= 0 && report < kReportSlots;
     if (!inside) throwSubscript();
-    return static_cast<std::size_t>((row * kColumnSlots + column) * kReportSlots + report);
+    const int slot = (row * kColumnSlots + column) * kReportSlots + report;
+    return static_cast<std::size_t>(slot);
   }
   std::array<T, std::size_t{kRowSlots} * kColumnSlots * kReportSlots> cells_{};
 };

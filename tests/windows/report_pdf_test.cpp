@@ -8,7 +8,6 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <filesystem>
 
 #include "platform/qt_printer.h"
 #include "tests/support/full_report.h"
@@ -17,7 +16,7 @@ namespace zevfit::test {
 namespace {
 
 constexpr int kPlots = kReportRows * kReportColumns;
-constexpr qint64 kLargestFile = 300 * 1000;
+constexpr qint64 kLargestFile = 300000;
 
 /// The output of a tool; a test without it fails.
 QString outputOf(const QString& tool, const QStringList& arguments) {
@@ -29,37 +28,32 @@ QString outputOf(const QString& tool, const QStringList& arguments) {
   return QString::fromUtf8(process.readAllStandardOutput());
 }
 
-/// The report of the example file with three columns and seven rows, printed once for all cases.
+/// The report of the example file with three columns and seven rows, printed.
 class FullReport : public testing::Test {
  protected:
-  static void SetUpTestSuite() {
-    folder_ = std::make_unique<QTemporaryDir>();
-    QtPrinter printer([](QPrinter& chosen) {
+  FullReport() {
+    QtPrinter printer([this](QPrinter& chosen) {
       chosen.setOutputFileName(path());
       // What the user picks in the dialog does not count.
       chosen.setPageOrientation(QPageLayout::Landscape);
       chosen.setPageSize(QPageSize(QPageSize::A5));
       return true;
     });
-    Program program(folder_->path().toStdString(), &printer);
-    const QString input = folder_->filePath("meuse.zvm");
+    Program program(folder_.path().toStdString(), &printer);
+    const QString input = folder_.filePath("meuse.zvm");
     QFile::copy(ZEVFIT_SOURCE_DIR "/examples/meuse.zvm", input);
     program.open(input.toStdString());
     composeFullReport(program);
     program.control<QAbstractButton>("printar").click();
     messages_ = program.dialogs().shown;
   }
-  static void TearDownTestSuite() { folder_.reset(); }
 
-  static QString path() { return folder_->filePath("report.pdf"); }
-  static QString text() { return outputOf("pdftotext", {"-layout", path(), "-"}); }
+  QString path() const { return folder_.filePath("report.pdf"); }
+  QString text() const { return outputOf("pdftotext", {"-layout", path(), "-"}); }
 
-  static std::unique_ptr<QTemporaryDir> folder_;
-  static std::vector<std::string> messages_;
+  QTemporaryDir folder_;
+  std::vector<std::string> messages_;
 };
-
-std::unique_ptr<QTemporaryDir> FullReport::folder_;
-std::vector<std::string> FullReport::messages_;
 
 TEST_F(FullReport, IsOneA4PageUpright) {
   EXPECT_EQ(messages_, std::vector<std::string>{"open: Input Data File (*.ZVM)|*.ZVM"});
@@ -110,7 +104,7 @@ TEST_F(FullReport, HasNoBitmap) {
 
 // At 100 dots to the inch a sheet is 827 by 1169; a unit of it is 0.06944 dots.
 TEST_F(FullReport, ShowsPointsAndCurvesInEachPlot) {
-  const QString image = folder_->filePath("page");
+  const QString image = folder_.filePath("page");
   outputOf("pdftoppm", {"-r", "100", "-png", "-singlefile", path(), image});
   const QImage page(image + ".png");
   ASSERT_NEAR(page.width(), 827, 1);
