@@ -1,11 +1,15 @@
 #include "platform/qt_dialogs.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFontDialog>
 #include <QMessageBox>
 #include <QStringDecoder>
+
+#include "platform/painter_surface.h"
 
 namespace zevfit {
 
@@ -101,6 +105,25 @@ std::optional<std::string> QtDialogs::saveFile(std::string_view title, std::stri
   dialog.setDefaultSuffix(toShown(pattern).section('.', -1));
   if (!choose(dialog, pattern, lastSaved_)) return std::nullopt;
   return QFile::encodeName(lastSaved_).toStdString();
+}
+
+std::optional<FontChoice> QtDialogs::chooseFont(const FontChoice& start) {
+  QFont font(toShown(start.name));
+  font.setPointSizeF(start.size);
+  QFontDialog dialog(font, QApplication::activeWindow());
+  dialog.setObjectName("Dialog1");
+  dialog.setOption(QFontDialog::DontUseNativeDialog);
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  const QFont chosen = dialog.selectedFont();
+  return FontChoice{chosen.family().toStdString(), static_cast<float>(chosen.pointSizeF())};
+}
+
+std::optional<Colour> QtDialogs::chooseColour(Colour start) {
+  QColorDialog dialog(toQColor(start), QApplication::activeWindow());
+  dialog.setObjectName("Dialog1");
+  dialog.setOption(QColorDialog::DontUseNativeDialog);
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return toColour(dialog.selectedColor());
 }
 
 std::string QtDialogs::heldFile() const { return QFile::encodeName(lastFile_).toStdString(); }

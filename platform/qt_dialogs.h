@@ -17,6 +17,8 @@ class QtDialogs : public Dialogs {
   void fatal(std::string_view text) override;
   std::optional<std::string> openFile(std::string_view title, std::string_view pattern) override;
   std::optional<std::string> saveFile(std::string_view title, std::string_view pattern) override;
+  std::optional<FontChoice> chooseFont(const FontChoice& start) override;
+  std::optional<Colour> chooseColour(Colour start) override;
   std::string heldFile() const override;
   void holdFile(std::string_view path) override;
 

@@ -9,6 +9,10 @@ bool exchangedShowsSill(const Session& session, std::int64_t variable, std::int6
   return session.showsill(direction, variable) == 1;
 }
 
+bool ownShowsSill(const Session& session, std::int64_t variable, std::int64_t direction) {
+  return session.showsill(variable, direction) == 1;
+}
+
 constexpr double kDisc = 27;
 /// Texts below the axis stand lower on paper.
 constexpr double kLegendDown = 50, kNumberDown = 20;
@@ -19,6 +23,12 @@ constinit const PlotForm kScreenPlot{
     .discRadius = kDisc,
     .nameCharacterWidth = kCharacterWidth,
     .legendShowsSill = exchangedShowsSill,
+};
+
+constinit const PlotForm kPreviewPlot{
+    .discRadius = 20,
+    .nameCharacterWidth = 100,
+    .legendShowsSill = ownShowsSill,
 };
 
 constinit const PlotForm kPrintedPlot{

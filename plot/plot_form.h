@@ -30,6 +30,8 @@ struct PlotForm {
 
 /// A plot in its window.
 extern const PlotForm kScreenPlot;
+/// The picture of the format window.
+extern const PlotForm kPreviewPlot;
 /// A plot on a sheet of one or two columns, and the smaller one on a sheet of three.
 extern const PlotForm kPrintedPlot, kSmallPrintedPlot;
 

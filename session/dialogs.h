@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "session/style.h"
+
 namespace zevfit {
 
 inline constexpr const char* kWarningTitle = "zevRA : Program zevFIT";
@@ -35,6 +37,10 @@ class Dialogs {
   /// Asks for the name of a file to write, as `openFile` does for one to read; an existing file is
   /// asked about.
   virtual std::optional<std::string> saveFile(std::string_view title, std::string_view pattern) = 0;
+  /// Asks for a font among those of the screen; nothing on Cancel.
+  virtual std::optional<FontChoice> chooseFont(const FontChoice& start) = 0;
+  /// Asks for a colour; nothing on Cancel.
+  virtual std::optional<Colour> chooseColour(Colour start) = 0;
   /// The name that the file dialog took last and starts with; empty at first.
   virtual std::string heldFile() const = 0;
   /// Lets the file dialog start with `path`.

@@ -19,6 +19,7 @@ struct Session {
 
   GraphStyle style;
   Colour axiscolor = kBlack;  ///< the dotted grid of the plot
+  FormatBackup backup;        ///< of style and grid, from the opening of the format window
 
   std::string inputfile;      ///< full path of the loaded file; empty: saving refuses
   std::string filetag;        ///< second header token, as last read

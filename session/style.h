@@ -52,4 +52,19 @@ struct GraphStyle {
   FormatSamples Formfont;
 };
 
+/// What the format window's Cancel puts back.
+struct FormatBackup {
+  std::array<std::string, 3> fontname;
+  std::array<float, 3> fontsize{};
+  std::array<std::string, 2> formato;
+  ColourSwatches cores;
+  Colour axiscolor = kBlack;
+};
+
+/// A font as the font dialog gives it, in points.
+struct FontChoice {
+  std::string name;
+  float size = 0;
+};
+
 }  // namespace zevfit

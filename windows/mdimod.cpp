@@ -26,6 +26,7 @@
 #include "windows/cutgraph.h"
 #include "windows/fit_panel_widgets.h"
 #include "windows/formabout.h"
+#include "windows/formfont.h"
 #include "windows/legenda.h"
 #include "windows/printcolection.h"
 #include "windows/texts.h"
@@ -66,7 +67,7 @@ const std::vector<mdimod::Command>& mdimod::toolbarCommands() {
       {"k6", "Vert.", "Title Vertical", "vertical", false, &mdimod::mnuvertical},
       {"k7", "Horiz.", "Title Horizontal", "horizontal", false, &mdimod::mnuhorizontal},
       {"k8", "Copy", "Copy Variogram Plot to Clipboard", "copy", true, &mdimod::copyPlot},
-      {"k10", "Format", "Graph Format", "format", true, nullptr},
+      {"k10", "Format", "Graph Format", "format", true, &mdimod::openFormat},
       {"k11", "Models", "Save current models with input data file.", "models", true,
        &mdimod::gravando},
       {"kp", "Print", "Print current variogram plot", "print", true, &mdimod::showReports},
@@ -200,6 +201,11 @@ void mdimod::openScales() {
   scales_->open();
 }
 
+void mdimod::openFormat() {
+  if (!format_) format_ = std::make_unique<Formfont>(*fit_, *windows_, this);
+  format_->open();
+}
+
 void mdimod::openLegend() {
   if (!legend_) legend_ = std::make_unique<legenda>(*fit_, this);
   legend_->open();
@@ -235,10 +241,13 @@ void mdimod::closeEvent(QCloseEvent* event) {
 
 void mdimod::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() != QEvent::WindowStateChange || !isMinimized()) return;
+  if (event->type() != QEvent::WindowStateChange) return;
+  // Behind the format window the main one is disabled: it has to come back with it.
+  if (!isMinimized()) return format_ ? format_->bringBack() : void();
   for (QWidget* window :
        std::initializer_list<QWidget*>{structure_.get(), scales_.get(), legend_.get()})
     if (window) window->hide();
+  if (format_) format_->setAside();
 }
 
 bool mdimod::chooseFile(std::string& path) {

@@ -21,6 +21,7 @@ namespace zevfit {
 class FitPanelWidgets;
 class Printer;
 class cutgraph;
+class Formfont;
 class formabout;
 class legenda;
 class printcolection;
@@ -95,6 +96,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   /// The windows of the axes, made at their first use.
   void openScales();
   void openLegend();
+  void openFormat();
   printcolection& reports();
   void tile(bool sideBySide);
   bool chooseFile(std::string& path);
@@ -114,6 +116,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   std::unique_ptr<formabout> about_;
   std::unique_ptr<cutgraph> scales_;
   std::unique_ptr<legenda> legend_;
+  std::unique_ptr<Formfont> format_;
   std::unique_ptr<printcolection> reports_;
   std::vector<std::pair<QAction*, const char*>> icons_;  ///< the names of those to be loaded
   std::vector<QAction*> missing_;

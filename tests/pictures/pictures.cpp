@@ -166,6 +166,20 @@ void playReportOf(const QString& example, Album& album) {
   album.keep(reports, "print-preview");
 }
 
+/// The windows of fonts, patterns and colours.
+void playFormat(Program& program, Album& album) {
+  program.trigger("k10");
+  auto& format = program.control<QWidget>("Formfont");
+  album.keep(format, "format");
+  for (const auto& [button, window] : {std::pair("Command4", "Frame2"), {"Command5", "cores"}}) {
+    format.findChild<QAbstractButton*>(button, Qt::FindDirectChildrenOnly)->click();
+    auto& opened = Program::find<QWidget>(format, window);
+    album.keep(opened, *window == 'F' ? "format-help" : "colours");
+    opened.close();
+  }
+  format.close();
+}
+
 void playDragOf(const QString& example, Album& album) {
   const QTemporaryDir folder;
   const QString file = folder.filePath("meuse.zvm");
@@ -174,6 +188,7 @@ void playDragOf(const QString& example, Album& album) {
   program.open(file.toStdString());
   playDrag(program, album);
   playAxes(program, album);
+  playFormat(program, album);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "session/dialogs.h"
+#include "session/numbers.h"
 
 namespace zevfit::test {
 
@@ -16,6 +17,8 @@ class ScriptedDialogs : public Dialogs {
   std::vector<std::string> shown;
   std::deque<std::string> files;    ///< answers of the file dialog in turn; empty: Cancel
   std::deque<std::string> saved;    ///< answers of the dialog that saves in turn; empty: Cancel
+  std::deque<FontChoice> fonts;     ///< answers of the font dialog in turn; empty: Cancel
+  std::deque<Colour> colours;       ///< answers of the colour dialog in turn; empty: Cancel
   std::deque<bool> confirmations;   ///< answers of OK and Cancel in turn; empty: OK
   std::deque<Answer> answers;       ///< answers of questions in turn; empty: Cancel
   std::function<void()> meanwhile;  ///< runs while a box is up
@@ -51,15 +54,29 @@ class ScriptedDialogs : public Dialogs {
   }
   std::optional<std::string> saveFile(std::string_view title, std::string_view pattern) override {
     keep("save", std::string(title) + "|" + std::string(pattern));
-    if (saved.empty()) return std::nullopt;
-    std::string file = saved.front();
-    saved.pop_front();
-    return file;
+    return next(saved);
+  }
+  std::optional<FontChoice> chooseFont(const FontChoice& start) override {
+    keep("font", start.name + " " + generalText(start.size));
+    return next(fonts);
+  }
+  std::optional<Colour> chooseColour(Colour start) override {
+    keep("colour", std::to_string(start));
+    return next(colours);
   }
   std::string heldFile() const override { return held; }
   void holdFile(std::string_view path) override { held = path; }
 
  private:
+  /// The next answer; nothing when there is none left.
+  template <class Answer>
+  static std::optional<Answer> next(std::deque<Answer>& answers) {
+    if (answers.empty()) return std::nullopt;
+    Answer answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+
   void keep(const char* kind, std::string_view text) {
     shown.push_back(std::string(kind) + ": " + std::string(text));
     if (meanwhile) meanwhile();

@@ -1,0 +1,187 @@
+// The preview beside the plot that it is a preview of, operation by operation.
+#include "plot/preview.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/plot_bench.h"
+
+namespace zevfit {
+namespace {
+
+using Boxes = std::vector<std::string>;
+
+struct MemoryPreview : PreviewPicture {
+  RecordingSurface surface;
+  PenState state;
+  double width = 1000, height = 500;
+  bool isBold = false;
+
+  double pictureWidth() const override { return width; }
+  double pictureHeight() const override { return height; }
+  Surface& picture() override { return surface; }
+  PenState& pen() override { return state; }
+  void setPictureSize(double w, double h) override {
+    width = w;
+    height = h;
+  }
+  bool bold() const override { return isBold; }
+};
+
+struct PreviewBench : PlotBench {
+  MemoryPreview picture;
+  bool running = false;
+
+  void show() { preview(fit, windows, picture, running); }
+  /// Plot and preview as they are once each has been drawn before.
+  void settle() {
+    draw();
+    draw();
+    show();
+    show();
+  }
+};
+
+TEST(Preview, DiffersFromThePlotInDiscsNameAndSill) {
+  PreviewBench bench;
+  Session& session = bench.session;
+  session.use1(kVariable, kDirection) = 1;
+  session.model1(kVariable, kDirection) = "S";
+  session.c1(kVariable, kDirection) = 5;
+  session.a1(kVariable, kDirection) = 50;
+  session.showsill(kVariable, kDirection) = 1;
+  session.showsill(kDirection, kVariable) = 1;
+  bench.settle();
+  Operations expected = bench.operations();
+  for (Operation& one : expected) {
+    if (auto* disc = std::get_if<DiscOf>(&one)) disc->radius = 20;
+    // "zinc" has four characters: 4 * 150 / 2 = 300 to the left, and here 4 * 100 / 2 = 200.
+    if (auto* text = std::get_if<TextOf>(&one); text && text->text == "zinc") text->at.x += 100;
+  }
+  EXPECT_EQ(bench.picture.surface.operations, expected);
+  EXPECT_FALSE(bench.running);
+}
+
+TEST(Preview, ShowsTheSillByItsOwnPair) {
+  for (const bool own : {false, true}) {
+    PreviewBench bench;
+    bench.session.showsill(kVariable, kDirection) = own ? 1 : 0;
+    bench.session.showsill(kDirection, kVariable) = own ? 0 : 1;
+    bench.settle();
+    const auto hasCaption = [](const Operations& operations) {
+      for (const TextOf& text : only<TextOf>(operations))
+        if (text.text == "   Sill") return true;
+      return false;
+    };
+    EXPECT_EQ(hasCaption(bench.picture.surface.operations), own);
+    EXPECT_EQ(hasCaption(bench.operations()), !own) << "the plot looks at the exchanged cell";
+    const auto samples = [](const Operations& operations, Colour colour) {
+      int count = 0;
+      for (const LineOf& line : only<LineOf>(operations)) count += line.stroke.colour == colour;
+      return count;
+    };
+    // The line itself follows the own pair in both; the sample of the legend comes to it.
+    EXPECT_EQ(samples(bench.picture.surface.operations, kSill), own ? 2 : 0);
+    EXPECT_EQ(samples(bench.operations(), kSill), 1);
+  }
+}
+
+TEST(Preview, HasTheFixedSizeBehindItsTitle) {
+  PreviewBench bench;
+  bench.show();
+  EXPECT_EQ(bench.picture.width, 6468);
+  EXPECT_EQ(bench.picture.height, 3720);
+  const auto texts = only<TextOf>(bench.picture.surface.operations);
+  // "Semivariogram (45 0 NE)" has 23 characters of 120: centred on the width of 1000 before.
+  ASSERT_EQ(texts.front().text, "Semivariogram (45 0 NE)");
+  EXPECT_EQ(texts.front().at, Place(500 - 23 * 60, 100));
+  bench.show();
+  EXPECT_EQ(only<TextOf>(bench.picture.surface.operations).front().at, Place(3234 - 23 * 60, 100));
+}
+
+TEST(Preview, IsAsBoldAsItsPicture) {
+  PreviewBench bench;
+  bench.picture.isBold = true;
+  bench.show();
+  for (const TextOf& text : only<TextOf>(bench.picture.surface.operations))
+    EXPECT_TRUE(text.font.bold) << text.text;
+}
+
+TEST(Preview, ChangesTheWindowOfThePairButNotItsPlace) {
+  PreviewBench bench;
+  bench.draw();
+  bench.windows.plotwin(2, 1).setCaption("other");
+  bench.window().calls.clear();
+  bench.session.style.cores.Label1 = 77;
+  bench.show();
+  EXPECT_EQ(bench.window().caption(), "01,02  Variable:  zinc   Direction: 45 0 NE");
+  EXPECT_EQ(bench.window().overlayForeground, 77);
+  EXPECT_EQ(bench.window().overlayBackground, kBackground);
+  for (const std::string& call : bench.window().calls) EXPECT_NE(call, "to front");
+}
+
+TEST(Preview, LeavesSelectionBoxesAndMinimisedWindowAlone) {
+  PreviewBench bench;
+  bench.draw();
+  bench.session.hasmodel = 1;
+  bench.session.modelshown = 0;
+  bench.session.use1(kVariable, kDirection) = 1;
+  bench.session.model1(kVariable, kDirection) = "S";
+  bench.window().isMinimised = true;
+  bench.panel.calls.clear();
+  bench.show();
+  EXPECT_EQ(bench.session.modelshown, 0);
+  EXPECT_FALSE(bench.panel.ticked(Box::plot2));
+  EXPECT_TRUE(bench.window().isMinimised);
+  EXPECT_FALSE(bench.running);
+}
+
+TEST(Preview, MovesNoSliderForATypedText) {
+  PreviewBench bench;
+  bench.draw();
+  bench.session.sel = {1, 0, 0, 0};
+  bench.panel.setText(Field::c0, "4");
+  bench.session.c0typed(kVariable, kDirection) = 1;
+  const int stood = bench.panel.position(Slider::c0);
+  bench.show();
+  EXPECT_EQ(bench.panel.position(Slider::c0), stood);
+}
+
+TEST(Preview, GivesTheDistanceAxisItsFirstEnd) {
+  PreviewBench bench;
+  EXPECT_EQ(bench.session.xmax(kVariable, kDirection), 0);
+  bench.show();
+  EXPECT_EQ(bench.session.xmax(kVariable, kDirection), 100);
+}
+
+TEST(Preview, WithoutAFileSaysSoAndCountsAsFailed) {
+  PreviewBench bench;
+  bench.session.loaded = false;
+  bench.show();
+  EXPECT_EQ(bench.dialogs.shown, Boxes{"plain: Please select input data file (*.ZVM) first!"});
+  EXPECT_TRUE(bench.running);
+  EXPECT_TRUE(bench.picture.surface.operations.empty());
+}
+
+TEST(Preview, WithoutAPlotFailsWithoutAWord) {
+  for (const bool variable : {true, false}) {
+    PreviewBench bench;
+    (variable ? bench.session.curvar : bench.session.curdir) = 0;
+    bench.show();
+    EXPECT_TRUE(bench.running);
+    EXPECT_TRUE(bench.dialogs.shown.empty());
+  }
+}
+
+TEST(Preview, AFaultLeavesItMarkedAsRunning) {
+  PreviewBench bench;
+  bench.session.ymax(kVariable, kDirection) = 0;  // the axis has no height
+  bench.show();
+  EXPECT_TRUE(bench.running);
+  EXPECT_FALSE(bench.picture.surface.operations.empty()) << "what was drawn stays";
+  bench.session.ymax(kVariable, kDirection) = 10;
+  bench.show();
+  EXPECT_FALSE(bench.running);
+}
+
+}  // namespace
+}  // namespace zevfit

@@ -1,0 +1,120 @@
+#include "windows/cores.h"
+
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <algorithm>
+
+#include "model/graph_format.h"
+#include "platform/picture_box.h"
+#include "windows/boundary.h"
+#include "windows/controls.h"
+
+namespace zevfit {
+
+namespace {
+
+constexpr std::array<const char*, 5> kCaptions{"Legends", "Variogram", "Model", "Variance",
+                                               "Background"};
+constexpr QSize kSwatch(90, 22);
+
+}  // namespace
+
+cores::cores(Fit& fit, QWidget* parent) : QDialog(parent), fit_(fit) {
+  setObjectName("cores");
+  setWindowTitle("Define Colors");
+  makeControls();
+  layOut();
+  const auto handler = [this](void (cores::*body)()) {
+    return [this, body] { guarded(fit_.dialogs, [&] { (this->*body)(); }); };
+  };
+  connect(Command1, &QPushButton::clicked, this, handler(&cores::Command1_Click));
+  connect(Command2, &QPushButton::clicked, this, handler(&cores::Command2_Click));
+  connect(Command3, &QPushButton::clicked, this, handler(&cores::Command3_Click));
+}
+
+void cores::makeControls() {
+  for (std::size_t i = 0; i < Option.size(); ++i) {
+    Option[i] = named(new QRadioButton(kCaptions[i]), QString("Option%1").arg(i + 1));
+    Label[i] = named(new QLabel, QString("Label%1").arg(i + 1));
+    Label[i]->setFixedSize(kSwatch);
+    Label[i]->setFrameStyle(int{QFrame::Box} | int{QFrame::Plain});
+    Label[i]->setAutoFillBackground(true);
+  }
+  Option[0]->setChecked(true);
+  Command1 = makeIconButton("Command1", "colours", "Select Color", {"Alt+S"});
+  Command3 = makeIconButton("Command3", "defaults", "Default colors", {"Alt+D"});
+  Command2 = makeIconButton("Command2", "continue", "Save and Exit", {"Ctrl+Return"});
+}
+
+void cores::layOut() {
+  auto* rows = new QGridLayout(this);
+  for (std::size_t i = 0; i < Option.size(); ++i) {
+    rows->addWidget(Option[i], static_cast<int>(i), 0);
+    rows->addWidget(Label[i], static_cast<int>(i), 1);
+  }
+  auto* leaving = new QHBoxLayout;
+  leaving->addWidget(Command1);
+  leaving->addWidget(Command3);
+  leaving->addStretch(1);
+  leaving->addWidget(Command2);
+  rows->addLayout(leaving, static_cast<int>(Option.size()), 0, 1, 2);
+  rows->setColumnStretch(0, 1);
+  rows->setHorizontalSpacing(24);
+  leaving->setSpacing(8);
+  rows->setSizeConstraint(QLayout::SetMinAndMaxSize);
+}
+
+void cores::open() {
+  showSwatches();
+  setEnabled(true);
+  show();
+  raise();
+  activateWindow();
+}
+
+void cores::showSwatches() {
+  for (std::size_t i = 0; i < Label.size(); ++i) {
+    QPalette colours = Label[i]->palette();
+    colours.setColor(QPalette::Window, toQColor(swatch(fit_.session.style.cores, i + 1)));
+    Label[i]->setPalette(colours);
+  }
+}
+
+void cores::Command1_Click() {
+  const auto chosen = std::find_if(Option.begin(), Option.end(),
+                                   [](const QRadioButton* option) { return option->isChecked(); });
+  if (chosen == Option.end()) return;
+  chooseColour(fit_, static_cast<std::size_t>(chosen - Option.begin()) + 1, held_);
+  showSwatches();
+}
+
+// The grid keeps its colour.
+void cores::Command3_Click() {
+  fit_.session.style.cores = ColourSwatches();
+  showSwatches();
+}
+
+void cores::Command2_Click() {
+  fit_.session.axiscolor = fit_.session.style.cores.Label1;
+  leave();
+}
+
+void cores::reject() {
+  fit_.session.style.cores = ColourSwatches();
+  leave();
+}
+
+// The key that closes other windows does nothing here, since the close loses the colours.
+void cores::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape) QDialog::keyPressEvent(event);
+}
+
+void cores::leave() {
+  hide();
+  if (closed) closed();
+}
+
+}  // namespace zevfit
