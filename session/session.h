@@ -75,6 +75,10 @@ struct Session {
   PairTable<std::int16_t> showsill;    ///< the sample variance is drawn as a line
   PairTable<int> atyped, c0typed;      ///< the field, not the slider, drives the value
 
+  /// The direction block of the results window that a click on a row fills: 0 none, 1 main,
+  /// 2 minor 1, 3 minor 2.
+  int targetdir = 0;
+
   /// List positions last chosen in the coregionalization test.
   int testprimary = 0, testsecondary = 0, testcross = 0;
   int testmain = 0, testminor1 = 0, testminor2 = 0;

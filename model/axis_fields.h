@@ -1,0 +1,47 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "session/dialogs.h"
+
+namespace zevfit {
+
+/// The axes of anisotropy, in the order in which a click on a row looks at them.
+enum class Axis { main, minor1, minor2 };
+inline constexpr std::array<Axis, 3> kAxes{Axis::main, Axis::minor1, Axis::minor2};
+/// Fields of an axis: azimuth, dip, and the ranges of three structures.
+inline constexpr std::size_t kAxisEntries = 5;
+
+/// The fields of the three axes as the rules of the results window see them.
+class AxisFields {
+ public:
+  virtual ~AxisFields() = default;
+  virtual std::string text(Axis axis, std::size_t entry) const = 0;
+  /// A text other than the one that stands there runs checkRanges before this returns.
+  virtual void setText(Axis axis, std::size_t entry, std::string_view text) = 0;
+};
+
+/// The number in a field, as leadingNumber has it; one that overflows is infinite.
+double fieldNumber(std::string_view text);
+
+/// What a change of any field of an axis does: the first negative range is warned of and becomes
+/// "0".
+void checkRanges(AxisFields& fields, Axis axis, Dialogs& dialogs);
+
+/// The outer parts of a direction's name.
+struct DirectionAngles {
+  std::string azimuth, dip;
+};
+
+/// Splits a name, its outer blanks dropped, at the first "-" or ";" behind its first character,
+/// which may be the sign of the azimuth. Throws Fault where there is none.
+DirectionAngles directionAngles(std::string_view name);
+
+/// The angles of an axis are those of a direction. False for fields that nothing has filled, and
+/// for a name that can't be split.
+bool isAxis(const AxisFields& fields, Axis axis, std::string_view name);
+
+}  // namespace zevfit
