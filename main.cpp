@@ -1,5 +1,6 @@
 #include <QApplication>
 
+#include "platform/orthogonality.h"
 #include "platform/program_folder.h"
 #include "platform/qt_dialogs.h"
 #include "platform/qt_printer.h"
@@ -12,7 +13,8 @@ int main(int argc, char** argv) {
 
   zevfit::QtDialogs dialogs;
   zevfit::QtPrinter printer;
-  zevfit::mdimod window(dialogs, printer, zevfit::programFolder());
+  const zevfit::AngleTest angleTest;
+  zevfit::mdimod window(dialogs, printer, angleTest, zevfit::programFolder());
   const zevfit::Greeting greeting(window);
   window.show();
   return QApplication::exec();

@@ -103,6 +103,9 @@ std::optional<std::string> QtDialogs::saveFile(std::string_view title, std::stri
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setDefaultSuffix(toShown(pattern).section('.', -1));
+  // At first beside the file that was read.
+  if (lastSaved_.isEmpty() && !lastFile_.isEmpty())
+    dialog.setDirectory(QFileInfo(lastFile_).absolutePath());
   if (!choose(dialog, pattern, lastSaved_)) return std::nullopt;
   return QFile::encodeName(lastSaved_).toStdString();
 }

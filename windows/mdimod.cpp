@@ -21,6 +21,7 @@
 #include "plot/direction_events.h"
 #include "plot/plot_variogram.h"
 #include "session/numbers.h"
+#include "session/policy.h"
 #include "windows/boundary.h"
 #include "windows/controls.h"
 #include "windows/cutgraph.h"
@@ -28,6 +29,7 @@
 #include "windows/formabout.h"
 #include "windows/formfont.h"
 #include "windows/legenda.h"
+#include "windows/modfinal.h"
 #include "windows/printcolection.h"
 #include "windows/texts.h"
 
@@ -61,7 +63,7 @@ const std::vector<mdimod::Command>& mdimod::toolbarCommands() {
   static const std::vector<Command> commands{
       {"k1", "Open ", "Open Data File (*.ZVM)", "open", false, &mdimod::mnudatprn},
       {"k2", "View File", "See Structure of Data File", "view", true, &mdimod::viewFile},
-      {"k3", "Results", "Results from Interactive Fit", "results", true, nullptr},
+      {"k3", "Results", "Results from Interactive Fit", "results", true, &mdimod::showResults},
       {"k4", "", "", "", false, nullptr},
       {"k5", "Casc.", "Title Cascade", "cascade", false, &mdimod::mnucascade},
       {"k6", "Vert.", "Title Vertical", "vertical", false, &mdimod::mnuvertical},
@@ -77,9 +79,11 @@ const std::vector<mdimod::Command>& mdimod::toolbarCommands() {
   return commands;
 }
 
-mdimod::mdimod(Dialogs& dialogs, Printer& printer, std::filesystem::path folder)
+mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogonality,
+               std::filesystem::path folder)
     : dialogs_(dialogs),
       printer_(printer),
+      orthogonality_(orthogonality),
       folder_(std::move(folder)),
       saver_(folder_),
       area_(new QMdiArea),
@@ -140,6 +144,11 @@ printcolection& mdimod::reports() {
   return *reports_;
 }
 
+modfinal& mdimod::results() {
+  if (!results_) results_ = std::make_unique<modfinal>(session_, dialogs_, orthogonality_, this);
+  return *results_;
+}
+
 void mdimod::loadIcons() {
   QApplication::setWindowIcon(programIcon("app"));
   for (const auto& [action, name] : icons_) action->setIcon(programIcon(name));
@@ -183,7 +192,6 @@ void mdimod::makeToolbar() {
     action->setToolTip(command.tip);
     connect(action, &QAction::triggered, this,
             [this, &command] { guarded(dialogs_, [&] { run(command); }); });
-    if (!command.action && command.needsFile) missing_.push_back(action);
     if (!action->isSeparator()) icons_.emplace_back(action, command.icon);
   }
 }
@@ -216,10 +224,6 @@ void mdimod::run(const Command& command) {
   if (command.action) (this->*command.action)();
 }
 
-void mdimod::disableMissingCommands() {
-  for (QAction* action : missing_) action->setEnabled(false);
-}
-
 void mdimod::mnuvoltar() {
   saver_.closeFiles();
   if (!saveini(session_.style, dialogs_.heldFile(), folder_, 0, 0, dialogs_)) return;
@@ -244,8 +248,8 @@ void mdimod::changeEvent(QEvent* event) {
   if (event->type() != QEvent::WindowStateChange) return;
   // Behind the format window the main one is disabled: it has to come back with it.
   if (!isMinimized()) return format_ ? format_->bringBack() : void();
-  for (QWidget* window :
-       std::initializer_list<QWidget*>{structure_.get(), scales_.get(), legend_.get()})
+  for (QWidget* window : std::initializer_list<QWidget*>{structure_.get(), results_.get(),
+                                                         scales_.get(), legend_.get()})
     if (window) window->hide();
   if (format_) format_->setAside();
 }
@@ -270,12 +274,19 @@ void mdimod::mnudatprn() {
     if (good) structure().fill(path);
   }
   if (!good) return dialogs_.warning(kBadFileText);
-  disableMissingCommands();
   about().hide();
   structure().showModal();
 }
 
 void mdimod::viewFile() { structure().showModal(); }
+
+void mdimod::showResults() {
+  // A failure ends without the window.
+  endSilently([&] {
+    results().prepare(panel_->listCount(List::Combo2));
+    results().showModal();
+  });
+}
 
 void mdimod::gravando() {
   saver_.gravando(session_, toInt16(panel_->listCount(List::Combo2)), dialogs_);

@@ -19,11 +19,13 @@ class QToolBar;
 namespace zevfit {
 
 class FitPanelWidgets;
+class Orthogonality;
 class Printer;
 class cutgraph;
 class Formfont;
 class formabout;
 class legenda;
+class modfinal;
 class printcolection;
 
 /// The main window: owns the session, the panel, the plot windows and the commands, and hands them
@@ -31,7 +33,8 @@ class printcolection;
 class mdimod : public QMainWindow, public Plotter, public StructureHost {
  public:
   /// `folder`: the program's own, for its files.
-  mdimod(Dialogs& dialogs, Printer& printer, std::filesystem::path folder);
+  mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogonality,
+         std::filesystem::path folder);
   ~mdimod() override;
 
   Session& session() { return session_; }
@@ -65,9 +68,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
     const char* tip;
     const char* icon;
     bool needsFile;
-    /// Nothing where the window of the command does not exist: it is then disabled once a file is
-    /// loaded.
-    void (mdimod::*action)();
+    void (mdimod::*action)();  ///< nothing for the separator
   };
   static const std::vector<Command>& toolbarCommands();
 
@@ -83,6 +84,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   void mnuhorizontal();
   void mnuabout2();
   void viewFile();
+  void showResults();
   void gravando();
   void copyPlot();
   void zoomIn();
@@ -92,6 +94,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   /// The data structure window, made at its first use.
   frmzevfit& structure();
   formabout& about();
+  modfinal& results();
   void makeButtons();
   /// The windows of the axes, made at their first use.
   void openScales();
@@ -100,10 +103,10 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   printcolection& reports();
   void tile(bool sideBySide);
   bool chooseFile(std::string& path);
-  void disableMissingCommands();
 
   Dialogs& dialogs_;
   Printer& printer_;
+  const Orthogonality& orthogonality_;
   Session session_;
   std::filesystem::path folder_;
   ModelSaver saver_;
@@ -114,12 +117,12 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   std::unique_ptr<Fit> fit_;
   std::unique_ptr<frmzevfit> structure_;
   std::unique_ptr<formabout> about_;
+  std::unique_ptr<modfinal> results_;
   std::unique_ptr<cutgraph> scales_;
   std::unique_ptr<legenda> legend_;
   std::unique_ptr<Formfont> format_;
   std::unique_ptr<printcolection> reports_;
   std::vector<std::pair<QAction*, const char*>> icons_;  ///< the names of those to be loaded
-  std::vector<QAction*> missing_;
   bool ending_ = false;  ///< the question of the end has been answered
   int drawings_ = 0;     ///< under way, one within the other
 };

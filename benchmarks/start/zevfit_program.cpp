@@ -1,6 +1,7 @@
 // The program as its own main makes it, ending once its main window is painted.
 
 #include "benchmarks/start/first_paint.h"
+#include "platform/orthogonality.h"
 #include "platform/program_folder.h"
 #include "platform/qt_dialogs.h"
 #include "platform/qt_printer.h"
@@ -10,7 +11,8 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   zevfit::QtDialogs dialogs;
   zevfit::QtPrinter printer;
-  zevfit::mdimod window(dialogs, printer, zevfit::programFolder());
+  const zevfit::AngleTest angleTest;
+  zevfit::mdimod window(dialogs, printer, angleTest, zevfit::programFolder());
   const zevfit::Greeting greeting(window);
   const FirstPaint end(window);
   window.show();

@@ -10,6 +10,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "platform/orthogonality.h"
 #include "tests/support/recording_printer.h"
 #include "tests/support/scripted_dialogs.h"
 #include "windows/mdimod.h"
@@ -21,7 +22,7 @@ class Program {
  public:
   /// Prints on `printer` or, without one, on a printer in memory.
   explicit Program(const std::filesystem::path& folder, Printer* printer = nullptr)
-      : window_(dialogs_, printer ? *printer : printer_, folder) {
+      : window_(dialogs_, printer ? *printer : printer_, angleTest_, folder) {
     window_.loadIcons();
     window_.show();
     QApplication::processEvents();
@@ -80,6 +81,7 @@ class Program {
  private:
   ScriptedDialogs dialogs_;
   RecordingPrinter printer_;
+  AngleTest angleTest_;
   mdimod window_;
 };
 

@@ -192,6 +192,68 @@ TEST(QtDialogs, TheFileDialogTakesANameWithoutAnEndingAsItIs) {
   EXPECT_EQ(path, (folder / "noZVM").string());
 }
 
+std::optional<std::string> saveFile(QtDialogs& dialogs,
+                                    const std::function<void(QFileDialog&)>& reply) {
+  std::optional<std::string> path;
+  during<QFileDialog>([&] { path = dialogs.saveFile("Save Output File (*.ZVP)", "*.ZVP"); }, reply);
+  return path;
+}
+
+TEST(QtDialogs, TheSaveDialogAsksForAKrigingFile) {
+  QtDialogs dialogs;
+  EXPECT_EQ(saveFile(dialogs,
+                     [](QFileDialog& dialog) {
+                       EXPECT_EQ(dialog.objectName(), "Dialog2");
+                       EXPECT_EQ(dialog.windowTitle(), "Save Output File (*.ZVP)");
+                       EXPECT_EQ(dialog.nameFilters(), QStringList{"(*.ZVP)"});
+                       EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
+                       EXPECT_EQ(dialog.fileMode(), QFileDialog::AnyFile);
+                       EXPECT_EQ(dialog.defaultSuffix(), "ZVP");
+                       dialog.reject();
+                     }),
+            std::nullopt);
+}
+
+TEST(QtDialogs, TheSaveDialogStartsBesideTheFileReadAndThenWhereItWas) {
+  const test::ScratchFolder folder;
+  std::filesystem::create_directory(folder / "in");
+  std::filesystem::create_directory(folder / "out");
+  QtDialogs dialogs;
+  dialogs.holdFile((folder / "in/one.zvm").string());
+  const std::string target = (folder / "out/model").string();
+  const auto path = saveFile(dialogs, [&](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.directory().path().toStdString(), (folder / "in").string());
+    choose(dialog, QString::fromStdString(target));
+  });
+  EXPECT_EQ(path, target + ".ZVP") << "a name gets its ending";
+  EXPECT_EQ(dialogs.heldFile(), (folder / "in/one.zvm").string()) << "the other dialog's own";
+  saveFile(dialogs, [&](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.directory().path().toStdString(), (folder / "out").string());
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "model.ZVP");
+    dialog.reject();
+  });
+}
+
+TEST(QtDialogs, TheSaveDialogAsksBeforeAFileIsReplaced) {
+  const test::ScratchFolder folder;
+  test::putFile(folder / "old.ZVP", "old");
+  QtDialogs dialogs;
+  int asked = 0;
+  const auto path = saveFile(dialogs, [&](QFileDialog& dialog) {
+    for (const auto button : {QMessageBox::No, QMessageBox::Yes}) {
+      during<QMessageBox>(
+          [&] { choose(dialog, QString::fromStdString((folder / "old.ZVP").string())); },
+          [&](QMessageBox& box) {
+            ++asked;
+            click(box, button);
+          });
+      EXPECT_EQ(dialog.isVisible(), button == QMessageBox::No);
+    }
+  });
+  EXPECT_EQ(asked, 2);
+  EXPECT_EQ(path, (folder / "old.ZVP").string());
+}
+
 TEST(QtDialogs, HoldsTheFileNameThatTheFileDialogStartsWith) {
   QtDialogs dialogs;
   EXPECT_EQ(dialogs.heldFile(), "");

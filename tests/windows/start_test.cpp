@@ -38,7 +38,8 @@ class Start : public testing::Test {
 TEST_F(Start, GreetsOverTheMainWindow) {
   ScriptedDialogs dialogs;
   RecordingPrinter printer;
-  mdimod window(dialogs, printer, folder());
+  const AngleTest angleTest;
+  mdimod window(dialogs, printer, angleTest, folder());
   const Greeting greeting(window);
   window.show();
   for (int i = 0; i < 5; ++i) QApplication::processEvents();

@@ -1,0 +1,150 @@
+#include "windows/modfinal.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+
+#include "windows/boundary.h"
+#include "windows/results_grid.h"
+#include "windows/texts.h"
+
+namespace zevfit {
+
+modfinal::modfinal(Session& session, Dialogs& dialogs, const Orthogonality& orthogonality,
+                   QWidget* parent)
+    : QDialog(parent), session_(session), dialogs_(dialogs), orthogonality_(orthogonality) {
+  setObjectName("modfinal");
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  setSizeGripEnabled(true);
+  makeControls();
+  makeFields();
+  layOut();
+  orderTabs();
+  connectHandlers();
+  connectFields();
+}
+
+void modfinal::connectHandlers() {
+  const auto variableChosen = [this] { guarded(dialogs_, [&] { Combovarver_Click(); }); };
+  connect(Combovarver, &QComboBox::currentIndexChanged, this, variableChosen);
+  // The entry on show, chosen again.
+  connect(Combovarver, &QComboBox::activated, this, variableChosen);
+  connect(gridsairmod, &Grid::cellClicked, this, [this](int row, int column) {
+    guarded(dialogs_, [&] { gridsairmod_Click(row, column); });
+  });
+  connect(Command1, &QPushButton::clicked, this, &QWidget::hide);
+  connect(Command2, &QPushButton::clicked, this,
+          [this] { guarded(dialogs_, [&] { Command2_Click(); }); });
+}
+
+void modfinal::connectFields() {
+  for (const Axis axis : kAxes) {
+    QRadioButton* option = options_.at(static_cast<std::size_t>(axis));
+    const auto chosen = [this, axis, option] {
+      if (option->isChecked()) Option_Click(axis);
+    };
+    connect(option, &QRadioButton::toggled, this, chosen);
+    // An option that looks chosen from the last time, clicked anew.
+    connect(option, &QRadioButton::clicked, this, chosen);
+    for (std::size_t entry = 0; entry < kAxisEntries; ++entry)
+      connect(field(axis, entry), &QLineEdit::textChanged, this,
+              [this, axis] { guarded(dialogs_, [&] { fields_Change(axis); }); });
+  }
+}
+
+void modfinal::prepare(int variables) {
+  setWindowTitle("Results From  Interactive Fit");
+  session_.targetdir = 0;
+  const QSignalBlocker quiet(Combovarver);
+  Combovarver->clear();
+  for (int i = 1; i <= variables; ++i) Combovarver->addItem(toQString(session_.varname(i)));
+  rows_ = emptyResults(session_);
+  gridsairmod->setResults(rows_);
+  showMarks();
+  // Without variables the table stays as it is.
+  if (Combovarver->count() == 0) return Label29->clear();
+  Combovarver->setCurrentIndex(0);
+  Combovarver_Click();
+}
+
+void modfinal::showModal() {
+  setWindowState(windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized));
+  Combovarver->setFocus();
+  exec();
+}
+
+std::string modfinal::text(Axis axis, std::size_t entry) const {
+  return toBytes(field(axis, entry)->text());
+}
+
+void modfinal::setText(Axis axis, std::size_t entry, std::string_view text) {
+  field(axis, entry)->setText(toQString(text));
+}
+
+QLineEdit* modfinal::field(Axis axis, std::size_t entry) const {
+  return fields_.at(static_cast<std::size_t>(axis)).at(entry);
+}
+
+void modfinal::Combovarver_Click() {
+  const int variable = Combovarver->currentIndex() + 1;
+  Label29->setText(toQString(session_.variance(variable).toText()));
+  fillResults(session_, variable, rows_);
+  gridsairmod->setResults(rows_);
+  gridsairmod->setCurrentCell(gridsairmod->rowCount() - 1, 0);
+}
+
+void modfinal::gridsairmod_Click(int row, int column) {
+  if (row < ResultsGrid::kHeadingRows || column != ResultsGrid::kClickColumn) return;
+  gridsairmod->setCurrentCell(row, 0);
+  const int direction = row - ResultsGrid::kHeadingRows + 1;
+  transferRow(session_, rows_.at(static_cast<std::size_t>(direction - 1)), direction, *this,
+              rowcells);
+}
+
+void modfinal::Option_Click(Axis axis) { session_.targetdir = static_cast<int>(axis) + 1; }
+
+void modfinal::fields_Change(Axis axis) {
+  checkRanges(*this, axis, dialogs_);
+  showMarks();
+}
+
+void modfinal::showMarks() {
+  for (int direction = 1; direction <= static_cast<int>(rows_.size()); ++direction) {
+    std::vector<Axis> axes;
+    for (const Axis axis : kAxes)
+      if (isAxis(*this, axis, session_.dirname(direction))) axes.push_back(axis);
+    gridsairmod->setMarks(direction, axes);
+  }
+}
+
+AxisTexts modfinal::textsOf(Axis axis) const {
+  AxisTexts texts;
+  for (std::size_t entry = 0; entry < kAxisEntries; ++entry) texts.at(entry) = text(axis, entry);
+  return texts;
+}
+
+void modfinal::Command2_Click() {
+  saveKrigingFile({session_.filetag, toBytes(Combovarver->currentText()), textsOf(Axis::main),
+                   textsOf(Axis::minor1), textsOf(Axis::minor2), rowcells},
+                  orthogonality_, dialogs_);
+}
+
+void modfinal::reject() { hide(); }
+
+void modfinal::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  hide();
+}
+
+void modfinal::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+    return QDialog::keyPressEvent(event);
+  // Enter presses the button that has the focus, never another.
+  if (auto* button = qobject_cast<QPushButton*>(focusWidget())) button->click();
+}
+
+}  // namespace zevfit
