@@ -18,6 +18,7 @@
 #include <fstream>
 
 #include "tests/support/program.h"
+#include "windows/formod.h"
 
 namespace zevfit::test {
 namespace {
@@ -72,14 +73,27 @@ TEST_F(BoxesUnderTheMouse, PlotIsNotLeftPressed) {
   QTest::mouseRelease(window(), Qt::LeftButton, {}, middleOf(plot));
   EXPECT_FALSE(shown().empty()) << "the power is told of";
   EXPECT_FALSE(plot.isDown());
-  // The next press is one like any other.
+  // The next press is one like any other, in a window that is the active one again.
+  program_.window().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&program_.window()));
   usePower(1.5);
   shown().clear();
   QTest::mousePress(window(), Qt::LeftButton, {}, middleOf(plot));
   EXPECT_TRUE(plot.isDown());
+  const auto drawn = [&] { return program_.control<Formod>("Formod").pen().clears; };
+  const auto before = drawn();
   QTest::mouseRelease(window(), Qt::LeftButton, {}, middleOf(plot));
   EXPECT_FALSE(plot.isDown());
   EXPECT_EQ(shown(), Boxes{});
+  EXPECT_EQ(drawn(), before + 1) << "the focus is there already";
+  // From elsewhere a click draws at the focus and at the release.
+  QTest::mouseClick(window(), Qt::LeftButton, {}, middleOf(program_.control("Textc0")));
+  QTest::mousePress(window(), Qt::LeftButton, {}, middleOf(plot));
+  EXPECT_TRUE(plot.hasFocus());
+  EXPECT_TRUE(plot.isDown());
+  EXPECT_EQ(drawn(), before + 2);
+  QTest::mouseRelease(window(), Qt::LeftButton, {}, middleOf(plot));
+  EXPECT_EQ(drawn(), before + 3);
 }
 
 TEST_F(BoxesUnderTheMouse, PlotCountsAPressBehindABoxOfAnotherTime) {
@@ -90,6 +104,19 @@ TEST_F(BoxesUnderTheMouse, PlotCountsAPressBehindABoxOfAnotherTime) {
   QTest::mousePress(window(), Qt::LeftButton, {}, middleOf(plot));
   EXPECT_TRUE(plot.isDown());
   QTest::mouseRelease(window(), Qt::LeftButton, {}, middleOf(plot));
+}
+
+TEST_F(BoxesUnderTheMouse, PlotCountsAPressBehindABoxThatTheTabKeyBroughtUp) {
+  auto& plot = program_.control<QPushButton>("Command5");
+  program_.control("Textc0").setFocus(Qt::MouseFocusReason);
+  usePower(2.5);
+  showRealBoxes();
+  plot.setFocus(Qt::TabFocusReason);
+  EXPECT_FALSE(shown().empty()) << "the power is told of";
+  QTest::mousePress(window(), Qt::LeftButton, {}, middleOf(plot));
+  EXPECT_TRUE(plot.isDown());
+  QTest::mouseRelease(window(), Qt::LeftButton, {}, middleOf(plot));
+  EXPECT_FALSE(plot.isDown());
 }
 
 TEST_F(BoxesUnderTheMouse, ASliderIsNotLeftPressed) {
@@ -122,10 +149,21 @@ TEST_F(BoxesUnderTheMouse, APressOnASliderGivesItTheFocus) {
 TEST_F(BoxesUnderTheMouse, TheWheelOverASliderMovesTheSill) {
   auto& slider = program_.control<QSlider>("HScrollc0");
   program_.control<QAbstractButton>("est1").click();
-  slider.setFocus(Qt::MouseFocusReason);
-  QWheelEvent wheel(QPointF(5, 5), slider.mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, 120),
-                    Qt::NoButton, {}, Qt::NoScrollPhase, false);
-  QApplication::sendEvent(&slider, &wheel);
+  Session& session = program_.session();
+  session.use0(1, 1) = 1;
+  // The field drives; the wheel gives the slider the focus, and with it the lead.
+  program_.control("Textc0").setFocus(Qt::MouseFocusReason);
+  session.c0typed(1, 1) = 1;
+  QWidget& picture = program_.control("Picture4");
+  const QImage before = picture.grab().toImage();
+  const QPointF over(middleOf(slider));
+  QWheelEvent wheel(over, window()->mapToGlobal(over), QPoint(), QPoint(0, 120), Qt::NoButton, {},
+                    Qt::NoScrollPhase, false);
+  QSpontaneKeyEvent::setSpontaneous(&wheel);
+  QApplication::instance()->notify(window(), &wheel);
+  EXPECT_TRUE(slider.hasFocus());
+  EXPECT_EQ(session.c0typed(1, 1), 0);
+  EXPECT_NE(picture.grab().toImage(), before) << "the curve follows";
   const int at = slider.value();
   ASSERT_GT(at, 0);
   // The axis goes from 0 to 2.12 in 32000 steps, and the field has three decimals.

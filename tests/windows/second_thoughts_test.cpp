@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QRadioButton>
+#include <QSignalBlocker>
 #include <QSlider>
 #include <QTemporaryDir>
 #include <QTest>
@@ -124,9 +125,14 @@ TEST_F(SecondThoughts, ASaveBehindAFileThatWasNotAcceptedWritesNoVariable) {
   Program::inModal(
       [&] { program_.trigger("k1"); },
       [](QWidget& modal) { Program::find<QAbstractButton>(modal, "Command1").click(); });
+  const std::string old = readWhole(path);
+  const std::string saved = "small\r\nzevRA1\r\n 0 \r\n 2 \r\n 3 \r\n0;0\r\n90;0\r\n";
+  Boxes bytes;
+  program_.dialogs().meanwhile = [&] { bytes.push_back(readWhole(path)); };
   program_.trigger("k11");
   EXPECT_EQ(shown().back(), "plain: Models saved to file:" + path);
-  EXPECT_EQ(readWhole(path), "small\r\nzevRA1\r\n 0 \r\n 2 \r\n 3 \r\n0;0\r\n90;0\r\n");
+  EXPECT_EQ(bytes, (Boxes{old, saved})) << "asked, and told";
+  EXPECT_EQ(readWhole(path), saved);
 }
 
 TEST_F(SecondThoughts, ABadFileLeavesTheControlsAsTheyWere) {
@@ -134,17 +140,28 @@ TEST_F(SecondThoughts, ABadFileLeavesTheControlsAsTheyWere) {
   plotDirection(2);
   program_.control<QRadioButton>("est3").setChecked(true);
   const QString title = plot(2).windowTitle();
-  shown().clear();
-  program_.dialogs().files = {write("bad.zvm", "bad\nzevra\n")};
-  program_.trigger("k1");
-  EXPECT_EQ(shown(), (Boxes{"open: Input Data File (*.ZVM)|*.ZVM",
-                            "warning: Invalid Input Data File Format or empty File!"}));
-  EXPECT_EQ(program_.control<QComboBox>("Combo2").count(), 2);
-  EXPECT_EQ(program_.control<QComboBox>("Combodirvar").currentIndex(), 1);
-  EXPECT_TRUE(checked("est3"));
-  EXPECT_TRUE(program_.control("Picture1").isEnabled());
-  EXPECT_EQ(plot(2).windowTitle(), title);
-  EXPECT_TRUE(plot(2).isVisible());
+  const char* const badFiles[] = {
+      "bad\nzevra\n",                             // no counts
+      "bad\nzevra\n1\nx\n1\n1\n45;0\n1\n10 0.5",  // no number of pairs
+  };
+  for (const char* bytes : badFiles) {
+    shown().clear();
+    program_.dialogs().files = {write("bad.zvm", bytes)};
+    program_.trigger("k1");
+    EXPECT_EQ(shown(), (Boxes{"open: Input Data File (*.ZVM)|*.ZVM",
+                              "warning: Invalid Input Data File Format or empty File!"}));
+    const auto& variables = program_.control<QComboBox>("Combo2");
+    ASSERT_EQ(variables.count(), 2) << bytes;
+    EXPECT_EQ(variables.itemText(0), "zinc") << bytes;
+    EXPECT_EQ(variables.currentIndex(), 0) << bytes;
+    const auto& directions = program_.control<QComboBox>("Combodirvar");
+    ASSERT_EQ(directions.count(), 2) << bytes;
+    EXPECT_EQ(directions.currentText(), "90;0") << bytes;
+    EXPECT_TRUE(checked("est3")) << bytes;
+    EXPECT_TRUE(program_.control("Picture1").isEnabled()) << bytes;
+    EXPECT_EQ(plot(2).windowTitle(), title) << bytes;
+    EXPECT_TRUE(plot(2).isVisible()) << bytes;
+  }
 }
 
 TEST_F(SecondThoughts, ArrowKeysChooseLinesAndModels) {
@@ -160,24 +177,52 @@ TEST_F(SecondThoughts, ArrowKeysChooseLinesAndModels) {
     EXPECT_EQ(session().sel[static_cast<std::size_t>(i + 1)], 1) << i;
     focused = &program_.control(lines[i]);
   }
-  // The models stand in the order E, S, G, P, two in a row.
   auto& model = program_.control<QRadioButton>("tipo1");
   model.setFocus(Qt::TabFocusReason);
   QTest::keyClick(&model, Qt::Key_Space);
   EXPECT_EQ(session().model3(1, 1), "E");
   EXPECT_EQ(session().use3(1, 1), 1) << "a model ticks its line";
+  // E and S stand over G and P.
+  struct Step {
+    const char* from;
+    Qt::Key key;
+    const char* to;
+    const char* letter;
+  };
+  for (const Step& step : {Step{"tipo1", Qt::Key_Right, "tipo2", "S"},
+                           {"tipo2", Qt::Key_Down, "tipo4", "P"},
+                           {"tipo4", Qt::Key_Left, "tipo3", "G"},
+                           {"tipo3", Qt::Key_Up, "tipo1", "E"}}) {
+    QTest::keyClick(&program_.control(step.from), step.key);
+    EXPECT_TRUE(checked(step.to)) << step.from;
+    EXPECT_EQ(session().model3(1, 1), step.letter) << step.from;
+    EXPECT_EQ(program_.control("Textc0").isEnabled(), *step.letter != 'P') << step.from;
+  }
 }
 
 TEST_F(SecondThoughts, AWindowWhosePairTheNextFileDoesNotHaveIsHarmless) {
   program_.open(smallFile());
   plotDirection(2);
   Formod& gone = plot(2);
+  program_.control<QComboBox>("Combo2").setCurrentIndex(1);
+  plotDirection(1);
+  auto& goneToo = dynamic_cast<Formod&>(*area().activeSubWindow());
+  ASSERT_EQ(goneToo.windowTitle().left(5), "02,01");
   program_.open(write("one.zvm", "one\nzevra\n1\nv\n1\n1\n0;0\n1\n10 0.5 9\n"));
   shown().clear();
   area().setActiveSubWindow(&gone);
   EXPECT_EQ(shown(), Boxes{});
   EXPECT_EQ(program_.control<QComboBox>("Combodirvar").currentIndex(), 0);
   EXPECT_EQ(session().curdir, 2) << "taken from the caption, before the list refuses it";
+  area().setActiveSubWindow(&goneToo);
+  EXPECT_EQ(shown(), Boxes{});
+  EXPECT_EQ(program_.control<QComboBox>("Combo2").currentIndex(), 0);
+  EXPECT_EQ(session().curvar, 2);
+  // PLOT goes by the lists.
+  program_.control<QAbstractButton>("Command5").click();
+  EXPECT_EQ(area().activeSubWindow(), &plot(1));
+  EXPECT_EQ(session().curvar, 1);
+  EXPECT_EQ(session().curdir, 1);
 }
 
 TEST_F(SecondThoughts, AClickOnTheTitleOrThePictureMakesThePairTheCurrentOne) {
@@ -215,6 +260,37 @@ TEST_F(SecondThoughts, AWindowLoadedAgainBeginsWithTheThinPen) {
   EXPECT_EQ(window.pen().width, 1);
 }
 
+// The sample of the model in the legend is drawn before any width is set.
+TEST_F(SecondThoughts, TheFirstPictureOfAWindowLoadedAgainHasAThinSampleOfTheModel) {
+  program_.open(smallFile());
+  session().use1(1, 1) = 1;
+  session().model1(1, 1) = "S";
+  session().c1(1, 1) = 1;
+  session().a1(1, 1) = 15;
+  program_.window().plotvariogram();
+  // In pixels of 15 twips the sample goes from 391 to 411 across and about 173 down; nothing else
+  // is in its colour there.
+  const auto inked = [&] {
+    int count = 0;
+    for (int y = 160; y < 186; ++y)
+      for (int x = 391; x < 412; ++x)
+        count += plot(1).colourAt(x * 15.0, y * 15.0) != session().style.cores.Label5 ? 1 : 0;
+    return count;
+  };
+  const int thick = inked();
+  plot(1).close();
+  {
+    const QSignalBlocker activation(area());  // It would draw a second time.
+    program_.window().plotvariogram();
+  }
+  ASSERT_TRUE(plot(1).isVisible());
+  const int thin = inked();
+  EXPECT_GT(thin, 0);
+  EXPECT_GT(thick, thin);
+  program_.window().plotvariogram();
+  EXPECT_EQ(inked(), thick);
+}
+
 // A position of the range slider is worth 20 times the last distance over 32000 steps: just above
 // one thousandth here, the last decimal of the field, so that text and slider hardly agree.
 TEST_F(SecondThoughts, ARangeSliderOfTheFinestStepsEndsInOrder) {
@@ -234,6 +310,42 @@ TEST_F(SecondThoughts, ARangeSliderOfTheFinestStepsEndsInOrder) {
       EXPECT_LE(range, 33) << last << " " << i;
     }
     for (const std::string& box : shown()) EXPECT_NE(box.substr(0, 5), "fatal") << last;
+  }
+}
+
+// The field has the whole thousandth next to p * (20 h - 0.00001) / 32000, and the slider goes to
+// the position next to t * 32000 / (20 h - 0.0001). With 20 h = 32.002 the former is p plus
+// 0.0000621875 p thousandths, a half too many from p = 8041 on: its text is 8.042, which stands at
+// 8042 - 0.0000594 * 8042 = 8041.52, that is 8042, whose text is 8.043, and so on. With 32.0006 it
+// is 0.0000184375 p, a half from 27119 on.
+TEST_F(SecondThoughts, ARangeSliderThatPushesItselfOnStopsWithItsFieldAndItsCurve) {
+  struct Row {
+    const char* last;
+    int firstPushed;
+  };
+  for (const Row& row : {Row{"1.6001", 8041}, Row{"1.60003", 27119}}) {
+    program_.open(fileTo(row.last));
+    session().use1(1, 1) = 1;
+    session().model1(1, 1) = "S";
+    session().c1(1, 1) = 0.5;
+    program_.control<QRadioButton>("est2").setChecked(true);
+    auto& slider = program_.control<QSlider>("HScrolla");
+    slider.setFocus(Qt::TabFocusReason);
+    shown().clear();
+    const auto range = [&] { return session().a1(1, 1).number(); };
+    slider.setValue(row.firstPushed - 1);
+    EXPECT_EQ(slider.value(), row.firstPushed - 1) << row.last;
+    EXPECT_NEAR(range(), (row.firstPushed - 1) / 1000.0, 1e-9) << row.last;
+    slider.setValue(row.firstPushed);
+    EXPECT_GT(slider.value(), row.firstPushed) << row.last;
+    EXPECT_LT(slider.value(), 32000) << row.last;
+    EXPECT_NEAR(range(), (slider.value() + 1) / 1000.0, 1e-9) << row.last;
+    EXPECT_NEAR(program_.control<QLineEdit>("Texta").text().toDouble(), range(), 1e-9) << row.last;
+    // Back to where all agrees.
+    slider.setValue(4000);
+    EXPECT_EQ(slider.value(), 4000) << row.last;
+    EXPECT_NEAR(range(), 4, 1e-9) << row.last;
+    EXPECT_EQ(shown(), Boxes{}) << row.last;
   }
 }
 
