@@ -144,7 +144,6 @@ void FitPanelWidgets::makeButtons() {
   Command4 = named(new QPushButton("[ h ]"), "Command4", "Legend h[units]");
   Command5 = named(new QPushButton("PLOT"), "Command5", "Plot Theoretical Model");
   Command5->setShortcut(Qt::ALT | Qt::Key_P);
-  Command2->setEnabled(false);
 }
 
 void FitPanelWidgets::loadIcons() {

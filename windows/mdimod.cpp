@@ -31,6 +31,7 @@
 #include "windows/legenda.h"
 #include "windows/modfinal.h"
 #include "windows/printcolection.h"
+#include "windows/testcruz.h"
 #include "windows/texts.h"
 
 namespace zevfit {
@@ -198,7 +199,9 @@ void mdimod::makeToolbar() {
 
 void mdimod::makeButtons() {
   const std::initializer_list<std::pair<const char*, void (mdimod::*)()>> buttons{
-      {"Command1", &mdimod::openScales}, {"Command4", &mdimod::openLegend}};
+      {"Command1", &mdimod::openScales},
+      {"Command2", &mdimod::openTest},
+      {"Command4", &mdimod::openLegend}};
   for (const auto& [name, action] : buttons)
     connect(panel_->findChild<QPushButton*>(name), &QPushButton::clicked, this,
             [this, action = action] { guarded(dialogs_, [&] { (this->*action)(); }); });
@@ -219,6 +222,11 @@ void mdimod::openLegend() {
   legend_->open();
 }
 
+void mdimod::openTest() {
+  if (!test_) test_ = std::make_unique<testcruz>(session_, dialogs_, *this);
+  test_->start();
+}
+
 void mdimod::run(const Command& command) {
   if (command.needsFile && !requireFile(*fit_)) return;
   if (command.action) (this->*command.action)();
@@ -233,6 +241,8 @@ void mdimod::mnuvoltar() {
 
 void mdimod::closeEvent(QCloseEvent* event) {
   event->ignore();
+  // Some window systems offer to close a window that takes no input.
+  if (!isEnabled()) return;
   guarded(dialogs_, [&] {
     saver_.closeFiles();
     if (!ending_) ending_ = closeRequest(session_.style, dialogs_.heldFile(), folder_, dialogs_);

@@ -27,6 +27,7 @@ class formabout;
 class legenda;
 class modfinal;
 class printcolection;
+class testcruz;
 
 /// The main window: owns the session, the panel, the plot windows and the commands, and hands them
 /// to each other.
@@ -96,10 +97,11 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   formabout& about();
   modfinal& results();
   void makeButtons();
-  /// The windows of the axes, made at their first use.
+  /// The windows of the axes, of the format and of the test, made at their first use.
   void openScales();
   void openLegend();
   void openFormat();
+  void openTest();
   printcolection& reports();
   void tile(bool sideBySide);
   bool chooseFile(std::string& path);
@@ -122,6 +124,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   std::unique_ptr<legenda> legend_;
   std::unique_ptr<Formfont> format_;
   std::unique_ptr<printcolection> reports_;
+  std::unique_ptr<testcruz> test_;
   std::vector<std::pair<QAction*, const char*>> icons_;  ///< the names of those to be loaded
   bool ending_ = false;  ///< the question of the end has been answered
   int drawings_ = 0;     ///< under way, one within the other

@@ -13,6 +13,7 @@
 #include <QWindow>
 #include <iostream>
 
+#include "tests/support/coreg_sample.h"
 #include "tests/support/full_report.h"
 #include "tests/support/program.h"
 
@@ -114,6 +115,37 @@ void playDrag(Program& program, Album& album) {
   album.keep(plot, "drag-5-released");
 }
 
+/// One spherical model for ln zinc, ln lead and their cross variable in all directions.
+void fitTogether(zevfit::Session& session) {
+  struct Row {
+    int variable;
+    double nugget, sill;
+  };
+  for (const Row& row : {Row{1, 0.1, 0.6}, Row{2, 0.08, 0.4}, Row{5, 0.05, 0.45}})
+    for (int direction = 1; direction <= session.ndir; ++direction) {
+      zevfit::test::setLine(session, 0, row.variable, direction, {1, "", row.nugget, 0});
+      zevfit::test::setLine(session, 1, row.variable, direction, {1, "S", row.sill, 1200});
+    }
+}
+
+/// The test of coregionalization, passed first, then with another range and a sill too large.
+void testTogether(Program& program, Album& album) {
+  zevfit::Session& session = program.session();
+  fitTogether(session);
+  session.testsecondary = 1;
+  session.testcross = 4;
+  session.testminor1 = 2;
+  session.testminor2 = 1;
+  program.control<QAbstractButton>("Command2").click();
+  auto& dialog = program.control<QWidget>("testcruz");
+  album.keep(dialog, "test-passed");
+  zevfit::test::setLine(session, 1, 5, 1, {1, "S", 0.6, 1200});
+  zevfit::test::setLine(session, 1, 2, 2, {1, "S", 0.4, 900});
+  Program::find<QAbstractButton>(dialog, "Command1").click();
+  album.keep(dialog, "test-detail");
+  dialog.close();
+}
+
 void play(const QString& example, Album& album) {
   const QTemporaryDir folder;
   const QString file = folder.filePath("meuse.zvm");
@@ -136,6 +168,7 @@ void play(const QString& example, Album& album) {
   program.trigger("k7");
   for (const int direction : {1, 1, 0, 0}) openDirection(program, direction);
   album.keep(program.window(), "fit");
+  testTogether(program, album);
 }
 
 /// The windows of the axes.
