@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPixmap>
 #include <QRadioButton>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
@@ -185,6 +186,35 @@ void playAxes(Program& program, Album& album) {
                    });
 }
 
+/// The results of a fit in all directions, with the axes chosen.
+void playResultsOf(const QString& example, Album& album) {
+  const QTemporaryDir folder;
+  const QString file = folder.filePath("meuse.zvm");
+  QFile::copy(example, file);
+  Program program(folder.path().toStdString());
+  program.open(file.toStdString());
+  int direction = 0;
+  for (const char* range : {"1150", "1700", "900", "700"}) {
+    openDirection(program, direction++);
+    fitLine(program, {"est1", nullptr, "0.1", ""});
+    fitLine(program, {"est2", "tipo2", "0.3", "400"});
+    fitLine(program, {"est3", "tipo1", "0.2", range});
+  }
+  Program::inModal([&] { program.trigger("k3"); },
+                   [&](QWidget& modal) {
+                     auto& grid = Program::find<QTableWidget>(modal, "gridsairmod");
+                     QApplication::processEvents();
+                     for (const auto& [option, row] :
+                          {std::pair("Option3d4", 3), {"Option3d5", 5}, {"Option3d6", 5}}) {
+                       Program::find<QAbstractButton>(modal, option).click();
+                       QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
+                                         grid.visualItemRect(grid.item(row, 1)).center());
+                     }
+                     album.keep(modal, "results");
+                     modal.close();
+                   });
+}
+
 /// A report of three columns, with the pointer on a plot.
 void playReportOf(const QString& example, Album& album) {
   const QTemporaryDir folder;
@@ -236,6 +266,7 @@ int main(int argc, char** argv) {
   try {
     play(argv[1], album);
     playDragOf(argv[1], album);
+    playResultsOf(argv[1], album);
     playReportOf(argv[1], album);
   } catch (const std::exception& fault) {
     std::cerr << fault.what() << "\n";
