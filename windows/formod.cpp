@@ -43,6 +43,8 @@ Formod::Formod(Fit& fit, DirectionWindows& windows, std::function<void()> endDel
   setWindowIcon(QIcon(":/icons/app.svg"));
   setAttribute(Qt::WA_DeleteOnClose, false);
   form_->setAutoFillBackground(true);
+  // The right button drags sills; behind a fast move from its icon the frame would open its menu.
+  form_->setContextMenuPolicy(Qt::PreventContextMenu);
   setWidget(form_);
   Picture4 = new PictureBox(form_);
   Picture4->setObjectName("Picture4");

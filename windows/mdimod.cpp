@@ -13,6 +13,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QToolBar>
 
 #include "files/parameter_file.h"
@@ -122,6 +123,7 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
   makeMenus();
   makeToolbar();
   makeButtons();
+  makeShortcuts();
   if (const auto path = loadParameters(folder_, session_.style)) dialogs_.holdFile(*path);
 }
 
@@ -225,6 +227,14 @@ void mdimod::openLegend() {
 void mdimod::openTest() {
   if (!test_) test_ = std::make_unique<testcruz>(session_, dialogs_, *this);
   test_->start();
+}
+
+// The toolkit has Ctrl+Tab alone.
+void mdimod::makeShortcuts() {
+  connect(new QShortcut(QKeySequence("Ctrl+F6"), this), &QShortcut::activated, area_,
+          &QMdiArea::activateNextSubWindow);
+  connect(new QShortcut(QKeySequence("Ctrl+Shift+F6"), this), &QShortcut::activated, area_,
+          &QMdiArea::activatePreviousSubWindow);
 }
 
 void mdimod::run(const Command& command) {

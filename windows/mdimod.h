@@ -75,6 +75,8 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
 
   void makeMenus();
   void makeToolbar();
+  /// Keys that go from plot to plot.
+  void makeShortcuts();
   QAction* addEntry(QMenu* menu, const char* name, const char* caption, void (mdimod::*action)());
   void run(const Command& command);
 

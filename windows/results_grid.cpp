@@ -20,9 +20,13 @@ constexpr int kFreeWidth = 300;
 constexpr int kTwips = 15;
 
 constexpr int kMarksRole = Qt::UserRole;
-constexpr int kMarkSize = 15;
+constexpr int kMarkSize = 13;
 constexpr int kMarkSpace = 2;
+/// What a cell keeps free on both sides of its text.
+constexpr int kTextMargins = 8;
 constexpr int kTintAlpha = 48;
+
+constexpr QChar kBlank(0x2002);
 
 struct AxisLook {
   const char* letter;
@@ -42,7 +46,7 @@ void paintMark(QPainter& painter, const QRectF& place, Axis axis) {
   painter.setBrush(axisColour(axis));
   painter.drawRoundedRect(place, 3, 3);
   QFont font = painter.font();
-  font.setPixelSize(static_cast<int>(place.height()) * 3 / 4);
+  font.setPixelSize(static_cast<int>(place.height()) * 2 / 3);
   font.setBold(true);
   painter.setFont(font);
   painter.setPen(Qt::white);
@@ -109,6 +113,8 @@ class ResultsDelegate : public QStyledItemDelegate {
     option->displayAlignment = Qt::AlignVCenter | (name     ? Qt::AlignLeft
                                                    : number ? Qt::AlignRight
                                                             : Qt::AlignHCenter);
+    // Off the frame.
+    if (isButton(index)) option->text += kBlank;
     if (const auto marks = grid_->marks(index.row()); !marks.empty()) styleMarked(*option, marks);
   }
 
@@ -116,7 +122,6 @@ class ResultsDelegate : public QStyledItemDelegate {
   static void styleHeading(QStyleOptionViewItem& option) {
     option.text = option.text.trimmed();
     option.displayAlignment = Qt::AlignCenter;
-    option.font.setBold(true);
     option.backgroundBrush = option.palette.button();
     option.palette.setBrush(QPalette::Text, option.palette.buttonText());
   }
@@ -125,11 +130,10 @@ class ResultsDelegate : public QStyledItemDelegate {
     QColor tint = axisColour(marks.front());
     tint.setAlpha(kTintAlpha);
     option.backgroundBrush = tint;
-    option.font.setBold(true);
     if (option.index.column() != 0) return;
-    const int room =
-        option.rect.width() - static_cast<int>(marks.size() + 1) * (kMarkSize + kMarkSpace);
-    option.text = QFontMetrics(option.font).elidedText(option.text, Qt::ElideRight, room);
+    const int taken = static_cast<int>(marks.size()) * (kMarkSize + kMarkSpace) + kTextMargins;
+    option.text =
+        option.fontMetrics.elidedText(option.text, Qt::ElideRight, option.rect.width() - taken);
   }
 
   static void paintFrame(QPainter& painter, const QStyleOptionViewItem& option) {

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <QLabel>
+#include <QMdiArea>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWindow>
+#include <array>
+#include <fstream>
+
+#include "tests/support/program.h"
+#include "windows/formod.h"
+
+namespace zevfit::test {
+
+/// The program with the plots of two directions, one below the other, the first one active; and a
+/// mouse that goes through the main window. Both have a nugget of 0.5 and a spherical structure of
+/// 1 and 15, on axes to 30 and 2.12.
+class TwoPlots {
+ public:
+  TwoPlots() : program_(folder_.path().toStdString()) {
+    const std::string path = write("small.zvm",
+                                   "small\nzevra\n1\nzinc\n2\n3\n0;0\n90;0\n1\n10 0.5 9\n20 1.5 8\n"
+                                   "30 2 7\n10 0.25 9\n20 0.75 9\n30 1 9\n");
+    program_.open(path);
+    for (const std::int64_t direction : {2, 1}) plotDirection(direction);
+    for (QMdiSubWindow* window : area().subWindowList())
+      plots_.at(window->windowTitle().startsWith("01,01") ? 0 : 1) = dynamic_cast<Formod*>(window);
+    program_.trigger("k7");
+  }
+
+  std::string write(const char* name, const std::string& bytes) {
+    std::string path = folder_.filePath(name).toStdString();
+    std::ofstream(path, std::ios::binary) << bytes;
+    return path;
+  }
+
+  Program& program() { return program_; }
+  Session& session() { return program_.session(); }
+  QMdiArea& area() { return program_.control<QMdiArea>("Area"); }
+  QWindow* window() { return program_.window().windowHandle(); }
+  Formod& plot(int direction) { return *plots_.at(static_cast<std::size_t>(direction - 1)); }
+  QWidget& picture(int direction) { return Program::find<QWidget>(plot(direction), "Picture4"); }
+  QLabel& handle(int direction, int i) {
+    return Program::find<QLabel>(plot(direction), qPrintable(QString("estru_%1").arg(i)));
+  }
+
+  /// A place of a control as one of the main window.
+  QPoint placeOf(QWidget& control, QPoint at) { return control.mapTo(&program_.window(), at); }
+  QPoint inPicture(int direction, QPoint at) { return placeOf(picture(direction), at); }
+  QPoint onHandle(int direction, int i) { return placeOf(handle(direction, i), {2, 2}); }
+
+  void move(QPoint at) { QTest::mouseMove(window(), at); }
+  void press(QPoint at, Qt::MouseButton button = Qt::LeftButton) {
+    move(at);
+    QTest::mousePress(window(), button, {}, at);
+  }
+  void release(QPoint at, Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mouseRelease(window(), button, {}, at);
+  }
+  void click(QPoint at) {
+    press(at);
+    release(at);
+  }
+  void doubleClick(QPoint at) {
+    move(at);
+    QTest::mouseDClick(window(), Qt::LeftButton, {}, at);
+  }
+  /// A key with the control key, which goes down before and comes up behind it.
+  void keyWithControl(Qt::Key key) {
+    QTest::keyPress(window(), Qt::Key_Control);
+    QTest::keyClick(window(), key, Qt::ControlModifier);
+    QTest::keyRelease(window(), Qt::Key_Control);
+  }
+
+  bool holdsAny() {
+    for (const int held : session().dragsel)
+      if (held == 1) return true;
+    return false;
+  }
+  bool anyFault() {
+    for (const std::string& box : program_.dialogs().shown)
+      if (box.substr(0, 5) == "fatal") return true;
+    return false;
+  }
+
+ private:
+  void plotDirection(std::int64_t direction) {
+    Session& s = session();
+    s.use0(1, direction) = s.use1(1, direction) = 1;
+    s.c0(1, direction) = 0.5;
+    s.model1(1, direction) = "S";
+    s.c1(1, direction) = 1;
+    s.a1(1, direction) = 15;
+    s.curdir = direction;
+    program_.window().plotvariogram();
+  }
+
+  QTemporaryDir folder_;
+  Program program_;
+  std::array<Formod*, 2> plots_{};
+};
+
+}  // namespace zevfit::test
