@@ -1,10 +1,13 @@
 // The start and the end of the program, with the parameters that it keeps between runs.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <QComboBox>
 #include <QTemporaryDir>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 #include "files/output_file.h"
 #include "tests/support/program.h"
@@ -14,12 +17,35 @@ namespace {
 
 const std::string kQuestion = "question: Save configuration data file to zevFIT.INI ?";
 
+/// No file takes a byte while it lives, as on a disk that is full.
+class FullDisk {
+ public:
+  FullDisk() : before_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &limit_);
+    const rlimit none{0, limit_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &none);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &limit_);
+    std::signal(SIGXFSZ, before_);
+  }
+
+ private:
+  void (*before_)(int);
+  rlimit limit_{};
+};
+
 class EndOfProgram : public testing::Test {
  protected:
   std::string path(const char* name) { return folder_.filePath(name).toStdString(); }
   std::string folder() { return folder_.path().toStdString(); }
   void write(const char* name, const std::string& bytes) {
     std::ofstream(path(name), std::ios::binary) << bytes;
+  }
+  std::ptrdiff_t filesInFolder() {
+    return std::distance(std::filesystem::directory_iterator(folder()), {});
   }
   bool kept() { return std::filesystem::exists(path("zevfit.ini")); }
 
@@ -116,6 +142,60 @@ TEST_F(EndOfProgram, AFolderThatCannotBeWrittenIsToldAndTheProgramEnds) {
       program.dialogs().shown,
       (std::vector{kQuestion,
                    std::string("plain: Cannot save  session parameters to /proc\\zevFIT.INI")}));
+}
+
+TEST_F(EndOfProgram, AFullDiskIsToldAndTheOldFileStaysWhole) {
+  const std::string old = "an old file\r\n";
+  for (const bool byMenu : {false, true}) {
+    write("zevfit.ini", old);
+    Program program(folder());
+    program.dialogs().answers = {Answer::yes};
+    {
+      const FullDisk full;
+      if (byMenu)
+        program.trigger("mnuvoltar");
+      else
+        program.window().close();
+    }
+    EXPECT_EQ(program.dialogs().shown,
+              (std::vector{kQuestion, "plain: Cannot save  session parameters to " + folder() +
+                                          "\\zevFIT.INI"}));
+    EXPECT_FALSE(program.window().isVisible()) << "the program ends all the same";
+    EXPECT_EQ(readWhole(path("zevfit.ini")), old);
+    EXPECT_EQ(filesInFolder(), 1) << "nothing half written beside it";
+  }
+}
+
+TEST_F(EndOfProgram, AFullDiskIsToldWithoutAQuestionToo) {
+  write("zpam.pam", "1 2 3 4 5 6 7 8 9 1 1\r\n");
+  Program program(folder());
+  {
+    const FullDisk full;
+    EXPECT_TRUE(program.window().close());
+  }
+  EXPECT_EQ(program.dialogs().shown,
+            std::vector{"plain: Cannot save  session parameters to " + folder() + "\\zevFIT.INI"});
+}
+
+// Devices end neither the start nor the close in a wait, and a parameter file is not written into
+// one.
+TEST_F(EndOfProgram, DevicesInThePlaceOfBothFilesAreHarmless) {
+  for (const char* device : {"/dev/full", "/dev/zero", "/dev/null"}) {
+    for (const char* name : {"zevfit.ini", "zpam.pam"}) {
+      std::filesystem::remove(path(name));
+      std::filesystem::create_symlink(device, path(name));
+    }
+    Program program(folder());
+    EXPECT_TRUE(program.dialogs().shown.empty()) << device;
+    EXPECT_EQ(program.session().style.Formfont.formato[1], "####.#0") << device;
+    program.dialogs().answers = {Answer::yes};
+    EXPECT_TRUE(program.window().close());
+    EXPECT_EQ(program.dialogs().shown,
+              (std::vector{kQuestion, "plain: Cannot save  session parameters to " + folder() +
+                                          "\\zevFIT.INI"}))
+        << device;
+    EXPECT_TRUE(std::filesystem::is_symlink(path("zevfit.ini"))) << device;
+  }
 }
 
 TEST_F(EndOfProgram, AFolderInThePlaceOfTheFamilyFileLeavesTheQuestion) {
