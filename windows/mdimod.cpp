@@ -7,14 +7,9 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QMdiArea>
-#include <QMenu>
-#include <QMenuBar>
-#include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QShortcut>
-#include <QToolBar>
 
 #include "files/parameter_file.h"
 #include "files/saveini.h"
@@ -60,26 +55,6 @@ QStringList toQStrings(const std::vector<std::string>& texts) {
 }
 
 }  // namespace
-
-const std::vector<mdimod::Command>& mdimod::toolbarCommands() {
-  static const std::vector<Command> commands{
-      {"k1", "Open ", "Open Data File (*.ZVM)", "open", false, &mdimod::mnudatprn},
-      {"k2", "View File", "See Structure of Data File", "view", true, &mdimod::viewFile},
-      {"k3", "Results", "Results from Interactive Fit", "results", true, &mdimod::showResults},
-      {"k4", "", "", "", false, nullptr},
-      {"k5", "Casc.", "Title Cascade", "cascade", false, &mdimod::mnucascade},
-      {"k6", "Vert.", "Title Vertical", "vertical", false, &mdimod::mnuvertical},
-      {"k7", "Horiz.", "Title Horizontal", "horizontal", false, &mdimod::mnuhorizontal},
-      {"k8", "Copy", "Copy Variogram Plot to Clipboard", "copy", true, &mdimod::copyPlot},
-      {"k10", "Format", "Graph Format", "format", true, &mdimod::openFormat},
-      {"k11", "Models", "Save current models with input data file.", "models", true,
-       &mdimod::gravando},
-      {"kp", "Print", "Print current variogram plot", "print", true, &mdimod::showReports},
-      {"kmais", "Zoom +", "Enlarge current variogram plot", "zoom-in", true, &mdimod::zoomIn},
-      {"kmenos", "Zoom -", "Reduce current variogram plot", "zoom-out", true, &mdimod::zoomOut},
-  };
-  return commands;
-}
 
 mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogonality,
                std::filesystem::path folder)
@@ -160,55 +135,6 @@ void mdimod::loadIcons() {
 
 void mdimod::showAbout() { about().showAtStart(); }
 
-QAction* mdimod::addEntry(QMenu* menu, const char* name, const char* caption,
-                          void (mdimod::*action)()) {
-  QAction* entry = menu->addAction(caption);
-  entry->setObjectName(name);
-  connect(entry, &QAction::triggered, this,
-          [this, action] { guarded(dialogs_, [&] { (this->*action)(); }); });
-  return entry;
-}
-
-void mdimod::makeMenus() {
-  addEntry(menuBar()->addMenu("Exit "), "mnuvoltar", "&Return to Main Menu", &mdimod::mnuvoltar);
-  addEntry(menuBar()->addMenu("Input Data"), "mnudatprn", "&Input File (*.ZVM)",
-           &mdimod::mnudatprn);
-  QMenu* arrange = menuBar()->addMenu("Arrange");
-  addEntry(arrange, "mnucascade", "&Cascade", &mdimod::mnucascade);
-  addEntry(arrange, "mnuvertical", "&Vertical", &mdimod::mnuvertical);
-  addEntry(arrange, "mnuhorizontal", "&Horizontal", &mdimod::mnuhorizontal);
-  addEntry(menuBar()->addMenu("&About"), "mnuabout2", "About", &mdimod::mnuabout2);
-}
-
-void mdimod::makeToolbar() {
-  Toolbar1 = addToolBar("Toolbar1");
-  Toolbar1->setObjectName("Toolbar1");
-  Toolbar1->setMovable(false);
-  Toolbar1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-  Toolbar1->setIconSize({24, 24});
-  setContextMenuPolicy(Qt::NoContextMenu);
-  const QIcon blank = blankIcon();
-  for (const Command& command : toolbarCommands()) {
-    QAction* action = *command.icon == '\0' ? Toolbar1->addSeparator()
-                                            : Toolbar1->addAction(blank, command.caption);
-    action->setObjectName(command.key);
-    action->setToolTip(command.tip);
-    connect(action, &QAction::triggered, this,
-            [this, &command] { guarded(dialogs_, [&] { run(command); }); });
-    if (!action->isSeparator()) icons_.emplace_back(action, command.icon);
-  }
-}
-
-void mdimod::makeButtons() {
-  const std::initializer_list<std::pair<const char*, void (mdimod::*)()>> buttons{
-      {"Command1", &mdimod::openScales},
-      {"Command2", &mdimod::openTest},
-      {"Command4", &mdimod::openLegend}};
-  for (const auto& [name, action] : buttons)
-    connect(panel_->findChild<QPushButton*>(name), &QPushButton::clicked, this,
-            [this, action = action] { guarded(dialogs_, [&] { (this->*action)(); }); });
-}
-
 void mdimod::openScales() {
   if (!scales_) scales_ = std::make_unique<cutgraph>(*fit_, this);
   scales_->open();
@@ -227,14 +153,6 @@ void mdimod::openLegend() {
 void mdimod::openTest() {
   if (!test_) test_ = std::make_unique<testcruz>(session_, dialogs_, *this);
   test_->start();
-}
-
-// The toolkit has Ctrl+Tab alone.
-void mdimod::makeShortcuts() {
-  connect(new QShortcut(QKeySequence("Ctrl+F6"), this), &QShortcut::activated, area_,
-          &QMdiArea::activateNextSubWindow);
-  connect(new QShortcut(QKeySequence("Ctrl+Shift+F6"), this), &QShortcut::activated, area_,
-          &QMdiArea::activatePreviousSubWindow);
 }
 
 void mdimod::run(const Command& command) {

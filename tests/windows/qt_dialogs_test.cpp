@@ -142,13 +142,18 @@ std::optional<std::string> openFile(QtDialogs& dialogs,
   return path;
 }
 
-/// Types a name into the file dialog and presses its button.
-void choose(QFileDialog& dialog, const QString& name) {
+/// Types a name into the file dialog.
+void typeName(QFileDialog& dialog, const QString& name) {
   auto* field = dialog.findChild<QLineEdit*>("fileNameEdit");
   dialog.activateWindow();
   field->setFocus();
   ASSERT_TRUE(QTest::qWaitFor([&] { return field->hasFocus(); }));
   field->setText(name);
+}
+
+/// Types a name into the file dialog and presses its button.
+void choose(QFileDialog& dialog, const QString& name) {
+  typeName(dialog, name);
   static_cast<QDialog&>(dialog).accept();
 }
 
@@ -241,12 +246,12 @@ TEST(QtDialogs, TheSaveDialogAsksBeforeAFileIsReplaced) {
   int asked = 0;
   const auto path = saveFile(dialogs, [&](QFileDialog& dialog) {
     for (const auto button : {QMessageBox::No, QMessageBox::Yes}) {
-      during<QMessageBox>(
-          [&] { choose(dialog, QString::fromStdString((folder / "old.ZVP").string())); },
-          [&](QMessageBox& box) {
-            ++asked;
-            click(box, button);
-          });
+      typeName(dialog, QString::fromStdString((folder / "old.ZVP").string()));
+      during<QMessageBox>([&] { static_cast<QDialog&>(dialog).accept(); },
+                          [&](QMessageBox& box) {
+                            ++asked;
+                            click(box, button);
+                          });
       EXPECT_EQ(dialog.isVisible(), button == QMessageBox::No);
     }
   });
