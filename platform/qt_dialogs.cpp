@@ -5,10 +5,10 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QFontDialog>
 #include <QMessageBox>
 #include <QStringDecoder>
 
+#include "platform/font_dialog.h"
 #include "platform/painter_surface.h"
 
 namespace zevfit {
@@ -113,12 +113,12 @@ std::optional<std::string> QtDialogs::saveFile(std::string_view title, std::stri
 std::optional<FontChoice> QtDialogs::chooseFont(const FontChoice& start) {
   QFont font(toShown(start.name));
   font.setPointSizeF(start.size);
-  QFontDialog dialog(font, QApplication::activeWindow());
+  FontDialog dialog(font, QApplication::activeWindow());
   dialog.setObjectName("Dialog1");
-  dialog.setOption(QFontDialog::DontUseNativeDialog);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   const QFont chosen = dialog.selectedFont();
-  return FontChoice{chosen.family().toStdString(), static_cast<float>(chosen.pointSizeF())};
+  return FontChoice{chosen.family().toLatin1().toStdString(),
+                    static_cast<float>(chosen.pointSizeF())};
 }
 
 std::optional<Colour> QtDialogs::chooseColour(Colour start) {

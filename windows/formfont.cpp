@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <utility>
 
 #include "model/graph_format.h"
@@ -63,6 +64,8 @@ void Formfont::open() {
   before_ = parentWidget()->focusWidget();
   parentWidget()->setEnabled(false);
   setEnabled(true);
+  // What follows stands for the activation that comes later.
+  ownAbove_ = true;
   show();
   raise();
   activateWindow();
@@ -77,14 +80,16 @@ void Formfont::setAside() {
 
 void Formfont::bringBack() {
   if (!std::exchange(aside_, false)) return;
-  away_ = true;
+  ownAbove_ = true;
   show();
   if (coloursAside_) return colours_->open();
   setEnabled(true);
 }
 
 bool Formfont::event(QEvent* event) {
-  if (event->type() == QEvent::WindowActivate && !std::exchange(away_, false) && isVisible())
+  if (event->type() == QEvent::WindowDeactivate)
+    ownAbove_ = asking_ || help_->isVisible() || colours_->isVisible();
+  if (event->type() == QEvent::WindowActivate && !ownAbove_ && isVisible())
     guarded(fit_.dialogs, [this] { activated(); });
   return QDialog::event(event);
 }
@@ -112,7 +117,7 @@ void Formfont::preview() {
 }
 
 void Formfont::Label2_Click(std::size_t row) {
-  away_ = true;
+  const QScopedValueRollback asking(asking_, true);
   if (chooseFont(fit_, row)) showFont(row);
 }
 
@@ -125,7 +130,7 @@ void Formfont::Command1_Click() {
 
 void Formfont::Command2_Click() {
   if (const auto fault = patternFault(fit_.session.style.Formfont.formato)) {
-    away_ = true;
+    const QScopedValueRollback asking(asking_, true);
     return fit_.dialogs.plain(*fault);
   }
   leave();
@@ -157,7 +162,6 @@ void Formfont::reject() {
 
 void Formfont::comeBack() {
   if (!isVisible()) return;
-  away_ = true;
   setEnabled(true);
   activateWindow();
 }

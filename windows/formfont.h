@@ -66,8 +66,10 @@ class Formfont : public QDialog, private PreviewPicture {
   PenState pen_;
   bool bold_ = false;
   bool previewrunning = false;
-  /// A window of its own is up, whose end is no activation.
-  bool away_ = false;
+  /// A dialog or a box of a handler is up.
+  bool asking_ = false;
+  /// The window lost its activation to one of its own, whose end is no activation of this one.
+  bool ownAbove_ = false;
   /// Hidden with the main window, the one of the colours over it too.
   bool aside_ = false, coloursAside_ = false;
   QPointer<QWidget> before_;

@@ -232,7 +232,7 @@ void ResultsGrid::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void ResultsGrid::resizeEvent(QResizeEvent* event) {
-  QTableWidget::resizeEvent(event);
+  Grid::resizeEvent(event);
   for (int column = 0; column < kResultColumns; ++column)
     setColumnWidth(column, (width() * kTwips - kFreeWidth) / kResultColumns / kTwips);
 }

@@ -110,13 +110,19 @@ TEST(Preview, ChangesTheWindowOfThePairButNotItsPlace) {
   PreviewBench bench;
   bench.draw();
   bench.windows.plotwin(2, 1).setCaption("other");
-  bench.window().calls.clear();
+  bench.window().fronted = 0;
+  bench.window().measuredText.clear();
   bench.session.style.cores.Label1 = 77;
+  bench.picture.isBold = true;
+  const Operations before = bench.operations();
   bench.show();
   EXPECT_EQ(bench.window().caption(), "01,02  Variable:  zinc   Direction: 45 0 NE");
   EXPECT_EQ(bench.window().overlayForeground, 77);
   EXPECT_EQ(bench.window().overlayBackground, kBackground);
-  for (const std::string& call : bench.window().calls) EXPECT_NE(call, "to front");
+  EXPECT_EQ(bench.window().measuredText, "Semivariogram (45 0 NE)");
+  EXPECT_EQ(bench.window().measuredFont, kTitleFont) << "the label is not bold";
+  EXPECT_EQ(bench.window().fronted, 0);
+  EXPECT_EQ(bench.operations(), before) << "its picture stays";
 }
 
 TEST(Preview, LeavesSelectionBoxesAndMinimisedWindowAlone) {
@@ -144,6 +150,21 @@ TEST(Preview, MovesNoSliderForATypedText) {
   const int stood = bench.panel.position(Slider::c0);
   bench.show();
   EXPECT_EQ(bench.panel.position(Slider::c0), stood);
+}
+
+TEST(Preview, BringsTheControlsAndTheCurveToThePair) {
+  PreviewBench bench;
+  bench.draw();
+  bench.session.sel = {1, 0, 0, 0};
+  bench.session.c0(kVariable, kDirection) = 4;
+  bench.session.use1(kVariable, kDirection) = 1;
+  bench.session.model1(kVariable, kDirection) = "G";
+  bench.session.ascale = bench.session.c0scale = 0;
+  bench.show();
+  EXPECT_EQ(bench.panel.text(Field::c0), "4") << "showmodel";
+  EXPECT_EQ(bench.panel.letter(1), "G") << "showmodel";
+  EXPECT_GT(bench.session.c0scale, 0) << "scalesliders";
+  EXPECT_GE(bench.session.curvegam(1), 4) << "modelcurve, above the new nugget";
 }
 
 TEST(Preview, GivesTheDistanceAxisItsFirstEnd) {

@@ -175,6 +175,24 @@ TEST_F(AxisWindows, ALegendIsStoredAndDrawn) {
   EXPECT_EQ(session().xlegend(1, 1), "h (meters)");
 }
 
+// Each takes two bytes where texts are in UTF-8; six of them are six characters all the same.
+TEST_F(AxisWindows, ALegendCountsCharactersAsTheUserTypesThem) {
+  const QString mu(6, QChar(0xb5));
+  for (const QString& typed : {mu, mu + QChar(0xb5)}) {
+    Program::inModal([&] { program_.control<QPushButton>("Command4").click(); },
+                     [&](QWidget& modal) {
+                       auto& text = in<QLineEdit>(modal, "Text1");
+                       text.selectAll();
+                       QTest::keyClicks(&text, typed);
+                       EXPECT_EQ(text.text(), typed);
+                       QTest::mouseClick(&in<QWidget>(modal, "Command2"), Qt::LeftButton);
+                       modal.close();
+                     });
+    EXPECT_EQ(session().xlegend(1, 1), typed == mu ? "h (\xb5\xb5\xb5\xb5\xb5\xb5)" : "h ()");
+  }
+  EXPECT_EQ(shown(), Boxes{"plain: Legend too long: Maximum 6 char.!"});
+}
+
 TEST_F(AxisWindows, ALegendThatIsTooLongIsGone) {
   Program::inModal([&] { program_.control<QPushButton>("Command4").click(); },
                    [&](QWidget& modal) {

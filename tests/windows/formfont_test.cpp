@@ -115,6 +115,44 @@ TEST_F(FormatWindows, APreviewWaitsForAClickOnThePicture) {
   EXPECT_NE(preview(), before);
 }
 
+// Every box that comes up takes the activation away and gives it back, as a desktop does.
+TEST_F(FormatWindows, NoBoxOfItsOwnDrawsThePreview) {
+  open();
+  const QImage before = preview();
+  const auto send = [&](QEvent::Type type) {
+    QEvent event(type);
+    QApplication::sendEvent(&format(), &event);
+  };
+  type(in<QLineEdit>(format(), "formato_0"), "0.0000");
+  program_.dialogs().meanwhile = [&] {
+    send(QEvent::WindowDeactivate);
+    send(QEvent::WindowActivate);
+  };
+  program_.dialogs().fonts = {{"Liberation Sans", 17}, {"", 12}, {"Liberation Sans", 12}};
+  click(row("Label2_0"));
+  EXPECT_EQ(row("Label3_0").text(), "12");
+  EXPECT_EQ(shown().size(), 5U) << "three dialogs, two boxes between them";
+  EXPECT_EQ(preview(), before);
+  type(in<QLineEdit>(format(), "formato_1"), "#a");
+  click(button("Command2"));
+  EXPECT_EQ(preview(), before);
+  program_.dialogs().meanwhile = nullptr;
+  send(QEvent::WindowDeactivate);
+  send(QEvent::WindowActivate);
+  EXPECT_NE(preview(), before) << "coming back from elsewhere does";
+}
+
+// The plot stands in other colours than those that come back, so that a drawing would be seen.
+TEST_F(FormatWindows, CancelDrawsNothing) {
+  const QImage before = plot();
+  session().style.cores.Label2 = 255;
+  open();
+  click(button("Command3"));
+  QApplication::processEvents();
+  EXPECT_EQ(session().style.cores.Label2, 255);
+  EXPECT_EQ(plot(), before);
+}
+
 TEST_F(FormatWindows, SaveKeepsTheOptionsAndDrawsThePlot) {
   open();
   const QImage before = plot();
@@ -234,6 +272,7 @@ TEST_F(FormatWindows, SaveAndExitOfTheColoursBringsTheGridBack) {
   open();
   const QImage before = preview();
   click(button("Command5"));
+  QApplication::processEvents();
   session().axiscolor = 99;
   click(in<QPushButton>(colours(), "Command3"));
   EXPECT_EQ(session().axiscolor, 99) << "default colours leave the grid";
