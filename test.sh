@@ -6,6 +6,7 @@
 #   asan      all tests under the address and undefined behaviour sanitizers
 #   lint      format, clang-tidy, shell scripts
 #   fuzz      each fuzz target for a short while
+#   linttests clang-tidy over the tests; not part of a run without names, for its time
 #   bench     the benchmarks with their yardsticks; not part of a run without names
 #   pictures  takes the pictures of the documentation from the program; the same
 #   coverage  lines and branches that the tests reach, by folder; the same
@@ -136,12 +137,16 @@ stage_lint() {
   # Sources include what moc makes of them.
   prepare "lint: generated sources" build debug zevfit_windows_autogen zevfit_window_tests_autogen &&
     check "lint: clang-tidy" tidy debug \
-      session model files coreg plot report windows platform main.cpp &&
-    check "lint: clang-tidy of tests" tidy debug tests
+      session model files coreg plot report windows platform main.cpp
   prepare "lint: fuzz configuration" cmake --preset fuzz &&
     check "lint: clang-tidy of fuzz" tidy fuzz fuzz
   prepare "lint: benchmark configuration" cmake --preset bench &&
     check "lint: clang-tidy of benchmarks" tidy bench benchmarks
+}
+
+stage_linttests() {
+  prepare "lint: generated sources" build debug zevfit_windows_autogen zevfit_window_tests_autogen &&
+    check "lint: clang-tidy of tests" tidy debug tests
 }
 
 # fuzz_target PROGRAM: on a copy of its corpus, so that the tree stays as it is.
