@@ -1,5 +1,6 @@
 #include <QApplication>
 
+#include "platform/end_signals.h"
 #include "platform/orthogonality.h"
 #include "platform/program_folder.h"
 #include "platform/qt_dialogs.h"
@@ -7,6 +8,7 @@
 #include "windows/greeting.h"
 
 int main(int argc, char** argv) {
+  const zevfit::EndSignals signals;
   QApplication application(argc, argv);
   QApplication::setApplicationName("zevFIT");
   QLocale::setDefault(QLocale::c());
@@ -15,6 +17,7 @@ int main(int argc, char** argv) {
   zevfit::QtPrinter printer;
   const zevfit::AngleTest angleTest;
   zevfit::mdimod window(dialogs, printer, angleTest, zevfit::programFolder());
+  const auto delivery = signals.deliverTo([&window](int signal) { window.endBySignal(signal); });
   const zevfit::Greeting greeting(window);
   window.show();
   return QApplication::exec();

@@ -24,12 +24,17 @@ struct EndOfFile {};
 /// Writes the lines of the new file, with the tests for the end of the old one between them.
 class Writer {
  public:
-  Writer(Session& session, std::int64_t variables, std::string_view oldFile, ByteSink& out)
+  Writer(const Session& session, std::int64_t variables, std::string_view oldFile, ByteSink& out)
       : session_(session), variables_(variables), old_(oldFile), out_(out) {}
 
-  void header();
+  /// Hands out the old file's tag and count as it comes by them.
+  void header(std::string& filetag, std::int64_t& nvar);
   void data();
   void models();
+
+  /// Header and models with nothing from an old file, and all cells as they stand.
+  void wholeHeader(std::string_view title);
+  void wholeModels();
 
  private:
   void endTest() const {
@@ -38,12 +43,13 @@ class Writer {
   template <class Value>
   void number(const Value& value);
   void text(std::string_view line);
+  void token(std::string_view text);
   std::string_view oldToken();
   void classes(std::int64_t v, std::int64_t d);
   void nugget(std::int64_t v, std::int64_t d);
   void structure(std::size_t line, std::int64_t v, std::int64_t d);
 
-  Session& session_;
+  const Session& session_;
   std::int64_t variables_;
   TokenStream old_;
   ByteSink& out_;
@@ -76,16 +82,16 @@ std::string_view tagToWrite(std::string_view tag) {
   return replaced ? std::string_view(kModelTagWritten) : tag;
 }
 
-void Writer::header() {
+void Writer::header(std::string& filetag, std::int64_t& nvar) {
   text(oldToken());
-  session_.filetag = oldToken();
-  text(tagToWrite(session_.filetag));
+  filetag = oldToken();
+  text(tagToWrite(filetag));
   endTest();
   const auto count = old_.number();
   const auto value = count ? numberOf(*count) : std::nullopt;
   if (!value) throw Fault("Type mismatch");
   // The count of the old file, not of the one that is written: on purpose.
-  session_.nvar = toCount(*value);
+  nvar = toCount(*value);
   number(static_cast<double>(variables_));
   for (std::int64_t v = 1; v <= variables_; ++v) {
     endTest();
@@ -148,6 +154,43 @@ void Writer::structure(std::size_t line, std::int64_t v, std::int64_t d) {
   number((session_.*kRangeTable[line])(v, d));
 }
 
+void Writer::wholeHeader(std::string_view title) {
+  token(title);
+  text(kModelTagWritten);
+  number(static_cast<double>(variables_));
+  for (std::int64_t v = 1; v <= variables_; ++v) token(session_.varname(v));
+  number(static_cast<double>(session_.ndir));
+  number(static_cast<double>(session_.nclass));
+  for (std::int64_t d = 1; d <= session_.ndir; ++d) token(session_.dirname(d));
+}
+
+/// A line that the reader takes for one text, this one; only quotes beside a comma come back as
+/// apostrophes.
+void Writer::token(std::string_view text) {
+  const bool plain = !text.empty() && text.find_first_of(",\r\n") == std::string_view::npos &&
+                     std::string_view(" \t\"").find(text.front()) == std::string_view::npos;
+  if (plain) return this->text(text);
+  std::string quoted(text);
+  std::replace(quoted.begin(), quoted.end(), '"', '\'');
+  this->text('"' + quoted + '"');
+}
+
+void Writer::wholeModels() {
+  for (std::int64_t v = 1; v <= variables_; ++v) {
+    for (std::int64_t d = 1; d <= session_.ndir; ++d) {
+      for (std::size_t line = 0; line < kLines; ++line) {
+        if (line < kFlagTable.size())
+          number((session_.*kFlagTable.at(line))(v, d));
+        else
+          number(static_cast<double>(session_.use3(v, d)));
+        if (line > 0) token((session_.*kLetterTable.at(line))(v, d));
+        number((session_.*kSillTable.at(line))(v, d));
+        if (line > 0) number((session_.*kRangeTable.at(line))(v, d));
+      }
+    }
+  }
+}
+
 void Writer::models() {
   for (std::int64_t v = 1; v <= variables_; ++v) {
     for (std::int64_t d = 1; d <= session_.ndir; ++d) {
@@ -163,13 +206,22 @@ bool composeVariogramFile(Session& session, std::int64_t variables, std::string_
                           ByteSink& out) {
   Writer writer(session, variables, oldFile, out);
   try {
-    writer.header();
+    writer.header(session.filetag, session.nvar);
     writer.data();
     writer.models();
   } catch (const EndOfFile&) {
     return false;
   }
   return true;
+}
+
+void composeWhole(const Session& session, std::int64_t variables, std::string_view title,
+                  ByteSink& out) {
+  // Nothing is read from the old file; one byte is what its tests look for.
+  Writer writer(session, variables, ".", out);
+  writer.wholeHeader(title);
+  writer.data();
+  writer.wholeModels();
 }
 
 void ModelSaver::gravando(Session& session, std::int16_t listedVariables, Dialogs& dialogs) {

@@ -18,6 +18,12 @@ namespace zevfit {
 bool composeVariogramFile(Session& session, std::int64_t variables, std::string_view oldFile,
                           ByteSink& out);
 
+/// Writes the session as a variogram file with all fit cells as they stand, so that reading it
+/// brings the same session back: also the lines of a model that are not used, and flags that a save
+/// leaves out. Throws Fault for counts that the tables have no room for.
+void composeWhole(const Session& session, std::int64_t variables, std::string_view title,
+                  ByteSink& out);
+
 /// Saves the models into the loaded file: builds the whole file in the temporary file of the
 /// program's folder and puts it in the place of the old one in one step.
 class ModelSaver {

@@ -10,6 +10,8 @@ namespace zevfit {
 
 /// Exit code of a program that a fault has ended.
 inline constexpr int kFatalExitCode = 70;
+/// With the number of a signal added: exit code of a program that the signal has ended.
+inline constexpr int kSignalExitCode = 128;
 
 /// Runs the body of a slot. What a handler's own policy has not caught ends the program: a message
 /// that names the fault, then an orderly end with kFatalExitCode. Nothing is thrown through Qt.

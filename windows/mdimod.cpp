@@ -4,14 +4,19 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QFile>
 #include <QHBoxLayout>
 #include <QIcon>
+#include <QLabel>
 #include <QMdiArea>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStatusBar>
+#include <algorithm>
 
 #include "files/parameter_file.h"
+#include "files/rescue.h"
 #include "files/saveini.h"
 #include "files/variogram_reader.h"
 #include "plot/direction_events.h"
@@ -58,7 +63,7 @@ QStringList toQStrings(const std::vector<std::string>& texts) {
 
 mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogonality,
                std::filesystem::path folder)
-    : dialogs_(dialogs),
+    : dialogs_(dialogs, [this] { return keepModels(); }),
       printer_(printer),
       orthogonality_(orthogonality),
       folder_(std::move(folder)),
@@ -100,6 +105,7 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
   makeButtons();
   makeShortcuts();
   if (const auto path = loadParameters(folder_, session_.style)) dialogs_.holdFile(*path);
+  tellOfRescue();
 }
 
 mdimod::~mdimod() {
@@ -134,6 +140,29 @@ void mdimod::loadIcons() {
 }
 
 void mdimod::showAbout() { about().showAtStart(); }
+
+void mdimod::tellOfRescue() {
+  const auto note = takeRescueNote(folder_);
+  if (!note) return;
+  auto* label = new QLabel(QFile::decodeName(note->c_str()));
+  label->setObjectName("LabelRescue");
+  label->setTextFormat(Qt::PlainText);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  statusBar()->addWidget(label, 1);
+}
+
+std::optional<std::string> mdimod::keepModels() {
+  // The list falls behind while the data structure window is up, and the count behind a save.
+  const bool isListed = !structure_ || !structure_->isVisible();
+  const std::int64_t listed = isListed ? panel_->listCount(List::Combo2) : 0;
+  const auto kept = writeRescue(session_, std::max(listed, session_.nvar), folder_);
+  return kept ? std::optional(kept->string()) : std::nullopt;
+}
+
+void mdimod::endBySignal(int signal) {
+  keepModels();
+  QCoreApplication::exit(kSignalExitCode + signal);
+}
 
 void mdimod::openScales() {
   if (!scales_) scales_ = std::make_unique<cutgraph>(*fit_, this);
@@ -213,6 +242,7 @@ void mdimod::mnudatprn() {
   }
   if (!good) return dialogs_.warning(kBadFileText);
   about().hide();
+  if (auto* told = findChild<QStatusBar*>()) told->hide();
   structure().showModal();
 }
 

@@ -11,6 +11,7 @@
 #include "session/session.h"
 #include "windows/frmzevfit.h"
 #include "windows/plot_window_table.h"
+#include "windows/rescuing_dialogs.h"
 
 class QAction;
 class QMdiArea;
@@ -44,6 +45,8 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   void loadIcons();
   /// Shows the about window over the main window, as a start does.
   void showAbout();
+  /// Keeps the models and ends the program, without a question, by a signal that asked for it.
+  void endBySignal(int signal);
 
   void plotvariogram() override;
 
@@ -107,8 +110,12 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   printcolection& reports();
   void tile(bool sideBySide);
   bool chooseFile(std::string& path);
+  /// Writes the models into the program's folder, as a program that must end does; the path.
+  std::optional<std::string> keepModels();
+  /// Says, until a file is loaded, that the program before this one had to end.
+  void tellOfRescue();
 
-  Dialogs& dialogs_;
+  RescuingDialogs dialogs_;
   Printer& printer_;
   const Orthogonality& orthogonality_;
   Session session_;

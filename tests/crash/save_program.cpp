@@ -3,6 +3,7 @@
 //     save_program models FOLDER FILE       the models, into the variogram file
 //     save_program parameters FOLDER        the parameters, into the program's folder
 //     save_program kriging FOLDER FILE      a model, into the kriging file
+//     save_program rescue FOLDER FILE       the models, as a program does that must end
 //
 // Prints each box that the user sees on a line, a line feed within it as "|".
 #include <algorithm>
@@ -11,6 +12,7 @@
 #include <string_view>
 
 #include "files/kriging_file.h"
+#include "files/rescue.h"
 #include "files/saveini.h"
 #include "files/variogram_reader.h"
 #include "files/variogram_writer.h"
@@ -25,12 +27,24 @@ void arm() {
   if (zevfit_arm_faults != nullptr) zevfit_arm_faults();
 }
 
-void saveModels(const std::string& folder, const std::string& file, zevfit::Dialogs& dialogs) {
+/// The session of a file, with a nugget.
+zevfit::Session fitted(const std::string& file) {
   zevfit::Session session;
-  if (!zevfit::readVariogramFile(file, session)) return dialogs.plain("not read");
+  if (!zevfit::readVariogramFile(file, session)) return session;
   zevfit::acceptLoad(session, file);
   session.use0(1, 1) = 1;
   session.c0(1, 1) = 0.25;
+  return session;
+}
+
+void rescue(const std::string& folder, const std::string& file, zevfit::Dialogs& dialogs) {
+  const zevfit::Session session = fitted(file);
+  arm();
+  dialogs.plain(zevfit::writeRescue(session, session.nvar, folder) ? "rescued" : "lost");
+}
+
+void saveModels(const std::string& folder, const std::string& file, zevfit::Dialogs& dialogs) {
+  zevfit::Session session = fitted(file);
   zevfit::ModelSaver saver(folder);
   arm();
   saver.gravando(session, static_cast<std::int16_t>(session.nvar), dialogs);
@@ -68,6 +82,8 @@ int main(int count, char** values) {
     saveModels(values[2], values[3], dialogs);
   else if (what == "parameters" && count == 3)
     saveParameters(values[2], dialogs);
+  else if (what == "rescue" && count == 4)
+    rescue(values[2], values[3], dialogs);
   else if (what == "kriging" && count == 4)
     saveKriging(values[3], dialogs);
   else

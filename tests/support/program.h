@@ -17,6 +17,11 @@
 
 namespace zevfit::test {
 
+/// The box of a fault that ends the program: it says where the models of the loaded file are kept.
+inline std::string fatalBox(const std::string& fault, const std::filesystem::path& folder) {
+  return "fatal: " + fault + "\n\nThe models are kept in " + (folder / "rescue.zvm").string();
+}
+
 /// The whole program with its boxes answered by a script.
 class Program {
  public:

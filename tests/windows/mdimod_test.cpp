@@ -253,7 +253,7 @@ TEST_F(MainWindow, AFaultThatNoHandlerCatchesIsNamedAndEndsTheProgram) {
   program_.session().use0(1, 1) = Cell::ofText("yes");
   QTimer::singleShot(0, [&] { program_.control<QAbstractButton>("Command5").click(); });
   EXPECT_EQ(QApplication::exec(), 70);
-  EXPECT_EQ(shown().back(), "fatal: Type mismatch");
+  EXPECT_EQ(shown().back(), fatalBox("Type mismatch", folder_.path().toStdString()));
 }
 
 }  // namespace

@@ -251,7 +251,8 @@ TEST_F(Modfinal, ANameWithoutASeparatorEndsTheProgram) {
     open.pick("Option3d4", 2);
   });
   EXPECT_EQ(QApplication::exec(), 70);
-  EXPECT_EQ(shown(), Texts{"fatal: No azimuth and dip in the direction's name 'Omni'"});
+  EXPECT_EQ(shown(),
+            Texts{fatalBox("No azimuth and dip in the direction's name 'Omni'", folder_.path())});
 }
 
 TEST_F(Modfinal, ItIsHiddenByItsButtonTheKeyAndTheCloseBox) {
@@ -383,7 +384,7 @@ TEST_F(Modfinal, AnAngleBeyondAllNumbersEndsTheProgram) {
     open.click("Command2");
   });
   EXPECT_EQ(QApplication::exec(), 70);
-  EXPECT_EQ(shown(), Texts{"fatal: Overflow"});
+  EXPECT_EQ(shown(), Texts{fatalBox("Overflow", folder_.path())});
 }
 
 }  // namespace

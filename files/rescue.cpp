@@ -1,0 +1,70 @@
+#include "files/rescue.h"
+
+#include <string_view>
+#include <system_error>
+
+#include "files/output_file.h"
+#include "files/tokens.h"
+#include "files/variogram_writer.h"
+#include "session/fault.h"
+#include "session/policy.h"
+
+namespace zevfit {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class Memory : public ByteSink {
+ public:
+  std::string bytes;
+  void write(std::string_view more) override { bytes += more; }
+};
+
+/// The title of the loaded file, which the session does not keep; its name where it can't be read.
+std::string titleOf(const std::string& file) {
+  try {
+    const std::string bytes = readWhole(file);
+    TokenStream in(bytes);
+    if (const auto title = in.text()) return std::string(*title);
+  } catch (const Fault&) {
+    return fs::path(file).filename().string();
+  }
+  return fs::path(file).filename().string();
+}
+
+void writeInPlace(const fs::path& target, std::string_view bytes) {
+  writeWhole(target, bytes, freeSibling(target));
+}
+
+}  // namespace
+
+std::optional<fs::path> writeRescue(const Session& session, std::int64_t variables,
+                                    const fs::path& folder) {
+  if (session.inputfile.empty()) return std::nullopt;
+  fs::path rescue = folder / kRescueName;
+  try {
+    Memory file;
+    composeWhole(session, variables, titleOf(session.inputfile), file);
+    writeInPlace(rescue, file.bytes);
+  } catch (const std::exception&) {
+    return std::nullopt;
+  }
+  endSilently([&] { writeInPlace(folder / kRescueNoteName, session.inputfile); });
+  return rescue;
+}
+
+std::optional<std::string> takeRescueNote(const fs::path& folder) {
+  std::optional<std::string> note;
+  const fs::path told = folder / kRescueNoteName;
+  endSilently([&] {
+    const std::string file = readWhole(told);
+    note = "The program had to end early. The models of " + file + " are kept in " +
+           (folder / kRescueName).string();
+  });
+  std::error_code missing;
+  fs::remove(told, missing);
+  return note;
+}
+
+}  // namespace zevfit

@@ -1,0 +1,160 @@
+// What a program that must end leaves behind, and what the next one says of it.
+#include "files/rescue.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "files/variogram_reader.h"
+#include "tests/support/same_tables.h"
+#include "tests/support/scratch_folder.h"
+#include "tests/support/variogram_text.h"
+
+namespace zevfit {
+namespace {
+
+namespace fs = std::filesystem;
+using test::contentOf;
+using test::lines;
+using test::modelText;
+using test::putFile;
+using test::sampleFile;
+using test::ScratchFolder;
+
+/// A program folder, and a loaded file beside it.
+struct Desk {
+  explicit Desk(const std::string& content = sampleFile("zevra")) {
+    fs::create_directory(folder / "program");
+    putFile(file, content);
+    EXPECT_TRUE(readVariogramFile(file, session));
+    acceptLoad(session, file);
+  }
+  std::optional<fs::path> rescue(std::int64_t variables = 2) {
+    return writeRescue(session, variables, program);
+  }
+
+  ScratchFolder folder;
+  fs::path program = folder / "program";
+  fs::path kept = folder / "program/rescue.zvm";
+  fs::path file = folder / "meuse.zvm";
+  Session session;
+};
+
+TEST(Rescue, IsAWholeVariogramFile) {
+  Desk desk;
+  desk.session.use0(1, 2) = 1;
+  desk.session.c0(1, 2) = 0.25;
+  EXPECT_EQ(desk.rescue(), desk.kept);
+  const std::string unused =
+      lines({" 0 ", " 0 ", " 0 ", "-", " 0 ", " 1E-05 ", " 0 ", "-", " 0 ", " 1E-05 ",  //
+             " 0 ", "-", " 0 ", " 1E-05 "});
+  const std::string nugget =
+      lines({" 1 ", " 0.25 ", " 0 ", "-", " 0 ", " 1E-05 ", " 0 ", "-", " 0 ", " 1E-05 ",  //
+             " 0 ", "-", " 0 ", " 1E-05 "});
+  const std::string bytes = contentOf(desk.kept);
+  EXPECT_TRUE(bytes.starts_with("Flood plain\r\nzevRA1\r\n 2 \r\nzinc\r\nlead\r\n 2 \r\n 2 \r\n"));
+  EXPECT_TRUE(bytes.ends_with(unused + nugget + unused + unused)) << bytes;
+  EXPECT_EQ(contentOf(desk.file), sampleFile("zevra"));
+}
+
+TEST(Rescue, BringsBackTheSessionWithWhatASaveDrops) {
+  Desk desk;
+  Session& s = desk.session;
+  s.use1(2, 1) = 0;  // switched off
+  s.model1(2, 1) = "S";
+  s.c1(2, 1) = 3.5;
+  s.a1(2, 1) = 900;
+  s.use2(2, 1) = 2;  // of no use to a save
+  s.use0(1, 1) = Cell::ofText("yes");
+  ASSERT_TRUE(desk.rescue());
+  Session again;
+  ASSERT_TRUE(readVariogramFile(desk.kept, again));
+  EXPECT_EQ(again.hasmodel, 1);
+  EXPECT_EQ(modelText(again, 2, 1), "0 0 0 S 3.5 900 2 - 0 1E-05 0 - 0 1E-05");
+  EXPECT_EQ(modelText(again, 1, 1), "yes 0 0 - 0 1E-05 0 - 0 1E-05 0 - 0 1E-05");
+  again.filetag = s.filetag;
+  EXPECT_EQ(test::dataText(again), test::dataText(s));
+  EXPECT_EQ(test::modelTexts(again), test::modelTexts(s));
+}
+
+TEST(Rescue, HoldsVariablesBeyondThoseOfTheFile) {
+  Desk desk;
+  desk.session.varname(3) = "sum";
+  ASSERT_TRUE(desk.rescue(3));
+  Session again;
+  ASSERT_TRUE(readVariogramFile(desk.kept, again));
+  EXPECT_EQ(again.nvar, 3);
+  EXPECT_EQ(again.varname(3), "sum");
+}
+
+TEST(Rescue, NamesComeBackWhateverStandsInThem) {
+  const std::pair<const char*, const char*> rows[] = {{"zinc", "zinc"},
+                                                      {"zinc, ln", "zinc, ln"},
+                                                      {"", ""},
+                                                      {" zinc", " zinc"},
+                                                      {"\tzinc", "\tzinc"},
+                                                      {"\"zinc", "'zinc"},
+                                                      {"zi\"nc", "zi\"nc"},
+                                                      {"zi\"n,c", "zi'n,c"},
+                                                      {"two\r\nlines", "two\r\nlines"},
+                                                      {"end blank ", "end blank "}};
+  for (const auto& [name, back] : rows) {
+    Desk desk;
+    desk.session.varname(1) = name;
+    desk.session.dirname(2) = name;
+    desk.session.model3(2, 2) = name;
+    ASSERT_TRUE(desk.rescue());
+    Session again;
+    ASSERT_TRUE(readVariogramFile(desk.kept, again)) << name;
+    EXPECT_EQ(again.varname(1), back);
+    EXPECT_EQ(again.varname(2), "lead") << name;
+    EXPECT_EQ(again.dirname(2), back);
+    EXPECT_EQ(again.a3(2, 2).number(), 1e-05) << name;
+  }
+}
+
+TEST(Rescue, TakesTheNameOfAFileThatIsGoneForItsTitle) {
+  for (const bool empty : {false, true}) {
+    Desk desk;
+    fs::remove(desk.file);
+    if (empty) putFile(desk.file, "");
+    ASSERT_TRUE(desk.rescue());
+    EXPECT_TRUE(contentOf(desk.kept).starts_with("meuse.zvm\r\nzevRA1\r\n"));
+  }
+}
+
+TEST(Rescue, NothingIsWrittenWithoutAFile) {
+  Desk desk;
+  desk.session.inputfile.clear();
+  EXPECT_EQ(desk.rescue(), std::nullopt);
+  EXPECT_TRUE(fs::is_empty(desk.program));
+}
+
+TEST(Rescue, OfCountsBeyondTheTablesLeavesTheRescueBefore) {
+  Desk desk;
+  ASSERT_TRUE(desk.rescue());
+  const std::string before = contentOf(desk.kept);
+  EXPECT_EQ(desk.rescue(42), std::nullopt);
+  EXPECT_EQ(contentOf(desk.kept), before);
+}
+
+TEST(Rescue, CannotBeWrittenWithoutAFolder) {
+  Desk desk;
+  fs::remove(desk.program);
+  EXPECT_EQ(desk.rescue(), std::nullopt);
+}
+
+TEST(Rescue, IsToldOnce) {
+  Desk desk;
+  EXPECT_EQ(takeRescueNote(desk.program), std::nullopt);
+  ASSERT_TRUE(desk.rescue());
+  EXPECT_EQ(takeRescueNote(desk.program), "The program had to end early. The models of " +
+                                              desk.file.string() + " are kept in " +
+                                              desk.kept.string());
+  EXPECT_EQ(takeRescueNote(desk.program), std::nullopt);
+  EXPECT_TRUE(fs::exists(desk.kept));
+}
+
+}  // namespace
+}  // namespace zevfit
