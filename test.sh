@@ -7,6 +7,7 @@
 #   lint      format, clang-tidy, shell scripts
 #   fuzz      each fuzz target for a short while
 #   linttests clang-tidy over the tests; not part of a run without names, for its time
+#   users     random users, 200,000 events; not part of a run without names
 #   bench     the benchmarks with their yardsticks; not part of a run without names
 #   pictures  takes the pictures of the documentation from the program; the same
 #   coverage  lines and branches that the tests reach, by folder; the same
@@ -111,12 +112,23 @@ stage_windows() {
   check "windows: release build" build release zevfit
 }
 
-stage_asan() {
-  prepare "asan: build" build asan zevfit_core_tests zevfit_window_tests || return
+sanitizers() {
   export ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1:exitcode=99
   export UBSAN_OPTIONS=print_stacktrace=1:exitcode=99
+}
+
+stage_asan() {
+  prepare "asan: build" build asan zevfit_core_tests zevfit_window_tests zevfit_user_tests || return
+  sanitizers
   tests "asan: core tests" build/asan/tests/zevfit_core_tests
   tests "asan: window tests" env QT_QPA_PLATFORM=offscreen build/asan/tests/zevfit_window_tests
+  tests "asan: random users" env ZEVFIT_USERS="8 600" build/asan/tests/zevfit_user_tests
+}
+
+stage_users() {
+  prepare "users: build" build asan zevfit_user_tests || return
+  sanitizers
+  tests "users: random users" env ZEVFIT_USERS="50 4000" build/asan/tests/zevfit_user_tests
 }
 
 format() {

@@ -24,6 +24,8 @@ constexpr std::size_t kBufferSize = std::size_t{1} << 20;
 constexpr mode_t kNewFileMode = 0666;
 constexpr const char* kSiblingSuffix = ".zevfit-new";
 constexpr int kMostSiblings = 1000;
+/// Bytes of a file's name, without room for the suffix and its number.
+constexpr std::size_t kLongestStem = 255 - 16;
 
 [[noreturn]] void fail(const std::string& what, const fs::path& path) {
   throw Fault(what + " " + path.string() + ": " + std::generic_category().message(errno));
@@ -173,9 +175,9 @@ void OutputFile::close() {
 }
 
 fs::path freeSibling(const fs::path& target) {
+  const std::string stem = target.filename().string().substr(0, kLongestStem);
   for (int i = 1; i <= kMostSiblings; ++i) {
-    fs::path sibling = target;
-    sibling += kSiblingSuffix + std::to_string(i);
+    fs::path sibling = target.parent_path() / (stem + kSiblingSuffix + std::to_string(i));
     struct stat taken {};
     if (::lstat(sibling.c_str(), &taken) != 0 && errno == ENOENT) return sibling;
   }

@@ -33,6 +33,13 @@ std::string titleOf(const std::string& file) {
   return fs::path(file).filename().string();
 }
 
+void keepBefore(const fs::path& folder) {
+  std::error_code none;
+  if (!fs::exists(folder / kRescueName, none)) return;
+  fs::remove(folder / kRescueBeforeName, none);
+  fs::create_hard_link(folder / kRescueName, folder / kRescueBeforeName, none);
+}
+
 void writeInPlace(const fs::path& target, std::string_view bytes) {
   writeWhole(target, bytes, freeSibling(target));
 }
@@ -46,6 +53,7 @@ std::optional<fs::path> writeRescue(const Session& session, std::int64_t variabl
   try {
     Memory file;
     composeWhole(session, variables, titleOf(session.inputfile), file);
+    keepBefore(folder);
     writeInPlace(rescue, file.bytes);
   } catch (const std::exception&) {
     return std::nullopt;

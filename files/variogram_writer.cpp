@@ -25,13 +25,20 @@ struct EndOfFile {};
 class Writer {
  public:
   Writer(const Session& session, std::int64_t variables, std::string_view oldFile, ByteSink& out)
-      : session_(session), variables_(variables), old_(oldFile), out_(out) {}
+      : session_(session),
+        variables_(variables),
+        directions_(session.ndir),
+        classes_(session.nclass),
+        old_(oldFile),
+        out_(out) {}
 
   /// Hands out the old file's tag and count as it comes by them.
   void header(std::string& filetag, std::int64_t& nvar);
   void data();
   void models();
 
+  /// Cuts the counts to what the tables hold.
+  void fitCounts();
   /// Header and models with nothing from an old file, and all cells as they stand.
   void wholeHeader(std::string_view title);
   void wholeModels();
@@ -50,7 +57,8 @@ class Writer {
   void structure(std::size_t line, std::int64_t v, std::int64_t d);
 
   const Session& session_;
-  std::int64_t variables_;
+  std::int64_t variables_, directions_, classes_;
+  std::int64_t trusted_ = kClassesOnTrust;
   TokenStream old_;
   ByteSink& out_;
   std::string line_;
@@ -98,10 +106,10 @@ void Writer::header(std::string& filetag, std::int64_t& nvar) {
     text(session_.varname(v));
   }
   endTest();
-  number(static_cast<double>(session_.ndir));
+  number(static_cast<double>(directions_));
   endTest();
-  number(static_cast<double>(session_.nclass));
-  for (std::int64_t d = 1; d <= session_.ndir; ++d) {
+  number(static_cast<double>(classes_));
+  for (std::int64_t d = 1; d <= directions_; ++d) {
     endTest();
     text(session_.dirname(d));
   }
@@ -111,16 +119,16 @@ void Writer::data() {
   for (std::int64_t v = 1; v <= variables_; ++v) {
     endTest();
     number(session_.variance(v));
-    for (std::int64_t d = 1; d <= session_.ndir; ++d) classes(v, d);
+    for (std::int64_t d = 1; d <= directions_; ++d) classes(v, d);
   }
 }
 
 void Writer::classes(std::int64_t v, std::int64_t d) {
   const auto held = static_cast<std::int64_t>(session_.gam.written(v, d).size());
-  if (session_.nclass > std::max(held, kClassesOnTrust)) throw Fault("Out of memory");
+  if (classes_ > std::max(held, trusted_)) throw Fault("Out of memory");
   // The three tests before each line repeat one answer, as no more is read from the old file.
-  if (session_.nclass > 0) endTest();
-  for (std::int64_t lag = 1; lag <= session_.nclass; ++lag) {
+  if (classes_ > 0) endTest();
+  for (std::int64_t lag = 1; lag <= classes_; ++lag) {
     line_.clear();
     appendFileNumber(line_, session_.hlag(v, d, lag));
     nextPrintZone(line_, 0);
@@ -154,14 +162,25 @@ void Writer::structure(std::size_t line, std::int64_t v, std::int64_t d) {
   number((session_.*kRangeTable[line])(v, d));
 }
 
+void Writer::fitCounts() {
+  variables_ = std::clamp<std::int64_t>(variables_, 0, kVariableSlots - 1);
+  directions_ = std::clamp<std::int64_t>(directions_, 0, kDirectionSlots - 1);
+  std::size_t most = 1;  // slot 0 holds no class
+  for (std::int64_t v = 1; v <= variables_; ++v)
+    for (std::int64_t d = 1; d <= directions_; ++d)
+      most = std::max(most, session_.gam.written(v, d).size());
+  classes_ = std::min(classes_, static_cast<std::int64_t>(most) - 1);
+  trusted_ = classes_;
+}
+
 void Writer::wholeHeader(std::string_view title) {
   token(title);
   text(kModelTagWritten);
   number(static_cast<double>(variables_));
   for (std::int64_t v = 1; v <= variables_; ++v) token(session_.varname(v));
-  number(static_cast<double>(session_.ndir));
-  number(static_cast<double>(session_.nclass));
-  for (std::int64_t d = 1; d <= session_.ndir; ++d) token(session_.dirname(d));
+  number(static_cast<double>(directions_));
+  number(static_cast<double>(classes_));
+  for (std::int64_t d = 1; d <= directions_; ++d) token(session_.dirname(d));
 }
 
 /// A line that the reader takes for one text, this one; only quotes beside a comma come back as
@@ -177,7 +196,7 @@ void Writer::token(std::string_view text) {
 
 void Writer::wholeModels() {
   for (std::int64_t v = 1; v <= variables_; ++v) {
-    for (std::int64_t d = 1; d <= session_.ndir; ++d) {
+    for (std::int64_t d = 1; d <= directions_; ++d) {
       for (std::size_t line = 0; line < kLines; ++line) {
         if (line < kFlagTable.size())
           number((session_.*kFlagTable.at(line))(v, d));
@@ -193,7 +212,7 @@ void Writer::wholeModels() {
 
 void Writer::models() {
   for (std::int64_t v = 1; v <= variables_; ++v) {
-    for (std::int64_t d = 1; d <= session_.ndir; ++d) {
+    for (std::int64_t d = 1; d <= directions_; ++d) {
       nugget(v, d);
       for (std::size_t line = 1; line < kLines; ++line) structure(line, v, d);
     }
@@ -219,6 +238,7 @@ void composeWhole(const Session& session, std::int64_t variables, std::string_vi
                   ByteSink& out) {
   // Nothing is read from the old file; one byte is what its tests look for.
   Writer writer(session, variables, ".", out);
+  writer.fitCounts();
   writer.wholeHeader(title);
   writer.data();
   writer.wholeModels();

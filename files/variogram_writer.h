@@ -20,7 +20,8 @@ bool composeVariogramFile(Session& session, std::int64_t variables, std::string_
 
 /// Writes the session as a variogram file with all fit cells as they stand, so that reading it
 /// brings the same session back: also the lines of a model that are not used, and flags that a save
-/// leaves out. Throws Fault for counts that the tables have no room for.
+/// leaves out. Counts that the tables have no room for, as a bad file leaves them behind, are cut
+/// to what there is.
 void composeWhole(const Session& session, std::int64_t variables, std::string_view title,
                   ByteSink& out);
 

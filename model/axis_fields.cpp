@@ -20,7 +20,7 @@ constexpr std::array<const char*, kAxes.size()> kAxisNames{"Main", "minor1", "mi
 double fieldNumber(std::string_view text) {
   try {
     return leadingNumber(text);
-  } catch (const Fault&) {
+  } catch (const std::exception&) {
     const bool negative = text.find('-') == text.find_first_not_of(" \t");
     return std::copysign(std::numeric_limits<double>::infinity(), negative ? -1 : 1);
   }
@@ -50,7 +50,7 @@ bool isAxis(const AxisFields& fields, Axis axis, std::string_view name) {
     const DirectionAngles angles = directionAngles(name);
     return fieldNumber(azimuth) == fieldNumber(angles.azimuth) &&
            fieldNumber(fields.text(axis, 1)) == fieldNumber(angles.dip);
-  } catch (const Fault&) {
+  } catch (const std::exception&) {
     return false;
   }
 }

@@ -42,7 +42,7 @@ void activatePlotWindow(Fit& fit, PlotWindow& window) {
   freeHandles(session, window);
   try {
     if (!isUpToDate(window)) bringUpToDate(fit);
-  } catch (const Fault&) {
+  } catch (const std::exception&) {
     // Ends silently with what is done.
   }
 }

@@ -43,7 +43,7 @@ void bringOutHandles(Fit& fit, DirectionWindow& window) {
 void Picture4_MouseUp(Fit& fit, DirectionWindow& window) {
   try {
     bringOutHandles(fit, window);
-  } catch (const Fault&) {
+  } catch (const std::exception&) {
     fit.session.dragsel.fill(0);
     hideHandles(window);
   }

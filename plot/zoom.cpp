@@ -46,7 +46,7 @@ void runZoom(Fit& fit, DirectionWindows& windows, double screenWidth, const Zoom
   if (fit.session.curvar < 1 || fit.session.curdir < 1) return;
   try {
     if (zoomCurrent(fit, windows, screenWidth, zoom)) return;
-  } catch (const Fault&) {
+  } catch (const std::exception&) {
     // Told below.
   }
   fit.dialogs.plain(zoom.refusal);

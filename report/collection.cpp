@@ -139,7 +139,7 @@ void Picture1_MouseDown(Collection& reports, double x, double y) {
 void Picture1_MouseMove(Collection& reports, double x, double y) {
   try {
     showCell(reports, cellAt(selectedGrid(reports), x, y, -1));
-  } catch (const Fault&) {
+  } catch (const std::exception&) {
     reports.window.showLegend("", "");
   }
 }
@@ -147,7 +147,7 @@ void Picture1_MouseMove(Collection& reports, double x, double y) {
 void showCollection(Collection& reports) {
   try {
     reports.window.showNormally();
-  } catch (const Fault&) {
+  } catch (const std::exception&) {
     reports.printer.killDoc();
     reports.fit.dialogs.plain("Cannot print!");
   }

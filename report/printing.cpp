@@ -44,7 +44,7 @@ void printReport(Collection& reports) {
 void printar_Click(Collection& reports) {
   try {
     printReport(reports);
-  } catch (const Fault&) {
+  } catch (const std::exception&) {
     // What stands on the sheet is not withdrawn.
     endSilently([&] { reports.printer.endDoc(); });
     reports.fit.dialogs.plain("cannot print!");

@@ -266,7 +266,7 @@ void frmzevfit::Command2_Click() {
     host_.enableFitControls();
     hide();
     host_.startFit();
-  } catch (const Fault&) {
+  } catch (const std::exception&) {
     while (QGuiApplication::overrideCursor()) QGuiApplication::restoreOverrideCursor();
     dialogs_.warning(kBadFileText);
   }

@@ -51,6 +51,10 @@ void printcolection::connectControls() {
     guarded(reports_.fit.dialogs, [&] { handler(reports_); });
   };
   connect(TabStrip1, &QTabBar::currentChanged, this, [run] { run(TabStrip1_Click); });
+  // The tab on show, clicked again.
+  connect(TabStrip1, &QTabBar::tabBarClicked, this, [this, run](int tab) {
+    if (tab == TabStrip1->currentIndex()) run(TabStrip1_Click);
+  });
   connect(HScroll1, &QSlider::valueChanged, this, [run] { run(HScroll1_Change); });
   connect(HScroll1, &QSlider::sliderMoved, this, [run] { run(HScroll1_Scroll); });
   connect(Command1, &QPushButton::clicked, this, [run] { run(Command1_Click); });

@@ -253,5 +253,18 @@ TEST(ReplaceFile, AcrossVolumesSparesTheFilesBesideTheTarget) {
   EXPECT_FALSE(fs::exists(from));
 }
 
+TEST(WriteWhole, TakesTheLongestNameThatAFileMayHave) {
+  const ScratchFolder folder;
+  for (const std::size_t length : {1U, 238U, 239U, 240U, 255U}) {
+    const fs::path target = folder / std::string(length, 'n');
+    for (const char* bytes : {"first", "second"}) {
+      writeWhole(target, bytes, freeSibling(target));
+      EXPECT_EQ(contentOf(target), bytes) << length;
+    }
+    fs::remove(target);
+    EXPECT_TRUE(fs::is_empty(folder.path()));
+  }
+}
+
 }  // namespace
 }  // namespace zevfit

@@ -131,12 +131,44 @@ TEST(Rescue, NothingIsWrittenWithoutAFile) {
   EXPECT_TRUE(fs::is_empty(desk.program));
 }
 
-TEST(Rescue, OfCountsBeyondTheTablesLeavesTheRescueBefore) {
+TEST(Rescue, CutsCountsThatABadFileHasLeftToTheTables) {
+  struct Row {
+    std::int64_t variables, directions, classes;
+    std::int64_t kept[3];
+  };
+  const Row rows[] = {
+      {1990, 2, 2, {41, 2, 2}}, {2, 1990, 2, {2, 21, 2}}, {2, 2, 4'000'000'000, {2, 2, 2}},
+      {-1, 2, 2, {0, 2, 0}},    {2, -1, 2, {2, 0, 0}},    {2, 2, -1, {2, 2, -1}},
+      {2, 2, 1000, {2, 2, 2}},  {2, 2, 1001, {2, 2, 2}},  {41, 21, 2, {41, 21, 2}}};
+  for (const Row& row : rows) {
+    Desk desk;
+    desk.session.c0(1, 1) = 0.5;
+    desk.session.ndir = row.directions;
+    desk.session.nclass = row.classes;
+    ASSERT_TRUE(desk.rescue(row.variables)) << row.variables;
+    Session again;
+    ASSERT_TRUE(readVariogramFile(desk.kept, again));
+    EXPECT_EQ(again.nvar, row.kept[0]);
+    EXPECT_EQ(again.ndir, row.kept[1]);
+    EXPECT_EQ(again.nclass, row.kept[2]);
+    const bool any = row.kept[0] > 0 && row.kept[1] > 0;
+    EXPECT_EQ(again.c0(1, 1).number(), any ? 0.5 : 0);
+  }
+}
+
+TEST(Rescue, KeepsTheOneBefore) {
   Desk desk;
-  ASSERT_TRUE(desk.rescue());
-  const std::string before = contentOf(desk.kept);
-  EXPECT_EQ(desk.rescue(42), std::nullopt);
-  EXPECT_EQ(contentOf(desk.kept), before);
+  const fs::path before = desk.program / "rescue-before.zvm";
+  for (const double sill : {1, 2, 3}) {
+    desk.session.c0(1, 1) = sill;
+    ASSERT_TRUE(desk.rescue());
+    Session last, older;
+    ASSERT_TRUE(readVariogramFile(desk.kept, last));
+    EXPECT_EQ(last.c0(1, 1).number(), sill);
+    EXPECT_EQ(readVariogramFile(before, older), sill > 1);
+    if (sill == 1) continue;
+    EXPECT_EQ(older.c0(1, 1).number(), sill - 1);
+  }
 }
 
 TEST(Rescue, CannotBeWrittenWithoutAFolder) {

@@ -296,19 +296,21 @@ TEST(Save, SparesTheTargetOfALinkUnderTheTemporaryName) {
   EXPECT_FALSE(fs::is_symlink(desk.file));
 }
 
-// The file lies on another volume, and its name leaves no room for that of a copy beside it.
+// The file lies on another volume, where all names for a copy beside it are taken.
 TEST(Save, ThatCannotReplaceTheFileKeepsTheModelsInTheTemporaryFile) {
   Desk desk;
   const fs::path volume = "/dev/shm";
   if (!fs::is_directory(volume)) return;
-  std::string name = desk.folder.path().filename().string();
-  name.resize(255, 'x');
-  const fs::path file = volume / name;
+  const fs::path folder = volume / desk.folder.path().filename();
+  fs::create_directory(folder);
+  const fs::path file = folder / "meuse.zvm";
   putFile(file, sampleFile("zevra"));
+  for (int i = 1; i <= 1000; ++i)
+    putFile(folder / ("meuse.zvm.zevfit-new" + std::to_string(i)), "taken");
   desk.session.inputfile = file.string();
   const Boxes boxes = desk.save();
   const bool whole = contentOf(file) == sampleFile("zevra");
-  fs::remove(file);
+  fs::remove_all(folder);
   EXPECT_TRUE(whole);
   EXPECT_EQ(boxes, (Boxes{"confirm: Save  current models to file: " + file.string(),
                           "plain: Cannot save  models to file:\n-" + file.string()}));

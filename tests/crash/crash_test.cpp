@@ -116,7 +116,7 @@ class Desk {
     std::vector<std::string> names;
     for (const auto& entry : fs::directory_iterator(target().parent_path()))
       if (entry.path() != target() && entry.path().filename() != "rescue.txt" &&
-          entry.path().filename() != "meuse.zvm")
+          entry.path().filename() != "rescue-before.zvm" && entry.path().filename() != "meuse.zvm")
         names.push_back(entry.path().filename().string());
     return names;
   }

@@ -154,6 +154,26 @@ TEST_F(PrintCollection, ATabShowsItsPage) {
   EXPECT_EQ(page(2).mapTo(reports_, QPoint()).x(), 13);
 }
 
+TEST_F(PrintCollection, AClickOnTheTabOnShowTakesItUpAnew) {
+  auto& tabs = control<QTabBar>("TabStrip1");
+  auto& slider = control<QSlider>("HScroll1");
+  for (const int tab : {0, 1}) {
+    tabs.setCurrentIndex(tab);
+    control<QCheckBox>("Check1").setChecked(true);
+    slider.setValue(2);
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(tab).center());
+    EXPECT_FALSE(control<QCheckBox>("Check1").isChecked());
+    EXPECT_EQ(slider.value(), 1);
+    EXPECT_EQ(text("Label5"), "1");
+  }
+}
+
+TEST_F(PrintCollection, TheSliderGoesFromOneToThree) {
+  const auto& slider = control<QSlider>("HScroll1");
+  EXPECT_EQ(slider.minimum(), 1);
+  EXPECT_EQ(slider.maximum(), 3);
+}
+
 TEST_F(PrintCollection, AThumbnailIsPlacedByEachButton) {
   const int before = dots(kBlack, page(0).rect());
   EXPECT_EQ(before, 0);

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "session/session.h"
+
+namespace zevfit::test {
+
+/// What must hold of the session whatever a user does, from event to event.
+class Invariants {
+ public:
+  /// The first that does not hold; empty when all do. `loaded`: a file was read since the call
+  /// before.
+  std::string broken(const Session& session, bool loaded);
+
+ private:
+  /// The sills of the current pair as a text, and the pair.
+  struct Sills {
+    std::int64_t variable = 0, direction = 0;
+    std::string texts;
+    bool operator==(const Sills&) const = default;
+  };
+  static Sills sillsOf(const Session& session);
+  std::string brokenTotal(const Session& session, bool loaded);
+
+  bool chosen_ = false;  ///< a line has been selected
+  Sills before_;
+};
+
+}  // namespace zevfit::test
