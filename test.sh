@@ -6,6 +6,9 @@
 #   asan      all tests under the address and undefined behaviour sanitizers
 #   lint      format, clang-tidy, shell scripts
 #   fuzz      each fuzz target for a short while
+#   longfuzz  each fuzz target for a number of executions, 20 million in all; not part of a run without
+#             names, for its time
+#   fuzzcoverage  lines of files/ and session/ that the corpora reach; the same
 #   linttests clang-tidy over the tests; not part of a run without names, for its time
 #   users     random users, 200,000 events; not part of a run without names
 #   bench     the benchmarks with their yardsticks; not part of a run without names
@@ -17,7 +20,8 @@ cd -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")" || exit 1
 
 readonly logs=build/logs
 readonly test_seconds=900 # of one test program; more is a hang
-readonly fuzz_seconds=20  # of one fuzz target
+readonly fuzz_seconds=10  # of one fuzz target
+readonly fuzz_share=95    # of the lines that the corpora reach, in per cent
 jobs=$(nproc)
 mkdir -p "$logs"
 passed=0
@@ -88,7 +92,7 @@ build() {
 packages() {
   .ci/install g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-liberation binutils \
     libgtest-dev libbenchmark-dev libqcustomplot-dev clang clang-format clang-tidy \
-    libclang-rt-14-dev shellcheck gcovr xvfb xauth poppler-utils xclip
+    libclang-rt-14-dev llvm-14 shellcheck gcovr xvfb xauth poppler-utils xclip
 }
 
 without_qt() {
@@ -161,26 +165,85 @@ stage_linttests() {
     check "lint: clang-tidy of tests" tidy debug tests
 }
 
-# fuzz_target PROGRAM: on a copy of its corpus, so that the tree stays as it is.
+# fuzz_programs PRESET
+fuzz_programs() {
+  find "build/$1/fuzz" -maxdepth 1 -type f -executable | sort
+}
+
+# fuzz_target PROGRAM LIMIT...: on a copy of its corpus, so that the tree stays as it is, and with
+# scratch files in memory where there is such a place.
 fuzz_target() {
-  local name dictionary corpus
+  local name scratch memory=/dev/shm
   name=$(basename "$1")
-  dictionary=fuzz/$name.dict
-  corpus=$(mktemp -d) || return
-  cp -r "fuzz/corpus/$name/." "$corpus" &&
-    "$1" -max_total_time="$fuzz_seconds" -timeout=10 -rss_limit_mb=2048 -dict="$dictionary" \
-      -artifact_prefix="$PWD/$logs/$name-" "$corpus"
+  [ -d "$memory" ] || memory=${TMPDIR:-/tmp}
+  scratch=$(mktemp -d -p "$memory") || return
+  mkdir "$scratch/files" && cp -r "fuzz/corpus/$name" "$scratch/corpus" &&
+    TMPDIR=$scratch/files "$1" "${@:2}" -timeout=10 -rss_limit_mb=2048 -dict="fuzz/$name.dict" \
+      -artifact_prefix="$PWD/$logs/$name-" "$scratch/corpus"
   local code=$?
-  rm -rf -- "$corpus"
+  rm -rf -- "$scratch"
   return "$code"
+}
+
+# fuzz_check PROGRAM LIMIT...: one check, and behind it how many inputs the target was given.
+fuzz_check() {
+  check "fuzz: $(basename "$1")" fuzz_target "$@"
+  sed -n 's/^Done \([0-9]*\) runs.*/    \1 executions/p' "$log"
 }
 
 stage_fuzz() {
   prepare "fuzz: build" build fuzz all || return
-  for program in build/fuzz/fuzz/*; do
-    if [ ! -f "$program" ] || [ ! -x "$program" ]; then continue; fi
-    check "fuzz: $(basename "$program")" fuzz_target "$program"
+  local program
+  for program in $(fuzz_programs fuzz); do
+    fuzz_check "$program" -max_total_time="$fuzz_seconds"
   done
+}
+
+# Executions of each target in thousands: more of those that are quick.
+declare -rA long_runs=(
+  [number]=7000 [pattern]=5500 [parameters]=5600 [caption]=500 [direction]=500 [reader]=500
+  [structure]=300 [save]=150
+)
+
+stage_longfuzz() {
+  prepare "longfuzz: build" build fuzz all || return
+  local program name
+  for program in $(fuzz_programs fuzz); do
+    name=$(basename "$program")
+    fuzz_check "$program" -runs="${long_runs[$name]:-500}000"
+  done
+}
+
+# What the corpora reach: lines, lines left out and share, for each file of two folders and together.
+fuzz_lines() {
+  local counts=build/fuzzcoverage/counts program
+  local -a objects=()
+  mkdir -p "$counts" || return
+  rm -f "$counts"/*
+  for program in $(fuzz_programs fuzzcoverage); do
+    LLVM_PROFILE_FILE=$counts/$(basename "$program").profraw fuzz_target "$program" -runs=0 ||
+      return
+    objects+=(-object "$program")
+  done
+  llvm-profdata-14 merge -o "$counts/all" "$counts"/*.profraw || return
+  llvm-cov-14 report "${objects[@]:1}" -instr-profile="$counts/all" >"$counts/report" || return
+  awk -v least="$fuzz_share" '
+    $1 ~ /^(files|session)\// {
+      printf "%-32s %5d lines %5d left out %6.1f %%\n", $1, $8, $9, $8 ? 100 * ($8 - $9) / $8 : 100
+      lines += $8
+      missed += $9
+    }
+    END {
+      share = lines ? 100 * (lines - missed) / lines : 0
+      printf "%-32s %5d lines %5d left out %6.1f %%\n", "all", lines, missed, share
+      exit share < least
+    }' "$counts/report" >"$counts/table"
+}
+
+stage_fuzzcoverage() {
+  prepare "fuzzcoverage: build" build fuzzcoverage all || return
+  check "fuzzcoverage: $fuzz_share % of the lines" fuzz_lines
+  cat build/fuzzcoverage/counts/table
 }
 
 stage_bench() {
