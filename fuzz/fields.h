@@ -47,7 +47,7 @@ class Fields {
 
   /// All lines that are left.
   std::string rest() {
-    const std::string all(left_);
+    std::string all(left_);
     left_ = {};
     return all;
   }
