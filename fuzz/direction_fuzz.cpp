@@ -175,7 +175,8 @@ void checkAngle(TokenStream& in, const std::string& text) {
 }
 
 void checkRatio(std::string_view token, double main, double minor) {
-  const auto ratio = wholeNumber(token);
+  // The pattern shows 0 as the point alone.
+  const auto ratio = token == "." ? 0 : wholeNumber(token);
   require(ratio.has_value(), "a ratio is a number");
   const double exact = main / minor;
   if (main == 0 || minor == 0 || !std::isfinite(exact)) return;

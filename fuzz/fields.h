@@ -38,11 +38,11 @@ class Fields {
     }
   }
 
-  /// A line as one of `count` numbers from 0, told by its first character.
+  /// A line as one of `count` numbers from 0: its first character, counted from the digit 0.
   int pick(int count) {
     const std::string line = next();
-    const int letter = line.empty() ? 0 : static_cast<unsigned char>(line.front()) - '0' + 256;
-    return letter % count;
+    const int digit = line.empty() ? 0 : static_cast<unsigned char>(line.front()) - '0';
+    return (digit % count + count) % count;
   }
 
   /// All lines that are left.

@@ -2,6 +2,7 @@
 // tables.
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,8 @@ namespace {
 // Above these the last digit written can round up to what no number holds.
 constexpr double kLargest = 1.79769313486231e308;
 constexpr float kLargestPairs = 3.402822e38F;
+// Claims from here on have more digits than are written.
+constexpr std::int64_t kLargestCount = 999'999'999'999'999;
 
 class Memory : public ByteSink {
  public:
@@ -59,6 +62,8 @@ bool isModelWritable(const Session& session, std::int64_t v, std::int64_t d) {
 
 // Counts within the tables, and nothing in them that a save writes as something else.
 bool isWritable(const Session& session) {
+  for (const std::int64_t count : {session.nvar, session.ndir, session.nclass})
+    if (std::abs(count) > kLargestCount) return false;
   for (std::int64_t d = 1; d <= session.ndir; ++d)
     if (!isOneToken(session.dirname(d))) return false;
   for (std::int64_t v = 1; v <= session.nvar; ++v) {

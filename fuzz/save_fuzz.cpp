@@ -4,6 +4,7 @@
 // are taken; the rest is the file.
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <filesystem>
@@ -148,7 +149,8 @@ void checkRescue(Fields& in, const Desk& desk, const Session& session) {
   Session again;
   if (!rescue) return;
   require(readVariogramFile(*rescue, again), "a rescue is a good file");
-  require(again.nvar == session.nvar && again.ndir == session.ndir, "with all that it had");
+  const auto held = [](std::int64_t count) { return std::max<std::int64_t>(count, 0); };
+  require(again.nvar == held(session.nvar) && again.ndir == held(session.ndir), "with all it had");
   if (!areNamesKept(session)) return;
   Session twice;
   again.inputfile = "a.zvm";
@@ -172,6 +174,8 @@ void checkEnd(Fields& in, const Desk& desk) {
   GraphStyle style;
   loadParameters(desk.program, style);
   const std::string old = bytesOf(parameters);
+  std::error_code missing;
+  const bool foreign = fs::exists(parameters, missing) && !fs::is_regular_file(parameters, missing);
   const SaveCode code = loadSaveCode(desk.program);
   const bool asks = code.p != 1 || (code.q != 0 && code.q != 1);
   const bool ends = closeRequest(style, kept, desk.program, dialogs);
@@ -181,6 +185,7 @@ void checkEnd(Fields& in, const Desk& desk) {
   const bool wanted = asks ? answer == Answer::yes : code.q == 1;
   const bool failed = says(dialogs, "plain: Cannot save  session parameters");
   require(wanted || !failed, "what is not saved does not fail");
+  require(!wanted || failed || !foreign, "a folder and a pipe are not replaced");
   require(bytesOf(parameters) == (wanted && !failed ? composeParameters(style, kept) : old),
           "the parameters are the old ones or the new ones");
 }

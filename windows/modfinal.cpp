@@ -9,7 +9,6 @@
 #include <QSignalBlocker>
 
 #include "windows/boundary.h"
-#include "windows/list_choice.h"
 #include "windows/results_grid.h"
 #include "windows/texts.h"
 
@@ -30,7 +29,10 @@ modfinal::modfinal(Session& session, Dialogs& dialogs, const Orthogonality& orth
 }
 
 void modfinal::connectHandlers() {
-  onChoice(*Combovarver, [this](int) { guarded(dialogs_, [&] { Combovarver_Click(); }); });
+  const auto variableChosen = [this] { guarded(dialogs_, [&] { Combovarver_Click(); }); };
+  connect(Combovarver, &QComboBox::currentIndexChanged, this, variableChosen);
+  // The entry on show, chosen again.
+  connect(Combovarver, &QComboBox::activated, this, variableChosen);
   connect(gridsairmod, &Grid::cellClicked, this, [this](int row, int column) {
     guarded(dialogs_, [&] { gridsairmod_Click(row, column); });
   });
