@@ -8,13 +8,22 @@
 
 namespace zevfit {
 
+namespace {
+
+bool isOwn(const QString& folder) { return folder != "/usr/bin" && QFileInfo(folder).isWritable(); }
+
+}  // namespace
+
 std::filesystem::path programFolder() {
-  QString folder = QCoreApplication::applicationDirPath();
-  if (!QFileInfo(folder).isWritable()) {
-    folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/zevFIT";
-    QDir().mkpath(folder);
-  }
-  return QFile::encodeName(folder).toStdString();
+  return programFolderFor(QCoreApplication::applicationDirPath());
+}
+
+std::filesystem::path programFolderFor(const QString& folder) {
+  if (isOwn(folder)) return QFile::encodeName(folder).toStdString();
+  const QString data =
+      QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/zevFIT";
+  QDir().mkpath(data);
+  return QFile::encodeName(data).toStdString();
 }
 
 }  // namespace zevfit
