@@ -14,6 +14,8 @@
 #   longuse   100,000 redraws, 1,000 loads, 1,000 openings of each window; the same
 #   bench     the benchmarks with their yardsticks; not part of a run without names
 #   pictures  takes the pictures of the documentation from the program; the same
+#   package   makes the Debian package and the archive and tries them out; as root it installs the
+#             package on this machine and removes it again; the same
 #   coverage  lines and branches that the tests reach, by folder; the same
 # The last line is "N passed, N failed": the cases of all tests, and every other check as one.
 set -uo pipefail
@@ -143,6 +145,28 @@ stage_users() {
   tests "users: random users" env ZEVFIT_USERS="50 4000" build/asan/tests/zevfit_user_tests
 }
 
+package_tools() {
+  .ci/install gzip librsvg2-bin lintian desktop-file-utils appstream shared-mime-info man-db fakeroot \
+    hicolor-icon-theme libglib2.0-bin imagemagick xdotool x11-utils
+}
+
+stage_package() {
+  # shellcheck source=packaging/checks.sh
+  . packaging/checks.sh
+  prepare "package: tools" package_tools && prepare "package: build" build package all &&
+    prepare "package: cpack" make_packages && prepare "package: unpack" unpack_deb || return
+  check "package: lintian" lintian_is_content
+  check "package: dependencies" dependencies
+  check "package: menu entry" menu_entry
+  check "package: catalogue entry" catalogue_entry
+  check "package: icons" icons
+  check "package: file type" file_type
+  check "package: in a scratch root" into_scratch_root
+  [ "$(id -u)" -ne 0 ] || check "package: on this machine" onto_this_machine
+  check "package: archive" unpacked_archive archive archive
+  check "package: archive elsewhere" unpacked_archive "some other/folder" archive-elsewhere
+}
+
 format() {
   find . -path ./build -prune -o \( -name '*.cpp' -o -name '*.h' \) -print0 |
     xargs -0 clang-format --dry-run --Werror
@@ -157,7 +181,7 @@ tidy() {
 
 stage_lint() {
   check "lint: format" format
-  check "lint: shell scripts" shellcheck run.sh test.sh .ci/run .ci/install
+  check "lint: shell scripts" shellcheck -x run.sh test.sh .ci/run .ci/install packaging/*.sh
   # Sources include what moc makes of them.
   prepare "lint: generated sources" build debug zevfit_windows_autogen zevfit_window_tests_autogen &&
     check "lint: clang-tidy" tidy debug \
