@@ -95,7 +95,7 @@ build() {
 packages() {
   .ci/install g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-liberation binutils \
     libgtest-dev libbenchmark-dev libqcustomplot-dev clang clang-format clang-tidy \
-    libclang-rt-14-dev llvm-14 shellcheck gcovr xvfb xauth poppler-utils xclip
+    libclang-rt-14-dev llvm-14 python3 shellcheck gcovr xvfb xauth poppler-utils xclip
 }
 
 without_qt() {
