@@ -114,41 +114,57 @@ TEST(Ore, IsWhatItsScriptMakes) {
   EXPECT_EQ(contentOf(folder / "ore.zvm"), contentOf(example("ore.zvm")));
 }
 
-/// The models in the file, by variable; a range for each direction, and what stands before and
-/// behind it.
+/// The models of a variable: what stands before the sill of its last structure, that sill, which
+/// is another one at 45 degrees, and its range in each direction.
 struct Fitted {
   const char* before;
+  const char* sill;
+  const char* sillAt45;
   std::array<const char*, 4> ranges;
-  const char* behind;
 };
 
 constexpr const char* kNothing = "0 0 0 - 0 0.0001 0 - 0 0.0001 0 - 0 0.0001";
-constexpr const char* kOneStructure = " 0 - 0 0.0001 0 - 0 0.0001";
-constexpr std::array<const char*, 4> kRanges{"1250", "2700", "1000", "750"};
+constexpr std::array<const char*, 4> kRanges{"1250", "1800", "1000", "750"};
 
 const Fitted kFitted[] = {
-    {"1 0.09 1 S 0.66 ", kRanges, kOneStructure},
-    {"1 0.09 1 S 0.54 ", kRanges, kOneStructure},
-    {"0 0 1 E 0.12 300 1 S 0.23 ", kRanges, " 0 - 0 0.0001"},
-    {"1 0.65 1 S 1.4 ", {"1400", "2700", "1200", nullptr}, kOneStructure},
-    {"1 0.075 1 S 0.59 ", kRanges, kOneStructure},
-    {"1 0.05 1 S 0.42 ", kRanges, kOneStructure},
-    {"", {nullptr, nullptr, nullptr, nullptr}, ""},
+    {"1 0.09 1 S ", "0.66", "0.44", kRanges},
+    {"1 0.09 1 S ", "0.54", "0.38", kRanges},
+    {"0 0 1 E 0.12 300 1 S ", "0.23", "0.1", kRanges},
+    {"1 0.65 1 S ", "1.4", "1.1", {"1400", "1800", "1200", nullptr}},
+    {"1 0.075 1 S ", "0.59", "0.4", kRanges},
+    {"1 0.05 1 S ", "0.42", "0.24", kRanges},
+    {"", "", "", {nullptr, nullptr, nullptr, nullptr}},
 };
+
+/// The 14 fields; the structures behind the last one are not used.
+std::string modelOf(const Fitted& fitted, std::int64_t direction) {
+  const char* range = fitted.ranges.at(static_cast<std::size_t>(direction - 1));
+  if (!range) return kNothing;
+  std::string model = fitted.before;
+  model += direction == 2 ? fitted.sillAt45 : fitted.sill;
+  model += std::string(" ") + range;
+  while (std::count(model.begin(), model.end(), ' ') < 13) model += " 0 - 0 0.0001";
+  return model;
+}
 
 TEST(MeuseFitted, HoldsTheModels) {
   const Session session = loaded(example("meuse-fitted.zvm"));
   EXPECT_EQ(session.filetag, "zevRA1");
   EXPECT_EQ(session.hasmodel, 1);
-  for (std::int64_t v = 1; v <= 7; ++v) {
-    for (std::int64_t d = 1; d <= 4; ++d) {
-      const Fitted& fitted = kFitted[v - 1];
-      const char* range = fitted.ranges.at(static_cast<std::size_t>(d - 1));
-      const std::string model =
-          range ? std::string(fitted.before) + range + fitted.behind : kNothing;
-      EXPECT_EQ(modelText(session, v, d), model) << v << ' ' << d;
-    }
-  }
+  for (std::int64_t v = 1; v <= 7; ++v)
+    for (std::int64_t d = 1; d <= 4; ++d)
+      EXPECT_EQ(modelText(session, v, d), modelOf(kFitted[v - 1], d)) << v << ' ' << d;
+}
+
+// A sill beyond the axis has no place on its slider, so that its plot would stay unfinished.
+TEST(MeuseFitted, HasItsSillsWithinTheAxes) {
+  const Session session = loaded(example("meuse-fitted.zvm"));
+  for (std::int64_t v = 1; v <= 7; ++v)
+    for (std::int64_t d = 1; d <= 4; ++d)
+      for (const auto table : kSillTable) {
+        EXPECT_GE((session.*table)(v, d).number(), session.ymin(v, d)) << v << ' ' << d;
+        EXPECT_LE((session.*table)(v, d).number(), session.ymax(v, d)) << v << ' ' << d;
+      }
 }
 
 TEST(MeuseFitted, HasTheDataOfTheOtherFile) {
@@ -173,8 +189,8 @@ TEST(MeuseFitted, IsWhatASaveWrites) {
 }
 
 // Zinc, lead and their cross variable at 45, 135 and 0 degrees: one spherical structure with the
-// same range in a direction; 0.075^2 = 0.005625 is below 0.09^2 = 0.0081, and 0.59^2 = 0.3481 below
-// 0.66 * 0.54 = 0.3564.
+// same range in a direction; 0.075^2 = 0.005625 is below 0.09^2 = 0.0081, 0.59^2 = 0.3481 below
+// 0.66 * 0.54 = 0.3564, and at 45 degrees 0.4^2 = 0.16 below 0.44 * 0.38 = 0.1672.
 TEST(MeuseFitted, PassesTheTestOfCoregionalization) {
   const Session session = loaded(example("meuse-fitted.zvm"));
   const auto nodes = crosstest(session, {4, 0, 1, 1, 3, 0});
