@@ -1,11 +1,28 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds zevFIT and opens it.
+# Installs what is missing, builds zevFIT and opens it. "./run.sh tour" plays a session on it instead,
+# leaves its files and a picture of each window in build/tour, and fails where they are not as kept.
 set -euo pipefail
 
 root=$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")
-program=$root/build/release/zevfit
-
 packages=(g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-liberation)
+case ${1:-} in
+  "")
+    preset=release
+    target=zevfit
+    command=("$root/build/release/zevfit")
+    ;;
+  tour)
+    preset=debug
+    target=zevfit_tour
+    command=("$root/build/debug/tests/zevfit_tour" "$root/build/tour")
+    packages+=(libgtest-dev poppler-utils)
+    ;;
+  *)
+    echo "usage: $0 [tour]" >&2
+    exit 2
+    ;;
+esac
+
 virtual=()
 if [ -n "${DISPLAY:-}" ]; then
   : # The X display is what Qt takes.
@@ -20,10 +37,10 @@ fi
 # The presets are found from the folder that holds them. A build folder that was copied from
 # elsewhere can't be configured again and is made afresh.
 configure() {
-  (cd -- "$root" && cmake "$@" --preset release)
+  (cd -- "$root" && cmake "$@" --preset "$preset")
 }
 configure >/dev/null 2>&1 || configure --fresh
-cmake --build "$root/build/release" --target zevfit
+cmake --build "$root/build/$preset" --target "$target"
 
 [ ${#virtual[@]} -eq 0 ] || echo "There is no display: zevFIT starts on a virtual one."
-exec "${virtual[@]}" "$program"
+exec "${virtual[@]}" "${command[@]}"

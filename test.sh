@@ -3,6 +3,7 @@
 # "./test.sh core lint", these alone:
 #   core      the core and its tests, on a build without Qt
 #   windows   the windows and their tests, and the program as users build it
+#   tour      a session on the whole program, on a virtual display, with the files that it leaves
 #   asan      all tests under the address and undefined behaviour sanitizers
 #   lint      format, clang-tidy, shell scripts
 #   fuzz      each fuzz target for a short while
@@ -119,6 +120,11 @@ stage_windows() {
   }
   tests "windows: long use, in short" env ZEVFIT_LONG_USE=2 build/debug/tests/zevfit_long_tests
   check "windows: release build" build release zevfit
+}
+
+stage_tour() {
+  prepare "tour: build" build debug zevfit_tour || return
+  tests "tour: a session" xvfb-run -a env QT_QPA_PLATFORM=xcb build/debug/tests/zevfit_tour build/tour
 }
 
 sanitizers() {
@@ -343,7 +349,7 @@ for stage in "$@"; do
     exit 2
   fi
 done
-[ $# -gt 0 ] || set -- core windows asan lint fuzz
+[ $# -gt 0 ] || set -- core windows tour asan lint fuzz
 
 prepare "packages" packages
 for stage in "$@"; do "stage_$stage"; done
