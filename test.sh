@@ -12,6 +12,7 @@
 #   fuzzcoverage  lines of files/ and session/ that the corpora reach; the same
 #   linttests clang-tidy over the tests; not part of a run without names, for its time
 #   users     random users, 200,000 events; not part of a run without names
+#   longuse   100,000 redraws, 1,000 loads, 1,000 openings of each window; the same
 #   bench     the benchmarks with their yardsticks; not part of a run without names
 #   pictures  takes the pictures of the documentation from the program; the same
 #   package   makes the Debian package and the archive and tries them out; as root it installs the
@@ -111,11 +112,13 @@ stage_core() {
 }
 
 stage_windows() {
-  prepare "windows: build" build debug zevfit_window_tests zevfit_desktop_tests zevfit_pictures && {
+  prepare "windows: build" build debug zevfit_window_tests zevfit_desktop_tests zevfit_pictures \
+    zevfit_long_tests && {
     tests "windows: tests" env QT_QPA_PLATFORM=offscreen build/debug/tests/zevfit_window_tests
     tests "windows: tests on a display" xvfb-run -a env QT_QPA_PLATFORM=xcb \
       build/debug/tests/zevfit_desktop_tests
   }
+  tests "windows: long use, in short" env ZEVFIT_LONG_USE=2 build/debug/tests/zevfit_long_tests
   check "windows: release build" build release zevfit
 }
 
@@ -137,6 +140,11 @@ stage_asan() {
   tests "asan: random users" env ZEVFIT_USERS="8 600" build/asan/tests/zevfit_user_tests
 }
 
+stage_longuse() {
+  prepare "long use: build" build debug zevfit_long_tests || return
+  tests "long use: a day's work" build/debug/tests/zevfit_long_tests
+}
+
 stage_users() {
   prepare "users: build" build asan zevfit_user_tests || return
   sanitizers
@@ -149,6 +157,7 @@ package_tools() {
 }
 
 stage_package() {
+  # shellcheck source=packaging/checks.sh
   # shellcheck source=packaging/checks.sh
   . packaging/checks.sh
   prepare "package: tools" package_tools && prepare "package: build" build package all &&
@@ -279,15 +288,19 @@ stage_fuzzcoverage() {
 stage_bench() {
   local program display
   prepare "bench: build" build bench all || return
+  local results=build/bench/results
+  mkdir -p "$results"
   for program in build/bench/benchmarks/*; do
     if [ ! -f "$program" ] || [ ! -x "$program" ]; then continue; fi
     case $program in
       */start_qt_bench) display=(xvfb-run -a env QT_QPA_PLATFORM=xcb) ;; # a start shows a window
       *) display=(env QT_QPA_PLATFORM=offscreen) ;;
     esac
-    check "bench: $(basename "$program")" "${display[@]}" "$program"
+    check "bench: $(basename "$program")" "${display[@]}" "$program" \
+      --benchmark_out="$results/$(basename "$program").json" --benchmark_out_format=json
     cat "$log"
   done
+  check "bench: page" python3 benchmarks/write_page.py "$results" docs/performance.md
 }
 
 stage_pictures() {
@@ -302,7 +315,8 @@ stage_pictures() {
 # A line for each folder, from gcovr's table of files: name, lines, covered lines, their share,
 # branches, covered branches.
 by_folder() {
-  gcovr --root . --exclude tests/ --exclude build/ --exclude-throw-branches --csv build/coverage |
+  gcovr --root . --exclude tests/ --exclude build/ --exclude-throw-branches \
+    --exclude-unreachable-branches build/coverage --csv |
     awk -F, 'NR > 1 {
         split($1, path, "/"); l[path[1]] += $2; lc[path[1]] += $3; b[path[1]] += $5; bc[path[1]] += $6
       }
@@ -312,12 +326,21 @@ by_folder() {
       }' | sort
 }
 
+# Below its least shares a folder fails: 97 % of lines and 90 % of branches, of what knows the
+# toolkit 90 % of lines.
+by_folder_enough() {
+  by_folder | awk '{
+      core = $1 !~ /^(windows|platform)$/
+      print; if ($4 < (core ? 97 : 90) || (core && $7 < 90)) short = 1
+    } END { exit short }'
+}
+
 stage_coverage() {
   prepare "coverage: build" build coverage zevfit_core_tests zevfit_window_tests || return
   find build/coverage -name '*.gcda' -delete
   tests "coverage: core tests" build/coverage/tests/zevfit_core_tests
   tests "coverage: window tests" env QT_QPA_PLATFORM=offscreen build/coverage/tests/zevfit_window_tests
-  check "coverage: summary" by_folder
+  check "coverage: summary" by_folder_enough
   cat "$log"
 }
 
