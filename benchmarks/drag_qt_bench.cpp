@@ -66,26 +66,10 @@ void BM_DragMove(benchmark::State& state) {
 }
 BENCHMARK(BM_DragMove)->Unit(benchmark::kMicrosecond)->Iterations(5000);
 
-void BM_DrawingWithin(benchmark::State& state) {
-  OpenPlot plot;
-  for (auto _ : state) plot.redraw();
-}
-BENCHMARK(BM_DrawingWithin)->Unit(benchmark::kMicrosecond);
+BENCHMARK(zevfit::bench::redraw)->Name("BM_DrawingWithin")->Unit(benchmark::kMicrosecond);
 
-/// The yardstick: the library's own immediate replot.
-void BM_QCustomPlotReplot(benchmark::State& state) {
-  QCustomPlot plot;
-  zevfit::bench::setUp(plot);
-  for (auto _ : state) plot.replot(QCustomPlot::rpImmediateRefresh);
-}
-BENCHMARK(BM_QCustomPlotReplot)->Unit(benchmark::kMicrosecond);
+BENCHMARK(zevfit::bench::replotByLibrary)->Name("BM_QCustomPlotReplot")->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}
+int main(int argc, char** argv) { return zevfit::bench::run(argc, argv); }

@@ -7,12 +7,15 @@
 #include <qcustomplot.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
 #include <QTemporaryDir>
 #include <cmath>
 #include <fstream>
+#include <sstream>
 
 #include "platform/picture_box.h"
 #include "tests/support/program.h"
@@ -25,28 +28,47 @@ inline constexpr int kClasses = 20;
 inline constexpr QSize kPicture(431, 248);
 inline constexpr double kVariance = 1.0, kNugget = 0.2, kSill = 0.7, kRange = 700, kLast = 2000;
 
-inline double distance(int lag) { return kLast * lag / kClasses; }
+inline double distance(int lag, int classes = kClasses) { return kLast * lag / classes; }
 
 inline double model(double h) { return kNugget + kSill * (1 - std::exp(-3 * h / kRange)); }
 
-inline std::string writeFile(const QTemporaryDir& folder) {
+inline std::string fileText(int variables, int directions, int classes) {
+  std::ostringstream out;
+  out << "bench\nzevra1\n" << variables << "\n";
+  for (int v = 1; v <= variables; ++v) out << "ln zinc " << v << "\n";
+  out << directions << "\n" << classes << "\n";
+  for (int d = 0; d < directions; ++d) out << 45 + d << ";0\n";
+  for (int v = 0; v < variables; ++v) {
+    out << kVariance << "\n";
+    for (int d = 0; d < directions; ++d)
+      for (int lag = 1; lag <= classes; ++lag)
+        out << distance(lag, classes) << " " << model(distance(lag, classes)) << " 100\n";
+  }
+  for (int pair = 0; pair < variables * directions; ++pair)
+    out << "1\n"
+        << kNugget << "\n1\nE\n"
+        << kSill << "\n"
+        << kRange << "\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n";
+  return out.str();
+}
+
+inline std::string writeFile(const QTemporaryDir& folder, int directions, int classes) {
   std::string path = folder.filePath("bench.zvm").toStdString();
-  std::ofstream out(path);
-  out << "bench\nzevra1\n1\nln zinc\n1\n" << kClasses << "\n45;0\n" << kVariance << "\n";
-  for (int lag = 1; lag <= kClasses; ++lag)
-    out << distance(lag) << " " << model(distance(lag)) << " 100\n";
-  out << "1\n"
-      << kNugget << "\n1\nE\n"
-      << kSill << "\n"
-      << kRange << "\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n";
+  std::ofstream(path) << fileText(1, directions, classes);
   return path;
 }
 
-/// The program with one plot of 20 classes at the standard size.
+/// The program with plots of one variable in some directions at the standard size, the last of them
+/// current.
 class OpenPlot {
  public:
-  OpenPlot() : program_(folder_.path().toStdString()) {
-    program_.open(writeFile(folder_));
+  explicit OpenPlot(int directions = 1, int classes = kClasses)
+      : program_(folder_.path().toStdString()) {
+    program_.open(writeFile(folder_, directions, classes));
+    for (int d = 1; d < directions; ++d) {
+      program_.control<QComboBox>("Combodirvar").setCurrentIndex(d);
+      program_.control<QPushButton>("Command5").click();
+    }
     picture_ = &program_.control<QWidget>("Picture4");
   }
 
@@ -121,6 +143,27 @@ inline void setUp(QCustomPlot& plot) {
   plot.setAntialiasedElements(QCP::aeAll);
   plot.show();
   QApplication::processEvents();
+}
+
+/// The yardstick of a drawing: the library's own immediate replot.
+inline void replotByLibrary(benchmark::State& state) {
+  QCustomPlot plot;
+  setUp(plot);
+  for (auto _ : state) plot.replot(QCustomPlot::rpImmediateRefresh);
+}
+
+inline void redraw(benchmark::State& state) {
+  OpenPlot plot;
+  for (auto _ : state) plot.redraw();
+}
+
+/// Runs all benchmarks of a program without a screen.
+inline int run(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
 }
 
 }  // namespace zevfit::bench

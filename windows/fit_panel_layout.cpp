@@ -132,7 +132,8 @@ void FitPanelWidgets::makeValues() {
   labelvari = makeNamedLabel("labelvari", "Sill");
   labelvari->setMargin(2);
   Labelvariance = makeReadout("Labelvariance");
-  Labelvariance->setToolTip("Click to use the variance as the sill of the selected line");
+  Labelvariance->setToolTip(
+      "Click, or Alt+V, to use the variance as the sill of the selected line");
   boxes_[4] = named(new QCheckBox("PLot Sill"), "psill");
   setSillBackground(kLightGrey);
 }

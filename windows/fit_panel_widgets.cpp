@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <utility>
@@ -17,6 +18,7 @@
 #include "platform/picture_box.h"
 #include "session/fault.h"
 #include "windows/boundary.h"
+#include "windows/list_choice.h"
 #include "windows/quiet_focus.h"
 #include "windows/texts.h"
 
@@ -69,17 +71,16 @@ void FitPanelWidgets::connectValues() {
   connect(HScrollc0, &QSlider::valueChanged, this, [this] { run(HScrollc0_Change); });
   connect(HScrolla, &QSlider::valueChanged, this, [this] { run(HScrolla_Change); });
   const auto onList = [this](QComboBox* list, void (*handler)(Fit&)) {
-    const auto chosen = [this, handler](int index) {
-      if (index >= 0) run(handler);
-    };
-    connect(list, &QComboBox::currentIndexChanged, this, chosen);
-    // The entry on show, chosen again.
-    connect(list, &QComboBox::activated, this, chosen);
+    onChoice(*list, [this, handler](int entry) {
+      if (entry >= 0) run(handler);
+    });
   };
   onList(Combo2, Combo2_Click);
   onList(Combodirvar, Combodirvar_Click);
   connect(Command3, &QPushButton::clicked, this, [this] { run(Command3_Click); });
   connect(Command5, &QPushButton::clicked, this, [this] { run(Command5_Click); });
+  connect(new QShortcut(QKeySequence("Alt+V"), this), &QShortcut::activated, this,
+          [this] { run(Labelvariance_Click); });
 }
 
 void FitPanelWidgets::connectChoices() {

@@ -18,6 +18,7 @@
 #include "session/policy.h"
 #include "windows/boundary.h"
 #include "windows/grid.h"
+#include "windows/list_choice.h"
 #include "windows/texts.h"
 
 namespace zevfit {
@@ -97,13 +98,11 @@ void frmzevfit::connectHandlers() {
   const auto handler = [this](void (frmzevfit::*body)()) {
     return [this, body] { guarded(dialogs_, [&] { (this->*body)(); }); };
   };
-  const auto onList = [&](QComboBox* list, void (frmzevfit::*body)()) {
-    connect(list, &QComboBox::currentIndexChanged, this, handler(body));
-    // The entry on show, chosen again.
-    connect(list, &QComboBox::activated, this, handler(body));
+  const auto onList = [&](QComboBox& list, void (frmzevfit::*body)()) {
+    onChoice(list, [run = handler(body)](int) { run(); });
   };
-  onList(Combovar, &frmzevfit::Combovar_Click);
-  onList(Combodirvalues, &frmzevfit::Combodirvalues_Click);
+  onList(*Combovar, &frmzevfit::Combovar_Click);
+  onList(*Combodirvalues, &frmzevfit::Combodirvalues_Click);
   connect(grid1, &Grid::cellClicked, this,
           [this](int row) { guarded(dialogs_, [&] { grid1_Click(row); }); });
   connect(adicionar, &QPushButton::clicked, this, handler(&frmzevfit::adicionar_Click));

@@ -62,6 +62,8 @@ void frmzevfit::makeControls() {
                       "List of data of experimental variogram from the selected variable and "
                       "direction");
   grid1 = named(new Grid({1, 1}), "grid1", "List of the existing variables");
+  gridresults->setAccessibleName("Lag classes");
+  grid1->setAccessibleName("Variables");
   Picturegrid = programIcon("ticked");
   Picturegrid2 = programIcon("unticked");
   Text2 = named(new QLineEdit, "Text2", "Input variable name");

@@ -79,6 +79,8 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
 
   auto* scroller = new QScrollArea;
   scroller->setWidget(panel_);
+  // Its controls take the focus, and it follows them.
+  scroller->setFocusPolicy(Qt::NoFocus);
   scroller->setWidgetResizable(true);
   scroller->setFrameShape(QFrame::NoFrame);
   scroller->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

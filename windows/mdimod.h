@@ -71,6 +71,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
     const char* caption;
     const char* tip;
     const char* icon;
+    const char* keys;  ///< that run it, parted by "; "
     bool needsFile;
     void (mdimod::*action)();  ///< nothing for the separator
   };

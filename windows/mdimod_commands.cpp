@@ -16,20 +16,24 @@ namespace zevfit {
 
 const std::vector<mdimod::Command>& mdimod::toolbarCommands() {
   static const std::vector<Command> commands{
-      {"k1", "Open ", "Open Data File (*.ZVM)", "open", false, &mdimod::mnudatprn},
-      {"k2", "View File", "See Structure of Data File", "view", true, &mdimod::viewFile},
-      {"k3", "Results", "Results from Interactive Fit", "results", true, &mdimod::showResults},
-      {"k4", "", "", "", false, nullptr},
-      {"k5", "Casc.", "Title Cascade", "cascade", false, &mdimod::mnucascade},
-      {"k6", "Vert.", "Title Vertical", "vertical", false, &mdimod::mnuvertical},
-      {"k7", "Horiz.", "Title Horizontal", "horizontal", false, &mdimod::mnuhorizontal},
-      {"k8", "Copy", "Copy Variogram Plot to Clipboard", "copy", true, &mdimod::copyPlot},
-      {"k10", "Format", "Graph Format", "format", true, &mdimod::openFormat},
-      {"k11", "Models", "Save current models with input data file.", "models", true,
+      {"k1", "Open ", "Open Data File (*.ZVM)", "open", "Ctrl+O", false, &mdimod::mnudatprn},
+      {"k2", "View File", "See Structure of Data File", "view", "Ctrl+D", true, &mdimod::viewFile},
+      {"k3", "Results", "Results from Interactive Fit", "results", "Ctrl+R", true,
+       &mdimod::showResults},
+      {"k4", "", "", "", "", false, nullptr},
+      {"k5", "Casc.", "Title Cascade", "cascade", "", false, &mdimod::mnucascade},
+      {"k6", "Vert.", "Title Vertical", "vertical", "", false, &mdimod::mnuvertical},
+      {"k7", "Horiz.", "Title Horizontal", "horizontal", "", false, &mdimod::mnuhorizontal},
+      {"k8", "Copy", "Copy Variogram Plot to Clipboard", "copy", "Ctrl+C", true, &mdimod::copyPlot},
+      {"k10", "Format", "Graph Format", "format", "Ctrl+F", true, &mdimod::openFormat},
+      {"k11", "Models", "Save current models with input data file.", "models", "Ctrl+S", true,
        &mdimod::gravando},
-      {"kp", "Print", "Print current variogram plot", "print", true, &mdimod::showReports},
-      {"kmais", "Zoom +", "Enlarge current variogram plot", "zoom-in", true, &mdimod::zoomIn},
-      {"kmenos", "Zoom -", "Reduce current variogram plot", "zoom-out", true, &mdimod::zoomOut},
+      {"kp", "Print", "Print current variogram plot", "print", "Ctrl+P", true,
+       &mdimod::showReports},
+      {"kmais", "Zoom +", "Enlarge current variogram plot", "zoom-in", "Ctrl++; Ctrl+=", true,
+       &mdimod::zoomIn},
+      {"kmenos", "Zoom -", "Reduce current variogram plot", "zoom-out", "Ctrl+-", true,
+       &mdimod::zoomOut},
   };
   return commands;
 }
@@ -67,6 +71,12 @@ void mdimod::makeToolbar() {
                                             : Toolbar1->addAction(blank, command.caption);
     action->setObjectName(command.key);
     action->setToolTip(command.tip);
+    action->setShortcuts(QKeySequence::listFromString(command.keys));
+    // By Tab alone: a click leaves the focus where it is.
+    if (QWidget* button = Toolbar1->widgetForAction(action); button && !action->isSeparator()) {
+      button->setFocusPolicy(Qt::TabFocus);
+      button->setAccessibleName(command.tip);
+    }
     connect(action, &QAction::triggered, this,
             [this, &command] { guarded(dialogs_, [&] { run(command); }); });
     if (!action->isSeparator()) icons_.emplace_back(action, command.icon);

@@ -9,6 +9,7 @@
 #include <QSignalBlocker>
 
 #include "windows/boundary.h"
+#include "windows/list_choice.h"
 #include "windows/results_grid.h"
 #include "windows/texts.h"
 
@@ -29,10 +30,7 @@ modfinal::modfinal(Session& session, Dialogs& dialogs, const Orthogonality& orth
 }
 
 void modfinal::connectHandlers() {
-  const auto variableChosen = [this] { guarded(dialogs_, [&] { Combovarver_Click(); }); };
-  connect(Combovarver, &QComboBox::currentIndexChanged, this, variableChosen);
-  // The entry on show, chosen again.
-  connect(Combovarver, &QComboBox::activated, this, variableChosen);
+  onChoice(*Combovarver, [this](int) { guarded(dialogs_, [&] { Combovarver_Click(); }); });
   connect(gridsairmod, &Grid::cellClicked, this, [this](int row, int column) {
     guarded(dialogs_, [&] { gridsairmod_Click(row, column); });
   });

@@ -61,6 +61,7 @@ void modfinal::makeControls() {
   Label29->setMinimumWidth(fontMetrics().averageCharWidth() * kListCharacters);
   gridsairmod = named(new ResultsGrid, "gridsairmod",
                       "Results from interactive fit for all directions of selected variable ");
+  gridsairmod->setAccessibleName("Models of all directions");
   gridsairmod->setMinimumSize(kLeastTable);
   Command1 = makeIconButton("Command1", "back", "Back to the interactive Fit", {"Alt+Left"});
   Command2 = named(new QPushButton("Save As"), "Command2",

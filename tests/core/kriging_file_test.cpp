@@ -235,6 +235,44 @@ TEST(KrigingFile, ARowOfANuggetAloneHasNoParameters) {
   EXPECT_EQ(Save(model).run(), (Boxes{kAsked, kNoParameters}));
 }
 
+/// A model whose row has these texts as its three sills and their sum.
+KrigingModel withSills(const std::array<const char*, 4>& sills) {
+  KrigingModel model = threeStructures();
+  model.rowcells =
+      row({"0.1", "1", sills[0], "0", "-", sills[1], "-", "-", sills[2], "-", sills[3], "0"});
+  return model;
+}
+
+TEST(KrigingFile, SillsAreJoinedAndReadAsOneNumber) {
+  struct Row {
+    std::array<const char*, 4> sills;
+    bool goesOn;
+  };
+  const Row rows[] = {{{"0", "0.25", "-", "0.35"}, true},  // 00.25
+                      {{"0", "-", "-", "0.1"}, false},     // 0
+                      {{"0", "0", "0", "0.1"}, true},      // 0000.1
+                      {{"0", "0", "0", "0"}, false}};
+  for (const Row& each : rows) {
+    KrigingModel model = withSills(each.sills);
+    for (AxisTexts* axis : {&model.main, &model.minor1, &model.minor2})
+      (*axis)[2] = (*axis)[3] = (*axis)[4] = "0";
+    Save save(model);
+    EXPECT_EQ(save.run(), each.goesOn ? (Boxes{kAsked, kOnlyNugget, save.saved})
+                                      : (Boxes{kAsked, kNoParameters}));
+  }
+}
+
+// The check on the row hangs on the ranges of Minor 1 alone, and comes before the counts.
+TEST(KrigingFile, AnEmptyRowIsLookedAtWhereMinorOneIsEmpty) {
+  for (const bool minor1Empty : {true, false}) {
+    KrigingModel model = withSills({"-", "-", "-", "0.1"});
+    model.main = {"45", "0", minor1Empty ? "1" : "", "", ""};
+    model.minor1 = {"135", "0", minor1Empty ? "" : "1", "", ""};
+    model.minor2 = {"135", "0", "1", "", ""};
+    EXPECT_EQ(Save(model).run(), (Boxes{kAsked, minor1Empty ? kNoParameters : kOther1}));
+  }
+}
+
 // The first structure has a sill and a range of 0: the warning is shown, and the file tells of two
 // structures.
 TEST(KrigingFile, AStructureWithoutARangeIsWrittenWithRatiosOfOne) {

@@ -156,6 +156,7 @@ TEST_F(Start, AnEntryOnShowCanBeChosenAgain) {
   auto& directions = program.control<QComboBox>("Combodirvar");
   directions.setCurrentIndex(1);
   session.curdir = session.seldir = 1;
+  QApplication::processEvents();
   Q_EMIT directions.activated(1);
   EXPECT_EQ(session.curdir, 2);
   EXPECT_EQ(session.seldir, 2);

@@ -1,0 +1,80 @@
+// The manual tells of every message of the program, to the letter, and shows pictures that are
+// there.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+#include <string>
+
+#include "tests/support/scratch_folder.h"
+
+namespace zevfit::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string manual() { return contentOf(ZEVFIT_SOURCE_DIR "/docs/manual.md"); }
+
+const char* const kMessages[] = {
+    "Please select input data file (*.ZVM) first!",
+    "Illegal Type of Input Data File!",
+    "Invalid Input Data File Format or empty File!",
+    "You Must Select a Variable First !",
+    "Please select variables to add.",
+    "Cannot Add same variable.",
+    "Please choose a name for this new variable!",
+    "Name too long, choose another one!",
+    "already exists. Please choose another one.",
+    "Select variable!",
+    "Cannot remove this variable!",
+    "Save  current models to file: ",
+    "Models saved to file:",
+    "Cannot save  models to file:",
+    "| Power Model (0 < a < 2) |",
+    "Structure II : Power Model (0 < a < 2)",
+    "Structure III : Power Model (0 < a < 2)",
+    "Structure IV : Power Model (0 < a < 2)",
+    "Illegal value ymax ! Note:  legal value >  ",
+    "Legend too long: Maximum 6 char.!",
+    "Please select the Font!",
+    "Illegal value for Fontsize: max. value = 16!",
+    "Illegal value for Fontsize: max. value = 10!",
+    "Illegal value for Fontsize: max. value = 9!",
+    "Illegal format string: Two . detected!",
+    "Illegal format symbol - ",
+    "Cannot enlarge variogram plot!",
+    "Cannot reduce variogram plot!",
+    "Please Select Variogram Plot you want to copy to Clipboard!",
+    "Illegal value for range 'a1' of Main Direction!",
+    "Main / Minor 1 directions are not orthogonals !",
+    "Main / Minor 1 / Minor 2 directions are not orthogonals !",
+    "have no parameters, please run  zevFIT program!",
+    "Wrong number of structures between Main Direction and Minor1 Direction!",
+    "Wrong number of structures between Main Direction and Minor2 Direction!",
+    "Atention:You have only one structure (C0) !",
+    "'  is saved, you can go on to simulation/kriging modules.",
+    "Please select variogram plot first!",
+    "Cannot print!",
+    "| cannot print! |",
+    "Save configuration data file to zevFIT.INI ?",
+    "Cannot save  session parameters to ",
+    "The program has met a fault and must end: ",
+    "The program had to end early. The models of "};
+
+TEST(ManualPage, TellsOfEveryMessage) {
+  const std::string page = manual();
+  for (const char* message : kMessages)
+    EXPECT_NE(page.find(message), std::string::npos) << "'" << message << "'";
+}
+
+TEST(ManualPage, ShowsPicturesThatExist) {
+  const std::string page = manual();
+  const std::regex picture("src=\"([^\"]+)\"");
+  int pictures = 0;
+  for (std::sregex_iterator at(page.begin(), page.end(), picture), end; at != end; ++at, ++pictures)
+    EXPECT_TRUE(fs::exists(fs::path(ZEVFIT_SOURCE_DIR) / "docs" / (*at)[1].str())) << (*at)[1];
+  EXPECT_GT(pictures, 8);
+}
+
+}  // namespace
+}  // namespace zevfit::test
