@@ -19,6 +19,8 @@ constexpr int kAsks = 20;   // a desktop that is busy with another window forget
 /// As the desktop does at a click, and where there is none. A window whose parent is active counts
 /// as active too, but has no focus.
 void activate(QWidget& window) {
+  // The greeting, which is gone at a click: the focus stays with the main window.
+  if (window.testAttribute(Qt::WA_ShowWithoutActivating)) return;
   const auto active = [&] { return QApplication::activeWindow() == &window; };
   for (int asked = 0; asked < kAsks && !active(); ++asked) {
     window.activateWindow();
