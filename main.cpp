@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QScreen>
 
 #include "platform/end_signals.h"
 #include "platform/orthogonality.h"
@@ -18,6 +19,8 @@ int main(int argc, char** argv) {
   const zevfit::AngleTest angleTest;
   zevfit::mdimod window(dialogs, printer, angleTest, zevfit::programFolder());
   const auto delivery = signals.deliverTo([&window](int signal) { window.endBySignal(signal); });
+  // A small screen shows the whole window with the frame that a desktop puts around it.
+  window.resize(window.size().boundedTo(window.screen()->availableSize() - QSize(16, 48)));
   const zevfit::Greeting greeting(window);
   window.show();
   return QApplication::exec();

@@ -310,6 +310,9 @@ stage_pictures() {
     check "pictures: at ${scale}00 %" env QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR="$scale" \
       build/debug/tests/zevfit_pictures examples/meuse.zvm docs/pictures "-${scale}00"
   done
+  stage_tour
+  mkdir -p docs/tour
+  check "pictures: of the tour" cp build/tour/*.png docs/tour
 }
 
 # A line for each folder, from gcovr's table of files: name, lines, covered lines, their share,
