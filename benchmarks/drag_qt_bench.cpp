@@ -68,7 +68,9 @@ BENCHMARK(BM_DragMove)->Unit(benchmark::kMicrosecond)->Iterations(5000);
 
 BENCHMARK(zevfit::bench::redraw)->Name("BM_DrawingWithin")->Unit(benchmark::kMicrosecond);
 
-BENCHMARK(zevfit::bench::replotByLibrary)->Name("BM_QCustomPlotReplot")->Unit(benchmark::kMicrosecond);
+BENCHMARK(zevfit::bench::replotByLibrary)
+    ->Name("BM_QCustomPlotReplot")
+    ->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

@@ -1,4 +1,5 @@
-// How the cost grows with classes, variables and open windows, and where the time of one redraw goes.
+// How the cost grows with classes, variables and open windows, and where the time of one redraw
+// goes.
 #include "benchmarks/sample_plot.h"
 #include "files/variogram_reader.h"
 

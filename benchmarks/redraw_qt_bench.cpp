@@ -14,7 +14,9 @@ void BM_SliderStep(benchmark::State& state) {
 }
 BENCHMARK(BM_SliderStep)->Unit(benchmark::kMicrosecond);
 
-BENCHMARK(zevfit::bench::replotByLibrary)->Name("BM_QCustomPlotReplot")->Unit(benchmark::kMicrosecond);
+BENCHMARK(zevfit::bench::replotByLibrary)
+    ->Name("BM_QCustomPlotReplot")
+    ->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

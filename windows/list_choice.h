@@ -15,7 +15,8 @@ inline void onChoice(QComboBox& list, const std::function<void(int)>& handler) {
   QObject::connect(&list, &QComboBox::currentIndexChanged, &list, [&list, ran, handler](int entry) {
     handler(entry);
     *ran = true;
-    QMetaObject::invokeMethod(&list, [ran] { *ran = false; }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &list, [ran] { *ran = false; }, Qt::QueuedConnection);
   });
   QObject::connect(&list, &QComboBox::activated, &list, [ran, handler](int entry) {
     if (!std::exchange(*ran, false)) handler(entry);
