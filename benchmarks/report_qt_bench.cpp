@@ -9,6 +9,7 @@
 
 namespace {
 
+using zevfit::bench::kClasses;
 using zevfit::bench::writeFile;
 /// 21 plots, each of 100 pieces of curve and about 70 other operations.
 constexpr std::size_t kLeastOperations = 3150;
@@ -19,7 +20,7 @@ class Report {
  public:
   explicit Report(zevfit::Printer* printer = nullptr)
       : program_(folder_.path().toStdString(), printer) {
-    program_.open(writeFile(folder_));
+    program_.open(writeFile(folder_, 1, kClasses));
     QWidget& reports = test::openReports(program_);
     test::giveColumns(reports, test::kReportColumns);
     for (int row = 1; row <= test::kReportRows; ++row)
