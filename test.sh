@@ -334,7 +334,7 @@ by_folder() {
 by_folder_enough() {
   by_folder | awk '{
       core = $1 !~ /^(windows|platform)$/
-      print; if ($4 < (core ? 97 : 90) || (core && $7 < 90)) short = 1
+      print; if ($4 < (core ? 97 : 90) || (core && $8 < 90)) short = 1
     } END { exit short }'
 }
 
