@@ -6,7 +6,6 @@
 #include "files/output_file.h"
 #include "files/tokens.h"
 #include "files/variogram_writer.h"
-#include "session/fault.h"
 #include "session/policy.h"
 
 namespace zevfit {
@@ -23,14 +22,13 @@ class Memory : public ByteSink {
 
 /// The title of the loaded file, which the session does not keep; its name where it can't be read.
 std::string titleOf(const std::string& file) {
-  try {
+  std::string title = fs::path(file).filename().string();
+  endSilently([&] {
     const std::string bytes = readWhole(file);
     TokenStream in(bytes);
-    if (const auto title = in.text()) return std::string(*title);
-  } catch (const Fault&) {
-    return fs::path(file).filename().string();
-  }
-  return fs::path(file).filename().string();
+    if (const auto first = in.text()) title = *first;
+  });
+  return title;
 }
 
 void keepBefore(const fs::path& folder) {

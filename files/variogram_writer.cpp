@@ -51,6 +51,7 @@ class Writer {
   void number(const Value& value);
   void text(std::string_view line);
   void token(std::string_view text);
+  void wholeLine(std::size_t line, std::int64_t v, std::int64_t d);
   std::string_view oldToken();
   void classes(std::int64_t v, std::int64_t d);
   void nugget(std::int64_t v, std::int64_t d);
@@ -195,19 +196,19 @@ void Writer::token(std::string_view text) {
 }
 
 void Writer::wholeModels() {
-  for (std::int64_t v = 1; v <= variables_; ++v) {
-    for (std::int64_t d = 1; d <= directions_; ++d) {
-      for (std::size_t line = 0; line < kLines; ++line) {
-        if (line < kFlagTable.size())
-          number((session_.*kFlagTable.at(line))(v, d));
-        else
-          number(static_cast<double>(session_.use3(v, d)));
-        if (line > 0) token((session_.*kLetterTable.at(line))(v, d));
-        number((session_.*kSillTable.at(line))(v, d));
-        if (line > 0) number((session_.*kRangeTable.at(line))(v, d));
-      }
-    }
-  }
+  for (std::int64_t v = 1; v <= variables_; ++v)
+    for (std::int64_t d = 1; d <= directions_; ++d)
+      for (std::size_t line = 0; line < kLines; ++line) wholeLine(line, v, d);
+}
+
+void Writer::wholeLine(std::size_t line, std::int64_t v, std::int64_t d) {
+  if (line < kFlagTable.size())
+    number((session_.*kFlagTable.at(line))(v, d));
+  else
+    number(static_cast<double>(session_.use3(v, d)));
+  if (line > 0) token((session_.*kLetterTable.at(line))(v, d));
+  number((session_.*kSillTable.at(line))(v, d));
+  if (line > 0) number((session_.*kRangeTable.at(line))(v, d));
 }
 
 void Writer::models() {
