@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "session/number_pattern.h"
 #include "session/numbers.h"
 
 namespace zevfit {

@@ -6,6 +6,8 @@
 
 #include "files/output_file.h"
 #include "session/fault.h"
+#include "session/number_pattern.h"
+#include "session/number_reading.h"
 #include "session/numbers.h"
 #include "session/policy.h"
 

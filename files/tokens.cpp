@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "session/numbers.h"
+#include "session/number_reading.h"
 
 namespace zevfit {
 

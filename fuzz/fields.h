@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "session/fault.h"
-#include "session/numbers.h"
+#include "session/number_reading.h"
 
 namespace zevfit {
 

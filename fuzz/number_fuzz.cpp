@@ -7,6 +7,7 @@
 
 #include "fuzz/require.h"
 #include "session/fault.h"
+#include "session/number_reading.h"
 #include "session/numbers.h"
 
 namespace zevfit {

@@ -6,7 +6,8 @@
 
 #include "fuzz/require.h"
 #include "session/fault.h"
-#include "session/numbers.h"
+#include "session/number_pattern.h"
+#include "session/number_reading.h"
 
 namespace zevfit {
 namespace {

@@ -1,5 +1,7 @@
 #include "model/axis_dialogs.h"
 
+#include "session/number_pattern.h"
+#include "session/number_reading.h"
 #include "session/numbers.h"
 
 namespace zevfit {

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "session/fault.h"
+#include "session/number_reading.h"
 #include "session/numbers.h"
 
 namespace zevfit {

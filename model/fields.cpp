@@ -1,4 +1,8 @@
+#include "model/fields.h"
+
 #include "model/sliders.h"
+#include "session/number_pattern.h"
+#include "session/number_reading.h"
 #include "session/numbers.h"
 #include "session/policy.h"
 

@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "session/fault.h"
+#include "session/number_pattern.h"
+#include "session/number_reading.h"
 #include "session/numbers.h"
 
 namespace zevfit {

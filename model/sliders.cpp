@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "model/fields.h"
+#include "session/number_reading.h"
 #include "session/numbers.h"
 #include "session/policy.h"
 

@@ -19,20 +19,10 @@ void showmodel(Fit& fit, std::int64_t direction, std::int64_t variable);
 /// drives. Throws Fault where a slider can't show the value.
 void resynchroniseSliders(Fit& fit, std::int64_t direction, std::int64_t variable);
 
-/// Puts the stored value of the selected line back into the field of the sill.
-void restoreSillText(Fit& fit);
-
-// Handlers of the two pairs of controls; a failure inside a change or a key ends them silently.
+// Handlers of the two sliders; a failure inside a change ends it silently.
 void HScrollc0_Change(Fit& fit);
 void HScrolla_Change(Fit& fit);
 void HScrollc0_GotFocus(Fit& fit);
 void HScrolla_GotFocus(Fit& fit);
-void Textc0_Change(Fit& fit);
-void Texta_Change(Fit& fit);
-void Textc0_Click(Fit& fit);
-void Texta_Click(Fit& fit);
-/// Key down in Textc0 or Texta; code 13 draws.
-void Text_KeyDown(Fit& fit, int keyCode);
-void Labelvariance_Click(Fit& fit);
 
 }  // namespace zevfit

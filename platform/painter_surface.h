@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "plot/surface.h"
+#include "plot/drawing/surface.h"
 
 namespace zevfit {
 

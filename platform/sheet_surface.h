@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <QPolygonF>
 
-#include "plot/surface.h"
+#include "plot/drawing/surface.h"
 
 namespace zevfit {
 

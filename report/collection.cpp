@@ -1,5 +1,6 @@
 #include "report/collection.h"
 
+#include "report/thumbnail.h"
 #include "session/numbers.h"
 #include "session/policy.h"
 

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <cstdint>
-
 #include "model/fit.h"
-#include "plot/plot_window.h"
+#include "plot/drawing/plot_window.h"
 #include "report/page_grid.h"
 #include "report/printer.h"
 #include "report/report_tables.h"
@@ -46,8 +44,6 @@ void Command1_Click(Collection& reports);
 void Picture1_MouseDown(Collection& reports, double x, double y);
 /// Tells what the cell holds; beside the grid there is none.
 void Picture1_MouseMove(Collection& reports, double x, double y);
-/// Prints the selected report. Any fault ends in "cannot print!".
-void printar_Click(Collection& reports);
 /// The command that opens the window; a fault drops the printer's document and is told.
 void showCollection(Collection& reports);
 
@@ -58,13 +54,5 @@ PageGrid selectedGrid(const Collection& reports);
 void grelha(Collection& reports);
 /// The same grid on the small picture, with the columns on show; changes no table.
 void grelha1(Collection& reports);
-/// Draws the thumbnail of the current plot with the curve as it was last sampled, on Picture3 of
-/// that size. Sets a distance axis that is not set yet for good. A fault ends it silently.
-void variog(Collection& reports, double width, double height);
-/// Draws a plot on the sheet from (left, top) on. A fault in its frame is thrown on; from the
-/// sampling of the model on it ends the plot silently with what stands. Makes the pair the current
-/// one, as each sampling does, and shows its variance on the panel.
-void imprimirvariograma(Collection& reports, double width, double left, double top,
-                        std::int64_t direction, std::int64_t variable);
 
 }  // namespace zevfit

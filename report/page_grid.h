@@ -1,6 +1,6 @@
 #pragma once
 
-#include "plot/surface.h"
+#include "plot/drawing/surface.h"
 
 namespace zevfit {
 

@@ -1,4 +1,9 @@
-#include "plot/drawing_steps.h"
+#include "report/printed_plot.h"
+
+#include "plot/drawing/data_steps.h"
+#include "plot/drawing/frame.h"
+#include "plot/drawing/plot_variogram.h"
+#include "plot/drawing/window_steps.h"
 #include "report/collection.h"
 #include "session/policy.h"
 

@@ -1,4 +1,7 @@
+#include "report/printing.h"
+
 #include "report/collection.h"
+#include "report/printed_plot.h"
 #include "session/policy.h"
 
 namespace zevfit {

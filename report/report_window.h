@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "plot/surface.h"
+#include "plot/drawing/surface.h"
 
 namespace zevfit {
 

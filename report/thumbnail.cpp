@@ -1,4 +1,6 @@
-#include "plot/data_points.h"
+#include "report/thumbnail.h"
+
+#include "plot/drawing/data_points.h"
 #include "report/collection.h"
 #include "session/policy.h"
 

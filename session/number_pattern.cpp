@@ -1,7 +1,8 @@
+#include "session/number_pattern.h"
+
 #include <algorithm>
 
 #include "session/decimal.h"
-#include "session/numbers.h"
 
 namespace zevfit {
 namespace {

@@ -1,3 +1,5 @@
+#include "session/number_reading.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -5,7 +7,6 @@
 #include <system_error>
 
 #include "session/fault.h"
-#include "session/numbers.h"
 
 namespace zevfit {
 namespace {

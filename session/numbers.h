@@ -1,23 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
 #include "session/cell.h"
 
 namespace zevfit {
-
-/// Reads a text of a field: leading blanks are skipped, the longest numeric prefix counts, with the
-/// point as decimal sign; 0 when there is none. Throws Fault on overflow.
-double leadingNumber(std::string_view text);
-
-/// The whole text as a number: optional sign, digits with at most one point, optional exponent.
-/// Nothing when it is not of that form or overflows.
-std::optional<double> wholeNumber(std::string_view text);
-std::optional<float> wholeFloat(std::string_view text);
 
 /// Shortest plain decimal text, up to 15 significant digits for a double and 7 for a float;
 /// exponent form (1E-05, 1E+15) where the decimal exponent is below -4 or not below that number of
@@ -41,10 +30,6 @@ std::string signedText(std::int64_t value);
 /// Appends blanks up to the print zone (of 14 columns) in which the next field of a line starts;
 /// `lineStart` is where the line begins in `out`. At least one blank stands between two fields.
 void nextPrintZone(std::string& out, std::size_t lineStart);
-
-/// Renders a number with a pattern of #, 0, . and blank; halves of the decimal text are rounded
-/// away from zero, digits are never cut off in front. Any other character stands for itself.
-std::string formatNumber(double value, std::string_view pattern);
 
 /// Without the blanks on both sides, or in front alone.
 std::string_view trimmed(std::string_view text);

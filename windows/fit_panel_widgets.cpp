@@ -13,8 +13,8 @@
 #include <QSlider>
 #include <utility>
 
+#include "model/fields.h"
 #include "model/selection.h"
-#include "model/sliders.h"
 #include "platform/picture_box.h"
 #include "session/fault.h"
 #include "windows/boundary.h"

@@ -6,7 +6,7 @@
 
 #include "model/fit.h"
 #include "platform/picture_box.h"
-#include "plot/preview.h"
+#include "plot/drawing/preview.h"
 
 class QLabel;
 class QLineEdit;

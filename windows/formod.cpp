@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "plot/direction_events.h"
+#include "plot/window/direction_events.h"
 #include "windows/guide_line.h"
 #include "windows/quiet_focus.h"
 #include "windows/texts.h"

@@ -9,7 +9,7 @@
 
 #include "model/fit.h"
 #include "platform/picture_box.h"
-#include "plot/direction_window.h"
+#include "plot/window/direction_window.h"
 
 class QLabel;
 

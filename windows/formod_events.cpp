@@ -4,7 +4,11 @@
 #include <QMouseEvent>
 #include <algorithm>
 
-#include "plot/direction_events.h"
+#include "plot/window/direction_events.h"
+#include "plot/window/drag_events.h"
+#include "plot/window/grip_events.h"
+#include "plot/window/pair_count.h"
+#include "plot/window/placing.h"
 #include "windows/boundary.h"
 #include "windows/formod.h"
 #include "windows/guide_line.h"

@@ -14,7 +14,7 @@
 
 #include "files/variogram_reader.h"
 #include "session/fault.h"
-#include "session/numbers.h"
+#include "session/number_reading.h"
 #include "session/policy.h"
 #include "windows/boundary.h"
 #include "windows/grid.h"

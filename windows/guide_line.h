@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "plot/surface.h"
+#include "plot/drawing/surface.h"
 
 namespace zevfit {
 

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "plot/direction_window.h"
+#include "plot/window/direction_window.h"
 #include "session/tables.h"
 #include "windows/formod.h"
 

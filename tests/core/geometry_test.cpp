@@ -1,7 +1,6 @@
-#include "plot/geometry.h"
-
 #include <gtest/gtest.h>
 
+#include "plot/drawing/geometry.h"
 #include "session/fault.h"
 
 namespace zevfit {

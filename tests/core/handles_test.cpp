@@ -1,9 +1,7 @@
-#include "plot/handles.h"
-
 #include <gtest/gtest.h>
-
 #include <string>
 
+#include "plot/window/handles.h"
 #include "session/fault.h"
 
 namespace zevfit {

@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
-
 #include <limits>
 #include <string>
 
 #include "session/fault.h"
-#include "session/numbers.h"
+#include "session/number_pattern.h"
 
 namespace zevfit {
 namespace {

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -7,6 +6,8 @@
 #include <limits>
 #include <random>
 
+#include "session/number_pattern.h"
+#include "session/number_reading.h"
 #include "session/numbers.h"
 
 namespace zevfit {

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
-
 #include <cmath>
 #include <limits>
 #include <string>
 
 #include "session/fault.h"
+#include "session/number_reading.h"
 #include "session/numbers.h"
 
 namespace zevfit {

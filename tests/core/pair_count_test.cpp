@@ -1,10 +1,8 @@
-#include "plot/pair_count.h"
-
 #include <gtest/gtest.h>
-
 #include <limits>
 #include <string>
 
+#include "plot/window/pair_count.h"
 #include "session/fault.h"
 #include "tests/support/drag_bench.h"
 

@@ -1,8 +1,7 @@
 // The preview beside the plot that it is a preview of, operation by operation.
-#include "plot/preview.h"
-
 #include <gtest/gtest.h>
 
+#include "plot/drawing/preview.h"
 #include "tests/support/plot_bench.h"
 
 namespace zevfit {

@@ -2,13 +2,12 @@
 // put a range a at 16 a.
 
 #include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
 #include <string>
 #include <vector>
 
-#include "session/numbers.h"
+#include "session/number_reading.h"
 #include "tests/support/fit_fixture.h"
 
 namespace zevfit {

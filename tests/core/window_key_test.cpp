@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
-
 #include <ostream>
 
-#include "plot/plot_variogram.h"
+#include "plot/drawing/window_key.h"
 #include "session/fault.h"
 
 namespace zevfit {

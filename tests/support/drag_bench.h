@@ -3,7 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "plot/direction_events.h"
+#include "plot/window/drag_events.h"
+#include "plot/window/grip_events.h"
 #include "tests/support/plot_bench.h"
 
 namespace zevfit {

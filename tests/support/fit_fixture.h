@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "model/fields.h"
 #include "model/model_curve.h"
 #include "model/selection.h"
 #include "model/sliders.h"

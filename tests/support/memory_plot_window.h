@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "plot/direction_window.h"
+#include "plot/window/direction_window.h"
 #include "session/tables.h"
 #include "tests/support/recording_surface.h"
 

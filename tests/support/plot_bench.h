@@ -1,14 +1,12 @@
 #pragma once
 
 #include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include "plot/plot_variogram.h"
 #include "tests/support/fit_fixture.h"
 #include "tests/support/memory_plot_window.h"
 

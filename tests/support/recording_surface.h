@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include "plot/surface.h"
+#include "plot/drawing/surface.h"
 #include "session/numbers.h"
 
 namespace zevfit {

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "model/fit.h"
+
+namespace zevfit {
+
+/// Puts the stored value of the selected line back into the field of the sill.
+void restoreSillText(Fit& fit);
+
+// Handlers of the two fields; a failure inside a change or a key ends them silently.
+void Textc0_Change(Fit& fit);
+void Texta_Change(Fit& fit);
+void Textc0_Click(Fit& fit);
+void Texta_Click(Fit& fit);
+/// Key down in Textc0 or Texta; code 13 draws.
+void Text_KeyDown(Fit& fit, int keyCode);
+void Labelvariance_Click(Fit& fit);
+
+}  // namespace zevfit

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "model/fit_panel.h"
+#include "plot/drawing/geometry.h"
+#include "session/session.h"
+
+namespace zevfit {
+
+/// A place in a picture, twips.
+struct Point {
+  double x = 0, y = 0;
+  bool operator==(const Point&) const = default;
+};
+
+/// Within the plot box, its edges included.
+bool contains(const PlotBox& box, Point at);
+/// The mouse kept in the box. The lower and the right edge come first, so that in a box of no size
+/// the upper and the left one win.
+Point heldInside(const PlotBox& box, Point at);
+
+/// The inverse maps: ((y - ybottom) / (ytop - ybottom)) (ymax - ymin) + ymin, and
+/// ((x - xleft) / (xright - xleft)) xmax. At an edge the value is exactly the end of its axis.
+/// Throw Fault for a box of no height, of no width.
+double sillAt(const PlotMap& map, double y);
+double rangeAt(const PlotMap& map, double x);
+
+/// What a handle that is dragged writes.
+struct DragTarget {
+  PairTable<Cell> Session::*cell;
+  Field field;
+  const char* pattern;  ///< of the text that the field gets
+  bool upright;         ///< from y, by sillAt; otherwise from x, by rangeAt
+};
+/// Of handle 0 to 3, by the axis that its press chose: 2 for a sill, all others for a range.
+DragTarget dragTarget(int handle, int dragaxis);
+
+/// How handle 0 to 3 is placed: at the range and the sill of its line, with these differences.
+struct HandleForm {
+  std::optional<double> fixedLeft;  ///< in place of the range
+  double rightMargin = 0;           ///< from the picture's right side to where the axis ends
+  bool leftOfPlace = false;         ///< moved to the left by its own width
+};
+const HandleForm& handleForm(int handle);
+
+/// Where a handle is to be shown, before its own width counts; nothing where it stays hidden. The
+/// pair is that of the cells; `map` has the picture's own box. Throws Fault as the maps do, and
+/// for a cell that holds a text.
+std::optional<Point> handlePlace(const Session& session, const PlotMap& map, int handle,
+                                 std::int64_t variable, std::int64_t direction);
+
+}  // namespace zevfit

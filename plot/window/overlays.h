@@ -1,0 +1,13 @@
+#pragma once
+
+#include "plot/window/direction_window.h"
+
+namespace zevfit {
+
+// What several handlers of a plot window do with what lies over its picture.
+
+inline constexpr int kHandles = 4;
+
+void hideHandles(DirectionWindow& window);
+
+}  // namespace zevfit

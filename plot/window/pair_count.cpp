@@ -1,0 +1,70 @@
+#include "plot/window/pair_count.h"
+
+#include <algorithm>
+
+#include "plot/drawing/window_key.h"
+#include "plot/window/handles.h"
+#include "session/numbers.h"
+
+namespace zevfit {
+namespace {
+
+/// The last class to look at. Behind those written all are alike, so that the first of them counts
+/// for all, however many classes a file has claimed.
+std::int64_t lastClass(const Session& session, std::int64_t variable, std::int64_t direction) {
+  const std::size_t slots = session.hlag.written(variable, direction).size();
+  return std::min(session.nclass, std::max<std::int64_t>(static_cast<std::int64_t>(slots), 1));
+}
+
+bool isOnDataPoint(const Session& session, DirectionWindow& window) {
+  const DragState& mouse = window.dragState();
+  const PlotBox box{window.pictureWidth(), window.pictureHeight()};
+  return isNearBox(box, mouse.cursorx, double{mouse.cursory}) &&
+         window.colourAt(mouse.cursorx, double{mouse.cursory}) == session.style.cores.Label2;
+}
+
+void tagDataPoint(const Session& session, DirectionWindow& window) {
+  const DragState& mouse = window.dragState();
+  window.placeTag(mouse.cursorx, double{mouse.cursory});
+  const PlotBox box{window.pictureWidth(), window.pictureHeight()};
+  const std::int64_t v = session.curvar, d = session.curdir;
+  const std::int64_t lag = classAt(session, box, mouse.cursorx, v, d);
+  window.setTagCaption(pairCountText(session, v, d, lag));
+  window.showTag(true);
+}
+
+}  // namespace
+
+bool isNearBox(const PlotBox& box, double x, double y) {
+  return x >= PlotBox::xleft - kClickMargin && x <= box.xright() + kClickMargin &&
+         y >= PlotBox::ytop - kClickMargin && y <= box.ybottom() + kClickMargin;
+}
+
+std::int64_t classAt(const Session& session, const PlotBox& box, double x, std::int64_t variable,
+                     std::int64_t direction) {
+  const PlotMap map{box, session.xmax(variable, direction), 0, 0};
+  const double low = rangeAt(map, x - kClickMargin);
+  const double high = rangeAt(map, x + kClickMargin);
+  const std::int64_t last = lastClass(session, variable, direction);
+  for (std::int64_t lag = 1; lag <= last; ++lag) {
+    const double h = session.hlag(variable, direction, lag).number();
+    if (h < high && h > low) return lag;
+  }
+  return session.nclass + 1;
+}
+
+std::string pairCountText(const Session& session, std::int64_t variable, std::int64_t direction,
+                          std::int64_t lag) {
+  return generalText(session.npairs(variable, direction, lag));
+}
+
+void Picture4_Click(Fit& fit, DirectionWindow& window) {
+  Session& session = fit.session;
+  takeKey(session, window);
+  window.endDelete();
+  if (session.curvar <= 0 || session.curdir <= 0) return;
+  if (isOnDataPoint(session, window)) tagDataPoint(session, window);
+  fit.plotter.plotvariogram();
+}
+
+}  // namespace zevfit

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "model/fit.h"
+#include "plot/window/direction_window.h"
+
+namespace zevfit {
+
+/// Picture4_MouseUp and Picture4_DblClick: brings the handles out, and redraws. A fault frees and
+/// hides all handles and ends the handler.
+void Picture4_MouseUp(Fit& fit, DirectionWindow& window);
+
+}  // namespace zevfit
