@@ -1,8 +1,8 @@
 #include <QApplication>
 #include <QScreen>
 
+#include "files/orthogonality.h"
 #include "platform/end_signals.h"
-#include "platform/orthogonality.h"
 #include "platform/program_folder.h"
 #include "platform/qt_dialogs.h"
 #include "platform/qt_printer.h"

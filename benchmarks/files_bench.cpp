@@ -25,8 +25,8 @@ std::vector<double> numbersOf(const Session& session) {
   for (int v = 1; v <= kVariables; ++v)
     for (int d = 1; d <= kDirections; ++d)
       for (int lag = 1; lag <= kClasses; ++lag)
-        numbers.insert(numbers.end(), {session.hlag(v, d, lag).number(), session.gam(v, d, lag),
-                                       static_cast<double>(session.npairs(v, d, lag))});
+        numbers.insert(numbers.end(), {session.hlag({v, d}, lag).number(), session.gam({v, d}, lag),
+                                       static_cast<double>(session.npairs({v, d}, lag))});
   return numbers;
 }
 

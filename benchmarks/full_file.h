@@ -31,9 +31,9 @@ inline double rounded(double value) {
 inline void fillClasses(Session& session, int v, int d) {
   for (int lag = 1; lag <= kClasses; ++lag) {
     const double h = 100 * lag + 30 * std::sin(lag * 1.7 + d * 0.37 + v * 0.0113);
-    session.hlag.set(v, d, lag, rounded(h));
-    session.gam.set(v, d, lag, rounded(1 - std::exp(-h / 30000) + v * 0.001));
-    session.npairs.set(v, d, lag, static_cast<float>(20 + (lag * 37 + d) % 900));
+    session.hlag.set({v, d}, lag, rounded(h));
+    session.gam.set({v, d}, lag, rounded(1 - std::exp(-h / 30000) + v * 0.001));
+    session.npairs.set({v, d}, lag, static_cast<float>(20 + (lag * 37 + d) % 900));
   }
 }
 

@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "model/model_curve.h"
+#include "session/line.h"
 #include "tests/support/fit_fixture.h"
+#include "tests/support/model_lines.h"
 
 namespace zevfit {
 namespace {
@@ -25,17 +27,13 @@ double range(char letter) { return letter == 'P' ? 1.5 : 700; }
 class FullModel : public FitFixture {
  public:
   explicit FullModel(std::string_view letters) {
-    cell(&Session::use0) = 1;
-    cell(&Session::c0) = kNugget;
-    for (std::size_t line = 1; line < kLines; ++line) {
-      const char letter = letters[line - 1];
-      setFlag(session, static_cast<int>(line), kVariable, kDirection, 1);
-      cell(kLetterTable[line]) = std::string(1, letter);
-      cell(kSillTable[line]) = kSill;
-      cell(kRangeTable[line]) = range(letter);
+    setNugget(session, kPair, kNugget);
+    for (const Line structure : kStructures) {
+      const std::string_view letter = letters.substr(indexOf(structure) - 1, 1);
+      setStructure(session, kPair, structure, letter, kSill, range(letter.front()));
     }
   }
-  void sample() { modelcurve(fit, kDirection, kVariable, 1, kEnd); }
+  void sample() { modelcurve(fit, kPair, kEnd); }
 };
 
 /// What the exponentials and powers of one structure are taken of.

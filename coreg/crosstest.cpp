@@ -3,15 +3,16 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <span>
 #include <utility>
 
+#include "session/line.h"
 #include "session/number_pattern.h"
 #include "session/numbers.h"
 
 namespace zevfit {
 namespace {
 
-constexpr int kFirstStructure = 1;
 /// Variable slots: cross, primary, secondary. Direction slots: main, minor 1, minor 2.
 constexpr std::size_t kSlots = 3;
 constexpr std::size_t kCross = 0, kPrimary = 1, kSecondary = 2;
@@ -32,19 +33,16 @@ class Models {
         variables_{subscript(choice.cross), subscript(choice.primary), subscript(choice.secondary)},
         directions_{subscript(choice.main), subscript(choice.minor1), subscript(choice.minor2)} {}
 
-  double flag(int line, std::size_t v, std::size_t d) const {
-    return zevfit::flag(session_, line, variables_.at(v), directions_.at(d));
+  ConstLineRef at(Line which, std::size_t v, std::size_t d) const {
+    return line(session_, {variables_.at(v), directions_.at(d)}, which);
   }
   /// The line is on in the cross variable; where the flags agree, in all three.
-  bool on(int line, std::size_t d) const { return flag(line, kCross, d) == 1; }
-  const std::string& letter(int line, std::size_t v, std::size_t d) const {
-    return cell(kLetterTable, line, v, d);
+  bool on(Line which, std::size_t d) const { return at(which, kCross, d).isOn(); }
+  double range(Line which, std::size_t v, std::size_t d) const {
+    return at(which, v, d).range().number();
   }
-  double range(int line, std::size_t v, std::size_t d) const {
-    return cell(kRangeTable, line, v, d).number();
-  }
-  double sill(int line, std::size_t v, std::size_t d) const {
-    return cell(kSillTable, line, v, d).number();
+  double sill(Line which, std::size_t v, std::size_t d) const {
+    return at(which, v, d).sill().number();
   }
   const std::string& directionName(std::size_t d) const {
     return session_.dirname(directions_.at(d));
@@ -52,12 +50,6 @@ class Models {
 
  private:
   static std::int64_t subscript(int position) { return std::int64_t{position} + 1; }
-  template <class T>
-  const T& cell(const std::array<PairTable<T> Session::*, kLines>& tables, int line, std::size_t v,
-                std::size_t d) const {
-    const auto table = tables.at(static_cast<std::size_t>(line));
-    return (session_.*table)(variables_.at(v), directions_.at(d));
-  }
 
   const Session& session_;
   Slots<std::int64_t> variables_;
@@ -66,9 +58,9 @@ class Models {
 
 bool noLines(const Models& models) {
   double count = 0;
-  for (int line = 0; line < kLines; ++line)
+  for (const Line which : kLines)
     for (std::size_t v = 0; v < kSlots; ++v)
-      for (std::size_t d = 0; d < kSlots; ++d) count += models.flag(line, v, d);
+      for (std::size_t d = 0; d < kSlots; ++d) count += models.at(which, v, d).used();
   return count == 0;
 }
 
@@ -81,26 +73,32 @@ bool differ(const auto& value) {
 }
 
 bool flagsDiffer(const Models& models) {
-  for (int line = 0; line < kLines; ++line)
-    if (differ([&](std::size_t v, std::size_t d) { return models.flag(line, v, d); })) return true;
+  for (const Line which : kLines)
+    if (differ([&](std::size_t v, std::size_t d) { return models.at(which, v, d).used(); }))
+      return true;
   return false;
 }
 
 /// To be asked where the flags agree.
 bool lettersDiffer(const Models& models) {
-  for (int line = kFirstStructure; line < kLines; ++line) {
-    const auto letter = [&](std::size_t v, std::size_t d) { return models.letter(line, v, d); };
-    if (models.on(line, 0) && differ(letter)) return true;
+  for (const Line which : kStructures) {
+    const auto letter = [&](std::size_t v, std::size_t d) {
+      return models.at(which, v, d).letter();
+    };
+    if (models.on(which, 0) && differ(letter)) return true;
   }
   return false;
 }
 
+/// The number of a line in texts and keys: 0 for the nugget.
+std::string numberOf(Line which) { return signedText(static_cast<std::int64_t>(indexOf(which))); }
+
 /// "a 1" where the three ranges of a structure are not the same, nothing where they are.
-std::string rangeText(const Models& models, int line, std::size_t d) {
-  const double range = models.range(line, kCross, d);
+std::string rangeText(const Models& models, Line which, std::size_t d) {
+  const double range = models.range(which, kCross, d);
   const bool same =
-      range == models.range(line, kPrimary, d) && range == models.range(line, kSecondary, d);
-  return same ? "" : "a" + signedText(line);
+      range == models.range(which, kPrimary, d) && range == models.range(which, kSecondary, d);
+  return same ? "" : "a" + numberOf(which);
 }
 
 /// The square of the cross sill is greater than the product of the other two.
@@ -121,24 +119,23 @@ double boundOf(double primary, double secondary) {
 }
 
 /// "|C 1xy|  =< 12.5" where the cross sill exceeds its bound, nothing where it does not.
-std::string sillText(const Models& models, int line, std::size_t d) {
-  const double primary = models.sill(line, kPrimary, d);
-  const double secondary = models.sill(line, kSecondary, d);
-  if (!exceeds(models.sill(line, kCross, d), primary, secondary)) return {};
-  return "|C" + signedText(line) + "xy|  =< " +
+std::string sillText(const Models& models, Line which, std::size_t d) {
+  const double primary = models.sill(which, kPrimary, d);
+  const double secondary = models.sill(which, kSecondary, d);
+  if (!exceeds(models.sill(which, kCross, d), primary, secondary)) return {};
+  return "|C" + numberOf(which) + "xy|  =< " +
          formatNumber(boundOf(primary, secondary), kBoundPattern);
 }
 
 /// The faults of lines that are on, by line and direction; an empty text is none.
-using Marks = std::array<Slots<std::string>, kLines>;
+using Marks = std::array<Slots<std::string>, kLines.size()>;
 
-Marks marksOf(const Models& models, int firstLine,
-              std::string (*fault)(const Models&, int, std::size_t)) {
+Marks marksOf(const Models& models, std::span<const Line> lines,
+              std::string (*fault)(const Models&, Line, std::size_t)) {
   Marks marks;
-  for (int line = firstLine; line < kLines; ++line)
+  for (const Line which : lines)
     for (std::size_t d = 0; d < kSlots; ++d)
-      if (models.on(line, d))
-        marks.at(static_cast<std::size_t>(line)).at(d) = fault(models, line, d);
+      if (models.on(which, d)) marks.at(indexOf(which)).at(d) = fault(models, which, d);
   return marks;
 }
 
@@ -183,12 +180,11 @@ class Tree {
   /// What is wrong, line by line, under the verdicts of that prefix.
   void addFaults(const char* prefix, const Marks& marks) {
     for (std::size_t d = 0; d < kSlots; ++d)
-      for (std::size_t line = 0; line < marks.size(); ++line) {
-        const std::string& mark = marks.at(line).at(d);
+      for (const Line which : kLines) {
+        const std::string& mark = marks.at(indexOf(which)).at(d);
         if (mark.empty()) continue;
         const std::string parent = key(prefix, d);
-        nodes_.push_back({parent + signedText(static_cast<std::int64_t>(line)), parent, " " + mark,
-                          NodeImage::failed});
+        nodes_.push_back({parent + numberOf(which), parent, " " + mark, NodeImage::failed});
       }
   }
 
@@ -233,8 +229,8 @@ std::vector<TestNode> crosstest(const Session& session, const CrossChoice& choic
   if (noLines(models)) return faultyTree(models, "No structures detected");
   if (flagsDiffer(models)) return faultyTree(models, "Different number of structures");
   if (lettersDiffer(models)) return faultyTree(models, "Different models");
-  const Marks ranges = marksOf(models, kFirstStructure, rangeText);
-  const Marks sills = marksOf(models, 0, sillText);
+  const Marks ranges = marksOf(models, kStructures, rangeText);
+  const Marks sills = marksOf(models, kLines, sillText);
   if (anyMark(ranges) || anyMark(sills)) return detailTree(models, ranges, sills);
   return passedTree(models);
 }

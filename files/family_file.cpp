@@ -5,6 +5,7 @@
 
 #include "files/output_file.h"
 #include "files/tokens.h"
+#include "session/policy.h"
 
 namespace zevfit {
 
@@ -34,11 +35,8 @@ SaveCode readSaveCode(std::string_view bytes) {
 }
 
 SaveCode loadSaveCode(const std::filesystem::path& folder) {
-  try {
-    return readSaveCode(readWhole(folder / kFamilyFileName));
-  } catch (const std::exception&) {
-    return {};
-  }
+  return attempt([&] { return readSaveCode(readWhole(folder / kFamilyFileName)); },
+                 [] { return SaveCode(); });
 }
 
 }  // namespace zevfit

@@ -1,7 +1,6 @@
 #include "files/kriging_file.h"
 
 #include <filesystem>
-#include <limits>
 #include <optional>
 
 #include "files/output_file.h"
@@ -39,12 +38,6 @@ struct Angles {
 struct Ratios {
   std::array<double, kStructures> minor1{}, minor2{};
 };
-
-float toSingle(double value) {
-  constexpr double most = std::numeric_limits<float>::max();
-  if (value < -most || value > most) throw Fault("Overflow");
-  return static_cast<float>(value);
-}
 
 Angles anglesOf(const KrigingModel& model) {
   return {leadingNumber(model.main[kAzimuth]),
@@ -95,17 +88,6 @@ bool rowIsEmpty(const KrigingModel& model) {
   return leadingNumber(joined) == 0;
 }
 
-/// The warning that ends the save; nothing when there is none.
-std::optional<std::string> refusal(const KrigingModel& model, const std::string& fileName) {
-  const int main = countOf(model.main), minor1 = countOf(model.minor1);
-  bool empty = false;
-  if (minor1 == 1) endSilently([&] { empty = rowIsEmpty(model); });
-  if (empty) return "File ' " + fileName + " ' have no parameters, please run  zevFIT program!";
-  if (main != minor1) return kOtherThanMinor1;
-  if (main != countOf(model.minor2)) return kOtherThanMinor2;
-  return std::nullopt;
-}
-
 /// A structure without a range along one of the directions has ratios of 0.
 void fillRatios(const KrigingModel& model, int structure, Ratios& ratios) {
   const double main = range(model.main, structure);
@@ -136,19 +118,61 @@ void putStructure(std::string& out, const KrigingModel& model, int structure,
   putLine(out, line);
 }
 
-std::string compose(const KrigingModel& model, const Angles& angles, int count,
-                    const Ratios& ratios) {
+/// What the file tells of the structures: their number with the nugget as one, and the ratios.
+struct Structures {
+  int count = 0;
+  Ratios ratios;
+};
+
+/// A nugget alone shows one structure without a range.
+Structures structuresOf(const KrigingModel& model) {
+  Structures structures{countOf(model.main), {}};
+  if (structures.count == 1) {
+    structures.ratios.minor1[0] = structures.ratios.minor2[0] = 1;
+    structures.count = 2;
+    return structures;
+  }
+  for (int structure = 0; structure < structures.count - 1; ++structure)
+    endSilently([&] { fillRatios(model, structure, structures.ratios); });
+  return structures;
+}
+
+}  // namespace
+
+std::optional<std::string> angleRefusal(const KrigingModel& model,
+                                        const Orthogonality& orthogonality) {
+  const Angles angles = anglesOf(model);
+  if (orthogonal(angles, orthogonality)) return std::nullopt;
+  return sameMinors(angles) ? kNotInPlane : kNotInSpace;
+}
+
+std::optional<std::string> structureRefusal(const KrigingModel& model, std::string_view fileName) {
+  const int main = countOf(model.main), minor1 = countOf(model.minor1);
+  bool empty = false;
+  if (minor1 == 1) endSilently([&] { empty = rowIsEmpty(model); });
+  if (empty)
+    return "File ' " + std::string(fileName) + " ' have no parameters, please run  zevFIT program!";
+  if (main != minor1) return kOtherThanMinor1;
+  if (main != countOf(model.minor2)) return kOtherThanMinor2;
+  return std::nullopt;
+}
+
+bool isNuggetAlone(const KrigingModel& model) { return countOf(model.main) == 1; }
+
+std::string composeKrigingFile(const KrigingModel& model) {
+  const Angles angles = anglesOf(model);
+  const Structures structures = structuresOf(model);
   std::string out;
   putLine(out, "ZGRD");
   putLine(out, model.filetag);
   putLine(out, model.variable);
   putLine(out, fileNumber(angles.mainAzimuth));
   putLine(out, fileNumber(angles.mainDip));
-  putLine(out, fileNumber(static_cast<double>(count)));
+  putLine(out, fileNumber(static_cast<double>(structures.count)));
   putLine(out, fileNumber(leadingNumber(model.rowcells.at(1))));
   putLine(out, model.rowcells.at(11));
-  for (int structure = 0; structure < count - 1; ++structure)
-    putStructure(out, model, structure, ratios);
+  for (int structure = 0; structure < structures.count - 1; ++structure)
+    putStructure(out, model, structure, structures.ratios);
   putLine(out, fileNumber(angles.minor1Azimuth));
   putLine(out, fileNumber(angles.minor1Dip));
   putLine(out, fileNumber(angles.minor2Azimuth));
@@ -156,37 +180,19 @@ std::string compose(const KrigingModel& model, const Angles& angles, int count,
   return out;
 }
 
-/// The count that the file tells, and the ratios. A nugget alone shows one structure without a
-/// range.
-int prepareRatios(const KrigingModel& model, Ratios& ratios, Dialogs& dialogs) {
-  const int count = countOf(model.main);
-  if (count == 1) {
-    dialogs.warning(kNuggetAlone);
-    ratios.minor1[0] = ratios.minor2[0] = 1;
-    return 2;
-  }
-  for (int structure = 0; structure < count - 1; ++structure)
-    endSilently([&] { fillRatios(model, structure, ratios); });
-  return count;
-}
-
-}  // namespace
-
 void saveKrigingFile(const KrigingModel& model, const Orthogonality& orthogonality,
-                     Dialogs& dialogs) {
-  const Angles angles = anglesOf(model);
-  if (!orthogonal(angles, orthogonality))
-    return dialogs.plain(sameMinors(angles) ? kNotInPlane : kNotInSpace);
-  const std::optional<std::string> path = dialogs.saveFile(kTitle, kPattern);
+                     Messages& messages, FileChooser& chooser) {
+  if (const auto refused = angleRefusal(model, orthogonality)) return messages.plain(*refused);
+  const std::optional<std::string> path = chooser.saveFile(kTitle, kPattern);
   if (!path) return;
   const std::string name = std::filesystem::path(*path).filename().string();
-  if (const auto warning = refusal(model, name)) return dialogs.warning(*warning);
-  Ratios ratios;
-  const int count = prepareRatios(model, ratios, dialogs);
+  if (const auto refused = structureRefusal(model, name)) return messages.warning(*refused);
+  if (isNuggetAlone(model)) messages.warning(kNuggetAlone);
   // A failure while the file is written ends without a word.
   endSilently([&] {
-    writeWhole(*path, compose(model, angles, count, ratios), freeSibling(*path));
-    dialogs.plain("File  ' " + name + " '  is saved, you can go on to simulation/kriging modules.");
+    writeWhole(*path, composeKrigingFile(model), freeSibling(*path));
+    messages.plain("File  ' " + name +
+                   " '  is saved, you can go on to simulation/kriging modules.");
   });
 }
 

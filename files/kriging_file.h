@@ -2,10 +2,13 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
-#include "session/dialogs.h"
+#include "files/orthogonality.h"
+#include "session/file_chooser.h"
+#include "session/messages.h"
 
 /// The kriging parameter file: the nested model of one variable with its ranges along three
 /// directions, as text lines that end in carriage return and line feed:
@@ -18,18 +21,6 @@
 ///         along Main, and the ratios of that range to those along Minor 1 and Minor 2
 ///     azimuth and dip of Minor 1, of Minor 2
 namespace zevfit {
-
-/// Tells whether three directions are orthogonal. Azimuth and dip in degrees, the azimuth clockwise
-/// from north, the dip downward positive.
-class Orthogonality {
- public:
-  virtual ~Orthogonality() = default;
-  /// 0 when they are not. Where both minor directions have the same angles the model lies in a
-  /// plane, and Main against Minor 1 decides.
-  virtual std::int16_t Normal_verif(float mainAzimuth, float mainDip, float minor1Azimuth,
-                                    float minor1Dip, float minor2Azimuth,
-                                    float minor2Dip) const = 0;
-};
 
 /// The fields of one direction: azimuth, dip, and the ranges of three structures.
 using AxisTexts = std::array<std::string, 5>;
@@ -45,10 +36,23 @@ struct KrigingModel {
   std::array<std::string, 13> rowcells;
 };
 
-/// Checks the model, asks for the file, writes it and tells so, all through `dialogs`. The file is
-/// replaced whole or left as it was; a failure to write it ends silently. Angles that overflow pass
-/// to the caller as a Fault.
+/// Why the directions of a model make no file, as a box tells it; nothing where they are at right
+/// angles. Throws Fault for angles that overflow.
+std::optional<std::string> angleRefusal(const KrigingModel& model,
+                                        const Orthogonality& orthogonality);
+/// Why its structures make none, as a warning tells it; nothing where the directions have the same
+/// number. `fileName` stands in one of the warnings.
+std::optional<std::string> structureRefusal(const KrigingModel& model, std::string_view fileName);
+/// No direction has a structure but the nugget, which is warned of.
+bool isNuggetAlone(const KrigingModel& model);
+
+/// The bytes of the file, for a model that nothing refuses. Throws Fault for numbers that overflow.
+std::string composeKrigingFile(const KrigingModel& model);
+
+/// Checks the model, asks for the file, writes it and tells so. The file is replaced whole or left
+/// as it was; a failure to write it ends silently. Angles that overflow pass to the caller as a
+/// Fault.
 void saveKrigingFile(const KrigingModel& model, const Orthogonality& orthogonality,
-                     Dialogs& dialogs);
+                     Messages& messages, FileChooser& chooser);
 
 }  // namespace zevfit

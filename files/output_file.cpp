@@ -106,7 +106,7 @@ int flagsFor(OutputFile::Old old) {
          (old == OutputFile::Old::refused ? O_EXCL : O_TRUNC);
 }
 
-/// A link is taken away, lest the file that it leads to be written.
+/// Removes a symbolic link so that its target is not overwritten.
 void removeLink(const fs::path& path) {
   struct stat about {};
   if (::lstat(path.c_str(), &about) == 0 && S_ISLNK(about.st_mode)) ::unlink(path.c_str());

@@ -13,6 +13,13 @@ class ByteSink {
   virtual void write(std::string_view bytes) = 0;
 };
 
+/// A sink that keeps the bytes.
+class MemorySink : public ByteSink {
+ public:
+  std::string bytes;
+  void write(std::string_view more) override { bytes += more; }
+};
+
 /// A file opened for writing. A symbolic link is never followed: it gives way to the new file.
 /// Every failure throws Fault with what failed; what could not be written is not tried again.
 class OutputFile : public ByteSink {

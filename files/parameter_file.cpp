@@ -7,6 +7,7 @@
 #include "files/output_file.h"
 #include "files/tokens.h"
 #include "session/numbers.h"
+#include "session/policy.h"
 
 namespace zevfit {
 
@@ -16,11 +17,6 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr const char* kTemporarySuffix = ".new";
-
-/// The colours in the order of the file.
-constexpr std::array kSwatches = {&ColourSwatches::Label1, &ColourSwatches::Label2,
-                                  &ColourSwatches::Label3, &ColourSwatches::Label4,
-                                  &ColourSwatches::Label5};
 
 /// An empty first line is an empty path, not a blank in front of the first colour: so a run that
 /// never opened a file reads back what it kept.
@@ -87,12 +83,8 @@ std::optional<std::string> readParameters(std::string_view bytes, GraphStyle& st
 }
 
 std::optional<std::string> loadParameters(const fs::path& folder, GraphStyle& style) {
-  std::string bytes;
-  try {
-    bytes = readWhole(folder / kParameterFileName);
-  } catch (const std::exception&) {
-    bytes.clear();
-  }
+  const std::string bytes =
+      attempt([&] { return readWhole(folder / kParameterFileName); }, [] { return std::string(); });
   return readParameters(bytes, style);
 }
 

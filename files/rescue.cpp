@@ -14,12 +14,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-class Memory : public ByteSink {
- public:
-  std::string bytes;
-  void write(std::string_view more) override { bytes += more; }
-};
-
 /// The title of the loaded file, which the session does not keep; its name where it can't be read.
 std::string titleOf(const std::string& file) {
   std::string title = fs::path(file).filename().string();
@@ -48,14 +42,16 @@ std::optional<fs::path> writeRescue(const Session& session, std::int64_t variabl
                                     const fs::path& folder) {
   if (session.inputfile.empty()) return std::nullopt;
   fs::path rescue = folder / kRescueName;
-  try {
-    Memory file;
-    composeWhole(session, variables, titleOf(session.inputfile), file);
-    keepBefore(folder);
-    writeInPlace(rescue, file.bytes);
-  } catch (const std::exception&) {
-    return std::nullopt;
-  }
+  const bool written = attempt(
+      [&] {
+        MemorySink file;
+        composeWhole(session, variables, titleOf(session.inputfile), file);
+        keepBefore(folder);
+        writeInPlace(rescue, file.bytes);
+        return true;
+      },
+      [] { return false; });
+  if (!written) return std::nullopt;
   endSilently([&] { writeInPlace(folder / kRescueNoteName, session.inputfile); });
   return rescue;
 }

@@ -5,6 +5,7 @@
 
 #include "files/family_file.h"
 #include "files/parameter_file.h"
+#include "session/policy.h"
 
 namespace zevfit {
 
@@ -12,35 +13,35 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Answer decide(std::int32_t p, std::int32_t q, Dialogs& dialogs) {
+Answer decide(std::int32_t p, std::int32_t q, Messages& messages) {
   if (p == 1 && q == 0) return Answer::no;
   if (p == 1 && q == 1) return Answer::yes;
-  return dialogs.question(kSaveQuestion);
+  return messages.question(kSaveQuestion);
 }
 
 /// The name stands in capitals in the message, and behind a backslash, whatever the file's own.
 void save(const GraphStyle& style, std::string_view inputPath, const fs::path& folder,
-          Dialogs& dialogs) {
-  try {
-    writeParameters(folder, style, inputPath);
-  } catch (const std::exception&) {
-    dialogs.plain("Cannot save  session parameters to " + folder.string() + "\\zevFIT.INI");
-  }
+          Messages& messages) {
+  attempt(
+      [&] { writeParameters(folder, style, inputPath); },
+      [&] {
+        messages.plain("Cannot save  session parameters to " + folder.string() + "\\zevFIT.INI");
+      });
 }
 
 }  // namespace
 
 bool saveini(const GraphStyle& style, std::string_view inputPath, const fs::path& folder,
-             std::int32_t p, std::int32_t q, Dialogs& dialogs) {
-  const Answer answer = decide(p, q, dialogs);
-  if (answer == Answer::yes) save(style, inputPath, folder, dialogs);
+             std::int32_t p, std::int32_t q, Messages& messages) {
+  const Answer answer = decide(p, q, messages);
+  if (answer == Answer::yes) save(style, inputPath, folder, messages);
   return answer != Answer::cancel;
 }
 
 bool closeRequest(const GraphStyle& style, std::string_view inputPath, const fs::path& folder,
-                  Dialogs& dialogs) {
+                  Messages& messages) {
   const SaveCode code = loadSaveCode(folder);
-  return saveini(style, inputPath, folder, code.p, code.q, dialogs);
+  return saveini(style, inputPath, folder, code.p, code.q, messages);
 }
 
 }  // namespace zevfit

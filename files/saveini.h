@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string_view>
 
-#include "session/dialogs.h"
+#include "session/messages.h"
 #include "session/style.h"
 
 namespace zevfit {
@@ -15,10 +15,11 @@ inline constexpr const char* kSaveQuestion = "Save configuration data file to ze
 /// written to the program's folder; true when the program ends. A file that can't be written is
 /// told of, and the program ends all the same.
 bool saveini(const GraphStyle& style, std::string_view inputPath,
-             const std::filesystem::path& folder, std::int32_t p, std::int32_t q, Dialogs& dialogs);
+             const std::filesystem::path& folder, std::int32_t p, std::int32_t q,
+             Messages& messages);
 
 /// What a request to close the program does: saveini with the numbers of the family's file.
 bool closeRequest(const GraphStyle& style, std::string_view inputPath,
-                  const std::filesystem::path& folder, Dialogs& dialogs);
+                  const std::filesystem::path& folder, Messages& messages);
 
 }  // namespace zevfit

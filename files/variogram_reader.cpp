@@ -9,6 +9,7 @@
 #include "files/tokens.h"
 #include "files/variogram_format.h"
 #include "session/fault.h"
+#include "session/line.h"
 #include "session/numbers.h"
 #include "session/policy.h"
 
@@ -44,13 +45,11 @@ class Reader {
   template <class Names>
   void takeNames(std::int64_t count, std::int64_t slots, Names& names);
   void variable(std::int64_t v);
-  void direction(std::int64_t v, std::int64_t d);
-  void classes(std::int64_t v, std::int64_t d, std::vector<Cell>& h, std::vector<double>& g,
-               std::vector<float>& n);
-  void oneClass(std::int64_t v, std::int64_t d, std::vector<Cell>& h, std::vector<double>& g,
-                std::vector<float>& n);
-  void deriveAxis(std::int64_t v, std::int64_t d);
-  void model(std::int64_t v, std::int64_t d);
+  void direction(Pair pair);
+  void classes(Pair pair, std::vector<Cell>& h, std::vector<double>& g, std::vector<float>& n);
+  void oneClass(Pair pair, std::vector<Cell>& h, std::vector<double>& g, std::vector<float>& n);
+  void deriveAxis(Pair pair);
+  void model(Pair pair);
   void takeLetter(std::string& letter);
 
   void endTest() const {
@@ -110,7 +109,7 @@ void Reader::header() {
   in_.text();
   endTest();
   if (const auto tag = in_.text()) session_.filetag = *tag;
-  if (lowered(trimmed(session_.filetag)) == kModelTag) session_.hasmodel = 1;
+  if (lowered(trimmed(session_.filetag)) == kModelTag) session_.hasmodel = true;
   takeCount(session_.nvar);
   takeNames(session_.nvar, kVariableSlots, session_.varname);
   takeCount(session_.ndir);
@@ -134,7 +133,7 @@ void Reader::variable(std::int64_t v) {
   if (takeNumber()) session_.variance(v) = number_;
   for (std::int64_t d = 1; d <= session_.ndir; ++d) {
     if (d < kDirectionSlots) {
-      direction(v, d);
+      direction({v, d});
       continue;
     }
     if (session_.nclass > 0) endTest();
@@ -142,7 +141,7 @@ void Reader::variable(std::int64_t v) {
   }
 }
 
-void Reader::direction(std::int64_t v, std::int64_t d) {
+void Reader::direction(Pair pair) {
   std::vector<Cell> h(1);
   std::vector<double> g(1);
   std::vector<float> n(1);
@@ -152,26 +151,26 @@ void Reader::direction(std::int64_t v, std::int64_t d) {
   g.reserve(room);
   n.reserve(room);
   const auto store = [&] {
-    session_.hlag.setRow(v, d, std::move(h));
-    session_.gam.setRow(v, d, std::move(g));
-    session_.npairs.setRow(v, d, std::move(n));
+    session_.hlag.setRow(pair, std::move(h));
+    session_.gam.setRow(pair, std::move(g));
+    session_.npairs.setRow(pair, std::move(n));
   };
   try {
-    classes(v, d, h, g, n);
+    classes(pair, h, g, n);
   } catch (const EndOfFile&) {
     store();
     throw;
   }
   store();
-  deriveAxis(v, d);
+  deriveAxis(pair);
 }
 
-void Reader::classes(std::int64_t v, std::int64_t d, std::vector<Cell>& h, std::vector<double>& g,
+void Reader::classes(Pair pair, std::vector<Cell>& h, std::vector<double>& g,
                      std::vector<float>& n) {
-  for (std::int64_t lag = 1; lag <= session_.nclass; ++lag) oneClass(v, d, h, g, n);
+  for (std::int64_t lag = 1; lag <= session_.nclass; ++lag) oneClass(pair, h, g, n);
 }
 
-void Reader::oneClass(std::int64_t v, std::int64_t d, std::vector<Cell>& h, std::vector<double>& g,
+void Reader::oneClass(Pair pair, std::vector<Cell>& h, std::vector<double>& g,
                       std::vector<float>& n) {
   endTest();
   h.push_back(takeNumber() ? number_ : Cell());
@@ -179,42 +178,45 @@ void Reader::oneClass(std::int64_t v, std::int64_t d, std::vector<Cell>& h, std:
   g.push_back(takeValue());
   endTest();
   n.push_back(takePairs());
-  if (!h.back().isText()) session_.hmax(v, d) = std::max(session_.hmax(v, d), h.back().number());
-  session_.gmax(v, d) = std::max(session_.gmax(v, d), g.back());
-  session_.gmin(v, d) = std::min(session_.gmin(v, d), g.back());
+  if (!h.back().isText()) session_.hmax(pair) = std::max(session_.hmax(pair), h.back().number());
+  session_.gmax(pair) = std::max(session_.gmax(pair), g.back());
+  session_.gmin(pair) = std::min(session_.gmin(pair), g.back());
 }
 
-void Reader::deriveAxis(std::int64_t v, std::int64_t d) {
+void Reader::deriveAxis(Pair pair) {
   Session& s = session_;
-  endSilently(
-      [&] { s.ymax(v, d) = finite(kAxisMargin * std::max(s.gmax(v, d), s.variance(v).number())); });
-  endSilently(
-      [&] { s.ymin(v, d) = finite(kAxisMargin * std::min(s.gmin(v, d), s.variance(v).number())); });
-  if (s.ymin(v, d) > 0) s.ymin(v, d) = 0;
-  s.ymin0(v, d) = s.ymin(v, d);
-  s.ymax0(v, d) = s.ymax(v, d);
+  endSilently([&] {
+    s.ymax(pair) = finite(kAxisMargin * std::max(s.gmax(pair), s.variance(pair.variable).number()));
+  });
+  endSilently([&] {
+    s.ymin(pair) = finite(kAxisMargin * std::min(s.gmin(pair), s.variance(pair.variable).number()));
+  });
+  if (s.ymin(pair) > 0) s.ymin(pair) = 0;
+  s.ymin0(pair) = s.ymin(pair);
+  s.ymax0(pair) = s.ymax(pair);
 }
 
 void Reader::models() {
   const std::int64_t variables = std::min<std::int64_t>(session_.nvar, kVariableSlots - 1);
   const std::int64_t directions = std::min<std::int64_t>(session_.ndir, kDirectionSlots - 1);
   for (std::int64_t v = 1; v <= variables; ++v)
-    for (std::int64_t d = 1; d <= directions; ++d) model(v, d);
-  session_.modelshown = 0;
+    for (std::int64_t d = 1; d <= directions; ++d) model({v, d});
+  session_.modelshown = false;
 }
 
 /// A read that fails at the end of the file leaves what the one before it has read in its place.
-void Reader::model(std::int64_t v, std::int64_t d) {
-  for (int line = 0; line < kLines; ++line) {
-    const auto at = static_cast<std::size_t>(line);
+void Reader::model(Pair pair) {
+  for (const Line which : kLines) {
+    const bool isStructure = which != Line::nugget;
+    const LineRef at = line(session_, pair, which);
     takeNumber();
-    endSilently([&] { setFlag(session_, line, v, d, number_); });
-    if (line > 0) takeLetter((session_.*kLetterTable[at])(v, d));
+    endSilently([&] { at.use(number_); });
+    if (isStructure) takeLetter(at.letter());
     takeNumber();
-    (session_.*kSillTable[at])(v, d) = number_;
-    if (line == 0) continue;
+    at.sill() = number_;
+    if (!isStructure) continue;
     takeNumber();
-    (session_.*kRangeTable[at])(v, d) = number_;
+    at.range() = number_;
   }
 }
 
@@ -230,9 +232,8 @@ bool hasVariogramExtension(std::string_view fileName) {
 }
 
 bool readVariogramBytes(std::string_view bytes, Session& session) {
-  session.plotdir = 1;
-  session.plotvar = 1;
-  session.hasmodel = 0;
+  session.setPlotted({1, 1});
+  session.hasmodel = false;
   Reader reader(bytes, session);
   try {
     reader.header();
@@ -241,7 +242,7 @@ bool readVariogramBytes(std::string_view bytes, Session& session) {
   } catch (const EndOfFile&) {
     return false;
   }
-  if (session.hasmodel == 1) reader.models();
+  if (session.hasmodel) reader.models();
   return true;
 }
 
@@ -256,10 +257,16 @@ void acceptLoad(Session& session, const std::filesystem::path& path) {
   for (std::int64_t v = 1; v <= names; ++v)
     if (session.varname(v).empty()) session.varname(v) = "No Name" + std::to_string(v);
   session.nvarfile = session.nvar;
-  for (int v = 1; v <= kResetVariables; ++v) session.addflag(v) = 0;
+  for (int v = 1; v <= kResetVariables; ++v) session.addflag(v) = false;
   session.datavar = 1;
   session.inputfile = path.string();
   session.loaded = true;
+}
+
+bool loadVariogramFile(const std::filesystem::path& path, Session& session) {
+  const bool good = readVariogramFile(path, session);
+  if (good) acceptLoad(session, path);
+  return good;
 }
 
 }  // namespace zevfit

@@ -20,8 +20,11 @@ bool readVariogramBytes(std::string_view bytes, Session& session);
 /// The same from a file; one that can't be opened or read counts as empty.
 bool readVariogramFile(const std::filesystem::path& path, Session& session);
 
-/// What a good load settles in the session once the windows take the file up: names for unnamed
-/// variables, the loaded mark, nvarfile, cleared ticks, datavar and inputfile.
+/// What a good read settles in the session: names for unnamed variables, the loaded mark, nvarfile,
+/// cleared ticks, datavar and inputfile.
 void acceptLoad(Session& session, const std::filesystem::path& path);
+
+/// Reads a file and, where that was good, accepts it; false as readVariogramBytes has it.
+bool loadVariogramFile(const std::filesystem::path& path, Session& session);
 
 }  // namespace zevfit

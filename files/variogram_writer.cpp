@@ -7,7 +7,9 @@
 #include "files/tokens.h"
 #include "files/variogram_format.h"
 #include "session/fault.h"
+#include "session/line.h"
 #include "session/numbers.h"
+#include "session/policy.h"
 
 namespace zevfit {
 
@@ -51,11 +53,11 @@ class Writer {
   void number(const Value& value);
   void text(std::string_view line);
   void token(std::string_view text);
-  void wholeLine(std::size_t line, std::int64_t v, std::int64_t d);
+  void wholeLine(Line which, Pair pair);
   std::string_view oldToken();
-  void classes(std::int64_t v, std::int64_t d);
-  void nugget(std::int64_t v, std::int64_t d);
-  void structure(std::size_t line, std::int64_t v, std::int64_t d);
+  void classes(Pair pair);
+  void nugget(Pair pair);
+  void structure(Line which, Pair pair);
 
   const Session& session_;
   std::int64_t variables_, directions_, classes_;
@@ -120,47 +122,49 @@ void Writer::data() {
   for (std::int64_t v = 1; v <= variables_; ++v) {
     endTest();
     number(session_.variance(v));
-    for (std::int64_t d = 1; d <= directions_; ++d) classes(v, d);
+    for (std::int64_t d = 1; d <= directions_; ++d) classes({v, d});
   }
 }
 
-void Writer::classes(std::int64_t v, std::int64_t d) {
-  const auto held = static_cast<std::int64_t>(session_.gam.written(v, d).size());
+void Writer::classes(Pair pair) {
+  const auto held = static_cast<std::int64_t>(session_.gam.written(pair).size());
   if (classes_ > std::max(held, trusted_)) throw Fault("Out of memory");
   // The three tests before each line repeat one answer, as no more is read from the old file.
   if (classes_ > 0) endTest();
   for (std::int64_t lag = 1; lag <= classes_; ++lag) {
     line_.clear();
-    appendFileNumber(line_, session_.hlag(v, d, lag));
+    appendFileNumber(line_, session_.hlag(pair, lag));
     nextPrintZone(line_, 0);
-    appendFileNumber(line_, session_.gam(v, d, lag));
+    appendFileNumber(line_, session_.gam(pair, lag));
     nextPrintZone(line_, 0);
-    appendFileNumber(line_, session_.npairs(v, d, lag));
+    appendFileNumber(line_, session_.npairs(pair, lag));
     line_ += kLineEnd;
     out_.write(line_);
   }
 }
 
-void Writer::nugget(std::int64_t v, std::int64_t d) {
-  const double used = flag(session_, 0, v, d);
+void Writer::nugget(Pair pair) {
+  const ConstLineRef at = line(session_, pair, Line::nugget);
+  const double used = at.used();
   if (used != 0 && used != 1) return;
   number(used);
   if (used == 0) return text(kUnusedSill);
-  number(session_.c0(v, d));
+  number(at.sill());
 }
 
 /// Nothing is written for a flag other than 0 and 1.
-void Writer::structure(std::size_t line, std::int64_t v, std::int64_t d) {
-  const double used = flag(session_, static_cast<int>(line), v, d);
+void Writer::structure(Line which, Pair pair) {
+  const ConstLineRef at = line(session_, pair, which);
+  const double used = at.used();
   if (used != 0 && used != 1) return;
   number(used);
   if (used == 0) {
     for (const char* unused : {kUnusedLetter, kUnusedSill, kUnusedRange}) text(unused);
     return;
   }
-  text((session_.*kLetterTable[line])(v, d));
-  number((session_.*kSillTable[line])(v, d));
-  number((session_.*kRangeTable[line])(v, d));
+  text(at.letter());
+  number(at.sill());
+  number(at.range());
 }
 
 void Writer::fitCounts() {
@@ -169,7 +173,7 @@ void Writer::fitCounts() {
   std::size_t most = 1;  // slot 0 holds no class
   for (std::int64_t v = 1; v <= variables_; ++v)
     for (std::int64_t d = 1; d <= directions_; ++d)
-      most = std::max(most, session_.gam.written(v, d).size());
+      most = std::max(most, session_.gam.written({v, d}).size());
   classes_ = std::min(classes_, static_cast<std::int64_t>(most) - 1);
   trusted_ = classes_;
 }
@@ -198,24 +202,23 @@ void Writer::token(std::string_view text) {
 void Writer::wholeModels() {
   for (std::int64_t v = 1; v <= variables_; ++v)
     for (std::int64_t d = 1; d <= directions_; ++d)
-      for (std::size_t line = 0; line < kLines; ++line) wholeLine(line, v, d);
+      for (const Line which : kLines) wholeLine(which, {v, d});
 }
 
-void Writer::wholeLine(std::size_t line, std::int64_t v, std::int64_t d) {
-  if (line < kFlagTable.size())
-    number((session_.*kFlagTable.at(line))(v, d));
-  else
-    number(static_cast<double>(session_.use3(v, d)));
-  if (line > 0) token((session_.*kLetterTable.at(line))(v, d));
-  number((session_.*kSillTable.at(line))(v, d));
-  if (line > 0) number((session_.*kRangeTable.at(line))(v, d));
+void Writer::wholeLine(Line which, Pair pair) {
+  const bool isStructure = which != Line::nugget;
+  const ConstLineRef at = line(session_, pair, which);
+  number(at.flag());
+  if (isStructure) token(at.letter());
+  number(at.sill());
+  if (isStructure) number(at.range());
 }
 
 void Writer::models() {
   for (std::int64_t v = 1; v <= variables_; ++v) {
     for (std::int64_t d = 1; d <= directions_; ++d) {
-      nugget(v, d);
-      for (std::size_t line = 1; line < kLines; ++line) structure(line, v, d);
+      nugget({v, d});
+      for (const Line which : kStructures) structure(which, {v, d});
     }
   }
 }
@@ -245,18 +248,17 @@ void composeWhole(const Session& session, std::int64_t variables, std::string_vi
   writer.wholeModels();
 }
 
-void ModelSaver::gravando(Session& session, std::int16_t listedVariables, Dialogs& dialogs) {
-  if (trimmed(session.inputfile).empty()) return dialogs.plain(kNoFileText);
-  if (!dialogs.confirm("Save  current models to file: " + session.inputfile)) return;
-  try {
-    save(session, listedVariables, dialogs);
-  } catch (const std::exception&) {
-    dialogs.plain("Cannot save  models to file:\n-" + session.inputfile);
-    closeFiles();
-  }
+void ModelSaver::gravando(Session& session, std::int16_t listedVariables, Messages& messages) {
+  if (trimmed(session.inputfile).empty()) return messages.plain(kNoFileText);
+  if (!messages.confirm("Save  current models to file: " + session.inputfile)) return;
+  attempt([&] { save(session, listedVariables, messages); },
+          [&] {
+            messages.plain("Cannot save  models to file:\n-" + session.inputfile);
+            closeFiles();
+          });
 }
 
-void ModelSaver::save(Session& session, std::int16_t listedVariables, Dialogs& dialogs) {
+void ModelSaver::save(Session& session, std::int16_t listedVariables, Messages& messages) {
   if (leftOpen_) throw Fault("File already open");
   const std::filesystem::path temporary = folder_ / kTemporaryName;
   // The temporary file of a save that was cut short can be loaded, but not written over.
@@ -267,11 +269,11 @@ void ModelSaver::save(Session& session, std::int16_t listedVariables, Dialogs& d
   const std::string oldFile = readWhole(session.inputfile);
   if (!composeVariogramFile(session, listedVariables, oldFile, *out)) {
     leftOpen_ = std::move(out);
-    return dialogs.warning(kBadFileText);
+    return messages.warning(kBadFileText);
   }
   out->close();
   replaceFile(temporary, session.inputfile);
-  dialogs.plain("Models saved to file:" + session.inputfile);
+  messages.plain("Models saved to file:" + session.inputfile);
 }
 
 }  // namespace zevfit

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "files/output_file.h"
-#include "session/dialogs.h"
+#include "session/messages.h"
 #include "session/session.h"
 
 namespace zevfit {
@@ -32,17 +32,17 @@ class ModelSaver {
   /// `folder`: the program's own, where the temporary file is made.
   explicit ModelSaver(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
-  /// Asks, saves and reports, all through `dialogs`. `listedVariables` is the number of entries in
+  /// Asks, saves and reports, all through `messages`. `listedVariables` is the number of entries in
   /// the main window's list of variables, which is the count written. Changes `nvar` and `filetag`
   /// of the session to what the old file has. When the old file ends too early the temporary file
   /// stays behind open, so that exactly the next save fails.
-  void gravando(Session& session, std::int16_t listedVariables, Dialogs& dialogs);
+  void gravando(Session& session, std::int16_t listedVariables, Messages& messages);
 
   /// Closes the temporary file that a save has left open.
   void closeFiles() { leftOpen_.reset(); }
 
  private:
-  void save(Session& session, std::int16_t listedVariables, Dialogs& dialogs);
+  void save(Session& session, std::int16_t listedVariables, Messages& messages);
 
   std::filesystem::path folder_;
   std::unique_ptr<OutputFile> leftOpen_;

@@ -12,9 +12,13 @@
 #include "fuzz/require.h"
 #include "model/axis_dialogs.h"
 #include "model/expressions.h"
+#include "model/fields.h"
 #include "model/graph_format.h"
 #include "plot/drawing/preview.h"
 #include "plot/drawing/window_key.h"
+#include "session/line.h"
+#include "session/number_pattern.h"
+#include "session/numbers.h"
 #include "session/policy.h"
 #include "session/session.h"
 #include "tests/support/fit_fixture.h"
@@ -70,22 +74,22 @@ class FinitePicture : public PreviewPicture {
 bool isLine(std::string_view text) { return text.find_first_of("\r\n") == std::string_view::npos; }
 
 void checkKey(Fields& in) {
-  const WindowKey any = windowKey(in.next());
+  const Pair any = windowKey(in.next());
   require(std::abs(any.variable) <= kLargestKey && std::abs(any.direction) <= kLargestKey,
           "a key has two digits");
-  const std::int64_t v = in.pick(kVariableSlots), d = in.pick(kDirectionSlots);
+  const Pair pair{in.pick(kVariableSlots), in.pick(kDirectionSlots)};
   Session session;
-  session.varname(v) = in.next();
-  session.dirname(d) = in.next();
-  const WindowKey key = windowKey(windowCaption(session, v, d));
-  require(key.variable == v && key.direction == d, "a caption names its pair");
+  session.varname(pair.variable) = in.next();
+  session.dirname(pair.direction) = in.next();
+  require(windowKey(windowCaption(session, pair)) == pair, "a caption names its pair");
 }
 
 void checkLegend(Fields& in) {
   FitFixture with;
   const std::string text = in.next();
   const bool fits = trimmedLeft(text).size() <= 6;
-  require(legenda_Command2_Click(with.fit, text) == fits, "six characters make a legend");
+  require(legenda_Command2_Click(with.fit.session, with.fit.messages, text) == fits,
+          "six characters make a legend");
   const std::string& legend = with.cell(&Session::xlegend);
   require(legend == "h (" + std::string(fits ? trimmedLeft(text) : "") + ")", "it is kept");
   require(with.dialogs.shown.empty() == fits, "a longer one is told of");
@@ -122,7 +126,7 @@ void takeFont(Fields& in, FitFixture& with) {
     if (size > 0.01 && size < 1e6) with.dialogs.fonts.push_back({name, static_cast<float>(size)});
   }
   const FontSample old = with.session.style.Formfont.Label2.at(row);
-  const bool chosen = chooseFont(with.fit, row);
+  const bool chosen = chooseFont(with.fit.session.style.Formfont, row, with.dialogs, with.dialogs);
   const FontSample& sample = with.session.style.Formfont.Label2.at(row);
   if (!chosen) return require(sample.fontname == old.fontname, "Cancel keeps the font");
   require(!sample.fontname.empty() && sample.caption == sample.fontname, "a font has a name");
@@ -144,7 +148,7 @@ void checkFormat(Fields& in) {
   takePatterns(in, style);
   Colour held = style.cores.Label1;
   with.dialogs.colours.push_back(static_cast<Colour>(in.pick(256)));
-  chooseColour(with.fit, static_cast<std::size_t>(in.pick(5)) + 1, held);
+  chooseColour(style.cores, static_cast<std::size_t>(in.pick(5)) + 1, with.dialogs, held);
   const std::string written = composeParameters(style, "");
   GraphStyle again;
   if (isKept(style)) {
@@ -161,27 +165,26 @@ bool isFinite(const Cell& cell) { return cell.isText() || std::isfinite(cell.num
 
 void checkModel(const FitFixture& with) {
   const Session& session = with.session;
-  for (std::size_t line = 0; line < kLines; ++line) {
-    const std::int64_t v = session.curvar, d = session.curdir;
-    require(isFinite((session.*kSillTable.at(line))(v, d)), "a sill is a finite number");
-    if (line > 0)
-      require(isFinite((session.*kRangeTable.at(line))(v, d)), "a range is a finite number");
-    require(std::isfinite(session.ctotal(v, d)), "so is the total");
-  }
+  const Pair pair = session.current();
+  for (const Line which : kLines)
+    require(isFinite(line(session, pair, which).sill()), "a sill is a finite number");
+  for (const Line structure : kStructures)
+    require(isFinite(line(session, pair, structure).range()), "a range is a finite number");
+  require(std::isfinite(session.ctotal(pair)), "so is the total");
 }
 
 void selectModel(Fields& in, FitFixture& with) {
-  const int line = in.pick(kLines);
-  const auto at = static_cast<std::size_t>(line);
-  with.session.sel.at(at) = 1;
-  setFlag(with.session, line, with.session.curvar, with.session.curdir, 1);
-  with.cell(kSillTable.at(at)) = in.number();
-  if (line == 0) return;
-  with.cell(kRangeTable.at(at)) = in.number();
+  const Line which = kLines.at(static_cast<std::size_t>(in.pick(kLines.size())));
+  with.session.sel = which;
+  const LineRef at = line(with.session, with.session.current(), which);
+  at.use(1);
+  at.sill() = in.number();
+  if (which == Line::nugget) return;
+  at.range() = in.number();
   const std::string letter = in.next();
-  with.cell(kLetterTable.at(at)) = letter;
-  if (modelExpression(line, letter, ExpressionBy::tipo))
-    require(modelExpression(line, letter, ExpressionBy::est).has_value(), "est knows all of tipo");
+  at.letter() = letter;
+  if (modelExpression(which, letter, ExpressionBy::tipo))
+    require(modelExpression(which, letter, ExpressionBy::est).has_value(), "est knows all of tipo");
 }
 
 void typeFields(Fields& in, FitFixture& with) {
@@ -215,7 +218,7 @@ void checkScales(Fields& in) {
   cutgraph_Activate(session, texts);
   if (in.pick(2) == 1) texts.novoxmax = in.next();
   texts.novoymax = in.next();
-  endSilently([&] { cutgraph_Command2_Click(with.fit, texts); });
+  endSilently([&] { cutgraph_Command2_Click(with.fit.session, with.fit.messages, texts); });
   require(std::isfinite(with.cell(&Session::xmax)), "an axis ends");
   require(std::isfinite(with.cell(&Session::ymax)), "at a finite number");
 }
@@ -235,8 +238,8 @@ void checkPlot(Fields& in) {
   session.nclass = 1;
   session.hlag.create(1);
   session.gam.create(1);
-  session.hlag.set(session.curvar, session.curdir, 1, in.number());
-  session.gam.set(session.curvar, session.curdir, 1, in.number());
+  session.hlag.set(session.current(), 1, in.number());
+  session.gam.set(session.current(), 1, in.number());
   MemoryPlotWindows windows;
   FinitePicture picture;
   bool running = false;

@@ -13,11 +13,14 @@
 
 #include "coreg/crosstest.h"
 #include "files/kriging_file.h"
+#include "files/orthogonality.h"
 #include "files/tokens.h"
 #include "fuzz/fields.h"
 #include "fuzz/require.h"
 #include "model/results.h"
-#include "platform/orthogonality.h"
+#include "session/line.h"
+#include "session/number_reading.h"
+#include "session/numbers.h"
 #include "session/policy.h"
 #include "session/structure_view.h"
 #include "tests/support/memory_axis_fields.h"
@@ -36,29 +39,29 @@ Cell cellOf(const std::string& text) {
   return number ? Cell(*number) : Cell::ofText(text);
 }
 
-void takeModel(Fields& in, Session& session, std::int64_t v, std::int64_t d) {
+void takeModel(Fields& in, Session& session, Pair pair) {
   std::string flags = in.next();
-  flags.resize(kLines, '0');
-  session.c0(v, d) = cellOf(in.next());
-  for (int line = 0; line < kLines; ++line) {
-    const auto at = static_cast<std::size_t>(line);
-    const Cell used = cellOf(flags.substr(at, 1));
-    endSilently([&] { setFlag(session, line, v, d, used); });
-    if (line == 0) continue;
-    (session.*kLetterTable.at(at))(v, d) = in.next();
-    (session.*kSillTable.at(at))(v, d) = cellOf(in.next());
-    (session.*kRangeTable.at(at))(v, d) = cellOf(in.next());
+  flags.resize(kLines.size(), '0');
+  session.c0(pair) = cellOf(in.next());
+  for (const Line which : kLines) {
+    const LineRef at = line(session, pair, which);
+    endSilently([&] { at.use(cellOf(flags.substr(indexOf(which), 1))); });
+    if (which == Line::nugget) continue;
+    at.letter() = in.next();
+    at.sill() = cellOf(in.next());
+    at.range() = cellOf(in.next());
   }
-  endSilently([&] { session.ctotal(v, d) = totalSill(session, v, d); });
+  endSilently([&] { session.ctotal(pair) = totalSill(session, pair); });
 }
 
-void copyModel(Session& session, std::int64_t v, std::int64_t d) {
-  for (int line = 0; line < kLines; ++line) {
-    const auto at = static_cast<std::size_t>(line);
-    endSilently([&] { setFlag(session, line, v, d, flag(session, line, 1, d)); });
-    for (const auto* tables : {&kSillTable, &kRangeTable})
-      if (const auto table = tables->at(at)) (session.*table)(v, d) = (session.*table)(1, d);
-    (session.*kLetterTable.at(at))(v, d) = (session.*kLetterTable.at(at))(1, d);
+void copyModel(Session& session, Pair from, Pair to) {
+  for (const Line which : kLines) {
+    const LineRef source = line(session, from, which), copy = line(session, to, which);
+    endSilently([&] { copy.use(source.used()); });
+    copy.sill() = source.sill();
+    if (which == Line::nugget) continue;
+    copy.range() = source.range();
+    copy.letter() = source.letter();
   }
 }
 
@@ -68,8 +71,8 @@ void takeSession(Fields& in, Session& session) {
   session.ndir = kDirections;
   for (std::int64_t d = 1; d <= kDirections; ++d) session.dirname(d) = in.next();
   for (std::int64_t d = 1; d <= kDirections; ++d) {
-    takeModel(in, session, 1, d);
-    for (std::int64_t v = 2; v <= kVariables; ++v) copyModel(session, v, d);
+    takeModel(in, session, {1, d});
+    for (std::int64_t v = 2; v <= kVariables; ++v) copyModel(session, {1, d}, {v, d});
   }
 }
 
@@ -131,7 +134,7 @@ class CheckedAngles : public Orthogonality {
 /// Behind each click its axis has the angles of the direction, and no range is negative.
 void click(Session& session, const std::vector<ResultRow>& rows, Axis axis, std::int64_t direction,
            test::MemoryAxisFields& fields, RowCells& rowcells) {
-  session.targetdir = static_cast<int>(axis) + 1;
+  session.targetdir = axis;
   try {
     transferRow(session, rows.at(static_cast<std::size_t>(direction - 1)), direction, fields,
                 rowcells);
@@ -235,7 +238,7 @@ void saveAndRead(const KrigingModel& model) {
   const std::filesystem::path path = folder / "out.ZVP";
   test::ScriptedDialogs dialogs;
   dialogs.saved.push_back(path.string());
-  endSilently([&] { saveKrigingFile(model, CheckedAngles(), dialogs); });
+  endSilently([&] { saveKrigingFile(model, CheckedAngles(), dialogs, dialogs); });
   const bool told =
       !dialogs.shown.empty() && dialogs.shown.back().find("is saved") != std::string::npos;
   std::error_code missing;
@@ -274,11 +277,13 @@ void checkTree(const std::vector<TestNode>& tree) {
 /// To be asked of models that have passed.
 void checkSills(const Session& session, const CrossChoice& choice) {
   for (const int position : {choice.main, choice.minor1, choice.minor2}) {
-    const std::int64_t d = position + 1;
-    for (int line = 0; line < kLines; ++line) {
-      if (flag(session, line, choice.cross + 1, d) != 1) continue;
+    for (const Line which : kLines) {
+      const auto lineOf = [&](int variable) {
+        return line(session, {variable + 1, position + 1}, which);
+      };
+      if (!lineOf(choice.cross).isOn()) continue;
       const auto sill = [&](int variable) -> long double {
-        return (session.*kSillTable.at(static_cast<std::size_t>(line)))(variable + 1, d).number();
+        return lineOf(variable).sill().number();
       };
       const long double product = sill(choice.primary) * sill(choice.secondary);
       const long double square = sill(choice.cross) * sill(choice.cross);
@@ -289,10 +294,11 @@ void checkSills(const Session& session, const CrossChoice& choice) {
 
 /// One cell of one model is another than in the two other variables; then the six choices.
 void checkCoregionalization(Fields& in, Session& session) {
-  const std::int64_t v = in.pick(kVariables) + 1, d = in.pick(kDirections) + 1;
-  const auto line = static_cast<std::size_t>(in.pick(kLines));
-  const bool isRange = in.pick(2) == 1 && line > 0;
-  (session.*(isRange ? kRangeTable : kSillTable).at(line))(v, d) = cellOf(in.next());
+  const Pair pair{in.pick(kVariables) + 1, in.pick(kDirections) + 1};
+  const Line which = kLines.at(static_cast<std::size_t>(in.pick(kLines.size())));
+  const LineRef at = line(session, pair, which);
+  const bool isRange = in.pick(2) == 1 && which != Line::nugget;
+  (isRange ? at.range() : at.sill()) = cellOf(in.next());
   CrossChoice choice;
   for (int* variable : {&choice.cross, &choice.primary, &choice.secondary})
     *variable = in.pick(kVariables);

@@ -10,6 +10,7 @@
 #include "files/variogram_writer.h"
 #include "fuzz/require.h"
 #include "session/fault.h"
+#include "session/line.h"
 #include "tests/support/same_tables.h"
 
 namespace zevfit {
@@ -37,25 +38,24 @@ bool isLetter(std::string_view text) { return isOneToken(text) && !text.ends_wit
 
 bool isWritable(const Cell& cell) { return cell.isText() || std::fabs(cell.number()) <= kLargest; }
 
-bool areClassesWritable(const Session& session, std::int64_t v, std::int64_t d) {
+bool areClassesWritable(const Session& session, Pair pair) {
   for (std::int64_t lag = 1; lag <= session.nclass; ++lag) {
-    if (!isWritable(session.hlag(v, d, lag)) || !isWritable(session.gam(v, d, lag)) ||
-        std::fabs(session.npairs(v, d, lag)) > kLargestPairs)
+    if (!isWritable(session.hlag(pair, lag)) || !isWritable(session.gam(pair, lag)) ||
+        std::fabs(session.npairs(pair, lag)) > kLargestPairs)
       return false;
   }
   return true;
 }
 
-bool isModelWritable(const Session& session, std::int64_t v, std::int64_t d) {
-  for (std::size_t line = 0; line < kLines; ++line) {
-    const double used = flag(session, static_cast<int>(line), v, d);
+bool isModelWritable(const Session& session, Pair pair) {
+  for (const Line which : kLines) {
+    const ConstLineRef at = line(session, pair, which);
+    const double used = at.used();
     if (used != 0 && used != 1) return false;
     if (used == 0) continue;
-    if (!isWritable((session.*kSillTable.at(line))(v, d))) return false;
-    if (line == 0) continue;
-    if (!isWritable((session.*kRangeTable.at(line))(v, d)) ||
-        !isLetter((session.*kLetterTable.at(line))(v, d)))
-      return false;
+    if (!isWritable(at.sill())) return false;
+    if (which == Line::nugget) continue;
+    if (!isWritable(at.range()) || !isLetter(at.letter())) return false;
   }
   return true;
 }
@@ -69,7 +69,7 @@ bool isWritable(const Session& session) {
   for (std::int64_t v = 1; v <= session.nvar; ++v) {
     if (!isOneToken(session.varname(v)) || !isWritable(session.variance(v))) return false;
     for (std::int64_t d = 1; d <= session.ndir; ++d)
-      if (!areClassesWritable(session, v, d) || !isModelWritable(session, v, d)) return false;
+      if (!areClassesWritable(session, {v, d}) || !isModelWritable(session, {v, d})) return false;
   }
   return true;
 }
@@ -89,7 +89,7 @@ void checkReadBack(Session& session, std::int64_t variables, const std::string& 
   session.filetag = again.filetag;
   require(test::dataText(again) == test::dataText(session), "the data read back");
   test::dropUnused(session);
-  if (again.hasmodel == 1)
+  if (again.hasmodel)
     require(test::modelTexts(again) == test::modelTexts(session), "the models read back");
   Memory twice;
   require(compose(again, bytes, twice) && twice.bytes == bytes, "a second save changes nothing");

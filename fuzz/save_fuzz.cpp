@@ -18,6 +18,7 @@
 #include "files/variogram_writer.h"
 #include "fuzz/fields.h"
 #include "fuzz/require.h"
+#include "session/numbers.h"
 #include "session/policy.h"
 #include "tests/support/same_tables.h"
 #include "tests/support/scratch_folder.h"

@@ -9,6 +9,8 @@
 #include "files/variogram_reader.h"
 #include "fuzz/fields.h"
 #include "fuzz/require.h"
+#include "session/number_reading.h"
+#include "session/numbers.h"
 #include "session/policy.h"
 #include "session/structure_view.h"
 
@@ -26,7 +28,7 @@ std::int64_t variableOf(const Session& session, const std::string& text) {
 
 void toggle(Session& session, const std::string& text) {
   const std::int64_t v = variableOf(session, text);
-  if (v > 0) session.addflag(v) = 1 - session.addflag(v);
+  if (v > 0) session.addflag(v) = !session.addflag(v);
 }
 
 /// The sum of a class over the ticked variables; the last of them in `last`.
@@ -34,8 +36,8 @@ double sumOf(const Session& session, std::int64_t slot, std::int64_t d, std::int
              std::int64_t& last) {
   double sum = 0;
   for (std::int64_t v = 1; v < slot; ++v) {
-    if (session.addflag(v) != 1) continue;
-    sum += session.gam(v, d, lag);
+    if (!session.addflag(v)) continue;
+    sum += session.gam({v, d}, lag);
     last = v;
   }
   return sum;
@@ -43,11 +45,11 @@ double sumOf(const Session& session, std::int64_t slot, std::int64_t d, std::int
 
 void checkClass(const Session& session, std::int64_t slot, std::int64_t d, std::int64_t lag) {
   std::int64_t last = 0;
-  require(session.gam(slot, d, lag) == sumOf(session, slot, d, lag, last), "a class is the sum");
+  require(session.gam({slot, d}, lag) == sumOf(session, slot, d, lag, last), "a class is the sum");
   require(last > 0, "something was ticked");
-  require(session.hlag(slot, d, lag).toText() == session.hlag(last, d, lag).toText(),
+  require(session.hlag({slot, d}, lag).toText() == session.hlag({last, d}, lag).toText(),
           "its distance is that of the last variable added");
-  require(session.npairs(slot, d, lag) == session.npairs(1, d, lag),
+  require(session.npairs({slot, d}, lag) == session.npairs({1, d}, lag),
           "its pairs are those of variable 1");
 }
 
@@ -85,14 +87,14 @@ void remove(Session& session, const std::string& text) {
 
 void start(Session& session) {
   const auto variable = startPair(session);
-  if (variable) require(session.use1(*variable, 1).number() == 1, "the fit starts with a model");
-  require(session.hasmodel != 0 || !variable, "without models it starts with none");
+  if (variable) require(session.use1({*variable, 1}).number() == 1, "the fit starts with a model");
+  require(session.hasmodel || !variable, "without models it starts with none");
 }
 
 void show(const Session& session, const std::string& text) {
   const auto lag = wholeNumber(text);
   if (!lag || std::abs(*lag) > 1e6) return;
-  const ClassRow row = classRow(session, 1, 1, static_cast<std::int64_t>(*lag));
+  const ClassRow row = classRow(session, {1, 1}, static_cast<std::int64_t>(*lag));
   require(wholeNumber(row.gamma).has_value() && wholeFloat(row.pairs).has_value(),
           "a class shows numbers");
 }

@@ -13,31 +13,32 @@ constexpr const char* kNewDistancePattern = "####.##";
 constexpr std::size_t kLongestLegend = 10;
 constexpr const char* kTooLong = "Legend too long: Maximum 6 char.!";
 
-std::int64_t entry(const Fit& fit, List list) { return fit.panel.listPosition(list) + 1; }
-
-bool hasFloor(const Session& session, std::int64_t v, std::int64_t d) {
-  return session.ymin(v, d) < 0;
+/// That of the two lists.
+Pair chosenPair(const Fit& fit) {
+  return {fit.panel.listPosition(List::Combo2) + 1, fit.panel.listPosition(List::Combodirvar) + 1};
 }
+
+bool hasFloor(const Session& session, Pair pair) { return session.ymin(pair) < 0; }
 
 /// A distance maximum that is set already leaves the field with what it showed last, also where
 /// that was another plot's; on purpose.
 void showDistance(Session& session, ScaleTexts& texts) {
-  const std::int64_t v = session.plotvar, d = session.plotdir;
-  if (session.xmax(v, d) == 0) {
-    session.xmax(v, d) = session.hmax(v, d);
-    texts.novoxmax = formatNumber(session.xmax(v, d), kNewDistancePattern);
+  const Pair pair = session.plotted();
+  if (session.xmax(pair) == 0) {
+    session.xmax(pair) = session.hmax(pair);
+    texts.novoxmax = formatNumber(session.xmax(pair), kNewDistancePattern);
   }
-  texts.Labelxm = formatNumber(session.hmax(v, d), kSeenPattern);
+  texts.Labelxm = formatNumber(session.hmax(pair), kSeenPattern);
 }
 
 /// The real limit is that of the current pair, which need not be the one of the lists; on purpose.
 void showLimit(const Session& session, ScaleTexts& texts) {
-  const std::int64_t v = session.plotvar, d = session.plotdir;
-  const bool floor = hasFloor(session, v, d);
+  const Pair pair = session.plotted();
+  const bool floor = hasFloor(session, pair);
   const auto& real = floor ? session.ymin0 : session.ymax0;
   const auto& seen = floor ? session.ymin : session.ymax;
-  texts.Labelym = generalText(real(session.curvar, session.curdir));
-  texts.novoymax = formatNumber(seen(v, d), kSeenPattern);
+  texts.Labelym = generalText(real(session.current()));
+  texts.novoymax = formatNumber(seen(pair), kSeenPattern);
 }
 
 /// What the program writes around a legend of the user.
@@ -48,8 +49,7 @@ std::string legendOf(std::string_view text) { return "h (" + std::string(trimmed
 bool Command1_Click(Fit& fit, ScaleTexts& texts) {
   if (!requireFile(fit)) return false;
   Session& session = fit.session;
-  session.plotdir = entry(fit, List::Combodirvar);
-  session.plotvar = entry(fit, List::Combo2);
+  session.setPlotted(chosenPair(fit));
   texts.caption = "Axis Scale (X,Y):  (" + session.dirname(session.plotdir) + ")";
   showDistance(session, texts);
   showLimit(session, texts);
@@ -57,42 +57,39 @@ bool Command1_Click(Fit& fit, ScaleTexts& texts) {
 }
 
 void cutgraph_Activate(const Session& session, ScaleTexts& texts) {
-  texts.Label3_1 = hasFloor(session, session.curvar, session.curdir) ? "Y-Minimum" : "Y-Maximum";
+  texts.Label3_1 = hasFloor(session, session.current()) ? "Y-Minimum" : "Y-Maximum";
 }
 
-bool cutgraph_Command2_Click(Fit& fit, const ScaleTexts& texts) {
-  Session& session = fit.session;
-  const std::int64_t v = session.curvar, d = session.curdir;
+bool cutgraph_Command2_Click(Session& session, Messages& messages, const ScaleTexts& texts) {
+  const Pair pair = session.current();
   const double limit = leadingNumber(texts.novoymax);
-  const double variance = session.variance(v).number();
-  const bool floor = hasFloor(session, v, d);
+  const double variance = session.variance(pair.variable).number();
+  const bool floor = hasFloor(session, pair);
   if (floor ? limit >= variance : limit <= variance) {
     // The text asks for a greater value also where a smaller one is needed; on purpose.
-    fit.dialogs.warning("Illegal value ymax ! Note:  legal value >  " +
-                        session.variance(v).toText());
+    messages.warning("Illegal value ymax ! Note:  legal value >  " +
+                     session.variance(pair.variable).toText());
     return false;
   }
-  session.xmax(v, d) = leadingNumber(texts.novoxmax);
-  (floor ? session.ymin : session.ymax)(v, d) = limit;
+  session.xmax(pair) = leadingNumber(texts.novoxmax);
+  (floor ? session.ymin : session.ymax)(pair) = limit;
   return true;
 }
 
 bool Command4_Click(Fit& fit, std::string& caption) {
   if (!requireFile(fit)) return false;
   Session& session = fit.session;
-  session.curdir = entry(fit, List::Combodirvar);
-  session.curvar = entry(fit, List::Combo2);
+  session.setCurrent(chosenPair(fit));
   // The direction is that of the last drawing, not the one just taken; on purpose.
   caption = "Variogram  (" + session.dirname(session.plotdir) + ")";
   return true;
 }
 
-bool legenda_Command2_Click(Fit& fit, std::string_view text) {
-  Session& session = fit.session;
-  std::string& legend = session.xlegend(session.curvar, session.curdir);
+bool legenda_Command2_Click(Session& session, Messages& messages, std::string_view text) {
+  std::string& legend = session.xlegend(session.current());
   legend = legendOf(text);
   if (trimmed(legend).size() > kLongestLegend) {
-    fit.dialogs.plain(kTooLong);
+    messages.plain(kTooLong);
     legend = legendOf("");
     return false;
   }

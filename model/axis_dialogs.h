@@ -32,13 +32,13 @@ bool Command1_Click(Fit& fit, ScaleTexts& texts);
 void cutgraph_Activate(const Session& session, ScaleTexts& texts);
 /// Stores the texts in the current pair's axes. False when the limit lies on the wrong side of the
 /// variance: that is told, and nothing is stored.
-bool cutgraph_Command2_Click(Fit& fit, const ScaleTexts& texts);
+bool cutgraph_Command2_Click(Session& session, Messages& messages, const ScaleTexts& texts);
 
 /// Opens the window for the distance legend: makes the pair of the lists the current one and gives
 /// the window's caption; nothing when no file is loaded, which is told.
 bool Command4_Click(Fit& fit, std::string& caption);
 /// Stores a legend for the current pair, which is then to be drawn anew. False when it is too long:
 /// that is told, and an empty legend is stored in its place.
-bool legenda_Command2_Click(Fit& fit, std::string_view text);
+bool legenda_Command2_Click(Session& session, Messages& messages, std::string_view text);
 
 }  // namespace zevfit

@@ -1,11 +1,13 @@
 #include "model/axis_fields.h"
 
+#include <array>
 #include <cmath>
 #include <limits>
 
 #include "session/fault.h"
 #include "session/number_reading.h"
 #include "session/numbers.h"
+#include "session/policy.h"
 
 namespace zevfit {
 
@@ -19,19 +21,18 @@ constexpr std::array<const char*, kAxes.size()> kAxisNames{"Main", "minor1", "mi
 }  // namespace
 
 double fieldNumber(std::string_view text) {
-  try {
-    return leadingNumber(text);
-  } catch (const std::exception&) {
-    const bool negative = text.find('-') == text.find_first_not_of(" \t");
-    return std::copysign(std::numeric_limits<double>::infinity(), negative ? -1 : 1);
-  }
+  return attempt([&] { return leadingNumber(text); },
+                 [&] {
+                   const bool negative = text.find('-') == text.find_first_not_of(" \t");
+                   return std::copysign(std::numeric_limits<double>::infinity(), negative ? -1 : 1);
+                 });
 }
 
-void checkRanges(AxisFields& fields, Axis axis, Dialogs& dialogs) {
+void checkRanges(AxisFields& fields, Axis axis, Messages& messages) {
   for (std::size_t entry = kFirstRange; entry < kAxisEntries; ++entry) {
     if (fieldNumber(fields.text(axis, entry)) >= 0) continue;
-    dialogs.warning("Illegal value for range 'a" + std::to_string(entry - 1) + "' of " +
-                    kAxisNames.at(static_cast<std::size_t>(axis)) + " Direction!");
+    messages.warning("Illegal value for range 'a" + std::to_string(entry - 1) + "' of " +
+                     kAxisNames.at(static_cast<std::size_t>(axis)) + " Direction!");
     return fields.setText(axis, entry, "0");
   }
 }
@@ -47,13 +48,13 @@ DirectionAngles directionAngles(std::string_view name) {
 bool isAxis(const AxisFields& fields, Axis axis, std::string_view name) {
   const std::string azimuth = fields.text(axis, 0);
   if (trimmed(azimuth).empty()) return false;
-  try {
-    const DirectionAngles angles = directionAngles(name);
-    return fieldNumber(azimuth) == fieldNumber(angles.azimuth) &&
-           fieldNumber(fields.text(axis, 1)) == fieldNumber(angles.dip);
-  } catch (const std::exception&) {
-    return false;
-  }
+  return attempt(
+      [&] {
+        const DirectionAngles angles = directionAngles(name);
+        return fieldNumber(azimuth) == fieldNumber(angles.azimuth) &&
+               fieldNumber(fields.text(axis, 1)) == fieldNumber(angles.dip);
+      },
+      [] { return false; });
 }
 
 }  // namespace zevfit

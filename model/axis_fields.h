@@ -1,17 +1,14 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
 
-#include "session/dialogs.h"
+#include "session/axis.h"
+#include "session/messages.h"
 
 namespace zevfit {
 
-/// The axes of anisotropy, in the order in which a click on a row looks at them.
-enum class Axis { main, minor1, minor2 };
-inline constexpr std::array<Axis, 3> kAxes{Axis::main, Axis::minor1, Axis::minor2};
 /// Fields of an axis: azimuth, dip, and the ranges of three structures.
 inline constexpr std::size_t kAxisEntries = 5;
 
@@ -29,7 +26,7 @@ double fieldNumber(std::string_view text);
 
 /// What a change of any field of an axis does: the first negative range is warned of and becomes
 /// "0".
-void checkRanges(AxisFields& fields, Axis axis, Dialogs& dialogs);
+void checkRanges(AxisFields& fields, Axis axis, Messages& messages);
 
 /// The outer parts of a direction's name.
 struct DirectionAngles {

@@ -8,7 +8,7 @@ namespace zevfit {
 namespace {
 
 struct ExpressionRow {
-  int structure;
+  Line structure;
   std::string_view letter;
   std::string_view byEst;   ///< written by est2 to est4
   std::string_view byTipo;  ///< written by tipo1 to tipo4, which never choose "-"
@@ -17,26 +17,26 @@ struct ExpressionRow {
 // The two columns differ on purpose, blanks, squares and "(h3/a)" included: what is read tells how
 // the line was reached. The curve never depends on them.
 constexpr std::array<ExpressionRow, 15> kExpressions{{
-    {1, "-", "Model  expression", ""},
-    {1, "E", "C1*(1-exp(-3h/a1))", "C1*(1-exp(-3h/a1))"},
-    {1, "S", "C1*(3/2*(h/a1) -1/2*(h/a1)^3)", "C1*(3/2*(h/a1) -1/2*(h/a1)^3)"},
-    {1, "G", "C1*(1-exp(-3*(h/a1)^2) )", "C1*(1-exp(-3*(h/a1)^2) )"},
-    {1, "P", " h^a1  (0<a1<2)", "  h^a1  (0<a1<2)"},
-    {2, "-", "Model  expression", ""},
-    {2, "E", "C2*(1-exp(-3h/a2))", "C2*(1-exp(-3h/a2))"},
-    {2, "S", "C2*(3/2*(h/a2) -1/2*(h/a2)^2)", "C2*(3/2*(h/a2) -1/2*(h/a2)^3)"},
-    {2, "G", "C2*(1-exp(-3*(h/a2)^2) )", "C2*(1-exp(-3*(h/a2)^2) )"},
-    {2, "P", " h^a2  (0<a2<2)", " h^a2  (0<a2<2)"},
-    {3, "-", "Model  expression", ""},
-    {3, "E", "C3*(1-exp(-3h/a3))", "C3*(1-exp(-3h/a3))"},
-    {3, "S", "C3*(3/2*(h/a3) -1/2*(h/a3)^2)", "C3*(3/2*(h/a3) -1/2*(h/a3)^3)"},
-    {3, "G", "C3*(1-exp(-3*(h3/a)^2) )", "C3*(1-exp(-3*(h/a3)^2) )"},
-    {3, "P", " h^a3  (0<a3<2)", "  h^a3  (0<a3<2)"},
+    {Line::first, "-", "Model  expression", ""},
+    {Line::first, "E", "C1*(1-exp(-3h/a1))", "C1*(1-exp(-3h/a1))"},
+    {Line::first, "S", "C1*(3/2*(h/a1) -1/2*(h/a1)^3)", "C1*(3/2*(h/a1) -1/2*(h/a1)^3)"},
+    {Line::first, "G", "C1*(1-exp(-3*(h/a1)^2) )", "C1*(1-exp(-3*(h/a1)^2) )"},
+    {Line::first, "P", " h^a1  (0<a1<2)", "  h^a1  (0<a1<2)"},
+    {Line::second, "-", "Model  expression", ""},
+    {Line::second, "E", "C2*(1-exp(-3h/a2))", "C2*(1-exp(-3h/a2))"},
+    {Line::second, "S", "C2*(3/2*(h/a2) -1/2*(h/a2)^2)", "C2*(3/2*(h/a2) -1/2*(h/a2)^3)"},
+    {Line::second, "G", "C2*(1-exp(-3*(h/a2)^2) )", "C2*(1-exp(-3*(h/a2)^2) )"},
+    {Line::second, "P", " h^a2  (0<a2<2)", " h^a2  (0<a2<2)"},
+    {Line::third, "-", "Model  expression", ""},
+    {Line::third, "E", "C3*(1-exp(-3h/a3))", "C3*(1-exp(-3h/a3))"},
+    {Line::third, "S", "C3*(3/2*(h/a3) -1/2*(h/a3)^2)", "C3*(3/2*(h/a3) -1/2*(h/a3)^3)"},
+    {Line::third, "G", "C3*(1-exp(-3*(h3/a)^2) )", "C3*(1-exp(-3*(h/a3)^2) )"},
+    {Line::third, "P", " h^a3  (0<a3<2)", "  h^a3  (0<a3<2)"},
 }};
 
 }  // namespace
 
-std::optional<std::string_view> modelExpression(int structure, std::string_view letter,
+std::optional<std::string_view> modelExpression(Line structure, std::string_view letter,
                                                 ExpressionBy by) {
   const auto* row = std::find_if(kExpressions.begin(), kExpressions.end(), [&](const auto& known) {
     return known.structure == structure && known.letter == letter;

@@ -3,14 +3,16 @@
 #include <optional>
 #include <string_view>
 
+#include "session/session.h"
+
 namespace zevfit {
 
 /// Who writes the expression: the option of the line or the option of the model. Their texts
 /// differ on purpose.
 enum class ExpressionBy { est, tipo };
 
-/// The expression of structure 1 to 3 with a letter; nothing for a pair that has none.
-std::optional<std::string_view> modelExpression(int structure, std::string_view letter,
+/// The expression of a structure with a letter; nothing for a pair that has none.
+std::optional<std::string_view> modelExpression(Line structure, std::string_view letter,
                                                 ExpressionBy by);
 
 }  // namespace zevfit

@@ -1,6 +1,7 @@
 #include "model/fields.h"
 
 #include "model/sliders.h"
+#include "session/line.h"
 #include "session/number_pattern.h"
 #include "session/number_reading.h"
 #include "session/numbers.h"
@@ -10,7 +11,6 @@ namespace zevfit {
 
 namespace {
 
-constexpr int kEnter = 13;
 constexpr const char* kTotalPattern = "#####.###";
 /// A boolean in words is no number of a sill; as a whole text it is refused.
 constexpr const char* kRefusedWord = "False";
@@ -18,19 +18,14 @@ constexpr const char* kRefusedWord = "False";
 /// the one of the sampled model.
 constexpr const char* kDormantCaption = "C0*h^a  (0<a<2)";
 
-Cell& currentSill(Session& session, std::size_t line) {
-  return (session.*kSillTable[line])(session.curvar, session.curdir);
-}
-
 bool outsideAxis(const Session& session, double value) {
-  return value > session.ymax(session.curvar, session.curdir) ||
-         value < session.ymin(session.curvar, session.curdir);
+  return value > session.ymax(session.current()) || value < session.ymin(session.current());
 }
 
 void computeTotal(Fit& fit) {
   Session& session = fit.session;
-  const double total = totalSill(session, session.curvar, session.curdir);
-  session.ctotal(session.curvar, session.curdir) = total;
+  const double total = totalSill(session, session.current());
+  session.ctotal(session.current()) = total;
   const double variance = session.variance(session.curvar).number();
   fit.panel.setSillBackground(variance > 0 && total > variance ? kRed : kLightGrey);
 }
@@ -40,42 +35,37 @@ void takeSillText(Fit& fit) {
   const std::string text = fit.panel.text(Field::c0);
   const double typed = leadingNumber(text);
   if (outsideAxis(session, typed) || text == kRefusedWord) return restoreSillText(fit);
-  session.ctotal(session.curvar, session.curdir) = 0;
-  for (std::size_t line = 0; line < kLines; ++line)
-    if (session.sel[line] == 1) currentSill(session, line) = typed;
+  session.ctotal(session.current()) = 0;
+  if (session.sel) line(session, session.current(), *session.sel).sill() = typed;
 }
 
-double currentTotal(const Session& session) {
-  return session.ctotal(session.curvar, session.curdir);
-}
+double currentTotal(const Session& session) { return session.ctotal(session.current()); }
 
 /// False when the dormant check has ended the handler.
 bool checkPowerField(Fit& fit) {
   const Session& session = fit.session;
   if (fit.panel.caption(Caption::label10) != kDormantCaption) return true;
   if (leadingNumber(fit.panel.text(Field::a)) <= 2) return true;
-  fit.dialogs.warning("Power Model (0 < a < 2)");
+  fit.messages.warning("Power Model (0 < a < 2)");
   fit.panel.setText(Field::a, "2");
   fit.panel.setPosition(
-      Slider::a,
-      rangePosition(rangeScale(session, session.curvar, session.curdir), fit.panel.text(Field::a)));
+      Slider::a, rangePosition(rangeScale(session, session.current()), fit.panel.text(Field::a)));
   return false;
 }
 
 void takeRangeText(Fit& fit) {
   Session& session = fit.session;
   const double typed = leadingNumber(fit.panel.text(Field::a));
-  for (std::size_t line = 1; line < kLines; ++line)
-    if (session.sel[line] == 1)
-      (session.*kRangeTable[line])(session.curvar, session.curdir) = typed;
+  if (session.sel && session.sel != Line::nugget)
+    line(session, session.current(), *session.sel).range() = typed;
 }
 
 }  // namespace
 
 void restoreSillText(Fit& fit) {
-  for (std::size_t line = 0; line < kLines; ++line)
-    if (fit.session.sel[line] == 1)
-      fit.panel.setText(Field::c0, currentSill(fit.session, line).toText());
+  const Session& session = fit.session;
+  if (!session.sel) return;
+  fit.panel.setText(Field::c0, line(session, session.current(), *session.sel).sill().toText());
 }
 
 // A failure passes on to the second computation of the total, which always runs and whose caption
@@ -86,8 +76,7 @@ void Textc0_Change(Fit& fit) {
     takeSillText(fit);
     computeTotal(fit);
     fit.panel.setCaption(Caption::Labelc, generalText(currentTotal(fit.session)));
-    if (fit.session.c0typed(fit.session.curvar, fit.session.curdir) == 0)
-      fit.plotter.plotvariogram();
+    if (!fit.session.c0typed(fit.session.current())) fit.plotter.plotvariogram();
   });
   endSilently([&] {
     computeTotal(fit);
@@ -100,25 +89,25 @@ void Texta_Change(Fit& fit) {
   if (!requireFile(fit)) return;
   endSilently([&] {
     Session& session = fit.session;
-    const double farEnd = kRangesInScale * session.hmax(session.curvar, session.curdir);
+    const double farEnd = kRangesInScale * session.hmax(session.current());
     const double typed = leadingNumber(fit.panel.text(Field::a));
     if (typed < 0 || typed > farEnd) fit.panel.setText(Field::a, generalText(farEnd));
     if (!checkPowerField(fit)) return;
     takeRangeText(fit);
-    if (session.atyped(session.curvar, session.curdir) == 0) fit.plotter.plotvariogram();
+    if (!session.atyped(session.current())) fit.plotter.plotvariogram();
   });
 }
 
 // These two catch no failure.
-void Textc0_Click(Fit& fit) { fit.session.c0typed(fit.session.curvar, fit.session.curdir) = 1; }
+void Textc0_Click(Fit& fit) { fit.session.c0typed(fit.session.current()) = true; }
 
 void Texta_Click(Fit& fit) {
-  if (requireFile(fit)) fit.session.atyped(fit.session.curvar, fit.session.curdir) = 1;
+  if (requireFile(fit)) fit.session.atyped(fit.session.current()) = true;
 }
 
 // Failures are ignored.
 void Text_KeyDown(Fit& fit, int keyCode) {
-  if (keyCode == kEnter) endSilently([&] { fit.plotter.plotvariogram(); });
+  if (keyCode == kEnterKeyCode) endSilently([&] { fit.plotter.plotvariogram(); });
 }
 
 // Catches no failure of its own.

@@ -4,6 +4,8 @@
 
 namespace zevfit {
 
+inline constexpr int kEnterKeyCode = 13;
+
 /// Puts the stored value of the selected line back into the field of the sill.
 void restoreSillText(Fit& fit);
 
@@ -12,7 +14,7 @@ void Textc0_Change(Fit& fit);
 void Texta_Change(Fit& fit);
 void Textc0_Click(Fit& fit);
 void Texta_Click(Fit& fit);
-/// Key down in Textc0 or Texta; code 13 draws.
+/// Key down in Textc0 or Texta; kEnterKeyCode draws.
 void Text_KeyDown(Fit& fit, int keyCode);
 void Labelvariance_Click(Fit& fit);
 

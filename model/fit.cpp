@@ -2,9 +2,9 @@
 
 namespace zevfit {
 
-bool requireFile(Fit& fit) {
-  if (!fit.session.loaded) fit.dialogs.plain(kNoFileText);
-  return fit.session.loaded;
+bool requireFile(const Session& session, Messages& messages) {
+  if (!session.loaded) messages.plain(kNoFileText);
+  return session.loaded;
 }
 
 }  // namespace zevfit

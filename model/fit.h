@@ -1,20 +1,21 @@
 #pragma once
 
 #include "model/fit_panel.h"
-#include "session/dialogs.h"
+#include "session/messages.h"
 #include "session/session.h"
 
 namespace zevfit {
 
-/// What the handlers of the fit controls work on, handed down by the main window.
+/// What the handlers that edit the model work on, handed down by the main window.
 struct Fit {
   Session& session;
   FitPanel& panel;
   Plotter& plotter;
-  Dialogs& dialogs;
+  Messages& messages;
 };
 
 /// True with a file loaded; otherwise says so in a plain box.
-bool requireFile(Fit& fit);
+bool requireFile(const Session& session, Messages& messages);
+inline bool requireFile(const Fit& fit) { return requireFile(fit.session, fit.messages); }
 
 }  // namespace zevfit

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "session/session.h"
 #include "session/style.h"
 
 namespace zevfit {
@@ -11,7 +12,7 @@ enum class Field { c0, a };   ///< Textc0, Texta
 enum class Slider { c0, a };  ///< HScrollc0, HScrolla
 /// The captions that the fit handlers write.
 enum class Caption { label10, Label18, Label21, Labelc, Labelvariance };
-/// plot1 to plot4 (lines 0 to 3) and psill.
+/// plot1 to plot4, one for each line, and psill.
 enum class Box { plot1, plot2, plot3, plot4, psill };
 /// Controls that the handlers enable and disable; tipos stands for tipo1 to tipo4 together.
 enum class Control { Textc0, Texta, HScrollc0, HScrolla, tipos };
@@ -44,14 +45,14 @@ class FitPanel {
   virtual void setCaption(Caption which, std::string_view text) = 0;
   /// Background of Labelc and labelvari.
   virtual void setSillBackground(Colour colour) = 0;
-  /// The letter beside structure 1 to 3: est2tipo, est3tipo, est4tipo.
-  virtual std::string letter(int structure) const = 0;
-  virtual void setLetter(int structure, std::string_view letter) = 0;
+  /// The letter beside a structure: est2tipo, est3tipo, est4tipo. The nugget has none.
+  virtual std::string letter(Line structure) const = 0;
+  virtual void setLetter(Line structure, std::string_view letter) = 0;
 
   virtual bool ticked(Box box) const = 0;
   virtual void setTicked(Box box, bool ticked) = 0;
-  /// Switches on est1 to est4 for line 0 to 3.
-  virtual void selectLine(int line) = 0;
+  /// Switches on est1 to est4.
+  virtual void selectLine(Line line) = 0;
 
   virtual void setEnabled(Control control, bool enabled) = 0;
 

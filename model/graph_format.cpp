@@ -17,10 +17,6 @@ constexpr std::array<FontLimit, 3> kFontLimits{{
 constexpr const char* kNoFont = "Please select the Font!";
 constexpr std::string_view kSymbols = "#0. ";
 
-constexpr std::array kSwatches{&ColourSwatches::Label1, &ColourSwatches::Label2,
-                               &ColourSwatches::Label3, &ColourSwatches::Label4,
-                               &ColourSwatches::Label5};
-
 constexpr std::array<const char*, 2> kDefaultPatterns{"###0.#0 ", "###.#0"};
 
 std::optional<std::string> faultOf(std::string_view pattern) {
@@ -77,20 +73,21 @@ void setDefaultFormat(Session& session) {
   session.axiscolor = kBlack;
 }
 
-bool chooseFont(Fit& fit, std::size_t row) {
-  FontSample& sample = fit.session.style.Formfont.Label2.at(row);
+bool chooseFont(FormatSamples& samples, std::size_t row, StyleChooser& chooser,
+                Messages& messages) {
+  FontSample& sample = samples.Label2.at(row);
   FontChoice shown{sample.fontname, sample.fontsize};
   for (;;) {
-    const std::optional<FontChoice> chosen = fit.dialogs.chooseFont(shown);
+    const std::optional<FontChoice> chosen = chooser.chooseFont(shown);
     if (!chosen) return false;
     shown = *chosen;
     const char* fault = fontFault(row, shown);
     if (!fault) break;
-    fit.dialogs.plain(fault);
+    messages.plain(fault);
   }
   sample = {shown.name, shown.name, shown.size};
   // The size stands there as a text; the type of that text is not touched.
-  fit.session.style.Formfont.Label3.at(row).caption = generalText(shown.size);
+  samples.Label3.at(row).caption = generalText(shown.size);
   return true;
 }
 
@@ -104,9 +101,9 @@ Colour& swatch(ColourSwatches& cores, std::size_t option) {
   return cores.*kSwatches.at(option - 1);
 }
 
-void chooseColour(Fit& fit, std::size_t option, Colour& held) {
-  if (const auto chosen = fit.dialogs.chooseColour(held)) held = *chosen;
-  swatch(fit.session.style.cores, option) = held;
+void chooseColour(ColourSwatches& cores, std::size_t option, StyleChooser& chooser, Colour& held) {
+  if (const auto chosen = chooser.chooseColour(held)) held = *chosen;
+  swatch(cores, option) = held;
 }
 
 }  // namespace zevfit

@@ -6,7 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "model/fit.h"
+#include "session/messages.h"
+#include "session/session.h"
+#include "session/style_chooser.h"
 
 namespace zevfit {
 
@@ -22,8 +24,8 @@ void restoreFormat(Session& session);
 void setDefaultFormat(Session& session);
 
 /// Asks for the font of row 0 to 2 until it is a legal one, and takes it; false on Cancel, at which
-/// nothing changes.
-bool chooseFont(Fit& fit, std::size_t row);
+/// nothing changes. Sizes that are too large, and a font without a name, are told of.
+bool chooseFont(FormatSamples& samples, std::size_t row, StyleChooser& chooser, Messages& messages);
 
 /// What is wrong with the patterns, the first fault of the first faulty one; nothing when both are
 /// legal.
@@ -33,6 +35,6 @@ std::optional<std::string> patternFault(const std::array<std::string, 2>& patter
 Colour& swatch(ColourSwatches& cores, std::size_t option);
 /// Asks for a colour and gives what the colour dialog then holds to the swatch of an option: after
 /// a Cancel the colour that it held before, on purpose.
-void chooseColour(Fit& fit, std::size_t option, Colour& held);
+void chooseColour(ColourSwatches& cores, std::size_t option, StyleChooser& chooser, Colour& held);
 
 }  // namespace zevfit

@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "session/fault.h"
+#include "session/form.h"
+#include "session/line.h"
 #include "session/numbers.h"
 
 namespace zevfit {
@@ -20,44 +22,40 @@ constexpr std::size_t kAzimuth = 0, kDip = 1;
 constexpr std::array<std::pair<std::size_t, std::size_t>, 3> kRanges{{{2, 4}, {3, 7}, {4, 10}}};
 constexpr std::array<std::size_t, 3> kLetterColumns{2, 5, 8};
 
-struct LetterCode {
-  std::string_view letter;
-  const char* code;
-};
-constexpr LetterCode kCodes[] = {{"S", "1"}, {"E", "2"}, {"G", "3"}, {"P", "4"}};
-
 /// Fills the rows one after the other.
 class Filler {
  public:
   Filler(const Session& session, std::int64_t variable) : session_(session), variable_(variable) {}
 
   void fill(ResultRow& row, std::int64_t direction) {
-    bool used = showNugget(row, direction);
-    for (std::size_t line = 1; line < kLines; ++line)
-      used = showStructure(row, direction, line) || used;
-    row[kTotalColumn] = used ? generalText(session_.ctotal(variable_, direction)) : kNone;
+    const Pair pair{variable_, direction};
+    bool used = showNugget(row, pair);
+    for (const Line structure : kStructures) used = showStructure(row, pair, structure) || used;
+    row[kTotalColumn] = used ? generalText(session_.ctotal(pair)) : kNone;
     row[kLargestColumn] = used ? largestText() : kNone;
   }
 
  private:
-  bool showNugget(ResultRow& row, std::int64_t direction) const {
-    const double used = flag(session_, 0, variable_, direction);
+  bool showNugget(ResultRow& row, Pair pair) const {
+    const ConstLineRef nugget = line(session_, pair, Line::nugget);
+    const double used = nugget.used();
     if (used == 0) row[kNuggetColumn] = kNone;
-    if (used == 1) row[kNuggetColumn] = session_.c0(variable_, direction).toText();
+    if (used == 1) row[kNuggetColumn] = nugget.sill().toText();
     return used == 1;
   }
 
-  bool showStructure(ResultRow& row, std::int64_t direction, std::size_t line) {
-    const double used = flag(session_, static_cast<int>(line), variable_, direction);
-    const std::size_t column = kLetterColumns.at(line - 1);
+  bool showStructure(ResultRow& row, Pair pair, Line structure) {
+    const ConstLineRef at = line(session_, pair, structure);
+    const double used = at.used();
+    const std::size_t column = kLetterColumns.at(indexOf(structure) - 1);
     if (used == 0) std::fill_n(row.begin() + static_cast<std::ptrdiff_t>(column), 3, kNone);
     if (used != 1) return false;
-    const Cell& range = (session_.*kRangeTable.at(line))(variable_, direction);
-    row.at(column) = (session_.*kLetterTable.at(line))(variable_, direction);
-    row.at(column + 1) = (session_.*kSillTable.at(line))(variable_, direction).toText();
-    row.at(column + 2) = range.toText();
+    row.at(column) = at.letter();
+    row.at(column + 1) = at.sill().toText();
+    row.at(column + 2) = at.range().toText();
     // The range of structure 1 replaces what the direction before has left, the others extend it.
-    if (line == 1 || range.number() > (largest_ ? largest_->number() : 0)) largest_ = range;
+    if (structure == Line::first || at.range().number() > (largest_ ? largest_->number() : 0))
+      largest_ = at.range();
     return true;
   }
 
@@ -68,13 +66,6 @@ class Filler {
   /// Never set back between directions, on purpose: one without structure 1 starts from it.
   std::optional<Cell> largest_;
 };
-
-/// The axis that a click fills; nothing when no option was clicked yet.
-std::optional<Axis> targetAxis(const Session& session) {
-  const auto place = static_cast<std::size_t>(session.targetdir);
-  if (session.targetdir < 1 || place > kAxes.size()) return std::nullopt;
-  return kAxes.at(place - 1);
-}
 
 void putRanges(const ResultRow& row, AxisFields& fields, Axis axis) {
   for (const auto& [entry, column] : kRanges) fields.setText(axis, entry, row.at(column));
@@ -105,17 +96,14 @@ bool followsMain(const AxisFields& fields, Axis axis) {
 
 void keepRow(const ResultRow& row, RowCells& rowcells) {
   std::copy(row.begin() + 1, row.end(), rowcells.begin() + 1);
-  for (const std::size_t column : kLetterColumns) {
-    for (const LetterCode& code : kCodes) {
-      if (row.at(column) == code.letter) rowcells.at(column) = code.code;
-    }
-  }
+  for (const std::size_t column : kLetterColumns)
+    if (const auto form = formOf(row.at(column))) rowcells.at(column) = codeOf(*form);
 }
 
 }  // namespace
 
 std::vector<ResultRow> emptyResults(const Session& session) {
-  if (session.ndir < 0) throwSubscript();
+  if (session.ndir < 0) throwSubscript("dirname", {session.ndir});
   std::vector<ResultRow> rows;
   for (std::int64_t direction = 1; direction <= session.ndir; ++direction) {
     ResultRow& row = rows.emplace_back();
@@ -133,7 +121,7 @@ void fillResults(const Session& session, std::int64_t variable, std::vector<Resu
 
 void transferRow(const Session& session, const ResultRow& row, std::int64_t direction,
                  AxisFields& fields, RowCells& rowcells) {
-  const std::optional<Axis> target = targetAxis(session);
+  const std::optional<Axis> target = session.targetdir;
   if (target) putRanges(row, fields, *target);
   if (target == Axis::main) {
     for (const Axis minor : {Axis::minor1, Axis::minor2})

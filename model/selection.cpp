@@ -1,9 +1,12 @@
 #include "model/selection.h"
 
 #include <array>
+#include <optional>
+#include <string_view>
 
 #include "model/expressions.h"
 #include "model/sliders.h"
+#include "session/line.h"
 #include "session/numbers.h"
 #include "session/policy.h"
 
@@ -11,22 +14,20 @@ namespace zevfit {
 
 namespace {
 
-constexpr const char* kPowerLetter = "P";
-
 struct LineRow {
   const char* sillLabel;       ///< Label18 by the line's option, and by models but the power one
   const char* powerSillLabel;  ///< Label18 by the power model; its blanks differ on purpose
   const char* rangeLabel;      ///< Label21
   Box box;
 };
-constexpr std::array<LineRow, kLines> kLineRows{{
+constexpr std::array<LineRow, kLines.size()> kLineRows{{
     {"C0 :", "", "", Box::plot1},
     {"C1 :", "  :", "a1 :", Box::plot2},
     {"C2 :", "   :", "a2 :", Box::plot3},
     {"C3 :", "   :", "a3 :", Box::plot4},
 }};
 
-constexpr std::array<const char*, 4> kModelLetters{"E", "S", "G", kPowerLetter};
+const LineRow& rowOf(Line which) { return kLineRows.at(indexOf(which)); }
 
 void enableSill(FitPanel& panel, bool enabled) {
   panel.setEnabled(Control::HScrollc0, enabled);
@@ -38,131 +39,115 @@ void enableRange(FitPanel& panel, bool enabled) {
     panel.setEnabled(control, enabled);
 }
 
-void select(Session& session, std::size_t line) {
-  session.sel = {};
-  session.sel[line] = 1;
-}
-
-void placeSill(Fit& fit, std::size_t line) {
+void placeSill(Fit& fit, Line which) {
   const Session& session = fit.session;
-  const std::int64_t v = session.curvar, d = session.curdir;
-  fit.panel.setPosition(Slider::c0, sillPosition(sillScale(session, v, d),
-                                                 (session.*kSillTable[line])(v, d).number()));
-}
-
-const Cell& currentCell(const Session& session, PairTable<Cell> Session::*table) {
-  return (session.*table)(session.curvar, session.curdir);
+  const Pair pair = session.current();
+  fit.panel.setPosition(Slider::c0, sillPosition(sillScale(session, pair),
+                                                 line(session, pair, which).sill().number()));
 }
 
 void selectNugget(Fit& fit) {
   FitPanel& panel = fit.panel;
   panel.setCaption(Caption::label10, "C0");
-  panel.setCaption(Caption::Label18, kLineRows[0].sillLabel);
+  panel.setCaption(Caption::Label18, rowOf(Line::nugget).sillLabel);
   // The slider of the sill is not touched: after a power structure it stays disabled, on purpose.
   panel.setEnabled(Control::Textc0, true);
   enableRange(panel, false);
-  select(fit.session, 0);
-  panel.setText(Field::c0, currentCell(fit.session, &Session::c0).toText());
-  endSilently([&] { placeSill(fit, 0); });
+  fit.session.sel = Line::nugget;
+  panel.setText(Field::c0, fit.session.c0(fit.session.current()).toText());
+  endSilently([&] { placeSill(fit, Line::nugget); });
 }
 
-void placeStructure(Fit& fit, std::size_t line) {
+void placeStructure(Fit& fit, Line structure) {
   const Session& session = fit.session;
-  placeSill(fit, line);
+  placeSill(fit, structure);
   fit.panel.setPosition(
-      Slider::a,
-      rangePosition(rangeScale(session, session.curvar, session.curdir), fit.panel.text(Field::a)));
-  scalesliders(fit, session.curdir, session.curvar);
-  const int structure = static_cast<int>(line);
+      Slider::a, rangePosition(rangeScale(session, session.current()), fit.panel.text(Field::a)));
+  scalesliders(fit, session.current());
   if (const auto text = modelExpression(structure, fit.panel.letter(structure), ExpressionBy::est))
     fit.panel.setCaption(Caption::label10, *text);
 }
 
 // The old expression stays where the sliders can't show the structure.
-void selectStructure(Fit& fit, std::size_t line) {
+void selectStructure(Fit& fit, Line structure) {
   FitPanel& panel = fit.panel;
-  panel.setCaption(Caption::Label18, kLineRows[line].sillLabel);
-  panel.setCaption(Caption::Label21, kLineRows[line].rangeLabel);
+  const LineRow& row = rowOf(structure);
+  panel.setCaption(Caption::Label18, row.sillLabel);
+  panel.setCaption(Caption::Label21, row.rangeLabel);
   enableRange(panel, true);
-  select(fit.session, line);
+  fit.session.sel = structure;
   // A power structure has no sill.
-  enableSill(panel, panel.letter(static_cast<int>(line)) != kPowerLetter);
-  panel.setText(Field::c0, currentCell(fit.session, kSillTable[line]).toText());
-  panel.setText(Field::a, currentCell(fit.session, kRangeTable[line]).toText());
-  endSilently([&] { placeStructure(fit, line); });
+  enableSill(panel, panel.letter(structure) != letterOf(Form::power));
+  // The pair is asked for at each use: the first text may run a drawing.
+  const auto current = [&] { return line(fit.session, fit.session.current(), structure); };
+  panel.setText(Field::c0, current().sill().toText());
+  panel.setText(Field::a, current().range().toText());
+  endSilently([&] { placeStructure(fit, structure); });
 }
 
-void giveLetter(Fit& fit, std::size_t line, const std::string& letter) {
+void giveForm(Fit& fit, Line structure, Form form) {
   FitPanel& panel = fit.panel;
-  const LineRow& row = kLineRows[line];
-  const int structure = static_cast<int>(line);
+  const LineRow& row = rowOf(structure);
+  const std::string_view letter = letterOf(form);
   panel.setLetter(structure, letter);
   if (const auto text = modelExpression(structure, letter, ExpressionBy::tipo))
     panel.setCaption(Caption::label10, *text);
-  panel.setCaption(Caption::Label18, letter == kPowerLetter ? row.powerSillLabel : row.sillLabel);
+  panel.setCaption(Caption::Label18, form == Form::power ? row.powerSillLabel : row.sillLabel);
   panel.setCaption(Caption::Label21, row.rangeLabel);
-  (fit.session.*kLetterTable[line])(fit.session.curvar, fit.session.curdir) = letter;
+  line(fit.session, fit.session.current(), structure).letter() = letter;
   panel.setTicked(row.box, true);
 }
 
 /// The boxes of structures 2 and 3 are not read: each click flips a state that all variables and
 /// directions share, so a flag can end opposite to its box. On purpose.
-int flipped(int& state) {
-  if (state == 0)
-    state = 1;
-  else if (state == 1)
-    state = 0;
-  return state;
+int flipped(bool& state) {
+  state = !state;
+  return state ? 1 : 0;
 }
 
 void takePairOfLists(Fit& fit) {
-  fit.session.curdir = fit.panel.listPosition(List::Combodirvar) + 1;
-  fit.session.curvar = fit.panel.listPosition(List::Combo2) + 1;
+  fit.session.setCurrent(
+      {fit.panel.listPosition(List::Combo2) + 1, fit.panel.listPosition(List::Combodirvar) + 1});
 }
 
 }  // namespace
 
 // A failure passes to the caller up to the sliders, from there on it ends the handler silently.
-void est_Click(Fit& fit, int line) {
+void est_Click(Fit& fit, Line which) {
   if (!requireFile(fit)) return;
-  if (line == 0)
+  if (which == Line::nugget)
     selectNugget(fit);
   else
-    selectStructure(fit, static_cast<std::size_t>(line));
+    selectStructure(fit, which);
 }
 
 // These catch no failure.
-void tipo_Click(Fit& fit, int index) {
-  if (requireFile(fit)) tipo_DblClick(fit, index);
+void tipo_Click(Fit& fit, Form form) {
+  if (requireFile(fit)) tipo_DblClick(fit, form);
 }
 
-void tipo_DblClick(Fit& fit, int index) {
-  const std::string letter = kModelLetters.at(static_cast<std::size_t>(index));
-  enableSill(fit.panel, letter != kPowerLetter);
-  for (std::size_t line = 1; line < kLines; ++line)
-    if (fit.session.sel[line] == 1) giveLetter(fit, line, letter);
+void tipo_DblClick(Fit& fit, Form form) {
+  enableSill(fit.panel, form != Form::power);
+  const std::optional<Line> selected = fit.session.sel;
+  if (selected && selected != Line::nugget) giveForm(fit, *selected, form);
 }
 
 void box_Click(Fit& fit, Box box) {
   Session& session = fit.session;
-  const std::int64_t v = session.curvar, d = session.curdir;
-  const int ticked = fit.panel.ticked(box) ? 1 : 0;
+  const Pair pair = session.current();
+  const bool ticked = fit.panel.ticked(box);
   switch (box) {
     case Box::plot1:
-      session.use0(v, d) = ticked;
-      break;
+      return line(session, pair, Line::nugget).use(ticked ? 1 : 0);
     case Box::plot2:
-      session.use1(v, d) = ticked;
-      break;
+      return line(session, pair, Line::first).use(ticked ? 1 : 0);
     case Box::plot3:
-      session.use2(v, d) = flipped(session.plot3state);
-      break;
+      return line(session, pair, Line::second).use(flipped(session.plot3state));
     case Box::plot4:
-      session.use3(v, d) = toInt16(flipped(session.plot4state));
-      break;
+      return line(session, pair, Line::third).use(flipped(session.plot4state));
     case Box::psill:
-      session.showsill(v, d) = toInt16(ticked);
-      break;
+      session.showsill(pair) = ticked;
+      return;
   }
 }
 
@@ -184,7 +169,7 @@ void Command3_Click(Fit& fit) {
   if (!requireFile(fit)) return;
   Session& session = fit.session;
   const ColourSwatches& cores = session.style.cores;
-  session.axiscolor = session.axiscolor != cores.Label5 ? cores.Label5 : cores.Label1;
+  session.axiscolor = session.axiscolor != cores.paper() ? cores.paper() : cores.ink();
   endSilently([&] { fit.panel.focusPlotButton(); });
 }
 

@@ -1,17 +1,24 @@
 #pragma once
 
+#include <array>
+
 #include "model/fit.h"
+#include "session/form.h"
 
 namespace zevfit {
+
+/// The forms of the options tipo1 to tipo4.
+inline constexpr std::array kTipoForms{Form::exponential, Form::spherical, Form::gaussian,
+                                       Form::power};
 
 // Handlers of the selection controls of the panel. A fault outside their guarded stretch passes to
 // the caller.
 
-/// est1 to est4, Click and DblClick alike, for line 0 to 3.
-void est_Click(Fit& fit, int line);
-/// tipo1 to tipo4: letters E, S, G, P by index 0 to 3. The double click omits the file test.
-void tipo_Click(Fit& fit, int index);
-void tipo_DblClick(Fit& fit, int index);
+/// est1 to est4, Click and DblClick alike, for their lines.
+void est_Click(Fit& fit, Line which);
+/// tipo1 to tipo4, for their forms. The double click omits the file test.
+void tipo_Click(Fit& fit, Form form);
+void tipo_DblClick(Fit& fit, Form form);
 /// plot1 to plot4 and psill.
 void box_Click(Fit& fit, Box box);
 void Combo2_Click(Fit& fit);

@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "model/fields.h"
+#include "session/form.h"
+#include "session/line.h"
 #include "session/number_reading.h"
 #include "session/numbers.h"
 #include "session/policy.h"
@@ -19,44 +21,38 @@ int step(double scale, double steps) {
   return static_cast<int>(std::max(1.0, std::floor(scale / steps)));
 }
 
-/// One line of the model into the fields and sliders, in this order; scales are read after the
+/// A line of the model into the fields and sliders, in this order; scales are read after the
 /// events of the texts have run.
-void showLine(Fit& fit, std::size_t line, std::int64_t direction, std::int64_t variable) {
+void showLine(Fit& fit, Line which, Pair pair) {
   Session& session = fit.session;
-  const Cell& sill = (session.*kSillTable[line])(variable, direction);
-  fit.panel.setText(Field::c0, sill.toText());
-  if (line > 0)
-    fit.panel.setText(Field::a, (session.*kRangeTable[line])(variable, direction).toText());
-  fit.panel.setPosition(Slider::c0,
-                        sillPosition(sillScale(session, variable, direction), sill.number()));
-  if (line > 0)
-    fit.panel.setPosition(Slider::a, rangePosition(rangeScale(session, variable, direction),
-                                                   fit.panel.text(Field::a)));
-}
-
-void makeCurrent(Session& session, std::int64_t direction, std::int64_t variable) {
-  session.curdir = direction;
-  session.curvar = variable;
+  const bool hasRange = which != Line::nugget;
+  const LineRef at = line(session, pair, which);
+  fit.panel.setText(Field::c0, at.sill().toText());
+  if (hasRange) fit.panel.setText(Field::a, at.range().toText());
+  fit.panel.setPosition(Slider::c0, sillPosition(sillScale(session, pair), at.sill().number()));
+  if (hasRange)
+    fit.panel.setPosition(Slider::a,
+                          rangePosition(rangeScale(session, pair), fit.panel.text(Field::a)));
 }
 
 bool isKnownLetter(std::string_view letter) {
-  return letter == "-" || letter == "E" || letter == "S" || letter == "P" || letter == "G";
+  return letter == kNoLetter || formOf(letter).has_value();
 }
 
 }  // namespace
 
-SillScale sillScale(const Session& session, std::int64_t variable, std::int64_t direction) {
-  return {session.ymin(variable, direction), session.ymax(variable, direction), session.c0scale};
+SillScale sillScale(const Session& session, Pair pair) {
+  return {session.ymin(pair), session.ymax(pair), session.c0scale};
 }
 
-RangeScale rangeScale(const Session& session, std::int64_t variable, std::int64_t direction) {
-  return {session.hmax(variable, direction), session.ascale};
+RangeScale rangeScale(const Session& session, Pair pair) {
+  return {session.hmax(pair), session.ascale};
 }
 
-void scalesliders(Fit& fit, std::int64_t direction, std::int64_t variable) {
+void scalesliders(Fit& fit, Pair pair) {
   Session& session = fit.session;
-  makeCurrent(session, direction, variable);
-  session.ascale = rangeSliderMaximum(session.hmax(variable, direction));
+  session.setCurrent(pair);
+  session.ascale = rangeSliderMaximum(session.hmax(pair));
   session.c0scale = kSillSliderMaximum;
   session.c0step = step(session.c0scale, kLargeSteps);
   session.astep = step(session.ascale, kLargeSteps);
@@ -73,38 +69,36 @@ void scalesliders(Fit& fit, std::int64_t direction, std::int64_t variable) {
   panel.setLargeChange(Slider::a, toInt16(session.astep));
 }
 
-void showmodel(Fit& fit, std::int64_t direction, std::int64_t variable) {
+void showmodel(Fit& fit, Pair pair) {
   Session& session = fit.session;
-  makeCurrent(session, direction, variable);
-  for (std::size_t line = 1; line < kLines; ++line) {
-    const std::string& letter = (session.*kLetterTable[line])(variable, direction);
-    if (isKnownLetter(letter)) fit.panel.setLetter(static_cast<int>(line), letter);
+  session.setCurrent(pair);
+  for (const Line structure : kStructures) {
+    const std::string& letter = line(session, pair, structure).letter();
+    if (isKnownLetter(letter)) fit.panel.setLetter(structure, letter);
   }
-  if (session.dragging != 0) return;
-  for (std::size_t line = 0; line < kLines; ++line)
-    if (session.sel[line] == 1) showLine(fit, line, direction, variable);
+  if (!session.dragging && session.sel) showLine(fit, *session.sel, pair);
 }
 
-void resynchroniseSliders(Fit& fit, std::int64_t direction, std::int64_t variable) {
+void resynchroniseSliders(Fit& fit, Pair pair) {
   Session& session = fit.session;
-  if (session.c0typed(variable, direction) == 1) {
+  if (session.c0typed(pair)) {
     const double typed = leadingNumber(fit.panel.text(Field::c0));
-    fit.panel.setPosition(Slider::c0, sillPosition(sillScale(session, variable, direction), typed));
+    fit.panel.setPosition(Slider::c0, sillPosition(sillScale(session, pair), typed));
   }
-  if (session.atyped(variable, direction) == 1)
-    fit.panel.setPosition(Slider::a, rangePositionWhole(rangeScale(session, variable, direction),
-                                                        fit.panel.text(Field::a)));
+  if (session.atyped(pair))
+    fit.panel.setPosition(Slider::a,
+                          rangePositionWhole(rangeScale(session, pair), fit.panel.text(Field::a)));
 }
 
 // A failure ends the handler silently.
 void HScrollc0_Change(Fit& fit) {
   endSilently([&] {
-    Session& session = fit.session;
-    const std::int64_t v = session.curvar, d = session.curdir;
-    if (session.c0typed(v, d) != 0) return;
-    const double value = sillValue(sillScale(session, v, d), fit.panel.position(Slider::c0));
+    const Session& session = fit.session;
+    const Pair pair = session.current();
+    if (session.c0typed(pair)) return;
+    const double value = sillValue(sillScale(session, pair), fit.panel.position(Slider::c0));
     // The top itself is refused here, unlike in the field.
-    if (value >= session.ymax(v, d) || value < session.ymin(v, d)) return restoreSillText(fit);
+    if (value >= session.ymax(pair) || value < session.ymin(pair)) return restoreSillText(fit);
     fit.panel.setText(Field::c0, generalText(value));
   });
 }
@@ -113,19 +107,17 @@ void HScrollc0_Change(Fit& fit) {
 void HScrolla_Change(Fit& fit) {
   if (!requireFile(fit)) return;
   endSilently([&] {
-    Session& session = fit.session;
-    const std::int64_t v = session.curvar, d = session.curdir;
-    if (session.atyped(v, d) != 0) return;
+    const Session& session = fit.session;
+    const Pair pair = session.current();
+    if (session.atyped(pair)) return;
     fit.panel.setText(Field::a,
-                      rangeText(rangeScale(session, v, d), fit.panel.position(Slider::a)));
+                      rangeText(rangeScale(session, pair), fit.panel.position(Slider::a)));
   });
 }
 
 // No failure is expected in the two, and none is caught.
-void HScrollc0_GotFocus(Fit& fit) {
-  fit.session.c0typed(fit.session.curvar, fit.session.curdir) = 0;
-}
+void HScrollc0_GotFocus(Fit& fit) { fit.session.c0typed(fit.session.current()) = false; }
 
-void HScrolla_GotFocus(Fit& fit) { fit.session.atyped(fit.session.curvar, fit.session.curdir) = 0; }
+void HScrolla_GotFocus(Fit& fit) { fit.session.atyped(fit.session.current()) = false; }
 
 }  // namespace zevfit

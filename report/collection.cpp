@@ -121,7 +121,7 @@ void grelha1(Collection& reports) {
 void Picture1_MouseDown(Collection& reports, double x, double y) {
   const Session& session = reports.fit.session;
   if (session.curvar < 1 || session.curdir < 1)
-    return reports.fit.dialogs.plain("Please select variogram plot first!");
+    return reports.fit.messages.plain("Please select variogram plot first!");
   const Hourglass hourglass(reports.window);
   const PageGrid grid = selectedGrid(reports);
   const GridCell cell = cellAt(grid, x, y, 1);
@@ -138,20 +138,16 @@ void Picture1_MouseDown(Collection& reports, double x, double y) {
 
 // A place beside the grid has a cell that no table holds: the fault leaves the legend empty.
 void Picture1_MouseMove(Collection& reports, double x, double y) {
-  try {
-    showCell(reports, cellAt(selectedGrid(reports), x, y, -1));
-  } catch (const std::exception&) {
-    reports.window.showLegend("", "");
-  }
+  attempt([&] { showCell(reports, cellAt(selectedGrid(reports), x, y, -1)); },
+          [&] { reports.window.showLegend("", ""); });
 }
 
 void showCollection(Collection& reports) {
-  try {
-    reports.window.showNormally();
-  } catch (const std::exception&) {
-    reports.printer.killDoc();
-    reports.fit.dialogs.plain("Cannot print!");
-  }
+  attempt([&] { reports.window.showNormally(); },
+          [&] {
+            reports.printer.killDoc();
+            reports.fit.messages.plain("Cannot print!");
+          });
 }
 
 }  // namespace zevfit

@@ -44,22 +44,21 @@ class SheetPart : public Surface {
 /// Titles are measured in the plot window of the pair, as on the screen.
 class PrintedPicture : public PlotPicture {
  public:
-  PrintedPicture(Collection& reports, SheetPart& part, std::int64_t direction,
-                 std::int64_t variable)
-      : reports_(reports), part_(part), direction_(direction), variable_(variable) {}
+  PrintedPicture(Collection& reports, SheetPart& part, Pair pair)
+      : reports_(reports), part_(part), pair_(pair) {}
 
   double pictureWidth() const override { return part_.width(); }
   double pictureHeight() const override { return part_.height(); }
   Surface& picture() override { return part_; }
   PenState& pen() override { return reports_.pen; }
   double measureTitle(std::string_view text, const Font& font) override {
-    return reports_.plots.plotwin(direction_, variable_).measureTitle(text, font);
+    return reports_.plots.plotwin(pair_).measureTitle(text, font);
   }
 
  private:
   Collection& reports_;
   SheetPart& part_;
-  std::int64_t direction_, variable_;
+  Pair pair_;
 };
 
 const PlotForm& printedForm(const Collection& reports) {
@@ -77,15 +76,13 @@ void printData(Drawing& drawing) {
 
 }  // namespace
 
-void imprimirvariograma(Collection& reports, double width, double left, double top,
-                        std::int64_t direction, std::int64_t variable) {
+void imprimirvariograma(Collection& reports, double width, double left, double top, Pair pair) {
   if (!requireFile(reports.fit)) return;
   SheetPart part(reports.printer.sheet(), left, top, width);
   part.clear(kWhite);
-  selectFirstStructure(reports.fit, variable, direction);
-  reports.fit.session.plotvar = variable;
-  reports.fit.session.plotdir = direction;
-  PrintedPicture picture(reports, part, direction, variable);
+  selectFirstStructure(reports.fit, pair);
+  reports.fit.session.setPlotted(pair);
+  PrintedPicture picture(reports, part, pair);
   Drawing drawing{reports.fit, picture, printedForm(reports)};
   drawTitle(drawing);
   drawFrame(drawing);

@@ -18,8 +18,8 @@ void printCell(Collection& reports, int row, int column, int columns) {
   const double across = divide(kSheetWidth, columns) * kShare;
   const double down = across / kPlotAspect;
   imprimirvariograma(reports, reports.platewidth * kShare, (column - 1) * across + kSideOffset,
-                     (row - 1) * down, tables.celldir(row, column, report),
-                     tables.cellvar(row, column, report));
+                     (row - 1) * down,
+                     {tables.cellvar(row, column, report), tables.celldir(row, column, report)});
 }
 
 /// Down the first column, then down the next, from the very top of the sheet.
@@ -45,13 +45,12 @@ void printReport(Collection& reports) {
 }  // namespace
 
 void printar_Click(Collection& reports) {
-  try {
-    printReport(reports);
-  } catch (const std::exception&) {
-    // What stands on the sheet is not withdrawn.
-    endSilently([&] { reports.printer.endDoc(); });
-    reports.fit.dialogs.plain("cannot print!");
-  }
+  attempt([&] { printReport(reports); },
+          [&] {
+            // What stands on the sheet is not withdrawn.
+            endSilently([&] { reports.printer.endDoc(); });
+            reports.fit.messages.plain("cannot print!");
+          });
   reports.window.setBarValue(0);
   reports.window.setBusy(false);
 }

@@ -2,6 +2,7 @@
 
 #include "plot/drawing/data_points.h"
 #include "report/collection.h"
+#include "session/line.h"
 #include "session/policy.h"
 
 namespace zevfit {
@@ -10,19 +11,18 @@ namespace {
 constexpr double kMargin = 50;
 constexpr double kDisc = 10;
 constexpr int kPen = 2;
-constexpr int kCurvePoints = 100;
 
 /// The current plot as a sketch: no frame, no grid and no text.
 struct Sketch {
   const Session& session;
   Surface& picture;
   double right, bottom;  ///< of the box, which begins at the margin
-  std::int64_t variable = session.curvar, direction = session.curdir;
+  Pair pair = session.current();
 
-  double ymin() const { return session.ymin(variable, direction); }
-  double ymax() const { return session.ymax(variable, direction); }
+  double ymin() const { return session.ymin(pair); }
+  double ymax() const { return session.ymax(pair); }
   double x(double h) const {
-    return finite(kMargin + divide(h * (right - kMargin), session.xmax(variable, direction)));
+    return finite(kMargin + divide(h * (right - kMargin), session.xmax(pair)));
   }
   double y(double gamma) const {
     const double range = finite(ymax() - ymin());
@@ -32,17 +32,17 @@ struct Sketch {
 
 void drawVarianceLine(const Sketch& sketch) {
   const Session& session = sketch.session;
-  if (session.showsill(sketch.variable, sketch.direction) != 1) return;
-  const double y = sketch.y(session.variance(sketch.variable).number());
-  sketch.picture.line(kMargin, y, sketch.right, y, {session.style.cores.Label4, kPen});
+  if (!session.showsill(sketch.pair)) return;
+  const double y = sketch.y(session.variance(sketch.pair.variable).number());
+  sketch.picture.line(kMargin, y, sketch.right, y, {session.style.cores.sill(), kPen});
 }
 
 void drawPoints(const Sketch& sketch) {
   const Session& session = sketch.session;
-  const Colour colour = session.style.cores.Label2;
-  const std::int64_t last = lastClass(session, sketch.variable, sketch.direction);
+  const Colour colour = session.style.cores.data();
+  const std::int64_t last = lastClass(session, sketch.pair);
   for (std::int64_t lag = 1; lag <= last; ++lag) {
-    const auto point = shownPoint(session, sketch.variable, sketch.direction, lag);
+    const auto point = shownPoint(session, sketch.pair, lag);
     if (!point) continue;
     sketch.picture.disc(sketch.x(point->h), sketch.y(point->gamma), kDisc, {colour, kPen}, colour);
   }
@@ -51,13 +51,13 @@ void drawPoints(const Sketch& sketch) {
 /// Points off the axis leave a straight bridge.
 void drawCurve(const Sketch& sketch) {
   const Session& session = sketch.session;
-  if (!hasModel(session, sketch.variable, sketch.direction)) return;
+  if (!hasModel(session, sketch.pair)) return;
   double fromx = sketch.x(session.curveh(1)), fromy = sketch.y(session.curvegam(1));
   for (int i = 1; i <= kCurvePoints; ++i) {
     const double gamma = session.curvegam(i);
     if (gamma < sketch.ymin() || gamma > sketch.ymax()) continue;
     const double x = sketch.x(session.curveh(i)), y = sketch.y(gamma);
-    sketch.picture.line(fromx, fromy, x, y, {session.style.cores.Label3, kPen});
+    sketch.picture.line(fromx, fromy, x, y, {session.style.cores.curve(), kPen});
     fromx = x;
     fromy = y;
   }
@@ -71,8 +71,8 @@ void variog(Collection& reports, double width, double height) {
   Surface& picture = reports.window.thumbnail(width, height);
   picture.clear(kWhite);
   endSilently([&] {
-    double& xmax = session.xmax(session.curvar, session.curdir);
-    if (xmax == 0) xmax = session.hmax(session.curvar, session.curdir);
+    double& xmax = session.xmax(session.current());
+    if (xmax == 0) xmax = session.hmax(session.current());
     const Sketch sketch{session, picture, width - kMargin, height - kMargin};
     drawVarianceLine(sketch);
     drawPoints(sketch);

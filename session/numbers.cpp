@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 
 #include "session/decimal.h"
 #include "session/fault.h"
@@ -178,6 +179,12 @@ std::int16_t toInt16(double value) {
   const double nearest = std::nearbyint(value);
   if (!(nearest >= INT16_MIN && nearest <= INT16_MAX)) throw Fault("Overflow");
   return static_cast<std::int16_t>(nearest);
+}
+
+float toSingle(double value) {
+  constexpr double most = std::numeric_limits<float>::max();
+  if (!(value >= -most && value <= most)) throw Fault("Overflow");
+  return static_cast<float>(value);
 }
 
 std::int64_t toCount(double value) {

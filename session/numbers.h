@@ -41,5 +41,7 @@ std::string lowered(std::string_view text);
 std::int16_t toInt16(double value);
 /// The same for a count; throws Fault beyond the whole numbers that a double tells apart.
 std::int64_t toCount(double value);
+/// The nearest number of single precision; throws Fault beyond its range.
+float toSingle(double value);
 
 }  // namespace zevfit

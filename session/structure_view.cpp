@@ -1,6 +1,7 @@
 #include "session/structure_view.h"
 
 #include "session/fault.h"
+#include "session/line.h"
 #include "session/numbers.h"
 
 namespace zevfit {
@@ -11,7 +12,7 @@ constexpr std::int64_t kLastSlot = kVariableSlots - 1;
 
 std::int64_t tickedVariables(const Session& session) {
   std::int64_t ticked = 0;
-  for (std::int64_t k = 1; k <= session.nvar; ++k) ticked += session.addflag(k) == 1;
+  for (std::int64_t k = 1; k <= session.nvar; ++k) ticked += session.addflag(k);
   return ticked;
 }
 
@@ -39,11 +40,11 @@ std::optional<Refusal> refusedName(const Session& session, std::string_view name
 
 void clearSlot(Session& session, std::int64_t slot) {
   for (std::int64_t direction = 1; direction <= session.ndir; ++direction) {
-    session.gam.clear(slot, direction);
-    session.hlag.clear(slot, direction);
-    session.npairs.clear(slot, direction);
-    session.gmax(slot, direction) = 0;
-    session.hmax(slot, direction) = 0;
+    session.gam.clear({slot, direction});
+    session.hlag.clear({slot, direction});
+    session.npairs.clear({slot, direction});
+    session.gmax({slot, direction}) = 0;
+    session.hmax({slot, direction}) = 0;
   }
   session.variance(slot) = 0;
 }
@@ -57,33 +58,34 @@ struct RunningBounds {
 
 void addLimits(Session& session, std::int64_t slot, std::int64_t k, std::int64_t direction,
                RunningBounds& bounds) {
-  if (session.ymax(k, direction) > bounds.upper) {
-    bounds.upper = session.ymax(k, direction);
-    session.ymax(slot, direction) = bounds.upper;
-    session.ymax0(slot, direction) = bounds.upper;
+  if (session.ymax({k, direction}) > bounds.upper) {
+    bounds.upper = session.ymax({k, direction});
+    session.ymax({slot, direction}) = bounds.upper;
+    session.ymax0({slot, direction}) = bounds.upper;
   }
-  if (session.ymin(k, direction) < bounds.lower) {
-    bounds.lower = session.ymin(k, direction);
-    session.ymin(slot, direction) = bounds.lower;
-    session.ymin0(slot, direction) = bounds.lower;
+  if (session.ymin({k, direction}) < bounds.lower) {
+    bounds.lower = session.ymin({k, direction});
+    session.ymin({slot, direction}) = bounds.lower;
+    session.ymin0({slot, direction}) = bounds.lower;
   }
 }
 
 void addClasses(Session& session, std::int64_t slot, std::int64_t k, std::int64_t direction) {
-  const std::span<const double> added = session.gam.written(k, direction);
+  const std::span<const double> added = session.gam.written({k, direction});
   for (std::size_t at = 1; at < added.size(); ++at) {
     const auto lag = static_cast<std::int64_t>(at);
-    session.gam.set(slot, direction, lag, finite(session.gam(slot, direction, lag) + added[at]));
+    session.gam.set({slot, direction}, lag,
+                    finite(session.gam({slot, direction}, lag) + added[at]));
   }
-  session.hlag.copy(k, direction, slot);
+  session.hlag.copy({k, direction}, {slot, direction});
   // Whichever variables are added, the numbers of pairs are those of the first one, on purpose.
-  session.npairs.copy(1, direction, slot);
+  session.npairs.copy({1, direction}, {slot, direction});
 }
 
 void addVariable(Session& session, std::int64_t slot, std::int64_t k, RunningBounds& bounds) {
   for (std::int64_t direction = 1; direction <= session.ndir; ++direction) {
     addClasses(session, slot, k, direction);
-    session.hmax(slot, direction) = session.hmax(k, direction);
+    session.hmax({slot, direction}) = session.hmax({k, direction});
     addLimits(session, slot, k, direction, bounds);
   }
   session.variance(slot) = finite(session.variance(slot).number() + session.variance(k).number());
@@ -92,11 +94,11 @@ void addVariable(Session& session, std::int64_t slot, std::int64_t k, RunningBou
 // The axis limits, the smallest semivariance and the fit state stay with their slots, on purpose.
 void moveSlot(Session& session, std::int64_t from, std::int64_t to) {
   for (std::int64_t direction = 1; direction <= session.ndir; ++direction) {
-    session.hlag.copy(from, direction, to);
-    session.gam.copy(from, direction, to);
-    session.npairs.copy(from, direction, to);
-    session.gmax(to, direction) = session.gmax(from, direction);
-    session.hmax(to, direction) = session.hmax(from, direction);
+    session.hlag.copy({from, direction}, {to, direction});
+    session.gam.copy({from, direction}, {to, direction});
+    session.npairs.copy({from, direction}, {to, direction});
+    session.gmax({to, direction}) = session.gmax({from, direction});
+    session.hmax({to, direction}) = session.hmax({from, direction});
   }
   session.variance(to) = session.variance(from);
   session.varname(to) = session.varname(from);
@@ -110,14 +112,14 @@ std::optional<Refusal> createVariable(Session& session, std::string_view typedNa
   const std::string_view name = trimmedLeft(typedName);
   if (auto refusal = refusedTicks(session, shownVariables)) return refusal;
   if (auto refusal = refusedName(session, name)) return refusal;
-  if (session.nvar >= kLastSlot) throwSubscript();
+  if (session.nvar >= kLastSlot) throwSubscript("varname", {session.nvar + 1});
 
   const std::int64_t slot = ++session.nvar;
   session.varname(slot) = name;
   clearSlot(session, slot);
   RunningBounds bounds;
   for (std::int64_t k = 1; k < slot; ++k) {
-    if (session.addflag(k) == 1) addVariable(session, slot, k, bounds);
+    if (session.addflag(k)) addVariable(session, slot, k, bounds);
   }
   return std::nullopt;
 }
@@ -133,24 +135,21 @@ std::optional<Refusal> removeVariable(Session& session, std::string_view shownNa
 }
 
 std::optional<std::int64_t> startPair(Session& session) {
-  if (session.hasmodel == 0) {
+  if (!session.hasmodel) {
     session.selvar = session.seldir = 1;
     return std::nullopt;
   }
   for (std::int64_t variable = 1; variable <= session.nvar; ++variable) {
-    if (session.use1(variable, 1).number() != 1) continue;
-    session.curvar = variable;
-    session.curdir = 1;
+    if (!line(session, {variable, 1}, Line::first).isOn()) continue;
+    session.setCurrent({variable, 1});
     return variable;
   }
   return std::nullopt;
 }
 
-ClassRow classRow(const Session& session, std::int64_t variable, std::int64_t direction,
-                  std::int64_t lag) {
-  return {"    Class " + signedText(lag), session.hlag(variable, direction, lag).toText(),
-          generalText(session.gam(variable, direction, lag)),
-          generalText(session.npairs(variable, direction, lag))};
+ClassRow classRow(const Session& session, Pair pair, std::int64_t lag) {
+  return {"    Class " + signedText(lag), session.hlag(pair, lag).toText(),
+          generalText(session.gam(pair, lag)), generalText(session.npairs(pair, lag))};
 }
 
 std::string directionEntry(const Session& session, std::int64_t direction) {

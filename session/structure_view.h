@@ -36,8 +36,7 @@ std::optional<std::int64_t> startPair(Session& session);
 struct ClassRow {
   std::string caption, h, gamma, pairs;
 };
-ClassRow classRow(const Session& session, std::int64_t variable, std::int64_t direction,
-                  std::int64_t lag);
+ClassRow classRow(const Session& session, Pair pair, std::int64_t lag);
 /// An entry of the list of directions: "Direction ", the number, two blanks and the name.
 std::string directionEntry(const Session& session, std::int64_t direction);
 

@@ -23,7 +23,19 @@ struct ColourSwatches {
   Colour Label3 = kBlue;   ///< model curve and its legend sample
   Colour Label4 = kRed;    ///< sill line and its legend sample
   Colour Label5 = kWhite;  ///< background of pictures on screen
+
+  // The same in the words of a plot.
+  Colour ink() const { return Label1; }
+  Colour data() const { return Label2; }
+  Colour curve() const { return Label3; }
+  Colour sill() const { return Label4; }
+  Colour paper() const { return Label5; }
 };
+
+/// The swatches in the order of files and dialogs.
+inline constexpr std::array kSwatches{&ColourSwatches::Label1, &ColourSwatches::Label2,
+                                      &ColourSwatches::Label3, &ColourSwatches::Label4,
+                                      &ColourSwatches::Label5};
 
 /// A sample of a font, written in that font; sizes in points.
 struct FontSample {

@@ -4,12 +4,13 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <limits>
 #include <span>
-#include <string>
 #include <vector>
 
 #include "session/fault.h"
+#include "session/pair.h"
 
 namespace zevfit {
 
@@ -20,12 +21,17 @@ inline constexpr int kDirectionSlots = 22;
 inline constexpr int kResetVariables = 40;
 inline constexpr int kResetDirections = 20;
 
-[[noreturn]] inline void throwSubscript() { throw Fault("Subscript out of range"); }
+/// Throws a Fault that names the table and the subscripts, as in "Subscript out of range: c0(43,
+/// 1)".
+[[noreturn]] void throwSubscript(const char* table, std::initializer_list<std::int64_t> subscripts);
 
 /// A table of one subscript, 0 to N - 1; a subscript outside throws Fault.
 template <class T, int N>
 class Table {
  public:
+  /// `name`: a literal, for faults.
+  explicit Table(const char* name) : name_(name) {}
+
   T& operator()(std::int64_t i) { return cells_[check(i)]; }
   const T& operator()(std::int64_t i) const { return cells_[check(i)]; }
   void fill(const T& value) { cells_.fill(value); }
@@ -35,94 +41,104 @@ class Table {
   std::span<const T, std::size_t{N}> slots() const { return cells_; }
 
  private:
-  static std::size_t check(std::int64_t i) {
-    if (i < 0 || i >= N) throwSubscript();
+  std::size_t check(std::int64_t i) const {
+    if (i < 0 || i >= N) throwSubscript(name_, {i});
     return static_cast<std::size_t>(i);
   }
+  const char* name_;
   std::array<T, std::size_t{N}> cells_{};
 };
 
-/// A table of two subscripts in the order (variable, direction) unless its owner says otherwise;
-/// a subscript outside 0 to Rows - 1, 0 to Columns - 1 throws Fault.
-template <class T, int Rows = kVariableSlots, int Columns = kDirectionSlots>
+/// A table by pair. A pair whose subscripts are outside 0 to Variables - 1, 0 to Directions - 1
+/// throws Fault.
+template <class T, int Variables = kVariableSlots, int Directions = kDirectionSlots>
 class PairTable {
  public:
-  PairTable() : cells_(std::size_t{Rows} * Columns) {}
-  T& operator()(std::int64_t row, std::int64_t column) { return cells_[check(row, column)]; }
-  const T& operator()(std::int64_t row, std::int64_t column) const {
-    return cells_[check(row, column)];
-  }
+  /// `name`: a literal, for faults.
+  explicit PairTable(const char* name) : name_(name), cells_(std::size_t{Variables} * Directions) {}
+
+  T& operator()(Pair pair) { return cells_[check(pair)].value; }
+  const T& operator()(Pair pair) const { return cells_[check(pair)].value; }
 
  private:
-  static std::size_t check(std::int64_t row, std::int64_t column) {
-    if (row < 0 || row >= Rows || column < 0 || column >= Columns) throwSubscript();
-    return static_cast<std::size_t>(row * Columns + column);
+  /// So that a table of bool has cells of its own, too.
+  struct Slot {
+    T value{};
+  };
+
+  std::size_t check(Pair pair) const {
+    const auto& [variable, direction] = pair;
+    if (variable < 0 || variable >= Variables || direction < 0 || direction >= Directions)
+      throwSubscript(name_, {variable, direction});
+    return static_cast<std::size_t>(variable * Directions + direction);
   }
-  std::vector<T> cells_;
+  const char* name_;
+  std::vector<Slot> cells_;
 };
 
-/// A table of (variable, direction, class), classes 0 to the number of classes plus 1. A row takes
-/// memory only up to the highest class ever written; what lies behind reads as T{}.
+/// A table by pair and class, classes 0 to the number of classes plus 1. A row, which is all
+/// classes of a pair, takes memory only up to the highest class ever written; what lies behind
+/// reads as T{}. A pair or a class outside the table throws Fault.
 template <class T>
 class LagTable {
  public:
+  /// `name`: a literal, for faults.
+  explicit LagTable(const char* name) : name_(name), rows_(name) {}
+
   /// Drops the content; then classes 0 to `classes` + 1 exist. A negative number leaves slot 0.
   void create(std::int64_t classes) {
-    rows_ = PairTable<std::vector<T>>();
+    rows_ = PairTable<std::vector<T>>(name_);
     last_ = classes < 0 ? 0 : std::min(classes, kMostClasses) + 1;
   }
 
-  /// Throws Fault for a subscript outside the table.
-  const T& operator()(std::int64_t variable, std::int64_t direction, std::int64_t lag) const {
-    const std::vector<T>& row = rows_(variable, direction);
-    if (lag < 0 || lag > last_) throwSubscript();
+  const T& operator()(Pair pair, std::int64_t lag) const {
+    const std::vector<T>& row = rows_(pair);
+    check(pair, lag);
     return static_cast<std::size_t>(lag) < row.size() ? row[static_cast<std::size_t>(lag)] : none();
   }
 
-  /// Stores a value; throws Fault for a subscript outside the table.
-  void set(std::int64_t variable, std::int64_t direction, std::int64_t lag, T value) {
-    std::vector<T>& row = rows_(variable, direction);
-    if (lag < 0 || lag > last_) throwSubscript();
+  void set(Pair pair, std::int64_t lag, T value) {
+    std::vector<T>& row = rows_(pair);
+    check(pair, lag);
     const auto at = static_cast<std::size_t>(lag);
     if (at >= row.size()) row.resize(at + 1);
     row[at] = std::move(value);
   }
 
   /// Takes a whole row over, from slot 0; throws Fault for a row with slots outside the table.
-  void setRow(std::int64_t variable, std::int64_t direction, std::vector<T> row) {
-    std::vector<T>& place = rows_(variable, direction);
-    if (static_cast<std::int64_t>(row.size()) - 1 > last_) throwSubscript();
+  void setRow(Pair pair, std::vector<T> row) {
+    std::vector<T>& place = rows_(pair);
+    const std::int64_t highest = static_cast<std::int64_t>(row.size()) - 1;
+    if (highest > last_) throwSubscript(name_, {pair.variable, pair.direction, highest});
     place = std::move(row);
   }
 
   /// Makes room for classes up to `lag` at once; a hint, never a promise to hold values there.
-  void reserve(std::int64_t variable, std::int64_t direction, std::int64_t lag) {
+  void reserve(Pair pair, std::int64_t lag) {
     const std::int64_t highest = std::clamp<std::int64_t>(lag, -1, last_);
-    rows_(variable, direction).reserve(static_cast<std::size_t>(highest + 1));
+    rows_(pair).reserve(static_cast<std::size_t>(highest + 1));
   }
 
   /// The slots of a row that may differ from T{}, from slot 0; empty when none was written.
-  std::span<const T> written(std::int64_t variable, std::int64_t direction) const {
-    return rows_(variable, direction);
-  }
+  std::span<const T> written(Pair pair) const { return rows_(pair); }
 
   /// Sets all classes of a row to T{}.
-  void clear(std::int64_t variable, std::int64_t direction) {
-    rows_(variable, direction) = std::vector<T>();
-  }
+  void clear(Pair pair) { rows_(pair) = std::vector<T>(); }
 
   /// Copies all classes of one row over another.
-  void copy(std::int64_t variable, std::int64_t direction, std::int64_t toVariable) {
-    rows_(toVariable, direction) = rows_(variable, direction);
-  }
+  void copy(Pair from, Pair to) { rows_(to) = rows_(from); }
 
  private:
   static const T& none() {
     static const T value{};
     return value;
   }
+  void check(Pair pair, std::int64_t lag) const {
+    if (lag < 0 || lag > last_) throwSubscript(name_, {pair.variable, pair.direction, lag});
+  }
   static constexpr std::int64_t kMostClasses = std::numeric_limits<std::int64_t>::max() - 1;
 
+  const char* name_;
   PairTable<std::vector<T>> rows_;
   std::int64_t last_ = -1;
 };

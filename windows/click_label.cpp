@@ -7,6 +7,8 @@
 #include <QStyleOptionFocusRect>
 #include <utility>
 
+#include "windows/keys.h"
+
 namespace zevfit {
 
 ClickLabel::ClickLabel(QWidget* parent) : QLabel(parent) {
@@ -28,8 +30,7 @@ void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
 
 void ClickLabel::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
-  if (key != Qt::Key_Space && key != Qt::Key_Return && key != Qt::Key_Enter)
-    return QLabel::keyPressEvent(event);
+  if (key != Qt::Key_Space && !isEnter(key)) return QLabel::keyPressEvent(event);
   if (clicked) clicked();
 }
 

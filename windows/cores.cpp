@@ -9,7 +9,6 @@
 
 #include "model/graph_format.h"
 #include "platform/picture_box.h"
-#include "windows/boundary.h"
 #include "windows/controls.h"
 
 namespace zevfit {
@@ -22,13 +21,14 @@ constexpr QSize kSwatch(90, 22);
 
 }  // namespace
 
-cores::cores(Fit& fit, QWidget* parent) : QDialog(parent), fit_(fit) {
+cores::cores(Session& session, StyleChooser& chooser, const FaultReport& faults, QWidget* parent)
+    : QDialog(parent), session_(session), chooser_(chooser), faults_(faults) {
   setObjectName("cores");
   setWindowTitle("Define Colors");
   makeControls();
   layOut();
   const auto handler = [this](void (cores::*body)()) {
-    return [this, body] { guarded(fit_.dialogs, [&] { (this->*body)(); }); };
+    return [this, body] { guarded(faults_, [&] { (this->*body)(); }); };
   };
   connect(Command1, &QPushButton::clicked, this, handler(&cores::Command1_Click));
   connect(Command2, &QPushButton::clicked, this, handler(&cores::Command2_Click));
@@ -78,7 +78,7 @@ void cores::open() {
 void cores::showSwatches() {
   for (std::size_t i = 0; i < Label.size(); ++i) {
     QPalette colours = Label[i]->palette();
-    colours.setColor(QPalette::Window, toQColor(swatch(fit_.session.style.cores, i + 1)));
+    colours.setColor(QPalette::Window, toQColor(swatch(session_.style.cores, i + 1)));
     Label[i]->setPalette(colours);
   }
 }
@@ -87,23 +87,24 @@ void cores::Command1_Click() {
   const auto chosen = std::find_if(Option.begin(), Option.end(),
                                    [](const QRadioButton* option) { return option->isChecked(); });
   if (chosen == Option.end()) return;
-  chooseColour(fit_, static_cast<std::size_t>(chosen - Option.begin()) + 1, held_);
+  chooseColour(session_.style.cores, static_cast<std::size_t>(chosen - Option.begin()) + 1,
+               chooser_, held_);
   showSwatches();
 }
 
 // The grid keeps its colour.
 void cores::Command3_Click() {
-  fit_.session.style.cores = ColourSwatches();
+  session_.style.cores = ColourSwatches();
   showSwatches();
 }
 
 void cores::Command2_Click() {
-  fit_.session.axiscolor = fit_.session.style.cores.Label1;
+  session_.axiscolor = session_.style.cores.Label1;
   leave();
 }
 
 void cores::reject() {
-  fit_.session.style.cores = ColourSwatches();
+  session_.style.cores = ColourSwatches();
   leave();
 }
 

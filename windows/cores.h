@@ -4,7 +4,9 @@
 #include <array>
 #include <functional>
 
-#include "model/fit.h"
+#include "session/session.h"
+#include "session/style_chooser.h"
+#include "windows/boundary.h"
 
 class QLabel;
 class QPushButton;
@@ -15,7 +17,7 @@ namespace zevfit {
 /// The window of the five colours. Its swatches are those of the style, which every drawing reads.
 class cores : public QDialog {
  public:
-  cores(Fit& fit, QWidget* parent);
+  cores(Session& session, StyleChooser& chooser, const FaultReport& faults, QWidget* parent);
 
   void open() override;
   /// Runs when the window has gone.
@@ -35,7 +37,9 @@ class cores : public QDialog {
   void showSwatches();
   void leave();
 
-  Fit& fit_;
+  Session& session_;
+  StyleChooser& chooser_;
+  const FaultReport& faults_;
   Colour held_ = kBlack;  ///< what the colour dialog holds
   std::array<QRadioButton*, 5> Option;
   std::array<QLabel*, 5> Label;

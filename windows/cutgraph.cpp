@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "windows/boundary.h"
 #include "windows/click_label.h"
 #include "windows/controls.h"
 #include "windows/quiet_focus.h"
@@ -33,14 +32,14 @@ ClickLabel* makeReal(const char* name, const char* hint) {
 
 }  // namespace
 
-cutgraph::cutgraph(Fit& fit, QWidget* parent) : QDialog(parent), fit_(fit) {
+cutgraph::cutgraph(Fit& fit, const FaultReport& faults, QWidget* parent)
+    : QDialog(parent), fit_(fit), faults_(faults) {
   setObjectName("cutgraph");
   makeControls();
   layOut();
   Labelxm->clicked = [this] { novoxmax->setText(Labelxm->text()); };
   Labelym->clicked = [this] { novoymax->setText(Labelym->text()); };
-  connect(Command2, &QPushButton::clicked, this,
-          [this] { guarded(fit_.dialogs, [this] { save(); }); });
+  connect(Command2, &QPushButton::clicked, this, [this] { guarded(faults_, [this] { save(); }); });
   connect(Command1, &QPushButton::clicked, this, &QWidget::hide);
 }
 
@@ -99,7 +98,7 @@ bool cutgraph::event(QEvent* event) {
 }
 
 void cutgraph::activated() {
-  guarded(fit_.dialogs, [this] {
+  guarded(faults_, [this] {
     takeTexts();
     cutgraph_Activate(fit_.session, texts_);
     showTexts();
@@ -115,7 +114,7 @@ void cutgraph::hideEvent(QHideEvent* event) {
 void cutgraph::save() {
   takeTexts();
   telling_ = true;
-  const bool stored = cutgraph_Command2_Click(fit_, texts_);
+  const bool stored = cutgraph_Command2_Click(fit_.session, fit_.messages, texts_);
   telling_ = false;
   if (stored) return hide();
   activateWindow();

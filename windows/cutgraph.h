@@ -4,6 +4,7 @@
 #include <QPointer>
 
 #include "model/axis_dialogs.h"
+#include "windows/boundary.h"
 
 class QLabel;
 class QLineEdit;
@@ -17,7 +18,7 @@ class ClickLabel;
 /// click anywhere else closes it without saving. It keeps its texts while it is hidden.
 class cutgraph : public QDialog {
  public:
-  cutgraph(Fit& fit, QWidget* parent);
+  cutgraph(Fit& fit, const FaultReport& faults, QWidget* parent);
 
   /// Fills and shows the window for the pair of the lists; nothing when no file is loaded.
   void open() override;
@@ -35,6 +36,7 @@ class cutgraph : public QDialog {
   void takeTexts();
 
   Fit& fit_;
+  const FaultReport& faults_;
   ScaleTexts texts_;
   /// A box of its own has the focus, which is not lost then.
   bool telling_ = false;

@@ -15,9 +15,11 @@
 
 #include "model/fields.h"
 #include "model/selection.h"
+#include "model/sliders.h"
 #include "platform/picture_box.h"
 #include "session/fault.h"
-#include "windows/boundary.h"
+#include "session/line.h"
+#include "windows/keys.h"
 #include "windows/list_choice.h"
 #include "windows/quiet_focus.h"
 #include "windows/texts.h"
@@ -25,8 +27,6 @@
 namespace zevfit {
 
 namespace {
-
-constexpr int kEnterKeyCode = 13;
 
 bool isClick(const QEvent& event, const QWidget& on) {
   const auto& mouse = static_cast<const QMouseEvent&>(event);
@@ -54,15 +54,16 @@ bool counts(const QEvent& event, const QObject& on) {
 
 }  // namespace
 
-void FitPanelWidgets::connectTo(Fit& fit) {
+void FitPanelWidgets::connectTo(Fit& fit, const FaultReport& faults) {
   fit_ = &fit;
+  faults_ = &faults;
   connectValues();
   connectChoices();
   connectReactions();
 }
 
 void FitPanelWidgets::run(void (*handler)(Fit&)) {
-  guarded(fit_->dialogs, [&] { handler(*fit_); });
+  guarded(*faults_, [&] { handler(*fit_); });
 }
 
 void FitPanelWidgets::connectValues() {
@@ -84,18 +85,17 @@ void FitPanelWidgets::connectValues() {
 }
 
 void FitPanelWidgets::connectChoices() {
-  for (int i = 0; i < kLines; ++i) {
-    const auto at = static_cast<std::size_t>(i);
-    connect(est[at], &QRadioButton::toggled, this, [this, i](bool on) {
-      if (on) guarded(fit_->dialogs, [&] { est_Click(*fit_, i); });
+  for (const Line which : kLines)
+    connect(est.at(indexOf(which)), &QRadioButton::toggled, this, [this, which](bool on) {
+      if (on) guarded(*faults_, [&] { est_Click(*fit_, which); });
     });
-    connect(tipo[at], &QRadioButton::toggled, this, [this, i](bool on) {
-      if (on) guarded(fit_->dialogs, [&] { tipo_Click(*fit_, i); });
+  for (std::size_t i = 0; i < kTipoForms.size(); ++i)
+    connect(tipo.at(i), &QRadioButton::toggled, this, [this, i](bool on) {
+      if (on) guarded(*faults_, [&] { tipo_Click(*fit_, kTipoForms.at(i)); });
     });
-  }
   for (std::size_t i = 0; i < boxes_.size(); ++i)
     connect(boxes_[i], &QCheckBox::toggled, this,
-            [this, i] { guarded(fit_->dialogs, [&] { box_Click(*fit_, static_cast<Box>(i)); }); });
+            [this, i] { guarded(*faults_, [&] { box_Click(*fit_, static_cast<Box>(i)); }); });
 }
 
 void FitPanelWidgets::connectReactions() {
@@ -108,14 +108,14 @@ void FitPanelWidgets::connectReactions() {
       {Command5, QEvent::FocusIn, Command5_GotFocus},
       {est[0], QEvent::MouseMove, est1_MouseMove},
       {tipo[0], QEvent::MouseMove, tipo1_MouseMove},
-      {est[0], QEvent::MouseButtonDblClick, [](Fit& fit) { est_Click(fit, 0); }},
-      {est[1], QEvent::MouseButtonDblClick, [](Fit& fit) { est_Click(fit, 1); }},
-      {est[2], QEvent::MouseButtonDblClick, [](Fit& fit) { est_Click(fit, 2); }},
-      {est[3], QEvent::MouseButtonDblClick, [](Fit& fit) { est_Click(fit, 3); }},
-      {tipo[0], QEvent::MouseButtonDblClick, [](Fit& fit) { tipo_DblClick(fit, 0); }},
-      {tipo[1], QEvent::MouseButtonDblClick, [](Fit& fit) { tipo_DblClick(fit, 1); }},
-      {tipo[2], QEvent::MouseButtonDblClick, [](Fit& fit) { tipo_DblClick(fit, 2); }},
-      {tipo[3], QEvent::MouseButtonDblClick, [](Fit& fit) { tipo_DblClick(fit, 3); }},
+      {est[0], QEvent::MouseButtonDblClick, [](Fit& fit) { est_Click(fit, Line::nugget); }},
+      {est[1], QEvent::MouseButtonDblClick, [](Fit& fit) { est_Click(fit, Line::first); }},
+      {est[2], QEvent::MouseButtonDblClick, [](Fit& fit) { est_Click(fit, Line::second); }},
+      {est[3], QEvent::MouseButtonDblClick, [](Fit& fit) { est_Click(fit, Line::third); }},
+      {tipo[0], QEvent::MouseButtonDblClick, [](Fit& fit) { tipo_DblClick(fit, kTipoForms[0]); }},
+      {tipo[1], QEvent::MouseButtonDblClick, [](Fit& fit) { tipo_DblClick(fit, kTipoForms[1]); }},
+      {tipo[2], QEvent::MouseButtonDblClick, [](Fit& fit) { tipo_DblClick(fit, kTipoForms[2]); }},
+      {tipo[3], QEvent::MouseButtonDblClick, [](Fit& fit) { tipo_DblClick(fit, kTipoForms[3]); }},
       {Textc0, QEvent::KeyPress, nullptr},
       {Texta, QEvent::KeyPress, nullptr},
   };
@@ -151,8 +151,7 @@ void FitPanelWidgets::plotFocused(const QEvent& focus) {
 }
 
 void FitPanelWidgets::onKey(int key) {
-  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
-  guarded(fit_->dialogs, [&] { Text_KeyDown(*fit_, enter ? kEnterKeyCode : 0); });
+  guarded(*faults_, [&] { Text_KeyDown(*fit_, isEnter(key) ? kEnterKeyCode : 0); });
 }
 
 void FitPanelWidgets::fillList(List which, const QStringList& entries) {
@@ -213,21 +212,19 @@ void FitPanelWidgets::setSillBackground(Colour colour) {
   }
 }
 
-std::string FitPanelWidgets::letter(int structure) const {
-  return toBytes(esttipo.at(static_cast<std::size_t>(structure - 1))->text());
+std::string FitPanelWidgets::letter(Line structure) const {
+  return toBytes(esttipo.at(indexOf(structure) - 1)->text());
 }
 
-void FitPanelWidgets::setLetter(int structure, std::string_view letter) {
-  esttipo.at(static_cast<std::size_t>(structure - 1))->setText(toQString(letter));
+void FitPanelWidgets::setLetter(Line structure, std::string_view letter) {
+  esttipo.at(indexOf(structure) - 1)->setText(toQString(letter));
 }
 
 bool FitPanelWidgets::ticked(Box which) const { return box(which)->isChecked(); }
 
 void FitPanelWidgets::setTicked(Box which, bool ticked) { box(which)->setChecked(ticked); }
 
-void FitPanelWidgets::selectLine(int line) {
-  est.at(static_cast<std::size_t>(line))->setChecked(true);
-}
+void FitPanelWidgets::selectLine(Line line) { est.at(indexOf(line))->setChecked(true); }
 
 void FitPanelWidgets::setEnabled(Control control, bool enabled) {
   if (control == Control::tipos) {

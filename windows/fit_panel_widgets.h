@@ -5,6 +5,7 @@
 
 #include "model/fit.h"
 #include "model/fit_panel.h"
+#include "windows/boundary.h"
 
 class QCheckBox;
 class QComboBox;
@@ -24,7 +25,7 @@ class FitPanelWidgets : public QWidget, public FitPanel {
 
   /// From here on the controls' events run the handlers of the fit. `fit` must outlive the panel's
   /// events.
-  void connectTo(Fit& fit);
+  void connectTo(Fit& fit, const FaultReport& faults);
 
   /// Gives the buttons their icons, blank until then.
   void loadIcons();
@@ -44,11 +45,11 @@ class FitPanelWidgets : public QWidget, public FitPanel {
   std::string caption(Caption which) const override;
   void setCaption(Caption which, std::string_view text) override;
   void setSillBackground(Colour colour) override;
-  std::string letter(int structure) const override;
-  void setLetter(int structure, std::string_view letter) override;
+  std::string letter(Line structure) const override;
+  void setLetter(Line structure, std::string_view letter) override;
   bool ticked(Box box) const override;
   void setTicked(Box box, bool ticked) override;
-  void selectLine(int line) override;
+  void selectLine(Line line) override;
   void setEnabled(Control control, bool enabled) override;
   int listPosition(List list) const override;
   void setListPosition(List list, int position) override;
@@ -88,6 +89,7 @@ class FitPanelWidgets : public QWidget, public FitPanel {
   QCheckBox* box(Box which) const { return boxes_[static_cast<std::size_t>(which)]; }
 
   Fit* fit_ = nullptr;
+  const FaultReport* faults_ = nullptr;
   std::vector<Reaction> reactions_;
   bool plotFocusRan_ = false;
   bool boxCame_ = false;     ///< since the plot button last got the focus

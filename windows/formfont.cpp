@@ -18,8 +18,9 @@
 
 namespace zevfit {
 
-Formfont::Formfont(Fit& fit, PlotWindows& windows, QWidget* parent)
-    : QDialog(parent), fit_(fit), windows_(windows) {
+Formfont::Formfont(Fit& fit, PlotWindows& windows, StyleChooser& chooser, const FaultReport& faults,
+                   QWidget* parent)
+    : QDialog(parent), fit_(fit), chooser_(chooser), faults_(faults), windows_(windows) {
   setObjectName("Formfont");
   setWindowTitle("Graphic - Format");
   makeControls();
@@ -35,10 +36,10 @@ Formfont::~Formfont() {
 
 void Formfont::connectHandlers() {
   const auto handler = [this](void (Formfont::*body)()) {
-    return [this, body] { guarded(fit_.dialogs, [&] { (this->*body)(); }); };
+    return [this, body] { guarded(faults_, [&] { (this->*body)(); }); };
   };
   for (std::size_t row = 0; row < Label2.size(); ++row)
-    Label2[row]->clicked = [this, row] { guarded(fit_.dialogs, [&] { Label2_Click(row); }); };
+    Label2[row]->clicked = [this, row] { guarded(faults_, [&] { Label2_Click(row); }); };
   // The boxes hold the patterns: each drawing reads what stands in them.
   for (std::size_t i = 0; i < formato.size(); ++i)
     connect(formato[i], &QLineEdit::textChanged, this, [this, i](const QString& text) {
@@ -69,7 +70,7 @@ void Formfont::open() {
   show();
   raise();
   activateWindow();
-  guarded(fit_.dialogs, [this] { activated(); });
+  guarded(faults_, [this] { activated(); });
 }
 
 void Formfont::setAside() {
@@ -90,7 +91,7 @@ bool Formfont::event(QEvent* event) {
   if (event->type() == QEvent::WindowDeactivate)
     ownAbove_ = asking_ || help_->isVisible() || colours_->isVisible();
   if (event->type() == QEvent::WindowActivate && !ownAbove_ && isVisible())
-    guarded(fit_.dialogs, [this] { activated(); });
+    guarded(faults_, [this] { activated(); });
   return QDialog::event(event);
 }
 
@@ -98,11 +99,11 @@ bool Formfont::eventFilter(QObject* watched, QEvent* event) {
   if (watched == Picture1 && event->type() == QEvent::MouseButtonRelease) {
     const auto& mouse = static_cast<const QMouseEvent&>(*event);
     if (Picture1->rect().contains(mouse.position().toPoint()))
-      guarded(fit_.dialogs, [this] { preview(); });
+      guarded(faults_, [this] { preview(); });
   }
   if (watched == Picture1 && event->type() == QEvent::KeyPress &&
       static_cast<const QKeyEvent&>(*event).key() == Qt::Key_Space)
-    guarded(fit_.dialogs, [this] { preview(); });
+    guarded(faults_, [this] { preview(); });
   return QDialog::eventFilter(watched, event);
 }
 
@@ -118,7 +119,7 @@ void Formfont::preview() {
 
 void Formfont::Label2_Click(std::size_t row) {
   const QScopedValueRollback asking(asking_, true);
-  if (chooseFont(fit_, row)) showFont(row);
+  if (chooseFont(fit_.session.style.Formfont, row, chooser_, fit_.messages)) showFont(row);
 }
 
 void Formfont::Command1_Click() {
@@ -131,7 +132,7 @@ void Formfont::Command1_Click() {
 void Formfont::Command2_Click() {
   if (const auto fault = patternFault(fit_.session.style.Formfont.formato)) {
     const QScopedValueRollback asking(asking_, true);
-    return fit_.dialogs.plain(*fault);
+    return fit_.messages.plain(*fault);
   }
   leave();
   if (!previewrunning) fit_.plotter.plotvariogram();
@@ -157,7 +158,7 @@ void Formfont::Command5_Click() {
 }
 
 void Formfont::reject() {
-  guarded(fit_.dialogs, [this] { Command3_Click(); });
+  guarded(faults_, [this] { Command3_Click(); });
 }
 
 void Formfont::comeBack() {

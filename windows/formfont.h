@@ -7,6 +7,8 @@
 #include "model/fit.h"
 #include "platform/picture_box.h"
 #include "plot/drawing/preview.h"
+#include "session/style_chooser.h"
+#include "windows/boundary.h"
 
 class QLabel;
 class QLineEdit;
@@ -22,7 +24,8 @@ class cores;
 /// to take input while it is up; its close box is a Cancel.
 class Formfont : public QDialog, private PreviewPicture {
  public:
-  Formfont(Fit& fit, PlotWindows& windows, QWidget* parent);
+  Formfont(Fit& fit, PlotWindows& windows, StyleChooser& chooser, const FaultReport& faults,
+           QWidget* parent);
   ~Formfont() override;
 
   /// Keeps the format for Cancel and shows the window.
@@ -62,6 +65,8 @@ class Formfont : public QDialog, private PreviewPicture {
   void comeBack();
 
   Fit& fit_;
+  StyleChooser& chooser_;
+  const FaultReport& faults_;
   PlotWindows& windows_;
   PenState pen_;
   bool bold_ = false;

@@ -50,7 +50,7 @@ void Formfont::makeControls() {
   Command4 = makeIconButton("Command4", "help", "Help", {"F1"});
   Command5 = makeIconButton("Command5", "colours", "Colors", {"Alt+C"});
   help_ = new Frame2(this);
-  colours_ = new cores(fit_, this);
+  colours_ = new cores(fit_.session, chooser_, faults_, this);
 }
 
 void Formfont::layOut() {

@@ -37,8 +37,13 @@ class Content : public QWidget {
 
 }  // namespace
 
-Formod::Formod(Fit& fit, DirectionWindows& windows, std::function<void()> endDelete)
-    : fit_(fit), windows_(windows), endDelete_(std::move(endDelete)), form_(new Content) {
+Formod::Formod(Fit& fit, DirectionWindows& windows, const FaultReport& faults,
+               std::function<void()> endDelete)
+    : fit_(fit),
+      windows_(windows),
+      faults_(faults),
+      endDelete_(std::move(endDelete)),
+      form_(new Content) {
   setObjectName("Formod");
   setWindowIcon(QIcon(":/icons/app.svg"));
   setAttribute(Qt::WA_DeleteOnClose, false);

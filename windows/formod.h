@@ -10,6 +10,7 @@
 #include "model/fit.h"
 #include "platform/picture_box.h"
 #include "plot/window/direction_window.h"
+#include "windows/boundary.h"
 
 class QLabel;
 
@@ -24,7 +25,8 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
  public:
   /// The handlers of its events work on `fit` and, for the window of the current pair, on
   /// `windows`; `endDelete` is what the interface of that name asks for.
-  Formod(Fit& fit, DirectionWindows& windows, std::function<void()> endDelete);
+  Formod(Fit& fit, DirectionWindows& windows, const FaultReport& faults,
+         std::function<void()> endDelete);
 
   /// The state of a window just loaded: nominal size, picture, pen and overlays as at the start.
   void load();
@@ -49,7 +51,7 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
   void setPictureSize(double width, double height) override;
   Surface& picture() override { return Picture4->surface(); }
   PenState& pen() override { return pen_; }
-  void setHandleBorder(int handle, bool border) override;
+  void setHandleBorder(Line handle, bool border) override;
   void hideGuides() override;
   void toFront() override;
   void endDelete() override { endDelete_(); }
@@ -58,11 +60,11 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
   double scaleWidth() const override { return pictureWidth(); }
   double scaleHeight() const override { return pictureHeight(); }
   std::optional<Colour> colourAt(double x, double y) override;
-  double handleLeft(int handle) const override;
-  double handleTop(int handle) const override;
-  double handleWidth(int handle) const override;
-  void moveHandle(int handle, double left, double top) override;
-  void showHandle(int handle, bool visible) override;
+  double handleLeft(Line handle) const override;
+  double handleTop(Line handle) const override;
+  double handleWidth(Line handle) const override;
+  void moveHandle(Line handle, double left, double top) override;
+  void showHandle(Line handle, bool visible) override;
   void showGuide(Guide guide, bool visible) override;
   void placeGuide(Guide guide, double at) override;
   void setGuideEnds(Guide guide, double from, double to) override;
@@ -88,19 +90,19 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
   void keepFocusOnPicture();
   void layGuide(Guide which);
   GuideLine* guide(Guide which) const { return which == Guide::Line1 ? Line1 : Line2; }
-  static std::size_t toIndex(int handle) { return static_cast<std::size_t>(handle); }
 
   // Events of the mouse and the focus on the picture, the handles, the tag and the ground.
   void pictureEvent(const QEvent& event);
-  void handleEvent(int handle, const QEvent& event);
+  void handleEvent(Line handle, const QEvent& event);
   void pictureMouse(const QMouseEvent& mouse);
-  void handleMouse(int handle, const QMouseEvent& mouse);
+  void handleMouse(Line handle, const QMouseEvent& mouse);
   /// Gives the window the frame that leaves the content its nominal size.
   void fitFrame();
   QSize nominalContent() const;
 
   Fit& fit_;
   DirectionWindows& windows_;
+  const FaultReport& faults_;
   std::function<void()> endDelete_;
   QWidget* form_;
   PictureBox* Picture4;

@@ -9,7 +9,7 @@
 #include "plot/window/grip_events.h"
 #include "plot/window/pair_count.h"
 #include "plot/window/placing.h"
-#include "windows/boundary.h"
+#include "session/line.h"
 #include "windows/formod.h"
 #include "windows/guide_line.h"
 #include "windows/quiet_focus.h"
@@ -34,11 +34,12 @@ bool endsClick(const QMouseEvent& mouse, const QWidget& on, const QWidget* press
 
 bool Formod::eventFilter(QObject* watched, QEvent* event) {
   const auto handle = std::find(estru.begin(), estru.end(), watched);
-  guarded(fit_.dialogs, [&] {
+  guarded(faults_, [&] {
     if (watched == Picture4) pictureEvent(*event);
-    if (handle != estru.end()) handleEvent(static_cast<int>(handle - estru.begin()), *event);
+    if (handle != estru.end()) handleEvent(static_cast<Line>(handle - estru.begin()), *event);
     if (watched == Label1 && event->type() == QEvent::MouseButtonRelease) Label1_Click(*this);
-    if (watched == form_ && event->type() == QEvent::MouseButtonRelease) Form_Click(fit_, *this);
+    if (watched == form_ && event->type() == QEvent::MouseButtonRelease)
+      Form_Click(fit_.session, *this);
   });
   // A release ends here, so that the ground below does not take it for a click on itself.
   if (watched != form_ && event->type() == QEvent::MouseButtonRelease) return true;
@@ -66,7 +67,8 @@ void Formod::pictureMouse(const QMouseEvent& mouse) {
   const QPointF at = mouse.position() * kTwipsPerPixel;
   if (mouse.type() == QEvent::MouseMove)
     return Picture4_MouseMove(fit_, windows_, *this, at.x(), at.y());
-  if (mouse.type() == QEvent::MouseButtonDblClick) return Picture4_MouseUp(fit_, *this);
+  if (mouse.type() == QEvent::MouseButtonDblClick)
+    return Picture4_MouseUp(fit_.session, fit_.plotter, *this);
   if (mouse.type() == QEvent::MouseButtonPress) {
     pressed_ = Picture4;
     // A touch comes down without a move before it.
@@ -75,21 +77,21 @@ void Formod::pictureMouse(const QMouseEvent& mouse) {
     return;
   }
   const bool click = endsClick(mouse, *Picture4, std::exchange(pressed_, nullptr));
-  Picture4_MouseUp(fit_, *this);
-  if (click) Picture4_Click(fit_, *this);
+  Picture4_MouseUp(fit_.session, fit_.plotter, *this);
+  if (click) Picture4_Click(fit_.session, fit_.plotter, *this);
 }
 
-void Formod::handleEvent(int handle, const QEvent& event) {
+void Formod::handleEvent(Line handle, const QEvent& event) {
   const bool ofMouse =
       event.type() == QEvent::MouseMove || event.type() == QEvent::MouseButtonPress ||
       event.type() == QEvent::MouseButtonDblClick || event.type() == QEvent::MouseButtonRelease;
   if (ofMouse) handleMouse(handle, static_cast<const QMouseEvent&>(event));
 }
 
-// The second press of a double click is none of its own, so that its release alone counts: it lets
-// a handle go that a click has left held.
-void Formod::handleMouse(int handle, const QMouseEvent& mouse) {
-  QWidget& label = *estru.at(toIndex(handle));
+// Qt sends no press for the second click of a double click; only its release is handled, and lets
+// go of a handle that a click has left held.
+void Formod::handleMouse(Line handle, const QMouseEvent& mouse) {
+  QWidget& label = *estru.at(indexOf(handle));
   if (mouse.type() == QEvent::MouseMove) {
     const QPointF at = mouse.position() * kTwipsPerPixel;
     return estru_MouseMove(fit_, windows_, *this, handle, at.x(), at.y());
@@ -101,14 +103,14 @@ void Formod::handleMouse(int handle, const QMouseEvent& mouse) {
   if (mouse.type() == QEvent::MouseButtonDblClick) return;
   if (mouse.type() == QEvent::MouseButtonPress) {
     pressed_ = &label;
-    return estru_MouseDown(fit_, *this, handle, toButton(mouse));
+    return estru_MouseDown(fit_.session, fit_.panel, *this, handle, toButton(mouse));
   }
   if (mouse.buttons() == Qt::NoButton) down_ = nullptr;
   // The press has ended when another window came up; its release would take the handle up again.
   if (std::exchange(cut_, nullptr) == &label) return;
   const bool click = std::exchange(pressed_, nullptr) == &label;
-  estru_MouseUp(fit_, *this, handle, toButton(mouse));
-  if (click) estru_Click(fit_);
+  estru_MouseUp(fit_.session, fit_.panel, *this, handle, toButton(mouse));
+  if (click) estru_Click(fit_.plotter);
 }
 
 std::optional<Colour> Formod::colourAt(double x, double y) {
@@ -116,29 +118,29 @@ std::optional<Colour> Formod::colourAt(double x, double y) {
   return colour.isValid() ? std::optional(toColour(colour)) : std::nullopt;
 }
 
-double Formod::handleLeft(int handle) const {
-  return estru.at(toIndex(handle))->x() * kTwipsPerPixel;
+double Formod::handleLeft(Line handle) const {
+  return estru.at(indexOf(handle))->x() * kTwipsPerPixel;
 }
 
-double Formod::handleTop(int handle) const {
-  return estru.at(toIndex(handle))->y() * kTwipsPerPixel;
+double Formod::handleTop(Line handle) const {
+  return estru.at(indexOf(handle))->y() * kTwipsPerPixel;
 }
 
-double Formod::handleWidth(int handle) const {
-  return estru.at(toIndex(handle))->width() * kTwipsPerPixel;
+double Formod::handleWidth(Line handle) const {
+  return estru.at(indexOf(handle))->width() * kTwipsPerPixel;
 }
 
-void Formod::moveHandle(int handle, double left, double top) {
-  estru.at(toIndex(handle))->move(toPixels(left), toPixels(top));
+void Formod::moveHandle(Line handle, double left, double top) {
+  estru.at(indexOf(handle))->move(toPixels(left), toPixels(top));
 }
 
-void Formod::showHandle(int handle, bool visible) {
-  estru.at(toIndex(handle))->setVisible(visible);
-  if (visible) estru.at(toIndex(handle))->raise();
+void Formod::showHandle(Line handle, bool visible) {
+  estru.at(indexOf(handle))->setVisible(visible);
+  if (visible) estru.at(indexOf(handle))->raise();
 }
 
-void Formod::setHandleBorder(int handle, bool border) {
-  estru.at(toIndex(handle))
+void Formod::setHandleBorder(Line handle, bool border) {
+  estru.at(indexOf(handle))
       ->setFrameStyle(border ? int{QFrame::Box} | int{QFrame::Plain} : int{QFrame::NoFrame});
 }
 

@@ -16,8 +16,8 @@
 #include "session/fault.h"
 #include "session/number_reading.h"
 #include "session/policy.h"
-#include "windows/boundary.h"
 #include "windows/grid.h"
+#include "windows/keys.h"
 #include "windows/list_choice.h"
 #include "windows/texts.h"
 
@@ -57,7 +57,7 @@ std::int64_t classesRead(const Session& session) {
   std::size_t most = 0;
   for (int variable = 1; variable <= kLastVariable; ++variable) {
     for (int direction = 1; direction <= kLastDirection; ++direction)
-      most = std::max(most, session.hlag.written(variable, direction).size());
+      most = std::max(most, session.hlag.written({variable, direction}).size());
   }
   return static_cast<std::int64_t>(most);
 }
@@ -83,8 +83,14 @@ std::vector<std::string> names(std::int64_t count, const auto& table) {
 
 }  // namespace
 
-frmzevfit::frmzevfit(Session& session, Dialogs& dialogs, StructureHost& host, QWidget* parent)
-    : QDialog(parent), session_(session), dialogs_(dialogs), host_(host) {
+frmzevfit::frmzevfit(Session& session, Messages& messages, FileChooser& chooser,
+                     StructureHost& host, const FaultReport& faults, QWidget* parent)
+    : QDialog(parent),
+      session_(session),
+      messages_(messages),
+      chooser_(chooser),
+      host_(host),
+      faults_(faults) {
   setObjectName("frmzevfit");
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   setSizeGripEnabled(true);
@@ -96,7 +102,7 @@ frmzevfit::frmzevfit(Session& session, Dialogs& dialogs, StructureHost& host, QW
 
 void frmzevfit::connectHandlers() {
   const auto handler = [this](void (frmzevfit::*body)()) {
-    return [this, body] { guarded(dialogs_, [&] { (this->*body)(); }); };
+    return [this, body] { guarded(faults_, [&] { (this->*body)(); }); };
   };
   const auto onList = [&](QComboBox& list, void (frmzevfit::*body)()) {
     onChoice(list, [run = handler(body)](int) { run(); });
@@ -104,7 +110,7 @@ void frmzevfit::connectHandlers() {
   onList(*Combovar, &frmzevfit::Combovar_Click);
   onList(*Combodirvalues, &frmzevfit::Combodirvalues_Click);
   connect(grid1, &Grid::cellClicked, this,
-          [this](int row) { guarded(dialogs_, [&] { grid1_Click(row); }); });
+          [this](int row) { guarded(faults_, [&] { grid1_Click(row); }); });
   connect(adicionar, &QPushButton::clicked, this, handler(&frmzevfit::adicionar_Click));
   connect(remove, &QPushButton::clicked, this, handler(&frmzevfit::remove_Click));
   connect(Command1, &QPushButton::clicked, this, handler(&frmzevfit::Command1_Click));
@@ -113,7 +119,6 @@ void frmzevfit::connectHandlers() {
 
 void frmzevfit::fill(const std::string& path) {
   const QString shownPath = QFile::decodeName(path.c_str());
-  acceptLoad(session_, path);
   Labelnumerovar->setText(QString::number(session_.nvar));
   Labelnumerodir->setText(QString::number(session_.ndir));
   fillNames();
@@ -126,7 +131,7 @@ void frmzevfit::fill(const std::string& path) {
   selectFirstEntries();
   setWindowTitle(toTitle("Filename (*.ZVM): " + shownPath));
   fillHeadings();
-  endSilently([&] { showClasses(1, 1); });
+  endSilently([&] { showClasses({1, 1}); });
 }
 
 void frmzevfit::fillNames() {
@@ -180,13 +185,13 @@ void frmzevfit::Combovar_Click() {
 
 void frmzevfit::Combodirvalues_Click() {
   if (Combovar->currentText().isEmpty())
-    return dialogs_.warning("You Must Select a Variable First !");
-  showClasses(session_.datavar, Combodirvalues->currentIndex() + 1);
+    return messages_.warning("You Must Select a Variable First !");
+  showClasses({session_.datavar, Combodirvalues->currentIndex() + 1});
 }
 
-void frmzevfit::showClasses(std::int64_t variable, std::int64_t direction) {
+void frmzevfit::showClasses(Pair pair) {
   for (int lag = 1; lag <= lastRow(*gridresults, session_.nclass); ++lag) {
-    const ClassRow shown = classRow(session_, variable, direction, lag);
+    const ClassRow shown = classRow(session_, pair, lag);
     int column = 0;
     for (const std::string& text : {shown.caption, shown.h, shown.gamma, shown.pairs})
       gridresults->setText(lag, column++, toQString(text));
@@ -199,7 +204,7 @@ void frmzevfit::grid1_Click(int row) {
   if (row == 0) return;
   grid1->setCurrentCell(row, kTickColumn);
   const bool ticked = grid1->data(row, kTickColumn, kTickedRole).toBool();
-  session_.addflag(row) = ticked ? 0 : 1;
+  session_.addflag(row) = !ticked;
   setTick(row, !ticked);
 }
 
@@ -210,7 +215,7 @@ void frmzevfit::setTick(int row, bool ticked) {
 }
 
 void frmzevfit::refuse(const Refusal& refusal) {
-  dialogs_.warning(refusal.warning);
+  messages_.warning(refusal.warning);
   if (refusal.focus) activateWindow();
 }
 
@@ -252,23 +257,25 @@ void frmzevfit::Command1_Click() {
   hide();
   host_.enableMain();
   // The dialog comes up once more, but nothing takes up what is chosen there.
-  endSilently([&] { dialogs_.openFile(kOpenTitle, kOpenPattern); });
+  endSilently([&] { chooser_.openFile(kOpenTitle, kOpenPattern); });
   host_.focusMain();
 }
 
 void frmzevfit::Command2_Click() {
-  session_.dragging = 0;
+  session_.dragging = false;
   host_.enableMain();
   fillHostLists();
-  try {
-    chooseFirstSubject();
-    host_.enableFitControls();
-    hide();
-    host_.startFit();
-  } catch (const std::exception&) {
-    while (QGuiApplication::overrideCursor()) QGuiApplication::restoreOverrideCursor();
-    dialogs_.warning(kBadFileText);
-  }
+  attempt(
+      [&] {
+        chooseFirstSubject();
+        host_.enableFitControls();
+        hide();
+        host_.startFit();
+      },
+      [&] {
+        while (QGuiApplication::overrideCursor()) QGuiApplication::restoreOverrideCursor();
+        messages_.warning(kBadFileText);
+      });
 }
 
 void frmzevfit::fillHostLists() {
@@ -286,7 +293,7 @@ void frmzevfit::chooseFirstSubject() {
 }
 
 void frmzevfit::reject() {
-  guarded(dialogs_, [&] { leave(); });
+  guarded(faults_, [&] { leave(); });
 }
 
 void frmzevfit::closeEvent(QCloseEvent* event) {
@@ -295,8 +302,7 @@ void frmzevfit::closeEvent(QCloseEvent* event) {
 }
 
 void frmzevfit::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
-    return QDialog::keyPressEvent(event);
+  if (!isEnter(event->key())) return QDialog::keyPressEvent(event);
   // Enter presses the button that has the focus, never another.
   if (auto* button = qobject_cast<QPushButton*>(focusWidget())) button->click();
 }

@@ -6,9 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "session/dialogs.h"
+#include "session/file_chooser.h"
+#include "session/messages.h"
 #include "session/session.h"
 #include "session/structure_view.h"
+#include "windows/boundary.h"
 
 class QComboBox;
 class QGroupBox;
@@ -54,7 +56,8 @@ inline constexpr const char* kOpenPattern = "*.ZVM";
 /// starts the fit. It is modal, and hidden rather than closed.
 class frmzevfit : public QDialog {
  public:
-  frmzevfit(Session& session, Dialogs& dialogs, StructureHost& host, QWidget* parent = nullptr);
+  frmzevfit(Session& session, Messages& messages, FileChooser& chooser, StructureHost& host,
+            const FaultReport& faults, QWidget* parent = nullptr);
 
   /// Takes up a file that was just read into the session, without showing the window. A statement
   /// that fails is dropped and the next one runs, so counts beyond the tables end with the tables.
@@ -90,7 +93,7 @@ class frmzevfit : public QDialog {
   void Command1_Click();
   void Command2_Click();
 
-  void showClasses(std::int64_t variable, std::int64_t direction);
+  void showClasses(Pair pair);
   void setTick(int row, bool ticked);
   void refuse(const Refusal& refusal);
   void fillHostLists();
@@ -98,8 +101,10 @@ class frmzevfit : public QDialog {
   void leave();
 
   Session& session_;
-  Dialogs& dialogs_;
+  Messages& messages_;
+  FileChooser& chooser_;
   StructureHost& host_;
+  const FaultReport& faults_;
 
   QGroupBox* gridcabeca;
   QLabel* Labelnumerovar;

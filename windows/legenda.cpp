@@ -6,7 +6,6 @@
 #include <QPushButton>
 #include <string>
 
-#include "windows/boundary.h"
 #include "windows/controls.h"
 #include "windows/texts.h"
 
@@ -18,7 +17,8 @@ constexpr int kFieldWidth = 160;
 
 }  // namespace
 
-legenda::legenda(Fit& fit, QWidget* parent) : QDialog(parent), fit_(fit) {
+legenda::legenda(Fit& fit, const FaultReport& faults, QWidget* parent)
+    : QDialog(parent), fit_(fit), faults_(faults) {
   setObjectName("legenda");
   setWindowTitle(kLegendCaption);
   Label1 = named(makeLabel(kLegendLabel), "Label1");
@@ -30,8 +30,7 @@ legenda::legenda(Fit& fit, QWidget* parent) : QDialog(parent), fit_(fit) {
   Command1 = makeIconButton("Command1", "cancel", "Cancel", {"Alt+C"});
   Command2->setDefault(true);
   layOut();
-  connect(Command2, &QPushButton::clicked, this,
-          [this] { guarded(fit_.dialogs, [this] { save(); }); });
+  connect(Command2, &QPushButton::clicked, this, [this] { guarded(faults_, [this] { save(); }); });
   connect(Command1, &QPushButton::clicked, this, &QWidget::hide);
 }
 
@@ -59,7 +58,7 @@ void legenda::open() {
 // A legend that is refused is gone from the box; the window stays.
 void legenda::save() {
   const std::string text = toBytes(Text1->text());
-  if (legenda_Command2_Click(fit_, text)) {
+  if (legenda_Command2_Click(fit_.session, fit_.messages, text)) {
     hide();
     return fit_.plotter.plotvariogram();
   }

@@ -3,6 +3,7 @@
 #include <QDialog>
 
 #include "model/axis_dialogs.h"
+#include "windows/boundary.h"
 
 class QLabel;
 class QLineEdit;
@@ -14,7 +15,7 @@ namespace zevfit {
 /// hidden.
 class legenda : public QDialog {
  public:
-  legenda(Fit& fit, QWidget* parent);
+  legenda(Fit& fit, const FaultReport& faults, QWidget* parent);
 
   /// Shows the window for the pair of the lists; nothing when no file is loaded.
   void open() override;
@@ -24,6 +25,7 @@ class legenda : public QDialog {
   void save();
 
   Fit& fit_;
+  const FaultReport& faults_;
   QLabel* Label1;
   QLineEdit* Text1;
   QPushButton* Command1;

@@ -19,11 +19,11 @@
 #include "files/rescue.h"
 #include "files/saveini.h"
 #include "files/variogram_reader.h"
+#include "plot/drawing/plot_variogram.h"
 #include "plot/window/activation.h"
 #include "plot/window/zoom.h"
 #include "session/numbers.h"
 #include "session/policy.h"
-#include "windows/boundary.h"
 #include "windows/controls.h"
 #include "windows/cutgraph.h"
 #include "windows/fit_panel_widgets.h"
@@ -34,24 +34,13 @@
 #include "windows/printcolection.h"
 #include "windows/testcruz.h"
 #include "windows/texts.h"
+#include "windows/wait_cursor.h"
 
 namespace zevfit {
 
 namespace {
 
 constexpr QSize kStartSize(1180, 760);
-/// Drawings within drawings, by way of the fields and sliders that each sets. A slider whose one
-/// position is worth about the last decimal of its field may push itself on without end.
-constexpr int kDeepestDrawing = 100;
-
-/// The hourglass, for as long as it lives.
-class WaitCursor {
- public:
-  WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-  WaitCursor(const WaitCursor&) = delete;
-  WaitCursor& operator=(const WaitCursor&) = delete;
-  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
 
 QStringList toQStrings(const std::vector<std::string>& texts) {
   QStringList made;
@@ -63,7 +52,8 @@ QStringList toQStrings(const std::vector<std::string>& texts) {
 
 mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogonality,
                std::filesystem::path folder)
-    : dialogs_(dialogs, [this] { return keepModels(); }),
+    : dialogs_(dialogs),
+      faults_([this](std::string_view fault) { reportFault(fault); }),
       printer_(printer),
       orthogonality_(orthogonality),
       folder_(std::move(folder)),
@@ -95,11 +85,11 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
   resize(kStartSize);
 
   fit_ = std::make_unique<Fit>(Fit{session_, *panel_, *this, dialogs_});
-  windows_ = std::make_unique<PlotWindowTable>(*area_, *fit_, [this] {
+  windows_ = std::make_unique<PlotWindowTable>(*area_, *fit_, faults_, [this] {
     if (reports_) reports_->endDelete();
   });
   panel_->QWidget::setEnabled(false);
-  panel_->connectTo(*fit_);
+  panel_->connectTo(*fit_, faults_);
   connect(area_, &QMdiArea::subWindowActivated, this,
           [this](QMdiSubWindow* window) { windowActivated(window); });
   makeMenus();
@@ -116,7 +106,8 @@ mdimod::~mdimod() {
 }
 
 frmzevfit& mdimod::structure() {
-  if (!structure_) structure_ = std::make_unique<frmzevfit>(session_, dialogs_, *this, this);
+  if (!structure_)
+    structure_ = std::make_unique<frmzevfit>(session_, dialogs_, dialogs_, *this, faults_, this);
   return *structure_;
 }
 
@@ -126,12 +117,15 @@ formabout& mdimod::about() {
 }
 
 printcolection& mdimod::reports() {
-  if (!reports_) reports_ = std::make_unique<printcolection>(*fit_, *windows_, printer_, this);
+  if (!reports_)
+    reports_ = std::make_unique<printcolection>(*fit_, *windows_, printer_, faults_, this);
   return *reports_;
 }
 
 modfinal& mdimod::results() {
-  if (!results_) results_ = std::make_unique<modfinal>(session_, dialogs_, orthogonality_, this);
+  if (!results_)
+    results_ =
+        std::make_unique<modfinal>(session_, dialogs_, dialogs_, orthogonality_, faults_, this);
   return *results_;
 }
 
@@ -161,28 +155,33 @@ std::optional<std::string> mdimod::keepModels() {
   return kept ? std::optional(kept->string()) : std::nullopt;
 }
 
+void mdimod::reportFault(std::string_view fault) {
+  const auto kept = keepModels();
+  dialogs_.fatal(std::string(fault) + (kept ? "\n\nThe models are kept in " + *kept : ""));
+}
+
 void mdimod::endBySignal(int signal) {
   keepModels();
   QCoreApplication::exit(kSignalExitCode + signal);
 }
 
 void mdimod::openScales() {
-  if (!scales_) scales_ = std::make_unique<cutgraph>(*fit_, this);
+  if (!scales_) scales_ = std::make_unique<cutgraph>(*fit_, faults_, this);
   scales_->open();
 }
 
 void mdimod::openFormat() {
-  if (!format_) format_ = std::make_unique<Formfont>(*fit_, *windows_, this);
+  if (!format_) format_ = std::make_unique<Formfont>(*fit_, *windows_, dialogs_, faults_, this);
   format_->open();
 }
 
 void mdimod::openLegend() {
-  if (!legend_) legend_ = std::make_unique<legenda>(*fit_, this);
+  if (!legend_) legend_ = std::make_unique<legenda>(*fit_, faults_, this);
   legend_->open();
 }
 
 void mdimod::openTest() {
-  if (!test_) test_ = std::make_unique<testcruz>(session_, dialogs_, *this);
+  if (!test_) test_ = std::make_unique<testcruz>(session_, faults_, *this);
   test_->start();
 }
 
@@ -202,7 +201,7 @@ void mdimod::closeEvent(QCloseEvent* event) {
   event->ignore();
   // Some window systems offer to close a window that takes no input.
   if (!isEnabled()) return;
-  guarded(dialogs_, [&] {
+  guarded(faults_, [&] {
     saver_.closeFiles();
     if (!ending_) ending_ = closeRequest(session_.style, dialogs_.heldFile(), folder_, dialogs_);
     if (!ending_) return;
@@ -239,7 +238,7 @@ void mdimod::mnudatprn() {
   bool good = false;
   {
     const WaitCursor wait;
-    good = readVariogramFile(path, session_);
+    good = loadVariogramFile(path, session_);
     if (good) structure().fill(path);
   }
   if (!good) return dialogs_.warning(kBadFileText);
@@ -272,9 +271,11 @@ void mdimod::copyPlot() {
   if (!plot) dialogs_.plain("Please Select Variogram Plot you want to copy to Clipboard!");
 }
 
-void mdimod::zoomIn() { kmais(*fit_, *windows_, screen()->size().width() * kTwipsPerPixel); }
+void mdimod::zoomIn() {
+  kmais(session_, *this, dialogs_, *windows_, screen()->size().width() * kTwipsPerPixel);
+}
 
-void mdimod::zoomOut() { kmenos(*fit_, *windows_); }
+void mdimod::zoomOut() { kmenos(session_, *this, dialogs_, *windows_); }
 
 void mdimod::showReports() { reports().open(); }
 
@@ -334,21 +335,17 @@ void mdimod::startFit() {
 
 void mdimod::plotvariogram() {
   // A window appears once it is loaded, also when its drawing fails.
-  struct Level {
-    int& depth;
+  struct Appearance {
     PlotWindowTable& windows;
-    ~Level() {
-      --depth;
-      windows.showLoaded();
-    }
-  } const level{++drawings_, *windows_};
-  if (drawings_ > kDeepestDrawing) throw Fault("Drawings do not settle");
+    ~Appearance() { windows.showLoaded(); }
+  } const appearance{*windows_};
+  const DrawingDepth::Level level(depth_);
   zevfit::plotvariogram(*fit_, *windows_);
 }
 
 void mdimod::windowActivated(QMdiSubWindow* window) {
   auto* plot = dynamic_cast<Formod*>(window);
-  if (plot) guarded(dialogs_, [&] { activatePlotWindow(*fit_, *plot); });
+  if (plot) guarded(faults_, [&] { activatePlotWindow(*fit_, *plot); });
 }
 
 }  // namespace zevfit

@@ -8,10 +8,12 @@
 
 #include "files/variogram_writer.h"
 #include "model/fit.h"
+#include "plot/drawing/drawing_depth.h"
+#include "session/dialogs.h"
 #include "session/session.h"
+#include "windows/boundary.h"
 #include "windows/frmzevfit.h"
 #include "windows/plot_window_table.h"
-#include "windows/rescuing_dialogs.h"
 
 class QAction;
 class QMdiArea;
@@ -113,10 +115,13 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   bool chooseFile(std::string& path);
   /// Writes the models into the program's folder, as a program that must end does; the path.
   std::optional<std::string> keepModels();
+  void reportFault(std::string_view fault);
   /// Says, until a file is loaded, that the program before this one had to end.
   void tellOfRescue();
 
-  RescuingDialogs dialogs_;
+  Dialogs& dialogs_;
+  /// Keeps the models and tells of a fault that ends the program.
+  const FaultReport faults_;
   Printer& printer_;
   const Orthogonality& orthogonality_;
   Session session_;
@@ -137,7 +142,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   std::unique_ptr<testcruz> test_;
   std::vector<std::pair<QAction*, const char*>> icons_;  ///< the names of those to be loaded
   bool ending_ = false;  ///< the question of the end has been answered
-  int drawings_ = 0;     ///< under way, one within the other
+  DrawingDepth depth_;
 };
 
 }  // namespace zevfit

@@ -7,7 +7,6 @@
 #include <QShortcut>
 #include <QToolBar>
 
-#include "windows/boundary.h"
 #include "windows/controls.h"
 #include "windows/fit_panel_widgets.h"
 #include "windows/mdimod.h"
@@ -43,7 +42,7 @@ QAction* mdimod::addEntry(QMenu* menu, const char* name, const char* caption,
   QAction* entry = menu->addAction(caption);
   entry->setObjectName(name);
   connect(entry, &QAction::triggered, this,
-          [this, action] { guarded(dialogs_, [&] { (this->*action)(); }); });
+          [this, action] { guarded(faults_, [&] { (this->*action)(); }); });
   return entry;
 }
 
@@ -78,7 +77,7 @@ void mdimod::makeToolbar() {
       button->setAccessibleName(command.tip);
     }
     connect(action, &QAction::triggered, this,
-            [this, &command] { guarded(dialogs_, [&] { run(command); }); });
+            [this, &command] { guarded(faults_, [&] { run(command); }); });
     if (!action->isSeparator()) icons_.emplace_back(action, command.icon);
   }
 }
@@ -90,7 +89,7 @@ void mdimod::makeButtons() {
       {"Command4", &mdimod::openLegend}};
   for (const auto& [name, action] : buttons)
     connect(panel_->findChild<QPushButton*>(name), &QPushButton::clicked, this,
-            [this, action = action] { guarded(dialogs_, [&] { (this->*action)(); }); });
+            [this, action = action] { guarded(faults_, [&] { (this->*action)(); }); });
 }
 
 // The toolkit has Ctrl+Tab alone.

@@ -9,15 +9,21 @@
 #include <QSignalBlocker>
 
 #include "windows/boundary.h"
+#include "windows/keys.h"
 #include "windows/list_choice.h"
 #include "windows/results_grid.h"
 #include "windows/texts.h"
 
 namespace zevfit {
 
-modfinal::modfinal(Session& session, Dialogs& dialogs, const Orthogonality& orthogonality,
-                   QWidget* parent)
-    : QDialog(parent), session_(session), dialogs_(dialogs), orthogonality_(orthogonality) {
+modfinal::modfinal(Session& session, Messages& messages, FileChooser& chooser,
+                   const Orthogonality& orthogonality, const FaultReport& faults, QWidget* parent)
+    : QDialog(parent),
+      session_(session),
+      messages_(messages),
+      chooser_(chooser),
+      orthogonality_(orthogonality),
+      faults_(faults) {
   setObjectName("modfinal");
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   setSizeGripEnabled(true);
@@ -30,13 +36,13 @@ modfinal::modfinal(Session& session, Dialogs& dialogs, const Orthogonality& orth
 }
 
 void modfinal::connectHandlers() {
-  onChoice(*Combovarver, [this](int) { guarded(dialogs_, [&] { Combovarver_Click(); }); });
+  onChoice(*Combovarver, [this](int) { guarded(faults_, [&] { Combovarver_Click(); }); });
   connect(gridsairmod, &Grid::cellClicked, this, [this](int row, int column) {
-    guarded(dialogs_, [&] { gridsairmod_Click(row, column); });
+    guarded(faults_, [&] { gridsairmod_Click(row, column); });
   });
   connect(Command1, &QPushButton::clicked, this, &QWidget::hide);
   connect(Command2, &QPushButton::clicked, this,
-          [this] { guarded(dialogs_, [&] { Command2_Click(); }); });
+          [this] { guarded(faults_, [&] { Command2_Click(); }); });
 }
 
 void modfinal::connectFields() {
@@ -50,13 +56,13 @@ void modfinal::connectFields() {
     connect(option, &QRadioButton::clicked, this, chosen);
     for (std::size_t entry = 0; entry < kAxisEntries; ++entry)
       connect(field(axis, entry), &QLineEdit::textChanged, this,
-              [this, axis] { guarded(dialogs_, [&] { fields_Change(axis); }); });
+              [this, axis] { guarded(faults_, [&] { fields_Change(axis); }); });
   }
 }
 
 void modfinal::prepare(int variables) {
   setWindowTitle("Results From  Interactive Fit");
-  session_.targetdir = 0;
+  session_.targetdir.reset();
   const QSignalBlocker quiet(Combovarver);
   Combovarver->clear();
   for (int i = 1; i <= variables; ++i) Combovarver->addItem(toQString(session_.varname(i)));
@@ -103,10 +109,10 @@ void modfinal::gridsairmod_Click(int row, int column) {
               rowcells);
 }
 
-void modfinal::Option_Click(Axis axis) { session_.targetdir = static_cast<int>(axis) + 1; }
+void modfinal::Option_Click(Axis axis) { session_.targetdir = axis; }
 
 void modfinal::fields_Change(Axis axis) {
-  checkRanges(*this, axis, dialogs_);
+  checkRanges(*this, axis, messages_);
   showMarks();
 }
 
@@ -128,7 +134,7 @@ AxisTexts modfinal::textsOf(Axis axis) const {
 void modfinal::Command2_Click() {
   saveKrigingFile({session_.filetag, toBytes(Combovarver->currentText()), textsOf(Axis::main),
                    textsOf(Axis::minor1), textsOf(Axis::minor2), rowcells},
-                  orthogonality_, dialogs_);
+                  orthogonality_, messages_, chooser_);
 }
 
 void modfinal::reject() { hide(); }
@@ -139,8 +145,7 @@ void modfinal::closeEvent(QCloseEvent* event) {
 }
 
 void modfinal::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
-    return QDialog::keyPressEvent(event);
+  if (!isEnter(event->key())) return QDialog::keyPressEvent(event);
   // Enter presses the button that has the focus, never another.
   if (auto* button = qobject_cast<QPushButton*>(focusWidget())) button->click();
 }

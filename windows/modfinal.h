@@ -9,7 +9,10 @@
 #include "model/axis_fields.h"
 #include "model/results.h"
 #include "session/dialogs.h"
+#include "session/file_chooser.h"
+#include "session/messages.h"
 #include "session/session.h"
+#include "windows/boundary.h"
 
 class QComboBox;
 class QGridLayout;
@@ -27,7 +30,8 @@ class ResultsGrid;
 /// the options and the row of Main stay from one opening to the next.
 class modfinal : public QDialog, private AxisFields {
  public:
-  modfinal(Session& session, Dialogs& dialogs, const Orthogonality& orthogonality,
+  modfinal(Session& session, Messages& messages, FileChooser& chooser,
+           const Orthogonality& orthogonality, const FaultReport& faults,
            QWidget* parent = nullptr);
 
   /// Fills the window anew with the first so many variables. Throws Fault for what the session's
@@ -67,8 +71,10 @@ class modfinal : public QDialog, private AxisFields {
   void showMarks();
 
   Session& session_;
-  Dialogs& dialogs_;
+  Messages& messages_;
+  FileChooser& chooser_;
   const Orthogonality& orthogonality_;
+  const FaultReport& faults_;
   std::vector<ResultRow> rows_;
   RowCells rowcells;
 

@@ -6,10 +6,10 @@
 
 namespace zevfit {
 
-Formod& PlotWindowTable::plotwin(std::int64_t direction, std::int64_t variable) {
-  QPointer<Formod>& window = windows_(direction, variable);
+Formod& PlotWindowTable::plotwin(Pair pair) {
+  QPointer<Formod>& window = windows_(pair);
   if (!window) {
-    window = new Formod(fit_, *this, endDelete_);
+    window = new Formod(fit_, *this, faults_, endDelete_);
     area_.addSubWindow(window);
     window->hide();
   }
@@ -20,8 +20,8 @@ Formod& PlotWindowTable::plotwin(std::int64_t direction, std::int64_t variable) 
   return *window;
 }
 
-bool PlotWindowTable::isOpen(std::int64_t direction, std::int64_t variable) const {
-  const QPointer<Formod>& window = windows_(direction, variable);
+bool PlotWindowTable::isOpen(Pair pair) const {
+  const QPointer<Formod>& window = windows_(pair);
   return window && window->loaded();
 }
 

@@ -12,15 +12,16 @@
 
 namespace zevfit {
 
-/// The plot windows of the main window's area by (direction, variable), made at first use and kept.
+/// The plot windows of the main window's area by pair, made at first use and kept.
 class PlotWindowTable : public DirectionWindows {
  public:
   /// `endDelete`: what the windows run for the interface of that name.
-  PlotWindowTable(QMdiArea& area, Fit& fit, std::function<void()> endDelete)
-      : area_(area), fit_(fit), endDelete_(std::move(endDelete)) {}
+  PlotWindowTable(QMdiArea& area, Fit& fit, const FaultReport& faults,
+                  std::function<void()> endDelete)
+      : area_(area), fit_(fit), faults_(faults), endDelete_(std::move(endDelete)) {}
 
-  Formod& plotwin(std::int64_t direction, std::int64_t variable) override;
-  bool isOpen(std::int64_t direction, std::int64_t variable) const override;
+  Formod& plotwin(Pair pair) override;
+  bool isOpen(Pair pair) const override;
 
   /// Shows windows that were drawn and have not appeared; the focus stays where it is. One that has
   /// served to measure a title alone has no caption yet, and waits for its drawing.
@@ -29,8 +30,9 @@ class PlotWindowTable : public DirectionWindows {
  private:
   QMdiArea& area_;
   Fit& fit_;
+  const FaultReport& faults_;
   std::function<void()> endDelete_;
-  PairTable<QPointer<Formod>, kVariableSlots, kVariableSlots> windows_;
+  PairTable<QPointer<Formod>, kVariableSlots, kVariableSlots> windows_{"plotwin"};
   std::vector<QPointer<Formod>> waiting_;
 };
 

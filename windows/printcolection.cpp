@@ -16,7 +16,7 @@
 
 #include "platform/picture_box.h"
 #include "report/page_grid.h"
-#include "windows/boundary.h"
+#include "report/printing.h"
 #include "windows/texts.h"
 
 namespace zevfit {
@@ -36,19 +36,20 @@ void showText(QLabel& label, std::string_view text) {
 
 }  // namespace
 
-printcolection::printcolection(Fit& fit, PlotWindows& plots, Printer& printer, QWidget* mainWindow)
-    : QWidget(mainWindow, Qt::Window), reports_{fit, plots, printer, *this} {
+printcolection::printcolection(Fit& fit, PlotWindows& plots, Printer& printer,
+                               const FaultReport& faults, QWidget* mainWindow)
+    : QWidget(mainWindow, Qt::Window), reports_{fit, plots, printer, *this}, faults_(faults) {
   setObjectName("printcolection");
   setWindowTitle("Print Preview");
   makeControls();
   layOut();
   connectControls();
-  guarded(fit.dialogs, [&] { Form_Load(reports_); });
+  guarded(faults_, [&] { Form_Load(reports_); });
 }
 
 void printcolection::connectControls() {
   const auto run = [this](void (*handler)(Collection&)) {
-    guarded(reports_.fit.dialogs, [&] { handler(reports_); });
+    guarded(faults_, [&] { handler(reports_); });
   };
   connect(TabStrip1, &QTabBar::currentChanged, this, [run] { run(TabStrip1_Click); });
   // The tab on show, clicked again.
@@ -84,7 +85,7 @@ bool printcolection::event(QEvent* event) {
 bool printcolection::eventFilter(QObject* watched, QEvent* event) {
   bool taken = false;
   if (std::find(Picture1.begin(), Picture1.end(), watched) != Picture1.end())
-    guarded(reports_.fit.dialogs, [&] { taken = pageEvent(*event); });
+    guarded(faults_, [&] { taken = pageEvent(*event); });
   return taken || QWidget::eventFilter(watched, event);
 }
 
@@ -211,13 +212,8 @@ void printcolection::setBarValue(int value) {
 }
 
 void printcolection::setBusy(bool busy) {
-  if (busy == busy_) return;
-  busy_ = busy;
-  if (busy) {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-  } else {
-    QApplication::restoreOverrideCursor();
-  }
+  if (!busy) return busy_.reset();
+  if (!busy_) busy_.emplace();
 }
 
 }  // namespace zevfit

@@ -5,6 +5,8 @@
 #include <string>
 
 #include "report/collection.h"
+#include "windows/boundary.h"
+#include "windows/wait_cursor.h"
 
 class QBoxLayout;
 class QCheckBox;
@@ -25,7 +27,8 @@ class PictureBox;
 /// when it is closed, so that its reports live as long as the program.
 class printcolection : public QWidget, private ReportWindow {
  public:
-  printcolection(Fit& fit, PlotWindows& plots, Printer& printer, QWidget* mainWindow);
+  printcolection(Fit& fit, PlotWindows& plots, Printer& printer, const FaultReport& faults,
+                 QWidget* mainWindow);
 
   /// The command that shows it.
   void open();
@@ -74,8 +77,9 @@ class printcolection : public QWidget, private ReportWindow {
   void markKeyCell(bool marked);
 
   Collection reports_;
+  const FaultReport& faults_;
   int shown_ = 1;  ///< the number in Label5
-  bool busy_ = false;
+  std::optional<WaitCursor> busy_;
   int keyRow_ = 1, keyColumn_ = 1;
 
   QTabBar* TabStrip1;

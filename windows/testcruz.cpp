@@ -29,8 +29,8 @@ void fill(QComboBox& list, std::int64_t count, const auto& table) {
 
 }  // namespace
 
-testcruz::testcruz(Session& session, Dialogs& dialogs, QWidget& mainWindow)
-    : QDialog(&mainWindow), session_(session), dialogs_(dialogs), mainWindow_(mainWindow) {
+testcruz::testcruz(Session& session, const FaultReport& faults, QWidget& mainWindow)
+    : QDialog(&mainWindow), session_(session), faults_(faults), mainWindow_(mainWindow) {
   setObjectName("testcruz");
   setWindowTitle("Test - Cross Semivariogram");
   setSizeGripEnabled(true);
@@ -38,7 +38,7 @@ testcruz::testcruz(Session& session, Dialogs& dialogs, QWidget& mainWindow)
   layOut();
   orderTabs();
   connect(Command1, &QPushButton::clicked, this,
-          [this] { guarded(dialogs_, [&] { Command1_Click(); }); });
+          [this] { guarded(faults_, [&] { Command1_Click(); }); });
   connect(Command2, &QPushButton::clicked, this, [this] { reject(); });
 }
 
@@ -118,7 +118,7 @@ void testcruz::leave() {
 }
 
 void testcruz::reject() {
-  guarded(dialogs_, [&] { leave(); });
+  guarded(faults_, [&] { leave(); });
 }
 
 bool testcruz::event(QEvent* event) {

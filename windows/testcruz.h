@@ -6,8 +6,8 @@
 #include <array>
 
 #include "coreg/crosstest.h"
-#include "session/dialogs.h"
 #include "session/session.h"
+#include "windows/boundary.h"
 
 class QComboBox;
 class QGroupBox;
@@ -26,7 +26,7 @@ inline constexpr int kNodeImageRole = Qt::UserRole + 1;
 class testcruz : public QDialog {
  public:
   /// `mainWindow` becomes the parent.
-  testcruz(Session& session, Dialogs& dialogs, QWidget& mainWindow);
+  testcruz(Session& session, const FaultReport& faults, QWidget& mainWindow);
 
   /// Fills the lists, chooses what was chosen last, runs the test and shows the dialog. Throws
   /// Fault where there is nothing to choose from, as without a file; nothing is shown then.
@@ -58,7 +58,7 @@ class testcruz : public QDialog {
   void run(const CrossChoice& choice);
 
   Session& session_;
-  Dialogs& dialogs_;
+  const FaultReport& faults_;
   QWidget& mainWindow_;
   QPointer<QWidget> focusBefore_;  ///< of the main window
 

@@ -1,7 +1,7 @@
 // The program as its own main makes it, ending once its main window is painted.
 
 #include "benchmarks/start/first_paint.h"
-#include "platform/orthogonality.h"
+#include "files/orthogonality.h"
 #include "platform/program_folder.h"
 #include "platform/qt_dialogs.h"
 #include "platform/qt_printer.h"

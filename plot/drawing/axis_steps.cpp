@@ -16,7 +16,7 @@ constexpr double kSemivarianceRise = 80;
 
 void drawNumber(const Drawing& drawing, const TextKind& kind, double x, double y,
                 const std::string& number) {
-  drawing.text(kind, x - halfWidth(number, kCharacterWidth), y, number, drawing.colours().Label1);
+  drawing.text(kind, x - halfWidth(number, kCharacterWidth), y, number, drawing.colours().ink());
 }
 
 void drawDistanceNumbers(const Drawing& drawing) {
@@ -43,7 +43,7 @@ void drawSemivarianceNumbers(const Drawing& drawing) {
 
 void drawAxes(Drawing& drawing) {
   const PlotBox box = drawing.box();
-  const Colour colour = drawing.colours().Label1;
+  const Colour colour = drawing.colours().ink();
   drawing.setPen(1, drawing.target.pen().style);
   drawing.line(PlotBox::xleft, PlotBox::ytop, PlotBox::xleft, box.ybottom(), colour);
   drawing.line(PlotBox::xleft, box.ybottom(), box.xright(), box.ybottom(), colour);
@@ -63,7 +63,7 @@ void drawGrid(Drawing& drawing) {
 
 void drawTicks(Drawing& drawing) {
   const PlotBox box = drawing.box();
-  const Colour colour = drawing.colours().Label1;
+  const Colour colour = drawing.colours().ink();
   drawing.setPen(2, LineStyle::solid);
   for (int k = 1; k <= 5; ++k) {
     drawing.line(box.xgrid(k), box.ybottom() - kTickAbove, box.xgrid(k), box.ybottom() + kTickBelow,
@@ -81,7 +81,7 @@ void drawAxisNumbers(Drawing& drawing) {
   session.yformat = session.style.Formfont.formato[0];
   // The origin says 0 whatever the axis begins with.
   drawing.text(kOrigin, PlotBox::xleft - kOriginShift, drawing.box().ybottom(), "0",
-               drawing.colours().Label1);
+               drawing.colours().ink());
   drawDistanceNumbers(drawing);
   drawSemivarianceNumbers(drawing);
 }

@@ -1,6 +1,6 @@
 #include "plot/drawing/data_steps.h"
 
-#include "model/model_curve.h"
+#include "model/refresh.h"
 #include "model/sliders.h"
 #include "plot/drawing/data_points.h"
 #include "session/number_pattern.h"
@@ -9,13 +9,12 @@ namespace zevfit {
 namespace {
 
 constexpr const char* kVariancePattern = "####.###";
-constexpr int kCurvePoints = 100;
 
 }  // namespace
 
 void catchUpSliders(Drawing& drawing) {
   const Session& session = drawing.session();
-  resynchroniseSliders(drawing.fit, session.plotdir, session.plotvar);
+  resynchroniseSliders(drawing.fit, session.plotted());
 }
 
 void startDistanceAxis(Drawing& drawing) {
@@ -23,18 +22,9 @@ void startDistanceAxis(Drawing& drawing) {
   if (xmax == 0) xmax = drawing.cell(&Session::hmax);
 }
 
-void refreshModel(Drawing& drawing) {
-  const Session& session = drawing.session();
-  showmodel(drawing.fit, session.plotdir, session.plotvar);
-  scalesliders(drawing.fit, session.plotdir, session.plotvar);
-  sampleModel(drawing);
-}
+void refreshModel(Drawing& drawing) { refreshModel(drawing.fit); }
 
-void sampleModel(Drawing& drawing) {
-  const Session& session = drawing.session();
-  modelcurve(drawing.fit, session.plotdir, session.plotvar, drawing.cell(&Session::ymax),
-             drawing.cell(&Session::xmax));
-}
+void sampleModel(Drawing& drawing) { sampleModel(drawing.fit); }
 
 void showVariance(Drawing& drawing) {
   const Session& session = drawing.session();
@@ -49,20 +39,20 @@ void placeCurvePen(Drawing& drawing) {
 }
 
 void drawSillLine(Drawing& drawing) {
-  if (drawing.cell(&Session::showsill) != 1) return;
+  if (!drawing.cell(&Session::showsill)) return;
   const Session& session = drawing.session();
   const PlotMap map = drawing.map();
   const double y = map.y(session.variance(session.plotvar).number());
-  drawing.line(map.box.xright(), y, PlotBox::xleft, y, drawing.colours().Label4);
+  drawing.line(map.box.xright(), y, PlotBox::xleft, y, drawing.colours().sill());
 }
 
 void drawDataPoints(Drawing& drawing) {
   const Session& session = drawing.session();
   const PlotMap map = drawing.map();
-  const std::int64_t last = lastClass(session, session.plotvar, session.plotdir);
+  const std::int64_t last = lastClass(session, session.plotted());
   for (std::int64_t lag = 1; lag <= last; ++lag) {
-    const auto point = shownPoint(session, session.plotvar, session.plotdir, lag);
-    if (point) drawing.disc(map.x(point->h), map.y(point->gamma), drawing.colours().Label2);
+    const auto point = shownPoint(session, session.plotted(), lag);
+    if (point) drawing.disc(map.x(point->h), map.y(point->gamma), drawing.colours().data());
   }
 }
 
@@ -75,7 +65,7 @@ void drawModelCurve(Drawing& drawing) {
     if (gamma > map.ymax || gamma < map.ymin) continue;
     const double x = map.x(session.curveh(i));
     const double y = map.y(gamma);
-    drawing.line(drawing.curvex, drawing.curvey, x, y, drawing.colours().Label3);
+    drawing.line(drawing.curvex, drawing.curvey, x, y, drawing.colours().curve());
     drawing.curvex = x;
     drawing.curvey = y;
   }

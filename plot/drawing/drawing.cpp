@@ -1,5 +1,7 @@
 #include "plot/drawing/drawing.h"
 
+#include "session/line.h"
+
 namespace zevfit {
 
 PlotMap Drawing::map() const {
@@ -10,9 +12,7 @@ std::string_view Drawing::variableName() const { return session().varname(sessio
 
 std::string_view Drawing::directionName() const { return session().dirname(session().plotdir); }
 
-bool Drawing::hasModel() const {
-  return zevfit::hasModel(session(), session().plotvar, session().plotdir);
-}
+bool Drawing::hasModel() const { return zevfit::hasModel(session(), session().plotted()); }
 
 Font Drawing::styleFont(FontRole role) const {
   const FontSample& sample = session().style.Formfont.Label2.at(static_cast<std::size_t>(role));

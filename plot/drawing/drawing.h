@@ -26,9 +26,9 @@ struct Drawing {
   /// The maps of the picture as it stands.
   PlotMap map() const;
   /// The pair's cell of a table.
-  template <class T>
-  T& cell(PairTable<T> Session::*table) const {
-    return (fit.session.*table)(fit.session.plotvar, fit.session.plotdir);
+  template <class Table>
+  auto& cell(Table AxisTables::*table) const {
+    return (fit.session.*table)(fit.session.plotted());
   }
   std::string_view variableName() const;
   std::string_view directionName() const;

@@ -6,10 +6,12 @@ namespace zevfit {
 struct PlotBox {
   double pictureW = 0, pictureH = 0;
 
-  static constexpr double xleft = 800;
-  static constexpr double ytop = 600;
-  constexpr double xright() const { return pictureW - 800; }
-  constexpr double ybottom() const { return pictureH - 600; }
+  /// What the box has beside it, and above and below it.
+  static constexpr double xmargin = 800, ymargin = 600;
+  static constexpr double xleft = xmargin;
+  static constexpr double ytop = ymargin;
+  constexpr double xright() const { return pictureW - xmargin; }
+  constexpr double ybottom() const { return pictureH - ymargin; }
   /// k = 1 to 5.
   constexpr double xgrid(int k) const { return xleft + k * ((xright() - xleft) / 5); }
   /// k = 0 to 4.

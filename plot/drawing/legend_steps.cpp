@@ -37,7 +37,7 @@ constexpr double kDistanceFromRight = 800, kDistanceFromBottom = 450;
 void drawCaption(const Drawing& drawing, const LegendCaption& caption) {
   const PlotBox box = drawing.box();
   drawing.text(kCaption, box.pictureW - caption.fromRight, legendY(box, caption.part), caption.text,
-               drawing.colours().Label1);
+               drawing.colours().ink());
 }
 
 void drawSample(const Drawing& drawing, const LegendSample& sample, Colour colour) {
@@ -48,7 +48,7 @@ void drawSample(const Drawing& drawing, const LegendSample& sample, Colour colou
 
 bool showsSill(const Drawing& drawing) {
   const Session& session = drawing.session();
-  return drawing.form.legendShowsSill(session, session.plotvar, session.plotdir);
+  return drawing.form.legendShowsSill(session, session.plotted());
 }
 
 /// All of a name that is measured, half of one that is centred.
@@ -67,7 +67,7 @@ void drawModelCaption(Drawing& drawing) {
 }
 
 void drawSemivarianceLabel(Drawing& drawing) {
-  const Colour colour = drawing.colours().Label1;
+  const Colour colour = drawing.colours().ink();
   // The sign has the size of the captions before it, also where the text behind it is smaller.
   Font gamma = drawing.font(kCaption);
   gamma.name = "Symbol";
@@ -78,15 +78,15 @@ void drawSemivarianceLabel(Drawing& drawing) {
 void drawDistanceLegend(Drawing& drawing) {
   const PlotBox box = drawing.box();
   const Session& session = drawing.session();
-  const std::string_view legend = trimmed(session.xlegend(session.plotvar, session.plotdir));
+  const std::string_view legend = trimmed(session.xlegend(session.plotted()));
   drawing.text(kDistanceLegend, box.pictureW - kDistanceFromRight,
-               box.pictureH - kDistanceFromBottom, legend, drawing.colours().Label1);
+               box.pictureH - kDistanceFromBottom, legend, drawing.colours().ink());
 }
 
 void drawDataSymbol(Drawing& drawing) {
   const PlotBox box = drawing.box();
   drawing.disc(box.pictureW - kSymbolFromRight, legendY(box, kSymbolPart),
-               drawing.colours().Label2);
+               drawing.colours().data());
 }
 
 void drawSillCaption(Drawing& drawing) {
@@ -98,15 +98,15 @@ void drawVariableName(Drawing& drawing) {
   const double x = drawing.box().pictureW - kNameFromRight - nameShift(drawing, name);
   const bool keeps = drawing.form.nameKeepsColour && showsSill(drawing);
   drawing.text(kName, x, kNameTop, name,
-               keeps ? drawing.colours().Label1 : drawing.colours().Label2);
+               keeps ? drawing.colours().ink() : drawing.colours().data());
 }
 
 void drawModelSample(Drawing& drawing) {
-  if (drawing.hasModel()) drawSample(drawing, kModelSample, drawing.colours().Label3);
+  if (drawing.hasModel()) drawSample(drawing, kModelSample, drawing.colours().curve());
 }
 
 void drawSillSample(Drawing& drawing) {
-  if (showsSill(drawing)) drawSample(drawing, kSillSample, drawing.colours().Label4);
+  if (showsSill(drawing)) drawSample(drawing, kSillSample, drawing.colours().sill());
 }
 
 }  // namespace zevfit

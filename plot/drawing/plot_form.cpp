@@ -5,13 +5,11 @@ namespace {
 
 // On purpose not the pair's own cell: the legend looks at (direction, variable), while the line
 // itself follows (variable, direction).
-bool exchangedShowsSill(const Session& session, std::int64_t variable, std::int64_t direction) {
-  return session.showsill(direction, variable) == 1;
+bool exchangedShowsSill(const Session& session, Pair pair) {
+  return session.showsill(pair.exchanged());
 }
 
-bool ownShowsSill(const Session& session, std::int64_t variable, std::int64_t direction) {
-  return session.showsill(variable, direction) == 1;
-}
+bool ownShowsSill(const Session& session, Pair pair) { return session.showsill(pair); }
 
 constexpr double kDisc = 27;
 /// Texts below the axis stand lower on paper.

@@ -18,9 +18,8 @@ struct PlotForm {
   /// Of the variable's name, which is centred by it; 0: the name ends where it would have its
   /// middle, as wide as it is.
   double nameCharacterWidth = 0;
-  /// Whether the legend shows the sill, for (variable, direction).
-  bool (*legendShowsSill)(const Session& session, std::int64_t variable,
-                          std::int64_t direction) = nullptr;
+  /// Whether the legend shows the sill.
+  bool (*legendShowsSill)(const Session& session, Pair pair) = nullptr;
   /// Behind the legend's sill the variable's name keeps the colour of that.
   bool nameKeepsColour = false;
   bool bold = false;  ///< all texts

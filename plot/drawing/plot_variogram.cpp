@@ -3,6 +3,7 @@
 #include "plot/drawing/data_steps.h"
 #include "plot/drawing/frame.h"
 #include "plot/drawing/window_steps.h"
+#include "session/line.h"
 #include "session/policy.h"
 
 namespace zevfit {
@@ -34,22 +35,21 @@ void drawData(Drawing& drawing, PlotWindow& window) {
 
 }  // namespace
 
-void selectFirstStructure(Fit& fit, std::int64_t variable, std::int64_t direction) {
+void selectFirstStructure(Fit& fit, Pair pair) {
   Session& session = fit.session;
-  if (session.hasmodel != 1 || session.modelshown != 0) return;
-  if (flag(session, 1, variable, direction) == 1) fit.panel.selectLine(1);
-  session.modelshown = 1;
+  if (!session.hasmodel || session.modelshown) return;
+  if (line(session, pair, Line::first).isOn()) fit.panel.selectLine(Line::first);
+  session.modelshown = true;
 }
 
 void plotvariogram(Fit& fit, PlotWindows& windows) {
   if (!requireFile(fit)) return;
   Session& session = fit.session;
   if (session.curvar == 0 || session.curdir == 0) return;
-  PlotWindow& window = windows.plotwin(session.curdir, session.curvar);
+  PlotWindow& window = windows.plotwin(session.current());
   if (window.minimised()) window.restore();
-  selectFirstStructure(fit, session.curvar, session.curdir);
-  session.plotvar = session.curvar;
-  session.plotdir = session.curdir;
+  selectFirstStructure(fit, session.current());
+  session.setPlotted(session.current());
   Drawing drawing{fit, window, kScreenPlot};
   mirrorBoxes(drawing);
   colourOverlays(session, window);

@@ -14,6 +14,6 @@ namespace zevfit {
 void plotvariogram(Fit& fit, PlotWindows& windows);
 
 /// The first drawing after a load with models selects structure 1, where the pair has one.
-void selectFirstStructure(Fit& fit, std::int64_t variable, std::int64_t direction);
+void selectFirstStructure(Fit& fit, Pair pair);
 
 }  // namespace zevfit

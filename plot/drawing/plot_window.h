@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "plot/drawing/surface.h"
+#include "session/session.h"
 
 namespace zevfit {
 
@@ -50,8 +51,8 @@ class PlotWindow : public PlotPicture {
   /// Keeps what is drawn; new parts show the background of the last clear.
   virtual void setPictureSize(double width, double height) = 0;
 
-  /// The border of handle 0 to 3, which tells a free one from a held one.
-  virtual void setHandleBorder(int handle, bool border) = 0;
+  /// The border of the handle of a line, which tells a free one from a held one.
+  virtual void setHandleBorder(Line handle, bool border) = 0;
   /// The two lines through a held handle.
   virtual void hideGuides() = 0;
 
@@ -61,13 +62,13 @@ class PlotWindow : public PlotPicture {
   virtual void endDelete() = 0;
 };
 
-/// The windows by (direction, variable), in this order against all tables of the session.
+/// The windows by pair.
 class PlotWindows {
  public:
   virtual ~PlotWindows() = default;
   /// The window of the pair, loaded anew where there is none or where it was closed. Throws Fault
   /// outside 0 to 41, 0 to 41.
-  virtual PlotWindow& plotwin(std::int64_t direction, std::int64_t variable) = 0;
+  virtual PlotWindow& plotwin(Pair pair) = 0;
 };
 
 /// Outer size of a plot window at its first drawing, and at its load.

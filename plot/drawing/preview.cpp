@@ -32,9 +32,8 @@ class Target : public PlotPicture {
 void drawPreview(Fit& fit, PlotWindows& windows, PreviewPicture& picture) {
   Session& session = fit.session;
   if (session.curvar < 1 || session.curdir < 1) throw Fault("No plot is selected");
-  PlotWindow& window = windows.plotwin(session.curdir, session.curvar);
-  session.plotvar = session.curvar;
-  session.plotdir = session.curdir;
+  PlotWindow& window = windows.plotwin(session.current());
+  session.setPlotted(session.current());
   Target target(picture, window);
   PlotForm form = kPreviewPlot;
   form.bold = picture.bold();

@@ -22,20 +22,19 @@ std::string keyText(std::int64_t subscript) {
 
 }  // namespace
 
-std::string windowCaption(const Session& session, std::int64_t variable, std::int64_t direction) {
-  return keyText(variable) + "," + keyText(direction) + "  Variable: " + session.varname(variable) +
-         "  Direction: " + session.dirname(direction);
+std::string windowCaption(const Session& session, Pair pair) {
+  return keyText(pair.variable) + "," + keyText(pair.direction) +
+         "  Variable: " + session.varname(pair.variable) +
+         "  Direction: " + session.dirname(pair.direction);
 }
 
-WindowKey windowKey(std::string_view caption) {
+Pair windowKey(std::string_view caption) {
   const std::string_view key = trimmed(caption);
   return {keyNumber(key, 0), keyNumber(key, kDirectionAt)};
 }
 
 void takeKey(Session& session, const PlotWindow& window) {
-  const WindowKey key = windowKey(window.caption());
-  session.curvar = key.variable;
-  session.curdir = key.direction;
+  session.setCurrent(windowKey(window.caption()));
 }
 
 }  // namespace zevfit

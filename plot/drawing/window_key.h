@@ -11,13 +11,10 @@ namespace zevfit {
 
 /// The caption of a plot window, which is its key: two digits of the variable, a comma, two digits
 /// of the direction, and both names.
-std::string windowCaption(const Session& session, std::int64_t variable, std::int64_t direction);
+std::string windowCaption(const Session& session, Pair pair);
 
 /// The pair that a caption names; numbers as leading-number reading finds them, 0 for none.
-struct WindowKey {
-  std::int64_t variable = 0, direction = 0;
-};
-WindowKey windowKey(std::string_view caption);
+Pair windowKey(std::string_view caption);
 /// Makes the pair of a window's caption the current one.
 void takeKey(Session& session, const PlotWindow& window);
 

@@ -4,12 +4,13 @@
 #include <string>
 
 #include "plot/drawing/window_key.h"
+#include "session/line.h"
 
 namespace zevfit {
 namespace {
 
 constexpr std::array kLineBoxes{Box::plot1, Box::plot2, Box::plot3, Box::plot4};
-static_assert(kLineBoxes.size() == kLines);
+static_assert(kLineBoxes.size() == kLines.size());
 
 constexpr double kTitleTop = 100;
 
@@ -18,23 +19,21 @@ constexpr double kTitleTop = 100;
 void mirrorBoxes(Drawing& drawing) {
   const Session& session = drawing.session();
   FitPanel& panel = drawing.fit.panel;
-  for (int line = 0; line < kLines; ++line) {
-    const bool used = flag(session, line, session.plotvar, session.plotdir) == 1;
-    panel.setTicked(kLineBoxes.at(static_cast<std::size_t>(line)), used);
-  }
-  panel.setTicked(Box::psill, drawing.cell(&Session::showsill) == 1);
+  for (const Line which : kLines)
+    panel.setTicked(kLineBoxes.at(indexOf(which)), line(session, session.plotted(), which).isOn());
+  panel.setTicked(Box::psill, drawing.cell(&Session::showsill));
 }
 
 void colourOverlays(const Session& session, PlotWindow& window) {
-  window.setOverlayColours(session.style.cores.Label1, session.style.cores.Label5);
+  window.setOverlayColours(session.style.cores.ink(), session.style.cores.paper());
 }
 
 void writeCaption(const Session& session, PlotWindow& window) {
-  window.setCaption(windowCaption(session, session.plotvar, session.plotdir));
+  window.setCaption(windowCaption(session, session.plotted()));
 }
 
 void clearPicture(Drawing& drawing) {
-  drawing.target.picture().clear(drawing.colours().Label5);
+  drawing.target.picture().clear(drawing.colours().paper());
   drawing.clears = ++drawing.target.pen().clears;
 }
 
@@ -43,7 +42,7 @@ void drawTitle(Drawing& drawing) {
   // The label that measures has the style's font, whatever form the title itself has.
   const double width = drawing.target.measureTitle(title, drawing.styleFont(FontRole::title));
   const double x = drawing.box().pictureW / 2 - width / 2;
-  drawing.text(kTitle, x, kTitleTop, title, drawing.colours().Label1);
+  drawing.text(kTitle, x, kTitleTop, title, drawing.colours().ink());
 }
 
 void sizeWindow(PlotWindow& window) {

@@ -2,16 +2,16 @@
 
 #include "model/sliders.h"
 #include "plot/drawing/window_key.h"
+#include "session/line.h"
+#include "session/policy.h"
 
 namespace zevfit {
 namespace {
 
-// The border goes to handle 0 each time, on purpose: the others keep the one they had.
+// The border goes to the nugget's handle alone, on purpose: the others keep the one they had.
 void freeHandles(Session& session, PlotWindow& window) {
-  for (std::size_t i = 0; i < 4; ++i) {
-    session.dragsel.at(i) = 0;
-    window.setHandleBorder(0, true);
-  }
+  session.dragsel = {};
+  window.setHandleBorder(Line::nugget, true);
   window.hideGuides();
 }
 
@@ -26,10 +26,9 @@ void bringUpToDate(Fit& fit) {
   Session& session = fit.session;
   fit.panel.setListPosition(List::Combo2, static_cast<int>(session.curvar - 1));
   fit.panel.setListPosition(List::Combodirvar, static_cast<int>(session.curdir - 1));
-  showmodel(fit, session.curdir, session.curvar);
-  scalesliders(fit, session.curdir, session.curvar);
-  session.ctotal(session.curvar, session.curdir) =
-      totalSill(session, session.curvar, session.curdir);
+  showmodel(fit, session.current());
+  scalesliders(fit, session.current());
+  session.ctotal(session.current()) = totalSill(session, session.current());
   fit.plotter.plotvariogram();
 }
 
@@ -38,15 +37,13 @@ void bringUpToDate(Fit& fit) {
 void activatePlotWindow(Fit& fit, PlotWindow& window) {
   Session& session = fit.session;
   window.endDelete();
-  session.dragging = 0;
+  session.dragging = false;
   takeKey(session, window);
   if (session.curvar < 1 || session.curdir < 1) return;
   freeHandles(session, window);
-  try {
+  endSilently([&] {
     if (!isUpToDate(window)) bringUpToDate(fit);
-  } catch (const std::exception&) {
-    // Ends silently with what is done.
-  }
+  });
 }
 
 }  // namespace zevfit

@@ -1,6 +1,7 @@
 #include "plot/window/direction_events.h"
 
 #include "plot/window/overlays.h"
+#include "session/line.h"
 
 namespace zevfit {
 
@@ -11,7 +12,7 @@ void Form_Load(DirectionWindow& window) {
   window.setSize(kLoadWidth, kLoadHeight);
   window.setPictureSize(kLoadWidth - kFrameWidth, kLoadHeight - kFrameHeight);
   hideHandles(window);
-  for (int handle = 0; handle < kHandles; ++handle) window.setHandleBorder(handle, true);
+  for (const Line handle : kLines) window.setHandleBorder(handle, true);
   window.hideGuides();
   for (const Guide guide : {Guide::Line1, Guide::Line2})
     window.setGuideStyle(guide, LineStyle::dotted);
@@ -19,10 +20,10 @@ void Form_Load(DirectionWindow& window) {
   window.showTag(false);
 }
 
-void Form_Click(Fit& fit, DirectionWindow& window) {
-  for (int handle = 0; handle < kHandles; ++handle) {
-    fit.session.dragsel.at(static_cast<std::size_t>(handle)) = 0;
-    fit.session.dragging = 0;
+void Form_Click(Session& session, DirectionWindow& window) {
+  session.dragsel = {};
+  session.dragging = false;
+  for (const Line handle : kLines) {
     window.showHandle(handle, false);
     window.setHandleBorder(handle, true);
   }

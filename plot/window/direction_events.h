@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/fit.h"
 #include "plot/window/direction_window.h"
+#include "session/session.h"
 
 namespace zevfit {
 
@@ -10,7 +10,7 @@ namespace zevfit {
 /// The state of a window just loaded: size, picture, caption, pen, handles, guides, tag, no drag.
 void Form_Load(DirectionWindow& window);
 /// A click beside the picture frees and hides the handles.
-void Form_Click(Fit& fit, DirectionWindow& window);
+void Form_Click(Session& session, DirectionWindow& window);
 /// Handles and guides are hidden; what was held stays so.
 void Picture4_LostFocus(DirectionWindow& window);
 /// The size of the picture really changed.

@@ -11,15 +11,19 @@ namespace zevfit {
 /// The two lines through a held handle: Line1 stands upright, Line2 lies.
 enum class Guide { Line1, Line2 };
 
+/// What the handle of a structure changes, by the button of its last press.
+enum class DragAxis { unset, range, sill };
+
 /// What a plot window keeps from one mouse event to the next, in picture coordinates.
 struct DragState {
   double cursorx = 0;  ///< last place of the mouse, not clamped
   float cursory = 0;
-  std::int16_t dragaxis = 0;  ///< 1: the held handle changes a range, 2: a sill; unset at first
+  DragAxis dragaxis = DragAxis::unset;
 };
 
-/// A direction's plot window with what lies over its picture: the handles 0 to 3, the guides and
-/// the tag with a number of pairs (Label1). Places and lengths are in twips of the picture.
+/// A direction's plot window with what lies over its picture: the handles, one for each line, the
+/// guides and the tag with a number of pairs (Label1). Places and lengths are in twips of the
+/// picture.
 class DirectionWindow : public PlotWindow {
  public:
   virtual DragState& dragState() = 0;
@@ -30,11 +34,11 @@ class DirectionWindow : public PlotWindow {
   /// The colour at a place of the picture; nothing outside.
   virtual std::optional<Colour> colourAt(double x, double y) = 0;
 
-  virtual double handleLeft(int handle) const = 0;
-  virtual double handleTop(int handle) const = 0;
-  virtual double handleWidth(int handle) const = 0;
-  virtual void moveHandle(int handle, double left, double top) = 0;
-  virtual void showHandle(int handle, bool visible) = 0;
+  virtual double handleLeft(Line handle) const = 0;
+  virtual double handleTop(Line handle) const = 0;
+  virtual double handleWidth(Line handle) const = 0;
+  virtual void moveHandle(Line handle, double left, double top) = 0;
+  virtual void showHandle(Line handle, bool visible) = 0;
 
   virtual void showGuide(Guide guide, bool visible) = 0;
   /// The x of Line1, the y of Line2.
@@ -51,10 +55,10 @@ class DirectionWindow : public PlotWindow {
 /// The same table of windows, of which the handlers of events see more than a drawing does.
 class DirectionWindows : public PlotWindows {
  public:
-  DirectionWindow& plotwin(std::int64_t direction, std::int64_t variable) override = 0;
+  DirectionWindow& plotwin(Pair pair) override = 0;
   /// The pair has a window that was loaded and not closed since; loads none. Throws Fault outside 0
   /// to 41, 0 to 41.
-  virtual bool isOpen(std::int64_t direction, std::int64_t variable) const = 0;
+  virtual bool isOpen(Pair pair) const = 0;
 };
 
 }  // namespace zevfit

@@ -2,24 +2,20 @@
 
 #include "plot/drawing/geometry.h"
 #include "plot/drawing/window_key.h"
+#include "session/line.h"
 
 namespace zevfit {
 namespace {
 
-/// Values of the axis of a drag.
-constexpr std::int16_t kRangeAxis = 1, kSillAxis = 2;
+bool& held(Session& session, Line handle) { return session.dragsel.at(indexOf(handle)); }
 
-int& held(Session& session, int handle) {
-  return session.dragsel.at(static_cast<std::size_t>(handle));
-}
-
-void setFree(Fit& fit, DirectionWindow& window, int handle) {
-  held(fit.session, handle) = 0;
+void setFree(Session& session, DirectionWindow& window, Line handle) {
+  held(session, handle) = false;
   window.setHandleBorder(handle, true);
-  fit.session.dragging = 0;
+  session.dragging = false;
 }
 
-void placeGuides(DirectionWindow& window, int handle) {
+void placeGuides(DirectionWindow& window, Line handle) {
   window.placeGuide(Guide::Line1, window.handleLeft(handle));
   window.placeGuide(Guide::Line2, window.handleTop(handle));
 }
@@ -36,48 +32,49 @@ void showOneGuide(DirectionWindow& window, Guide shown) {
 }
 
 /// The nugget has no other axis; any other button changes nothing.
-void chooseAxis(DirectionWindow& window, int handle, MouseButton button) {
-  if (handle == 0) return showOneGuide(window, Guide::Line2);
+void chooseAxis(DirectionWindow& window, Line handle, MouseButton button) {
+  if (handle == Line::nugget) return showOneGuide(window, Guide::Line2);
   if (button == MouseButton::other) return;
   const bool range = button == MouseButton::left;
   showOneGuide(window, range ? Guide::Line1 : Guide::Line2);
-  window.dragState().dragaxis = range ? kRangeAxis : kSillAxis;
+  window.dragState().dragaxis = range ? DragAxis::range : DragAxis::sill;
 }
 
-void takeHold(Fit& fit, DirectionWindow& window, int handle) {
-  held(fit.session, handle) = 1;
-  fit.session.dragging = 1;
+void takeHold(Session& session, DirectionWindow& window, Line handle) {
+  held(session, handle) = true;
+  session.dragging = true;
   window.setHandleBorder(handle, false);
   placeGuides(window, handle);
 }
 
 }  // namespace
 
-void estru_MouseDown(Fit& fit, DirectionWindow& window, int handle, MouseButton button) {
-  Session& session = fit.session;
+void estru_MouseDown(Session& session, FitPanel& panel, DirectionWindow& window, Line handle,
+                     MouseButton button) {
   takeKey(session, window);
   if (session.curvar < 1 || session.curdir < 1) return;
-  if (held(session, handle) == 1) return setFree(fit, window, handle);
-  takeHold(fit, window, handle);
+  if (held(session, handle)) return setFree(session, window, handle);
+  takeHold(session, window, handle);
   setGuideLengths(window);
   chooseAxis(window, handle, button);
-  fit.panel.selectLine(handle);
+  panel.selectLine(handle);
 }
 
 // A release of a handle that its press has freed takes it up again, on purpose: so a handle can be
 // held without a button down. The guides keep the lengths of the last press.
-void estru_MouseUp(Fit& fit, DirectionWindow& window, int handle, MouseButton button) {
-  if (held(fit.session, handle) == 1) {
-    setFree(fit, window, handle);
+void estru_MouseUp(Session& session, FitPanel& panel, DirectionWindow& window, Line handle,
+                   MouseButton button) {
+  if (held(session, handle)) {
+    setFree(session, window, handle);
     for (const Guide guide : {Guide::Line1, Guide::Line2})
       window.setGuideStyle(guide, LineStyle::solid);
     return;
   }
-  takeHold(fit, window, handle);
+  takeHold(session, window, handle);
   chooseAxis(window, handle, button);
-  fit.panel.selectLine(handle);
+  panel.selectLine(handle);
 }
 
-void estru_Click(Fit& fit) { fit.plotter.plotvariogram(); }
+void estru_Click(Plotter& plotter) { plotter.plotvariogram(); }
 
 }  // namespace zevfit

@@ -5,6 +5,7 @@
 
 #include "model/fit_panel.h"
 #include "plot/drawing/geometry.h"
+#include "plot/window/direction_window.h"
 #include "session/session.h"
 
 namespace zevfit {
@@ -27,28 +28,28 @@ Point heldInside(const PlotBox& box, Point at);
 double sillAt(const PlotMap& map, double y);
 double rangeAt(const PlotMap& map, double x);
 
-/// What a handle that is dragged writes.
+/// What a handle that is dragged writes: a sill or a range of its line.
 struct DragTarget {
-  PairTable<Cell> Session::*cell;
   Field field;
   const char* pattern;  ///< of the text that the field gets
-  bool upright;         ///< from y, by sillAt; otherwise from x, by rangeAt
+  bool upright;         ///< a sill, from y by sillAt; otherwise a range, from x by rangeAt
 };
-/// Of handle 0 to 3, by the axis that its press chose: 2 for a sill, all others for a range.
-DragTarget dragTarget(int handle, int dragaxis);
+/// Of the handle of a line, by the axis that its press chose; unset stands for a range.
+DragTarget dragTarget(Line handle, DragAxis dragaxis);
 
-/// How handle 0 to 3 is placed: at the range and the sill of its line, with these differences.
+/// How the handle of a line is placed: at the range and the sill of its line, with these
+/// differences.
 struct HandleForm {
   std::optional<double> fixedLeft;  ///< in place of the range
   double rightMargin = 0;           ///< from the picture's right side to where the axis ends
   bool leftOfPlace = false;         ///< moved to the left by its own width
 };
-const HandleForm& handleForm(int handle);
+const HandleForm& handleForm(Line handle);
 
 /// Where a handle is to be shown, before its own width counts; nothing where it stays hidden. The
 /// pair is that of the cells; `map` has the picture's own box. Throws Fault as the maps do, and
 /// for a cell that holds a text.
-std::optional<Point> handlePlace(const Session& session, const PlotMap& map, int handle,
-                                 std::int64_t variable, std::int64_t direction);
+std::optional<Point> handlePlace(const Session& session, const PlotMap& map, Line handle,
+                                 Pair pair);
 
 }  // namespace zevfit

@@ -1,9 +1,11 @@
 #include "plot/window/overlays.h"
 
+#include "session/line.h"
+
 namespace zevfit {
 
 void hideHandles(DirectionWindow& window) {
-  for (int handle = 0; handle < kHandles; ++handle) window.showHandle(handle, false);
+  for (const Line handle : kLines) window.showHandle(handle, false);
 }
 
 }  // namespace zevfit

@@ -6,8 +6,6 @@ namespace zevfit {
 
 // What several handlers of a plot window do with what lies over its picture.
 
-inline constexpr int kHandles = 4;
-
 void hideHandles(DirectionWindow& window);
 
 }  // namespace zevfit

@@ -11,8 +11,8 @@ namespace {
 
 /// The last class to look at. Behind those written all are alike, so that the first of them counts
 /// for all, however many classes a file has claimed.
-std::int64_t lastClass(const Session& session, std::int64_t variable, std::int64_t direction) {
-  const std::size_t slots = session.hlag.written(variable, direction).size();
+std::int64_t lastDistinctClass(const Session& session, Pair pair) {
+  const std::size_t slots = session.hlag.written(pair).size();
   return std::min(session.nclass, std::max<std::int64_t>(static_cast<std::int64_t>(slots), 1));
 }
 
@@ -20,16 +20,16 @@ bool isOnDataPoint(const Session& session, DirectionWindow& window) {
   const DragState& mouse = window.dragState();
   const PlotBox box{window.pictureWidth(), window.pictureHeight()};
   return isNearBox(box, mouse.cursorx, double{mouse.cursory}) &&
-         window.colourAt(mouse.cursorx, double{mouse.cursory}) == session.style.cores.Label2;
+         window.colourAt(mouse.cursorx, double{mouse.cursory}) == session.style.cores.data();
 }
 
 void tagDataPoint(const Session& session, DirectionWindow& window) {
   const DragState& mouse = window.dragState();
   window.placeTag(mouse.cursorx, double{mouse.cursory});
   const PlotBox box{window.pictureWidth(), window.pictureHeight()};
-  const std::int64_t v = session.curvar, d = session.curdir;
-  const std::int64_t lag = classAt(session, box, mouse.cursorx, v, d);
-  window.setTagCaption(pairCountText(session, v, d, lag));
+  const Pair pair = session.current();
+  const std::int64_t lag = classAt(session, box, mouse.cursorx, pair);
+  window.setTagCaption(pairCountText(session, pair, lag));
   window.showTag(true);
 }
 
@@ -40,31 +40,28 @@ bool isNearBox(const PlotBox& box, double x, double y) {
          y >= PlotBox::ytop - kClickMargin && y <= box.ybottom() + kClickMargin;
 }
 
-std::int64_t classAt(const Session& session, const PlotBox& box, double x, std::int64_t variable,
-                     std::int64_t direction) {
-  const PlotMap map{box, session.xmax(variable, direction), 0, 0};
+std::int64_t classAt(const Session& session, const PlotBox& box, double x, Pair pair) {
+  const PlotMap map{box, session.xmax(pair), 0, 0};
   const double low = rangeAt(map, x - kClickMargin);
   const double high = rangeAt(map, x + kClickMargin);
-  const std::int64_t last = lastClass(session, variable, direction);
+  const std::int64_t last = lastDistinctClass(session, pair);
   for (std::int64_t lag = 1; lag <= last; ++lag) {
-    const double h = session.hlag(variable, direction, lag).number();
+    const double h = session.hlag(pair, lag).number();
     if (h < high && h > low) return lag;
   }
   return session.nclass + 1;
 }
 
-std::string pairCountText(const Session& session, std::int64_t variable, std::int64_t direction,
-                          std::int64_t lag) {
-  return generalText(session.npairs(variable, direction, lag));
+std::string pairCountText(const Session& session, Pair pair, std::int64_t lag) {
+  return generalText(session.npairs(pair, lag));
 }
 
-void Picture4_Click(Fit& fit, DirectionWindow& window) {
-  Session& session = fit.session;
+void Picture4_Click(Session& session, Plotter& plotter, DirectionWindow& window) {
   takeKey(session, window);
   window.endDelete();
   if (session.curvar <= 0 || session.curdir <= 0) return;
   if (isOnDataPoint(session, window)) tagDataPoint(session, window);
-  fit.plotter.plotvariogram();
+  plotter.plotvariogram();
 }
 
 }  // namespace zevfit

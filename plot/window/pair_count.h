@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "model/fit.h"
+#include "model/fit_panel.h"
 #include "plot/drawing/geometry.h"
 #include "plot/window/direction_window.h"
 #include "session/session.h"
@@ -18,15 +18,13 @@ bool isNearBox(const PlotBox& box, double x, double y);
 
 /// The first class of the pair whose distance lies less than 50 twips from x; `nclass` + 1 when
 /// there is none. Throws Fault for a box of no width and for a distance that is a text.
-std::int64_t classAt(const Session& session, const PlotBox& box, double x, std::int64_t variable,
-                     std::int64_t direction);
+std::int64_t classAt(const Session& session, const PlotBox& box, double x, Pair pair);
 
 /// The text of the tag for a class: its number of pairs. Throws Fault for no class of the table.
-std::string pairCountText(const Session& session, std::int64_t variable, std::int64_t direction,
-                          std::int64_t lag);
+std::string pairCountText(const Session& session, Pair pair, std::int64_t lag);
 
 /// Tags a data point under the mouse with its number of pairs; redraws in every case. A fault
 /// passes to the caller.
-void Picture4_Click(Fit& fit, DirectionWindow& window);
+void Picture4_Click(Session& session, Plotter& plotter, DirectionWindow& window);
 
 }  // namespace zevfit

@@ -3,7 +3,8 @@
 #include "plot/drawing/window_key.h"
 #include "plot/window/handles.h"
 #include "plot/window/overlays.h"
-#include "session/fault.h"
+#include "session/line.h"
+#include "session/policy.h"
 
 namespace zevfit {
 namespace {
@@ -12,42 +13,39 @@ namespace {
 /// the current one. The picture counts with its border, as it does for the drawing.
 PlotMap placingMap(const Session& session, const DirectionWindow& window) {
   return {{window.pictureWidth(), window.pictureHeight()},
-          session.xmax(session.curvar, session.curdir),
-          session.ymin(session.plotvar, session.plotdir),
-          session.ymax(session.plotvar, session.plotdir)};
+          session.xmax(session.current()),
+          session.ymin(session.plotted()),
+          session.ymax(session.plotted())};
 }
 
-void placeHandle(const Session& session, DirectionWindow& window, const PlotMap& map, int handle) {
-  const std::optional<Point> place =
-      handlePlace(session, map, handle, session.curvar, session.curdir);
+void placeHandle(const Session& session, DirectionWindow& window, const PlotMap& map, Line handle) {
+  const std::optional<Point> place = handlePlace(session, map, handle, session.current());
   if (!place) return;
   const double shift = handleForm(handle).leftOfPlace ? window.handleWidth(handle) : 0;
   window.moveHandle(handle, place->x - shift, place->y);
   window.showHandle(handle, true);
 }
 
-void bringOutHandles(Fit& fit, DirectionWindow& window) {
-  Session& session = fit.session;
+void bringOutHandles(Session& session, Plotter& plotter, DirectionWindow& window) {
   hideHandles(window);
-  // Of the pair that was current until now, on purpose.
-  session.atyped(session.curvar, session.curdir) = 1;
+  // Of the pair that was current until now, on purpose: a redraw keeps its typed range.
+  session.atyped(session.current()) = true;
   window.hideGuides();
   takeKey(session, window);
   const PlotMap map = placingMap(session, window);
-  for (int handle = 0; handle < kHandles; ++handle) placeHandle(session, window, map, handle);
-  fit.plotter.plotvariogram();
+  for (const Line handle : kLines) placeHandle(session, window, map, handle);
+  plotter.plotvariogram();
 }
 
 }  // namespace
 
 // Any fault frees and hides all handles and ends the handler.
-void Picture4_MouseUp(Fit& fit, DirectionWindow& window) {
-  try {
-    bringOutHandles(fit, window);
-  } catch (const std::exception&) {
-    fit.session.dragsel.fill(0);
-    hideHandles(window);
-  }
+void Picture4_MouseUp(Session& session, Plotter& plotter, DirectionWindow& window) {
+  attempt([&] { bringOutHandles(session, plotter, window); },
+          [&] {
+            session.dragsel = {};
+            hideHandles(window);
+          });
 }
 
 }  // namespace zevfit

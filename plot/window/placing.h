@@ -1,12 +1,13 @@
 #pragma once
 
-#include "model/fit.h"
+#include "model/fit_panel.h"
 #include "plot/window/direction_window.h"
+#include "session/session.h"
 
 namespace zevfit {
 
 /// Picture4_MouseUp and Picture4_DblClick: brings the handles out, and redraws. A fault frees and
 /// hides all handles and ends the handler.
-void Picture4_MouseUp(Fit& fit, DirectionWindow& window);
+void Picture4_MouseUp(Session& session, Plotter& plotter, DirectionWindow& window);
 
 }  // namespace zevfit

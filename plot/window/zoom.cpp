@@ -1,7 +1,8 @@
 #include "plot/window/zoom.h"
 
+#include "model/fit.h"
 #include "plot/window/overlays.h"
-#include "session/fault.h"
+#include "session/policy.h"
 
 namespace zevfit {
 namespace {
@@ -30,35 +31,38 @@ constexpr Zoom kSmaller{"Cannot reduce variogram plot!",
                         [](double size) { return size / kZoomStep; }};
 
 /// False where the limit forbids it.
-bool zoomCurrent(Fit& fit, DirectionWindows& windows, double screenWidth, const Zoom& zoom) {
-  const Session& session = fit.session;
-  if (!windows.isOpen(session.curdir, session.curvar)) return true;
-  DirectionWindow& window = windows.plotwin(session.curdir, session.curvar);
+bool zoomCurrent(const Session& session, Plotter& plotter, DirectionWindows& windows,
+                 double screenWidth, const Zoom& zoom) {
+  if (!windows.isOpen(session.current())) return true;
+  DirectionWindow& window = windows.plotwin(session.current());
   if (zoom.isRefused(window.width(), screenWidth)) return false;
   hideOverlays(window);
   window.setSize(zoom.size(window.width()), zoom.size(window.height()));
-  fit.plotter.plotvariogram();
+  plotter.plotvariogram();
   return true;
 }
 
 // A fault is answered as a refusal is.
-void runZoom(Fit& fit, DirectionWindows& windows, double screenWidth, const Zoom& zoom) {
-  if (!requireFile(fit)) return;
-  if (fit.session.curvar < 1 || fit.session.curdir < 1) return;
-  try {
-    if (zoomCurrent(fit, windows, screenWidth, zoom)) return;
-  } catch (const std::exception&) {
-    // Told below.
-  }
-  fit.dialogs.plain(zoom.refusal);
+void runZoom(const Session& session, Plotter& plotter, Messages& messages,
+             DirectionWindows& windows, double screenWidth, const Zoom& zoom) {
+  if (!requireFile(session, messages)) return;
+  if (session.curvar < 1 || session.curdir < 1) return;
+  const bool zoomed =
+      attempt([&] { return zoomCurrent(session, plotter, windows, screenWidth, zoom); },
+              [] { return false; });
+  if (!zoomed) messages.plain(zoom.refusal);
 }
 
 }  // namespace
 
-void kmais(Fit& fit, DirectionWindows& windows, double screenWidth) {
-  runZoom(fit, windows, screenWidth, kLarger);
+void kmais(const Session& session, Plotter& plotter, Messages& messages, DirectionWindows& windows,
+           double screenWidth) {
+  runZoom(session, plotter, messages, windows, screenWidth, kLarger);
 }
 
-void kmenos(Fit& fit, DirectionWindows& windows) { runZoom(fit, windows, 0, kSmaller); }
+void kmenos(const Session& session, Plotter& plotter, Messages& messages,
+            DirectionWindows& windows) {
+  runZoom(session, plotter, messages, windows, 0, kSmaller);
+}
 
 }  // namespace zevfit

@@ -13,16 +13,17 @@ using Boxes = std::vector<std::string>;
 /// The lists show variable 1 and direction 2; the pair under work is variable 2 and direction 3.
 class AxisDialogs : public testing::Test, protected FitFixture {
  protected:
+  static constexpr Pair kListed{1, 2};
+
   AxisDialogs() {
     panel.setListPosition(List::Combo2, 0);
     panel.setListPosition(List::Combodirvar, 1);
-    session.curvar = kVariable;
-    session.curdir = kDirection;
+    session.setCurrent(kPair);
     session.dirname(2) = "90;0";
     session.dirname(3) = "45;0";
-    session.hmax(1, 2) = 30;
-    session.ymax(1, 2) = 4.24;
-    session.ymax0(kVariable, kDirection) = 2.12;
+    session.hmax(kListed) = 30;
+    session.ymax(kListed) = 4.24;
+    session.ymax0(kPair) = 2.12;
     session.variance(kVariable) = 5;
     dialogs.shown.clear();
   }
@@ -33,12 +34,10 @@ class AxisDialogs : public testing::Test, protected FitFixture {
 TEST_F(AxisDialogs, ScalesOpenWithThePairOfTheLists) {
   texts.novoxmax = "77";
   ASSERT_TRUE(Command1_Click(fit, texts));
-  EXPECT_EQ(session.plotvar, 1);
-  EXPECT_EQ(session.plotdir, 2);
-  EXPECT_EQ(session.curvar, kVariable);
-  EXPECT_EQ(session.curdir, kDirection);
+  EXPECT_EQ(session.plotted(), kListed);
+  EXPECT_EQ(session.current(), kPair);
   EXPECT_EQ(texts.caption, "Axis Scale (X,Y):  (90;0)");
-  EXPECT_EQ(session.xmax(1, 2), 30);
+  EXPECT_EQ(session.xmax(kListed), 30);
   EXPECT_EQ(texts.novoxmax, "30.");
   EXPECT_EQ(texts.Labelxm, "30. ");
   EXPECT_EQ(texts.novoymax, "4.24 ");
@@ -46,26 +45,26 @@ TEST_F(AxisDialogs, ScalesOpenWithThePairOfTheLists) {
 }
 
 TEST_F(AxisDialogs, ADistanceMaximumThatIsSetLeavesTheFieldAsItWas) {
-  session.xmax(1, 2) = 25;
+  session.xmax(kListed) = 25;
   texts.novoxmax = "77";
   Command1_Click(fit, texts);
   EXPECT_EQ(texts.novoxmax, "77");
-  EXPECT_EQ(session.xmax(1, 2), 25);
+  EXPECT_EQ(session.xmax(kListed), 25);
   EXPECT_EQ(texts.Labelxm, "30. ");
 }
 
 TEST_F(AxisDialogs, APlotWithAFloorIsEditedByItsMinimum) {
-  session.ymin(1, 2) = -2.12;
-  session.ymin0(kVariable, kDirection) = -1.06;
+  session.ymin(kListed) = -2.12;
+  session.ymin0(kPair) = -1.06;
   Command1_Click(fit, texts);
   EXPECT_EQ(texts.novoymax, "-2.12 ");
   EXPECT_EQ(texts.Labelym, "-1.06");
 }
 
 TEST_F(AxisDialogs, NumbersHaveThePatternsOfTheWindow) {
-  session.hmax(1, 2) = 1234.56789;
-  session.ymax(1, 2) = 0.12345;
-  session.ymax0(kVariable, kDirection) = 0.00001;
+  session.hmax(kListed) = 1234.56789;
+  session.ymax(kListed) = 0.12345;
+  session.ymax0(kPair) = 0.00001;
   Command1_Click(fit, texts);
   EXPECT_EQ(texts.novoxmax, "1234.57");
   EXPECT_EQ(texts.Labelxm, "1234.568 ");
@@ -87,7 +86,7 @@ TEST_F(AxisDialogs, WithoutAFileNeitherOpens) {
 TEST_F(AxisDialogs, TheCaptionOfTheLimitFollowsThePairUnderWork) {
   cutgraph_Activate(session, texts);
   EXPECT_EQ(texts.Label3_1, "Y-Maximum");
-  session.ymin(1, 2) = -1;
+  session.ymin(kListed) = -1;
   cutgraph_Activate(session, texts);
   EXPECT_EQ(texts.Label3_1, "Y-Maximum");
   cell(&Session::ymin) = -1;
@@ -124,7 +123,7 @@ TEST_F(AxisDialogs, ALimitOnTheWrongSideOfTheVarianceIsRefused) {
     cell(&Session::xmax) = 100;
     texts.novoxmax = "50.5";
     texts.novoymax = row.typed;
-    EXPECT_EQ(cutgraph_Command2_Click(fit, texts), row.stored) << row.what;
+    EXPECT_EQ(cutgraph_Command2_Click(fit.session, fit.messages, texts), row.stored) << row.what;
     const double typed = std::atof(row.typed);
     const bool hasFloor = row.floor < 0;
     EXPECT_EQ(cell(&Session::xmax), row.stored ? 50.5 : 100) << row.what;
@@ -142,7 +141,7 @@ TEST_F(AxisDialogs, TheDistanceMaximumIsNotChecked) {
   for (const auto& [text, value] :
        {std::pair("-3", -3.0), {"", 0.0}, {"12a", 12.0}, {"0.5", 0.5}}) {
     texts.novoxmax = text;
-    EXPECT_TRUE(cutgraph_Command2_Click(fit, texts)) << text;
+    EXPECT_TRUE(cutgraph_Command2_Click(fit.session, fit.messages, texts)) << text;
     EXPECT_EQ(cell(&Session::xmax), value) << text;
   }
 }
@@ -155,7 +154,7 @@ TEST_F(AxisDialogs, TheTextOfAnotherPlotIsStoredInTheNextOne) {
   panel.setListPosition(List::Combodirvar, 2);
   Command1_Click(fit, texts);
   EXPECT_EQ(texts.novoxmax, "30.");
-  EXPECT_TRUE(cutgraph_Command2_Click(fit, texts));
+  EXPECT_TRUE(cutgraph_Command2_Click(fit.session, fit.messages, texts));
   EXPECT_EQ(cell(&Session::xmax), 30);
 }
 
@@ -164,8 +163,7 @@ TEST_F(AxisDialogs, TheLegendOpensWithTheDirectionOfTheLastDrawing) {
   std::string caption;
   ASSERT_TRUE(Command4_Click(fit, caption));
   EXPECT_EQ(caption, "Variogram  (45;0)");
-  EXPECT_EQ(session.curvar, 1);
-  EXPECT_EQ(session.curdir, 2);
+  EXPECT_EQ(session.current(), kListed);
 }
 
 struct LegendRow {
@@ -185,7 +183,8 @@ TEST_F(AxisDialogs, ALegendHasSixCharactersAtMost) {
   for (const LegendRow& row : kLegends) {
     dialogs.shown.clear();
     cell(&Session::xlegend) = "h( )";
-    EXPECT_EQ(legenda_Command2_Click(fit, row.typed), row.stored) << row.typed;
+    EXPECT_EQ(legenda_Command2_Click(fit.session, fit.messages, row.typed), row.stored)
+        << row.typed;
     EXPECT_EQ(cell(&Session::xlegend), row.legend) << row.typed;
     EXPECT_EQ(dialogs.shown,
               row.stored ? Boxes{} : Boxes{"plain: Legend too long: Maximum 6 char.!"})

@@ -19,10 +19,6 @@ class CollectionTest : public testing::Test {
   std::vector<TextOf> thumbnails(int slot = 0) {
     return textsNamed(bench_.page(slot).operations, kThumbnailText);
   }
-  void makeCurrent(std::int64_t variable, std::int64_t direction) {
-    session().curvar = variable;
-    session().curdir = direction;
-  }
 
   ReportBench bench_;
 };
@@ -146,9 +142,9 @@ TEST_F(CollectionTest, OkEmptiesTheCellsOfItsOwnGridAlone) {
 }
 
 TEST_F(CollectionTest, AClickWithoutAPlotAsksForOne) {
-  for (const auto& [variable, direction] : {std::pair(0, 1), {1, 0}, {-1, 2}}) {
+  for (const Pair pair : {Pair{0, 1}, Pair{1, 0}, Pair{-1, 2}}) {
     bench_.dialogs.shown.clear();
-    makeCurrent(variable, direction);
+    session().setCurrent(pair);
     bench_.clickCell(1, 1);
     EXPECT_EQ(bench_.dialogs.shown, Calls{"plain: Please select variogram plot first!"});
     EXPECT_EQ(bench_.used(1, 1), 0);
@@ -189,7 +185,7 @@ TEST_F(CollectionTest, AClickBesideTheGridIsOneOnTheFirstRowOfItsColumn) {
 
 TEST_F(CollectionTest, AClickOnAFullCellReplacesIt) {
   bench_.clickCell(1, 1);
-  makeCurrent(2, 1);
+  session().setCurrent({2, 1});
   bench_.clickCell(1, 1);
   EXPECT_EQ(tables().cellvar(1, 1, 1), 2);
   EXPECT_EQ(tables().celldir(1, 1, 1), 1);
@@ -228,7 +224,7 @@ TEST_F(CollectionTest, DeleteOnAnEmptyCellChangesNothingElse) {
 }
 
 TEST_F(CollectionTest, AFaultInAThumbnailLeavesWhatWasDrawnAndTheCellInUse) {
-  session().ymax(kVariable, kDirection) = session().ymin(kVariable, kDirection);
+  session().ymax(kPair) = session().ymin(kPair);
   bench_.clickCell(1, 1);
   EXPECT_EQ(bench_.used(1, 1), 1);
   EXPECT_EQ(window().calls.back(), "ready");
@@ -237,7 +233,7 @@ TEST_F(CollectionTest, AFaultInAThumbnailLeavesWhatWasDrawnAndTheCellInUse) {
 
 TEST_F(CollectionTest, ThePointerTellsWhatACellHolds) {
   bench_.giveColumns(2);
-  makeCurrent(2, 1);
+  session().setCurrent({2, 1});
   bench_.clickCell(3, 2);
   bench_.pointAt(3, 2);
   EXPECT_EQ(window().legend, "lead|0 0 N");

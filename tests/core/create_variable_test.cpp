@@ -6,6 +6,7 @@
 #include <string>
 
 #include "session/fault.h"
+#include "tests/support/model_lines.h"
 #include "tests/support/structure_sample.h"
 
 namespace zevfit {
@@ -23,13 +24,13 @@ TEST(CreateVariable, AddsSemivariancesAndVariances) {
     for (int c = 1; c <= 2; ++c) {
       const int place = 10 * d + c;
       SCOPED_TRACE(place);
-      EXPECT_EQ(session.gam(4, d, c), (200 + place) + (300 + place));
+      EXPECT_EQ(session.gam({4, d}, c), (200 + place) + (300 + place));
       // Distances are those of the last one added, pairs those of the first variable.
-      EXPECT_EQ(session.hlag(4, d, c).number(), 10 * (300 + place));
-      EXPECT_EQ(session.npairs(4, d, c), static_cast<float>(100 * (100 + place)));
+      EXPECT_EQ(session.hlag({4, d}, c).number(), 10 * (300 + place));
+      EXPECT_EQ(session.npairs({4, d}, c), static_cast<float>(100 * (100 + place)));
     }
-    EXPECT_EQ(session.hmax(4, d), 3000 + d);
-    EXPECT_EQ(session.gmax(4, d), 0);
+    EXPECT_EQ(session.hmax({4, d}), 3000 + d);
+    EXPECT_EQ(session.gmax({4, d}), 0);
   }
 }
 
@@ -39,8 +40,8 @@ TEST(CreateVariable, AddsDerivedVariablesToo) {
   EXPECT_FALSE(createIn(session, "sum"));
   tick(session, {1, 4});
   EXPECT_FALSE(createIn(session, "all"));
-  EXPECT_EQ(session.gam(5, 1, 2), 112 + 212 + 312);
-  EXPECT_EQ(session.hlag(5, 1, 2).number(), 3120);
+  EXPECT_EQ(session.gam({5, 1}, 2), 112 + 212 + 312);
+  EXPECT_EQ(session.hlag({5, 1}, 2).number(), 3120);
   EXPECT_EQ(session.variance(5).number(), 6);
 }
 
@@ -48,18 +49,18 @@ TEST(CreateVariable, KeepsTheTicks) {
   Session session = structureSample();
   tick(session, {2, 3});
   EXPECT_FALSE(createIn(session, "sum"));
-  EXPECT_EQ(session.addflag(1), 0);
-  EXPECT_EQ(session.addflag(2), 1);
-  EXPECT_EQ(session.addflag(3), 1);
-  EXPECT_EQ(session.addflag(4), 0);
+  EXPECT_FALSE(session.addflag(1));
+  EXPECT_TRUE(session.addflag(2));
+  EXPECT_TRUE(session.addflag(3));
+  EXPECT_FALSE(session.addflag(4));
 }
 
 TEST(CreateVariable, TakesDistancesThatAreTexts) {
   Session session = structureSample();
-  session.hlag.set(3, 1, 2, Cell::ofText("n.a."));
+  session.hlag.set({3, 1}, 2, Cell::ofText("n.a."));
   tick(session, {2, 3});
   EXPECT_FALSE(createIn(session, "sum"));
-  EXPECT_EQ(session.hlag(4, 1, 2).toText(), "n.a.");
+  EXPECT_EQ(session.hlag({4, 1}, 2).toText(), "n.a.");
 }
 
 TEST(CreateVariable, TakesTheLimitsOfTheOnlyHigherDirections) {
@@ -68,117 +69,115 @@ TEST(CreateVariable, TakesTheLimitsOfTheOnlyHigherDirections) {
   const double bottom[3][2] = {{0, -1}, {-1, -3}, {-2, -4}};
   for (int v = 1; v <= 3; ++v) {
     for (int d = 1; d <= 2; ++d) {
-      session.ymax(v, d) = top[v - 1][d - 1];
-      session.ymin(v, d) = bottom[v - 1][d - 1];
+      session.ymax({v, d}) = top[v - 1][d - 1];
+      session.ymin({v, d}) = bottom[v - 1][d - 1];
     }
   }
   tick(session, {1, 2, 3});
   EXPECT_FALSE(createIn(session, "sum"));
   // Tops in the order of the visit: 5, 7, then 6 is below the 7 already seen, 9, then 9 and 8 do
   // not exceed 9. So direction 1 keeps the 5 of variable 1, direction 2 ends with 9 of variable 2.
-  EXPECT_EQ(session.ymax(4, 1), 5);
-  EXPECT_EQ(session.ymax0(4, 1), 5);
-  EXPECT_EQ(session.ymax(4, 2), 9);
-  EXPECT_EQ(session.ymax0(4, 2), 9);
+  EXPECT_EQ(session.ymax({4, 1}), 5);
+  EXPECT_EQ(session.ymax0({4, 1}), 5);
+  EXPECT_EQ(session.ymax({4, 2}), 9);
+  EXPECT_EQ(session.ymax0({4, 2}), 9);
   // Bottoms: 0, -1, then -1 is not below -1, -3, then -2 is not below -3, -4.
-  EXPECT_EQ(session.ymin(4, 1), 0);
-  EXPECT_EQ(session.ymin0(4, 1), 0);
-  EXPECT_EQ(session.ymin(4, 2), -4);
-  EXPECT_EQ(session.ymin0(4, 2), -4);
+  EXPECT_EQ(session.ymin({4, 1}), 0);
+  EXPECT_EQ(session.ymin0({4, 1}), 0);
+  EXPECT_EQ(session.ymin({4, 2}), -4);
+  EXPECT_EQ(session.ymin0({4, 2}), -4);
 }
 
 TEST(CreateVariable, LeavesLimitsThatNoDirectionExceeds) {
   Session session = structureSample();
   for (int v = 1; v <= 3; ++v) {
-    session.ymax(v, 1) = 10;
-    session.ymax(v, 2) = 4;
-    session.ymin(v, 1) = -10;
-    session.ymin(v, 2) = -4;
+    session.ymax({v, 1}) = 10;
+    session.ymax({v, 2}) = 4;
+    session.ymin({v, 1}) = -10;
+    session.ymin({v, 2}) = -4;
   }
-  session.ymax(4, 2) = 77;
-  session.ymax0(4, 2) = 78;
-  session.ymin(4, 2) = -77;
-  session.ymin0(4, 2) = -78;
+  session.ymax({4, 2}) = 77;
+  session.ymax0({4, 2}) = 78;
+  session.ymin({4, 2}) = -77;
+  session.ymin0({4, 2}) = -78;
   tick(session, {2, 3});
   EXPECT_FALSE(createIn(session, "sum"));
-  EXPECT_EQ(session.ymax(4, 1), 10);
-  EXPECT_EQ(session.ymin(4, 1), -10);
-  EXPECT_EQ(session.ymax(4, 2), 77);
-  EXPECT_EQ(session.ymax0(4, 2), 78);
-  EXPECT_EQ(session.ymin(4, 2), -77);
-  EXPECT_EQ(session.ymin0(4, 2), -78);
+  EXPECT_EQ(session.ymax({4, 1}), 10);
+  EXPECT_EQ(session.ymin({4, 1}), -10);
+  EXPECT_EQ(session.ymax({4, 2}), 77);
+  EXPECT_EQ(session.ymax0({4, 2}), 78);
+  EXPECT_EQ(session.ymin({4, 2}), -77);
+  EXPECT_EQ(session.ymin0({4, 2}), -78);
 }
 
 TEST(CreateVariable, StartsItsLimitsBesideZero) {
   Session session = structureSample();
   for (int v = 1; v <= 3; ++v) {
-    session.ymax(v, 1) = -1e-201;  // above the first upper bound
-    session.ymax(v, 2) = 0;
-    session.ymin(v, 1) = 1e+201;  // above the first lower bound
-    session.ymin(v, 2) = 1e+199;
+    session.ymax({v, 1}) = -1e-201;  // above the first upper bound
+    session.ymax({v, 2}) = 0;
+    session.ymin({v, 1}) = 1e+201;  // above the first lower bound
+    session.ymin({v, 2}) = 1e+199;
   }
-  session.ymin(4, 1) = 5;
+  session.ymin({4, 1}) = 5;
   tick(session, {1, 2});
   EXPECT_FALSE(createIn(session, "sum"));
-  EXPECT_EQ(session.ymax(4, 1), -1e-201);
-  EXPECT_EQ(session.ymax(4, 2), 0);
-  EXPECT_EQ(session.ymin(4, 1), 5);
-  EXPECT_EQ(session.ymin(4, 2), 1e+199);
+  EXPECT_EQ(session.ymax({4, 1}), -1e-201);
+  EXPECT_EQ(session.ymax({4, 2}), 0);
+  EXPECT_EQ(session.ymin({4, 1}), 5);
+  EXPECT_EQ(session.ymin({4, 2}), 1e+199);
 }
 
 TEST(CreateVariable, LeavesTheSmallestSemivarianceAndTheFitState) {
   Session session = structureSample();
-  session.gmin(4, 1) = 42;
-  session.use1(4, 1) = 1;
-  session.model1(4, 1) = "S";
-  session.c1(4, 1) = 3;
-  session.a1(4, 1) = 90;
-  session.ctotal(4, 1) = 3;
-  session.xmax(4, 1) = 500;
-  session.showsill(4, 1) = 0;
-  session.gmin(1, 1) = -5;
+  constexpr Pair kSum{4, 1};
+  session.gmin(kSum) = 42;
+  setStructure(session, kSum, Line::first, "S", 3, 90);
+  session.ctotal(kSum) = 3;
+  session.xmax(kSum) = 500;
+  session.showsill(kSum) = false;
+  session.gmin({1, 1}) = -5;
   tick(session, {1, 2});
   EXPECT_FALSE(createIn(session, "sum"));
-  EXPECT_EQ(session.gmin(4, 1), 42);
-  EXPECT_EQ(session.use1(4, 1).number(), 1);
-  EXPECT_EQ(session.model1(4, 1), "S");
-  EXPECT_EQ(session.c1(4, 1).number(), 3);
-  EXPECT_EQ(session.a1(4, 1).number(), 90);
-  EXPECT_EQ(session.ctotal(4, 1), 3);
-  EXPECT_EQ(session.xmax(4, 1), 500);
-  EXPECT_EQ(session.showsill(4, 1), 0);
+  EXPECT_EQ(session.gmin(kSum), 42);
+  EXPECT_EQ(session.use1(kSum).number(), 1);
+  EXPECT_EQ(session.model1(kSum), "S");
+  EXPECT_EQ(session.c1(kSum).number(), 3);
+  EXPECT_EQ(session.a1(kSum).number(), 90);
+  EXPECT_EQ(session.ctotal(kSum), 3);
+  EXPECT_EQ(session.xmax(kSum), 500);
+  EXPECT_FALSE(session.showsill(kSum));
 }
 
 TEST(CreateVariable, ClearsWhatItsSlotHeld) {
   Session session = structureSample();
   for (int d = 1; d <= 2; ++d) {
-    session.gam.set(4, d, 1, 1e6);
-    session.hlag.set(4, d, 1, Cell::ofText("old"));
-    session.npairs.set(4, d, 1, 1e6F);
-    session.gmax(4, d) = 1e6;
-    session.hmax(4, d) = 1e6;
+    session.gam.set({4, d}, 1, 1e6);
+    session.hlag.set({4, d}, 1, Cell::ofText("old"));
+    session.npairs.set({4, d}, 1, 1e6F);
+    session.gmax({4, d}) = 1e6;
+    session.hmax({4, d}) = 1e6;
   }
   session.variance(4) = Cell::ofText("old");
   tick(session, {1, 2});
   EXPECT_FALSE(createIn(session, "sum"));
-  EXPECT_EQ(session.gam(4, 1, 1), 111 + 211);
-  EXPECT_EQ(session.hlag(4, 2, 1).number(), 2210);
-  EXPECT_EQ(session.npairs(4, 1, 1), 11100.0F);
-  EXPECT_EQ(session.gmax(4, 2), 0);
-  EXPECT_EQ(session.hmax(4, 2), 2002);
+  EXPECT_EQ(session.gam({4, 1}, 1), 111 + 211);
+  EXPECT_EQ(session.hlag({4, 2}, 1).number(), 2210);
+  EXPECT_EQ(session.npairs({4, 1}, 1), 11100.0F);
+  EXPECT_EQ(session.gmax({4, 2}), 0);
+  EXPECT_EQ(session.hmax({4, 2}), 2002);
   EXPECT_EQ(session.variance(4).number(), 3);
 }
 
 TEST(CreateVariable, ClassesThatNobodyWroteAreZero) {
   Session session = structureSample();
-  session.hlag.clear(3, 1);
-  session.gam.clear(3, 1);
-  session.npairs.clear(1, 1);
+  session.hlag.clear({3, 1});
+  session.gam.clear({3, 1});
+  session.npairs.clear({1, 1});
   tick(session, {2, 3});
   EXPECT_FALSE(createIn(session, "sum"));
-  EXPECT_EQ(session.gam(4, 1, 1), 211);
-  EXPECT_EQ(session.hlag(4, 1, 1).number(), 0);
-  EXPECT_EQ(session.npairs(4, 1, 1), 0);
+  EXPECT_EQ(session.gam({4, 1}, 1), 211);
+  EXPECT_EQ(session.hlag({4, 1}, 1).number(), 0);
+  EXPECT_EQ(session.npairs({4, 1}, 1), 0);
 }
 
 TEST(CreateVariable, DependsOnTheClassesWrittenNotOnThoseClaimed) {
@@ -186,7 +185,7 @@ TEST(CreateVariable, DependsOnTheClassesWrittenNotOnThoseClaimed) {
   session.nclass = 2000000000;
   tick(session, {1, 2});
   EXPECT_FALSE(createIn(session, "sum"));
-  EXPECT_EQ(session.gam.written(4, 1).size(), 3U);
+  EXPECT_EQ(session.gam.written({4, 1}).size(), 3U);
 }
 
 TEST(CreateVariable, UsesSlot41AndFaultsBeyond) {
@@ -196,7 +195,7 @@ TEST(CreateVariable, UsesSlot41AndFaultsBeyond) {
     ASSERT_FALSE(createIn(session, "v" + std::to_string(session.nvar + 1)));
   }
   EXPECT_EQ(session.varname(41), "v41");
-  EXPECT_EQ(session.gam(41, 2, 2), 122 + 222);
+  EXPECT_EQ(session.gam({41, 2}, 2), 122 + 222);
   EXPECT_THROW(createIn(session, "v42"), Fault);
   EXPECT_EQ(session.nvar, 41);
   expectRefused(createIn(session, "v41"),
@@ -216,8 +215,8 @@ TEST(CreateVariable, FaultsOnAVarianceThatIsAText) {
 
 TEST(CreateVariable, FaultsOnAnOverflow) {
   Session session = structureSample();
-  session.gam.set(1, 1, 1, std::numeric_limits<double>::max());
-  session.gam.set(2, 1, 1, std::numeric_limits<double>::max());
+  session.gam.set({1, 1}, 1, std::numeric_limits<double>::max());
+  session.gam.set({2, 1}, 1, std::numeric_limits<double>::max());
   tick(session, {1, 2});
   EXPECT_THROW(createIn(session, "sum"), Fault);
 }

@@ -1,12 +1,15 @@
 // The test of coregionalization over random models, against a plain statement of its rules.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <map>
 #include <random>
 #include <set>
 
+#include "session/line.h"
 #include "tests/support/coreg_sample.h"
 
 namespace zevfit::test {
@@ -16,11 +19,14 @@ using Lines = std::vector<std::string>;
 
 constexpr int kTrials = 4000;
 
-/// A model of small whole numbers; doubles hold the squares and products of these exactly.
-struct Model {
-  int use[4], sill[4], range[4];
-  char letter[4];
+/// A line of small whole numbers; doubles hold the squares and products of these exactly.
+struct Row {
+  int use = 0, sill = 0, range = 0;
+  char letter = '-';
 };
+
+/// By lines.
+using Model = std::array<Row, 4>;
 
 /// Nine models, [variable][direction], in the order of the choice.
 using Nine = std::array<std::array<Model, 3>, 3>;
@@ -39,35 +45,32 @@ class Dice {
 /// verdict comes up often.
 Nine randomModels(Dice& dice) {
   Nine nine{};
-  for (int line = 0; line < 4; ++line) {
+  for (const Line which : kLines) {
     const int use = dice.below(2);
     const char letter = "SEGP"[dice.below(4)];
     for (auto& directions : nine)
       for (Model& model : directions) {
         const bool isCross = &directions == nine.data();
-        model.use[line] = use;
-        model.letter[line] = letter;
-        model.range[line] = 5;
-        model.sill[line] = isCross ? dice.below(6) : 4 + dice.below(6);
+        model[indexOf(which)] = {use, isCross ? dice.below(6) : 4 + dice.below(6), 5, letter};
       }
   }
   for (int changes = dice.below(3); changes > 0; --changes) {
     Model& model = nine.at(std::size_t(dice.below(3))).at(std::size_t(dice.below(3)));
-    const int line = dice.below(4);
+    Row& row = model.at(std::size_t(dice.below(4)));
     switch (dice.below(8)) {
       case 0:
-        model.use[line] = 1 - model.use[line];
+        row.use = 1 - row.use;
         break;
       case 1:
-        model.letter[line] = 'X';
+        row.letter = 'X';
         break;
       case 2:
       case 3:
       case 4:
-        model.range[line] = 6;
+        row.range = 6;
         break;
       default:
-        model.sill[line] = dice.below(41) - 20;
+        row.sill = dice.below(41) - 20;
     }
   }
   return nine;
@@ -76,41 +79,44 @@ Nine randomModels(Dice& dice) {
 void give(Session& session, const Nine& nine) {
   for (std::size_t v = 0; v < 3; ++v)
     for (std::size_t d = 0; d < 3; ++d)
-      for (int line = 0; line < 4; ++line) {
-        const Model& model = nine.at(v).at(d);
-        const std::string letter(1, model.letter[line]);
-        setLine(session, line, VariableSlot(v), DirectionSlot(d),
-                {double(model.use[line]), letter.c_str(), double(model.sill[line]),
-                 double(model.range[line])});
+      for (const Line which : kLines) {
+        const Row& row = nine.at(v).at(d).at(indexOf(which));
+        const std::string letter(1, row.letter);
+        setLine(session, which, VariableSlot(v), DirectionSlot(d),
+                {double(row.use), letter.c_str(), double(row.sill), double(row.range)});
       }
 }
 
 // The rules.
 
-/// How many values the nine models have between them.
+const Row& rowOf(const Nine& nine, Line which, std::size_t v, std::size_t d) {
+  return nine.at(v).at(d).at(indexOf(which));
+}
+
+/// The nine models have more than one value of a line between them.
 template <class Value>
-std::size_t kinds(const Nine& nine, Value value) {
-  std::set<decltype(value(nine[0][0]))> found;
+bool differs(const Nine& nine, Line which, Value Row::*value) {
+  std::set<Value> found;
   for (const auto& directions : nine)
-    for (const Model& model : directions) found.insert(value(model));
-  return found.size();
+    for (const Model& model : directions) found.insert(model.at(indexOf(which)).*value);
+  return found.size() > 1;
 }
 
-bool isOn(const Nine& nine, int line) { return nine[0][0].use[line] == 1; }
+bool isOn(const Nine& nine, Line which) { return rowOf(nine, which, 0, 0).use == 1; }
 
-bool rangesDiffer(const Nine& nine, int line, std::size_t d) {
-  return line > 0 && isOn(nine, line) &&
-         (nine[0][d].range[line] != nine[1][d].range[line] ||
-          nine[1][d].range[line] != nine[2][d].range[line]);
+bool rangesDiffer(const Nine& nine, Line which, std::size_t d) {
+  const int range = rowOf(nine, which, 1, d).range;
+  return which != Line::nugget && isOn(nine, which) &&
+         (rowOf(nine, which, 0, d).range != range || range != rowOf(nine, which, 2, d).range);
 }
 
-int product(const Nine& nine, int line, std::size_t d) {
-  return nine[1][d].sill[line] * nine[2][d].sill[line];
+int product(const Nine& nine, Line which, std::size_t d) {
+  return rowOf(nine, which, 1, d).sill * rowOf(nine, which, 2, d).sill;
 }
 
-bool sillIsWrong(const Nine& nine, int line, std::size_t d) {
-  const int crossSill = nine[0][d].sill[line];
-  return isOn(nine, line) && crossSill * crossSill > product(nine, line, d);
+bool sillIsWrong(const Nine& nine, Line which, std::size_t d) {
+  const int crossSill = rowOf(nine, which, 0, d).sill;
+  return isOn(nine, which) && crossSill * crossSill > product(nine, which, d);
 }
 
 /// Two decimals, but the second only where it is no nought; roots of whole numbers are no halves.
@@ -123,23 +129,18 @@ std::string boundText(int ofProduct) {
 }
 
 std::string verdictOf(const Nine& nine) {
-  const auto all = {0, 1, 2, 3};
-  const auto some = [&](auto&& holds) { return std::any_of(all.begin(), all.end(), holds); };
+  const auto some = [&](auto&& holds) { return std::any_of(kLines.begin(), kLines.end(), holds); };
   const auto someWhere = [&](auto&& holds) {
-    return some([&](int line) {
-      return holds(nine, line, 0) || holds(nine, line, 1) || holds(nine, line, 2);
+    return some([&](Line which) {
+      return holds(nine, which, 0) || holds(nine, which, 1) || holds(nine, which, 2);
     });
   };
-  const auto used = [&](int line) {
-    return [line](const Model& model) { return model.use[line]; };
-  };
-  if (!some([&](int line) { return kinds(nine, used(line)) > 1 || isOn(nine, line); }))
+  const auto isMixed = [&](Line which) { return differs(nine, which, &Row::use); };
+  if (!some([&](Line which) { return isMixed(which) || isOn(nine, which); }))
     return "No structures detected";
-  if (some([&](int line) { return kinds(nine, used(line)) > 1; }))
-    return "Different number of structures";
-  if (some([&](int line) {
-        return line > 0 && isOn(nine, line) &&
-               kinds(nine, [line](const Model& model) { return model.letter[line]; }) > 1;
+  if (some(isMixed)) return "Different number of structures";
+  if (some([&](Line which) {
+        return which != Line::nugget && isOn(nine, which) && differs(nine, which, &Row::letter);
       }))
     return "Different models";
   return someWhere(rangesDiffer) || someWhere(sillIsWrong) ? "detail" : "passed";
@@ -158,9 +159,8 @@ void addDetail(Lines& lines, const Nine& nine) {
     for (std::size_t d = 0; d < 3; ++d) body(d, digits.substr(d, 1));
   };
   const auto lineFault = [&](std::size_t d, auto&& holds) {
-    for (int line = 0; line < 4; ++line)
-      if (holds(nine, line, d)) return true;
-    return false;
+    return std::any_of(kLines.begin(), kLines.end(),
+                       [&](Line which) { return holds(nine, which, d); });
   };
   each([&](std::size_t, const std::string& d) {
     lines.push_back("es" + d + " < d" + d + ": Number of structures, 1");
@@ -174,17 +174,17 @@ void addDetail(Lines& lines, const Nine& nine) {
                     (lineFault(at, sillIsWrong) ? "Wrong sills, 2" : "Sills, 1"));
   });
   each([&](std::size_t at, const std::string& d) {
-    for (int line = 0; line < 4; ++line) {
-      const std::string s = " " + std::to_string(line);
-      if (sillIsWrong(nine, line, at))
+    for (const Line which : kLines) {
+      const std::string s = " " + std::to_string(indexOf(which));
+      if (sillIsWrong(nine, which, at))
         lines.push_back(joined({"cs", d, s, " < cs", d, ":  |C", s, "xy|  =< ",
-                                boundText(product(nine, line, at)), ", 2"}));
+                                boundText(product(nine, which, at)), ", 2"}));
     }
   });
   each([&](std::size_t at, const std::string& d) {
-    for (int line = 1; line < 4; ++line) {
-      const std::string s = " " + std::to_string(line);
-      if (rangesDiffer(nine, line, at))
+    for (const Line which : kStructures) {
+      const std::string s = " " + std::to_string(indexOf(which));
+      if (rangesDiffer(nine, which, at))
         lines.push_back(joined({"rs", d, s, " < rs", d, ":  a", s, ", 2"}));
     }
   });
@@ -238,10 +238,10 @@ Lines shape(const Session& session) {
 }
 
 void scaleSills(Session& session, int power) {
-  for (const auto table : kSillTable)
+  for (const Line which : kLines)
     for (int v = 1; v <= 3; ++v)
       for (int d = 1; d <= 3; ++d) {
-        Cell& sill = (session.*table)(v, d);
+        Cell& sill = line(session, {v, d}, which).sill();
         sill = std::ldexp(sill.number(), power);
       }
 }
@@ -268,7 +268,7 @@ TEST(CrosstestProperties, AModelAgreesWithItself) {
     for (int v = 0; v < 3; ++v)
       for (int d = 0; d < 3; ++d) {
         const std::size_t nodes = crosstest(session, {v, v, v, d, d, d}).size();
-        EXPECT_EQ(nodes, hasModel(session, v + 1, d + 1) ? 4U : 7U);
+        EXPECT_EQ(nodes, hasModel(session, {v + 1, d + 1}) ? 4U : 7U);
       }
   }
 }

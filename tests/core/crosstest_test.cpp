@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "session/fault.h"
+#include "session/line.h"
 #include "tests/support/coreg_sample.h"
 
 namespace zevfit::test {
@@ -33,104 +34,106 @@ std::string inAllDirections(const std::string& text) { return text + text + text
 TEST(Crosstest, OneNuggetCountsAsAStructure) {
   Session session = coregSession();
   EXPECT_EQ(verdict(session), kNone);
-  tick(session, 0, cross, mainDirection, 1);
+  tick(session, Line::nugget, cross, mainDirection, 1);
   EXPECT_EQ(verdict(session), kNumber);
-  setEverywhere(session, 0, "", {1, 1, 1});
+  setEverywhere(session, Line::nugget, "", {1, 1, 1});
   EXPECT_EQ(verdict(session), "passed");
 }
 
 TEST(Crosstest, ALineIsOnInAllNineModelsOrInNone) {
-  for (int line = 0; line < kLines; ++line)
+  for (const Line which : kLines)
     for (const VariableSlot v : {cross, primary, secondary})
       for (const DirectionSlot d : {mainDirection, minorDirection1, minorDirection2})
         for (const double use : {0.0, 1.0}) {
           Session session = coregSession();
-          setEverywhere(session, line == 2 ? 1 : 2, "S", {1, 1, 1}, 10);
-          if (use == 0) setEverywhere(session, line, "S", {1, 1, 1}, 10);
+          setEverywhere(session, which == Line::second ? Line::first : Line::second, "S", {1, 1, 1},
+                        10);
+          if (use == 0) setEverywhere(session, which, "S", {1, 1, 1}, 10);
           EXPECT_EQ(verdict(session), "passed");
-          tick(session, line, v, d, use);
-          EXPECT_EQ(verdict(session), kNumber) << line << v << d << use;
+          tick(session, which, v, d, use);
+          EXPECT_EQ(verdict(session), kNumber) << indexOf(which) << v << d << use;
         }
 }
 
 TEST(Crosstest, LinesAreComparedOneByOneAndNotCounted) {
   Session session = coregSession();
-  setEverywhere(session, 0, "", {1, 1, 1});
-  setEverywhere(session, 1, "S", {1, 1, 1}, 10);
-  setLine(session, 1, primary, minorDirection1, {0, "S", 1, 10});
-  setLine(session, 2, primary, minorDirection1, {1, "S", 1, 10});
+  setEverywhere(session, Line::nugget, "", {1, 1, 1});
+  setEverywhere(session, Line::first, "S", {1, 1, 1}, 10);
+  setLine(session, Line::first, primary, minorDirection1, {0, "S", 1, 10});
+  setLine(session, Line::second, primary, minorDirection1, {1, "S", 1, 10});
   EXPECT_EQ(verdict(session), kNumber);
 }
 
 TEST(Crosstest, ALineTickedInBothVariablesButNotInTheCrossOneIsNoQuestionOfSills) {
   Session session = goodModels();
   for (const DirectionSlot d : {mainDirection, minorDirection1, minorDirection2}) {
-    setLine(session, 2, primary, d, {1, "S", -1, 10});
-    setLine(session, 2, secondary, d, {1, "S", 1, 10});
+    setLine(session, Line::second, primary, d, {1, "S", -1, 10});
+    setLine(session, Line::second, secondary, d, {1, "S", 1, 10});
   }
   EXPECT_EQ(verdict(session), kNumber);
 }
 
 TEST(Crosstest, TheNumberOfStructuresComesBeforeModels) {
   Session session = goodModels();
-  session.model1(1, 1) = "E";
-  tick(session, 3, cross, mainDirection, 0);
+  session.model1({1, 1}) = "E";
+  tick(session, Line::third, cross, mainDirection, 0);
   EXPECT_EQ(verdict(session), kNumber);
 }
 
 TEST(Crosstest, ALetterIsTheSameInAllNineModels) {
-  for (const int line : {1, 2, 3})
+  for (const Line which : kStructures)
     for (const VariableSlot v : {cross, primary, secondary})
       for (const DirectionSlot d : {mainDirection, minorDirection1, minorDirection2})
         for (const char* letter : {"E", "s", "S ", ""}) {
           Session session = coregSession();
-          setEverywhere(session, line, "S", {1, 1, 1}, 10);
-          setLine(session, line, v, d, {1, letter, 1, 10});
-          EXPECT_EQ(verdict(session), kModels) << line << v << d << letter;
+          setEverywhere(session, which, "S", {1, 1, 1}, 10);
+          setLine(session, which, v, d, {1, letter, 1, 10});
+          EXPECT_EQ(verdict(session), kModels) << indexOf(which) << v << d << letter;
         }
 }
 
 TEST(Crosstest, LettersOfALineThatIsOffDoNotCount) {
   Session session = goodModels();
-  setLine(session, 2, primary, mainDirection, {0, "S", 1, 10});
-  setLine(session, 2, cross, minorDirection1, {0, "G", 1, 20});
+  setLine(session, Line::second, primary, mainDirection, {0, "S", 1, 10});
+  setLine(session, Line::second, cross, minorDirection1, {0, "G", 1, 20});
   EXPECT_EQ(verdict(session), "passed");
 }
 
 TEST(Crosstest, ModelsComeBeforeRangesAndSills) {
   Session session = goodModels();
-  setLine(session, 1, cross, mainDirection, {1, "G", 50, 3});
+  setLine(session, Line::first, cross, mainDirection, {1, "G", 50, 3});
   EXPECT_EQ(verdict(session), kModels);
 }
 
 TEST(Crosstest, RangesAgreeWithinADirectionAndMayDifferBetweenThem) {
   Session session = goodModels();
   for (const VariableSlot v : {cross, primary, secondary})
-    setLine(session, 1, v, minorDirection1, {1, "S", 1, 40});
+    setLine(session, Line::first, v, minorDirection1, {1, "S", 1, 40});
   EXPECT_EQ(verdict(session), "passed");
   for (const VariableSlot v : {cross, primary, secondary}) {
     Session other = session;
-    setLine(other, 1, v, minorDirection1, {1, "S", 1, 41});
+    setLine(other, Line::first, v, minorDirection1, {1, "S", 1, 41});
     EXPECT_EQ(verdict(other), " a 1") << v;
   }
 }
 
 TEST(Crosstest, ARangeThatDiffersInItsLastDigitIsTold) {
   Session session = goodModels();
-  setLine(session, 1, primary, minorDirection2, {1, "S", 4, std::nextafter(100.0, 200.0)});
+  setLine(session, Line::first, primary, minorDirection2,
+          {1, "S", 4, std::nextafter(100.0, 200.0)});
   EXPECT_EQ(verdict(session), " a 1");
 }
 
 TEST(Crosstest, TheRangeOfALineThatIsOffDoesNotCount) {
   Session session = goodModels();
-  setLine(session, 2, primary, mainDirection, {0, "-", 0, 77});
+  setLine(session, Line::second, primary, mainDirection, {0, "-", 0, 77});
   EXPECT_EQ(verdict(session), "passed");
 }
 
 TEST(Crosstest, OneVariableThreeTimesInOneDirectionPasses) {
   Session session = coregSession();
-  setLine(session, 1, 2, 3, {1, "G", -0.1, 7});
-  setLine(session, 3, 2, 3, {1, "P", 1e300, 1.1});
+  setLine(session, Line::first, {2, 3}, {1, "G", -0.1, 7});
+  setLine(session, Line::third, {2, 3}, {1, "P", 1e300, 1.1});
   EXPECT_EQ(verdict(session, {1, 1, 1, 2, 2, 2}), "passed");
   EXPECT_EQ(verdict(session, {1, 1, 1, 2, 2, 1}), kNumber);
   EXPECT_EQ(verdict(session, {0, 0, 0, 0, 0, 0}), kNone);
@@ -206,12 +209,13 @@ class CrosstestSills : public testing::TestWithParam<SillRow> {};
 /// The same sills on the nugget, a structure and a power structure, which all are tested alike.
 TEST_P(CrosstestSills, AreComparedByTheirSquare) {
   const SillRow& row = GetParam();
-  for (const auto& [line, letter] : {std::pair{0, ""}, {2, "E"}, {3, "P"}}) {
+  for (const auto& [which, letter] :
+       {std::pair{Line::nugget, ""}, {Line::second, "E"}, {Line::third, "P"}}) {
     Session session = coregSession();
-    setEverywhere(session, line, letter, {row.cross, row.primary, row.secondary}, 1.5);
-    const std::string fault =
-        std::string(" |C ") + std::to_string(line) + "xy|  =< " + (row.bound ? row.bound : "");
-    EXPECT_EQ(verdict(session), row.bound ? inAllDirections(fault) : "passed") << line;
+    setEverywhere(session, which, letter, {row.cross, row.primary, row.secondary}, 1.5);
+    const std::string fault = std::string(" |C ") + std::to_string(indexOf(which)) + "xy|  =< " +
+                              (row.bound ? row.bound : "");
+    EXPECT_EQ(verdict(session), row.bound ? inAllDirections(fault) : "passed") << indexOf(which);
   }
 }
 
@@ -220,22 +224,22 @@ INSTANTIATE_TEST_SUITE_P(Rows, CrosstestSills, testing::ValuesIn(kSillRows),
 
 TEST(Crosstest, AFaultOfTheNuggetInTheMainDirectionStandsUnderItsSills) {
   Session session = goodModels();
-  setLine(session, 0, cross, mainDirection, {1, "", 2, 0});
+  setLine(session, Line::nugget, cross, mainDirection, {1, "", 2, 0});
   EXPECT_EQ(treeOf(session).back(), "cs0 0 < cs0:  |C 0xy|  =< 1.0, 2");
 }
 
 TEST(Crosstest, TheSillsOfALineThatIsOffDoNotCount) {
   Session session = goodModels();
-  setLine(session, 2, cross, mainDirection, {0, "-", 1000, 1});
+  setLine(session, Line::second, cross, mainDirection, {0, "-", 1000, 1});
   EXPECT_EQ(verdict(session), "passed");
 }
 
 TEST(Crosstest, ChangesNothingAndStartsAnewEachTime) {
   Session session = goodModels();
-  setLine(session, 1, cross, mainDirection, {1, "S", 50, 3});
+  setLine(session, Line::first, cross, mainDirection, {1, "S", 50, 3});
   const Lines first = treeOf(session);
   EXPECT_EQ(treeOf(session), first);
-  setLine(session, 1, cross, mainDirection, {1, "S", 2, 100});
+  setLine(session, Line::first, cross, mainDirection, {1, "S", 2, 100});
   EXPECT_EQ(verdict(session), "passed");
 }
 
@@ -275,12 +279,12 @@ TEST(Crosstest, ThePositionsReachAsFarAsTheTables) {
 
 TEST(Crosstest, ATextInPlaceOfANumberIsAFaultWhereItCounts) {
   Session session = goodModels();
-  session.c2(1, 1) = Cell::ofText("abc");
-  session.a2(2, 3) = Cell::ofText("abc");
+  session.c2({1, 1}) = Cell::ofText("abc");
+  session.a2({2, 3}) = Cell::ofText("abc");
   EXPECT_EQ(verdict(session), "passed") << "of a line that is off";
   for (const auto table : {&Session::c0, &Session::c1, &Session::a3, &Session::use0}) {
     Session faulty = session;
-    (faulty.*table)(1, 1) = Cell::ofText("abc");
+    (faulty.*table)({1, 1}) = Cell::ofText("abc");
     EXPECT_THROW(crosstest(faulty, kSampleChoice), Fault);
   }
 }

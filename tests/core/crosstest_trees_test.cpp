@@ -43,31 +43,31 @@ void allOff(Session& session) { session = coregSession(); }
 
 void nothing(Session& /*session*/) {}
 
-void oneFlagOff(Session& session) { tick(session, 3, secondary, minorDirection2, 0); }
+void oneFlagOff(Session& session) { tick(session, Line::third, secondary, minorDirection2, 0); }
 
-void otherLetter(Session& session) { session.model1(kVariableOf[primary], 3) = "E"; }
+void otherLetter(Session& session) { session.model1(pairOf(primary, minorDirection1)) = "E"; }
 
 /// In direction 45;0 alone, where lead has another range of structure 3.
 void otherRange(Session& session) {
-  setLine(session, 3, primary, minorDirection1, {1, "P", 1, 1.25});
+  setLine(session, Line::third, primary, minorDirection1, {1, "P", 1, 1.25});
 }
 
 /// Nugget 3 * 3 = 9 over 1 * 1 in 90;0; structure 1 in 0;0: 6.5 * 6.5 = 42.25 over 4 * 9, whose
 /// root is 6.
 void otherSills(Session& session) {
-  setLine(session, 0, cross, mainDirection, {1, "", 3, 0});
-  setLine(session, 1, cross, minorDirection2, {1, "S", 6.5, 100});
+  setLine(session, Line::nugget, cross, mainDirection, {1, "", 3, 0});
+  setLine(session, Line::first, cross, minorDirection2, {1, "S", 6.5, 100});
 }
 
 /// In 90;0 all sills and both ranges, in 45;0 nothing, in 0;0 a range and a sill. Structure 1: 7 *
 /// 7 over 4 * 9. Structure 3: 2 * 2 over 1 * 2, whose root is 1.414.
 void muchWrong(Session& session) {
-  setLine(session, 0, cross, mainDirection, {1, "", -1.5, 0});
-  setLine(session, 1, cross, mainDirection, {1, "S", 7, 90});
-  setLine(session, 3, cross, mainDirection, {1, "P", 2, 1.5});
-  setLine(session, 3, secondary, mainDirection, {1, "P", 2, 1.75});
-  setLine(session, 1, secondary, minorDirection2, {1, "S", 9, 101});
-  setLine(session, 3, cross, minorDirection2, {1, "P", 2, 1.5});
+  setLine(session, Line::nugget, cross, mainDirection, {1, "", -1.5, 0});
+  setLine(session, Line::first, cross, mainDirection, {1, "S", 7, 90});
+  setLine(session, Line::third, cross, mainDirection, {1, "P", 2, 1.5});
+  setLine(session, Line::third, secondary, mainDirection, {1, "P", 2, 1.75});
+  setLine(session, Line::first, secondary, minorDirection2, {1, "S", 9, 101});
+  setLine(session, Line::third, cross, minorDirection2, {1, "P", 2, 1.5});
 }
 
 const std::vector<Row> kRows{

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "plot/window/direction_events.h"
+#include "plot/window/grip_events.h"
+#include "plot/window/placing.h"
 #include "tests/support/drag_bench.h"
 
 namespace zevfit {
@@ -9,7 +12,7 @@ TEST(DirectionEvents, LoadHidesAllOverlaysAndForgetsTheMouse) {
   MemoryPlotWindow window;
   window.setCaption("01,02");
   window.pen() = {2, LineStyle::dotted, 7};
-  window.drag = {1, 2, 2};
+  window.drag = {1, 2, DragAxis::sill};
   window.setSize(7000, 6000);
   window.setPictureSize(1, 1);
   for (auto& handle : window.handles) handle = {1, 2, 3, true, false};
@@ -26,7 +29,7 @@ TEST(DirectionEvents, LoadHidesAllOverlaysAndForgetsTheMouse) {
   EXPECT_EQ(window.pen().style, LineStyle::solid);
   EXPECT_EQ(window.drag.cursorx, 0);
   EXPECT_EQ(window.drag.cursory, 0);
-  EXPECT_EQ(window.drag.dragaxis, 0);
+  EXPECT_EQ(window.drag.dragaxis, DragAxis::unset);
   for (const auto& handle : window.handles) {
     EXPECT_FALSE(handle.visible);
     EXPECT_TRUE(handle.border);
@@ -42,10 +45,10 @@ TEST(DirectionEvents, LoadHidesAllOverlaysAndForgetsTheMouse) {
 TEST(DirectionEvents, ClickBesideThePictureFreesAndHidesTheHandles) {
   DragBench bench;
   bench.holdAll();
-  bench.session.dragging = 1;
-  Form_Click(bench.fit, bench.window());
-  EXPECT_EQ(bench.session.dragsel, (std::array{0, 0, 0, 0, 1}));
-  EXPECT_EQ(bench.session.dragging, 0);
+  bench.session.dragging = true;
+  Form_Click(bench.fit.session, bench.window());
+  EXPECT_EQ(bench.session.dragsel, (std::array<bool, 4>{}));
+  EXPECT_FALSE(bench.session.dragging);
   EXPECT_EQ(bench.window().calls, (Calls{"handle 0 hidden", "border 0 on", "handle 1 hidden",
                                          "border 1 on", "handle 2 hidden", "border 2 on",
                                          "handle 3 hidden", "border 3 on", "guides hidden"}));
@@ -53,22 +56,22 @@ TEST(DirectionEvents, ClickBesideThePictureFreesAndHidesTheHandles) {
 
 TEST(DirectionEvents, LostFocusHidesHandlesAndGuidesAndFreesNothing) {
   DragBench bench;
-  Picture4_MouseUp(bench.fit, bench.window());
-  bench.press(1);
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  bench.press(Line::first);
   bench.forget();
   Picture4_LostFocus(bench.window());
   EXPECT_EQ(bench.window().calls, (Calls{"handle 0 hidden", "handle 1 hidden", "handle 2 hidden",
                                          "handle 3 hidden", "guides hidden"}));
-  EXPECT_EQ(bench.held(1), 1);
-  EXPECT_EQ(bench.session.dragging, 1);
+  EXPECT_TRUE(bench.held(Line::first));
+  EXPECT_TRUE(bench.session.dragging);
   EXPECT_FALSE(bench.window().handles[1].border);
 }
 
 TEST(DirectionEvents, HandlesReturnAtTheNextReleaseOnThePlot) {
   DragBench bench;
-  Picture4_MouseUp(bench.fit, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
   Picture4_LostFocus(bench.window());
-  Picture4_MouseUp(bench.fit, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
   for (const auto& handle : bench.window().handles) EXPECT_TRUE(handle.visible);
 }
 
@@ -85,7 +88,7 @@ TEST(DirectionEvents, TagHidesAtItsClickAndAtANewSizeOfThePicture) {
 
 TEST(DirectionEvents, ClickOnAHandleRedraws) {
   DragBench bench;
-  estru_Click(bench.fit);
+  estru_Click(bench.fit.plotter);
   EXPECT_EQ(bench.window().calls, Calls{"draw"});
 }
 

@@ -14,6 +14,7 @@
 #include "coreg/crosstest.h"
 #include "files/variogram_reader.h"
 #include "files/variogram_writer.h"
+#include "session/line.h"
 #include "tests/support/same_tables.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/support/scripted_dialogs.h"
@@ -53,23 +54,24 @@ std::string runScript(const char* script, const fs::path& made) {
 }
 
 struct Limits {
-  std::int64_t variable, direction;
+  Pair pair;
   double hmax, gmax, gmin, ymax;  ///< ymin is 0 for all
 };
 
 void expectLimits(const Session& session, const Limits& limits) {
-  const auto [v, d, hmax, gmax, gmin, ymax] = limits;
-  EXPECT_EQ(session.hmax(v, d), hmax) << v << ' ' << d;
-  EXPECT_EQ(session.gmax(v, d), gmax) << v << ' ' << d;
-  EXPECT_EQ(session.gmin(v, d), gmin) << v << ' ' << d;
-  EXPECT_DOUBLE_EQ(session.ymax(v, d), ymax) << v << ' ' << d;
-  EXPECT_EQ(session.ymin(v, d), 0) << v << ' ' << d;
+  const auto& [pair, hmax, gmax, gmin, ymax] = limits;
+  SCOPED_TRACE(testing::Message() << pair.variable << ' ' << pair.direction);
+  EXPECT_EQ(session.hmax(pair), hmax);
+  EXPECT_EQ(session.gmax(pair), gmax);
+  EXPECT_EQ(session.gmin(pair), gmin);
+  EXPECT_DOUBLE_EQ(session.ymax(pair), ymax);
+  EXPECT_EQ(session.ymin(pair), 0);
 }
 
 TEST(Ore, HoldsThreeVariablesInSpace) {
   const Session session = loaded(example("ore.zvm"));
   EXPECT_EQ(session.filetag, "zevra");
-  EXPECT_EQ(session.hasmodel, 0);
+  EXPECT_FALSE(session.hasmodel);
   EXPECT_EQ(session.nvar, 3);
   EXPECT_EQ(session.ndir, 4);
   EXPECT_EQ(session.nclass, 12);
@@ -87,23 +89,23 @@ TEST(Ore, FollowsItsRule) {
   // Distance 20 less a tenth; 18/60 = 0.3 gives 0.45 - 0.0135 = 0.4365, 18/160 = 0.1125 gives
   // 0.16875 - 0.000712 = 0.168038; 0.2 + 0.4 * 0.4365 + 0.6 * 0.168038 = 0.475423, and 3 percent
   // more are 0.489686.
-  EXPECT_EQ(classText(session, 1, 1, 1), "18 0.4897 18");
+  EXPECT_EQ(classText(session, {1, 1}, 1), "18 0.4897 18");
   // Distance 8 * 5 and a tenth of 5; beyond both ranges 0.5 + 0.8 + 0.7, and 2 percent more; 4
   // pairs more than in the first direction.
-  EXPECT_EQ(classText(session, 2, 3, 8), "40.5 2.04 128");
+  EXPECT_EQ(classText(session, {2, 3}, 8), "40.5 2.04 128");
   // Distance 12 * 8 and a tenth of 8; 0.1 + 0.3 + 0.5 less 3 percent.
-  EXPECT_EQ(classText(session, 3, 4, 12), "96.8 0.873 40");
+  EXPECT_EQ(classText(session, {3, 4}, 12), "96.8 0.873 40");
 }
 
 TEST(Ore, HasItsLimits) {
   const Session session = loaded(example("ore.zvm"));
   const Limits all[] = {
       // Above the variance of 1.18, 1.06 times the highest of 1.2 and 6 percent.
-      {1, 1, 240, 1.272, 0.4897, 1.34832},
+      {{1, 1}, 240, 1.272, 0.4897, 1.34832},
       // At most 2 and 6 percent: below the variance, so 1.06 times 2.15.
-      {2, 4, 96.8, 2.12, 0.8011, 2.279},
+      {{2, 4}, 96.8, 2.12, 0.8011, 2.279},
       // 1.06 times 0.954, which is 0.9 and 6 percent.
-      {3, 3, 59, 0.954, 0.3597, 1.01124},
+      {{3, 3}, 59, 0.954, 0.3597, 1.01124},
   };
   for (const Limits& limits : all) expectLimits(session, limits);
 }
@@ -150,10 +152,10 @@ std::string modelOf(const Fitted& fitted, std::int64_t direction) {
 TEST(MeuseFitted, HoldsTheModels) {
   const Session session = loaded(example("meuse-fitted.zvm"));
   EXPECT_EQ(session.filetag, "zevRA1");
-  EXPECT_EQ(session.hasmodel, 1);
+  EXPECT_TRUE(session.hasmodel);
   for (std::int64_t v = 1; v <= 7; ++v)
     for (std::int64_t d = 1; d <= 4; ++d)
-      EXPECT_EQ(modelText(session, v, d), modelOf(kFitted[v - 1], d)) << v << ' ' << d;
+      EXPECT_EQ(modelText(session, {v, d}), modelOf(kFitted[v - 1], d)) << v << ' ' << d;
 }
 
 // A sill beyond the axis has no place on its slider, so that its plot would stay unfinished.
@@ -161,9 +163,10 @@ TEST(MeuseFitted, HasItsSillsWithinTheAxes) {
   const Session session = loaded(example("meuse-fitted.zvm"));
   for (std::int64_t v = 1; v <= 7; ++v)
     for (std::int64_t d = 1; d <= 4; ++d)
-      for (const auto table : kSillTable) {
-        EXPECT_GE((session.*table)(v, d).number(), session.ymin(v, d)) << v << ' ' << d;
-        EXPECT_LE((session.*table)(v, d).number(), session.ymax(v, d)) << v << ' ' << d;
+      for (const Line which : kLines) {
+        const double sill = line(session, {v, d}, which).sill().number();
+        EXPECT_GE(sill, session.ymin({v, d})) << v << ' ' << d;
+        EXPECT_LE(sill, session.ymax({v, d})) << v << ' ' << d;
       }
 }
 
@@ -172,8 +175,9 @@ TEST(MeuseFitted, HasTheDataOfTheOtherFile) {
   const Session fitted = loaded(example("meuse-fitted.zvm"));
   plain.filetag = "zevRA1";
   EXPECT_EQ(test::dataText(fitted), test::dataText(plain));
-  expectLimits(fitted, {1, 1, 1614.17777265153, 0.945892127574433, 0.183934510417175,
-                        1.06 * 0.945892127574433});
+  expectLimits(
+      fitted,
+      {{1, 1}, 1614.17777265153, 0.945892127574433, 0.183934510417175, 1.06 * 0.945892127574433});
 }
 
 TEST(MeuseFitted, IsWhatASaveWrites) {
@@ -201,16 +205,17 @@ TEST(MeuseFitted, PassesTheTestOfCoregionalization) {
 /// The classes of the large file by its own rule. The generator is one that the library has, too.
 class LargeRule {
  public:
-  void expectClass(const Session& session, std::int64_t v, std::int64_t d, std::int64_t k) {
+  void expectClass(const Session& session, Pair pair, std::int64_t k) {
     const double h = 100 * static_cast<double>(k) + 40 * (draw() - 0.5);
-    const double ratio = std::min(1.0, h / (5000 + 500 * static_cast<double>(d)));
+    const double ratio = std::min(1.0, h / (5000 + 500 * static_cast<double>(pair.direction)));
     const double spherical = 1.5 * ratio - 0.5 * ratio * ratio * ratio;
-    const double gamma = static_cast<double>(v) * (0.1 + 0.9 * spherical) * (0.9 + 0.2 * draw());
+    const double gamma =
+        static_cast<double>(pair.variable) * (0.1 + 0.9 * spherical) * (0.9 + 0.2 * draw());
     // Two and four decimals; the model is that of the rounded distance, which makes less than
     // 0.005 * 1.1 * 40 * 0.9 * 1.5 / 5500 = 0.00006 of difference.
-    EXPECT_NEAR(session.hlag(v, d, k).number(), h, 0.005001);
-    EXPECT_NEAR(session.gam(v, d, k), gamma, 0.00012);
-    EXPECT_EQ(session.npairs(v, d, k), 30 + std::floor(970 * draw()));
+    EXPECT_NEAR(session.hlag(pair, k).number(), h, 0.005001);
+    EXPECT_NEAR(session.gam(pair, k), gamma, 0.00012);
+    EXPECT_EQ(session.npairs(pair, k), 30 + std::floor(970 * draw()));
   }
 
  private:
@@ -244,25 +249,25 @@ TEST_F(Large, FillsTheTables) {
   // The first draws are 16807, 282475249 and 1622650073 in 2147483647: 0.0000078, 0.1315378 and
   // 0.7556053. Distance 100 - 20 and a trace; 80/5500 = 0.0145455 gives 0.0218166, 0.1 + 0.9 times
   // that is 0.119635, and times 0.9263076 it is 0.110819; 30 + 732.9 pairs.
-  EXPECT_EQ(classText(session_, 1, 1, 1), "80 0.1108 762");
+  EXPECT_EQ(classText(session_, {1, 1}, 1), "80 0.1108 762");
   LargeRule rule;
   for (std::int64_t v = 1; v <= 40; ++v)
     for (std::int64_t d = 1; d <= 20; ++d)
-      for (std::int64_t k = 1; k <= 250; ++k) rule.expectClass(session_, v, d, k);
+      for (std::int64_t k = 1; k <= 250; ++k) rule.expectClass(session_, {v, d}, k);
 }
 
 // Variance v; the plateau of v at 0.9 to 1.1 times is reached from a range of at most 15,000 on, in
 // 100 classes and more, of which some lie above v. The last class is the farthest by at least 60.
 TEST_F(Large, HasItsLimits) {
-  for (const auto& [v, d] : {std::pair(1, 1), {17, 9}, {40, 20}}) {
+  for (const Pair pair : {Pair{1, 1}, Pair{17, 9}, Pair{40, 20}}) {
     double highest = 0, lowest = 1e9;
     for (int k = 1; k <= 250; ++k) {
-      highest = std::max(highest, session_.gam(v, d, k));
-      lowest = std::min(lowest, session_.gam(v, d, k));
+      highest = std::max(highest, session_.gam(pair, k));
+      lowest = std::min(lowest, session_.gam(pair, k));
     }
-    EXPECT_GT(highest, v);
+    EXPECT_GT(highest, pair.variable);
     expectLimits(session_,
-                 {v, d, session_.hlag(v, d, 250).number(), highest, lowest, 1.06 * highest});
+                 {pair, session_.hlag(pair, 250).number(), highest, lowest, 1.06 * highest});
   }
 }
 

@@ -7,6 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "model/fields.h"
+#include "model/selection.h"
+#include "session/line.h"
 #include "tests/support/fit_fixture.h"
 
 namespace zevfit {
@@ -18,8 +21,8 @@ const std::vector<std::string> kNoFile{"plain: Please select input data file (*.
 
 class Fields : public testing::Test, protected FitFixture {
  protected:
-  void use(std::initializer_list<int> lines) {
-    for (const int line : lines) setFlag(session, line, kVariable, kDirection, 1);
+  void use(std::initializer_list<Line> lines) {
+    for (const Line which : lines) line(session, kPair, which).use(1);
   }
   std::string total() { return panel.caption(Caption::Labelc); }
   /// Types into the field without a drawing; the handlers then wait for Enter.
@@ -30,7 +33,7 @@ class Fields : public testing::Test, protected FitFixture {
 };
 
 TEST_F(Fields, ASillAsksForAFile) {
-  select(1);
+  select(Line::first);
   session.loaded = false;
   panel.setText(Field::c0, "3");
   EXPECT_EQ(dialogs.shown, kNoFile);
@@ -40,14 +43,15 @@ TEST_F(Fields, ASillAsksForAFile) {
 }
 
 TEST_F(Fields, ASillGoesToTheSelectedLineOfThePairAlone) {
-  for (std::size_t line = 0; line < kLines; ++line) {
+  for (const Line which : kLines) {
     FitFixture fresh;
-    fresh.select(static_cast<int>(line));
+    fresh.select(which);
     fresh.panel.setText(Field::c0, "3");
-    for (std::size_t other = 0; other < kLines; ++other)
-      EXPECT_EQ(fresh.number(kSillTable[other]), other == line ? 3 : 0) << line;
-    EXPECT_EQ((fresh.session.*kSillTable[line])(kVariable, kDirection + 1).number(), 0) << line;
-    EXPECT_EQ((fresh.session.*kSillTable[line])(kVariable + 1, kDirection).number(), 0) << line;
+    for (const Line other : kLines)
+      EXPECT_EQ(line(fresh.session, kPair, other).sill().number(), other == which ? 3 : 0)
+          << indexOf(which);
+    for (const Pair pair : {Pair{kVariable, kDirection + 1}, Pair{kVariable + 1, kDirection}})
+      EXPECT_EQ(line(fresh.session, pair, which).sill().number(), 0) << indexOf(which);
   }
 }
 
@@ -81,7 +85,7 @@ TEST_F(Fields, ASillIsHeldAgainstTheAxis) {
            {"1e-3", 0, 10, 0.001, "1e-3"},
        }) {
     FitFixture fresh;
-    fresh.select(2);
+    fresh.select(Line::second);
     fresh.panel.setText(Field::c0, "9");
     fresh.cell(&Session::c2) = 4;
     fresh.cell(&Session::ymin) = row.ymin;
@@ -94,20 +98,21 @@ TEST_F(Fields, ASillIsHeldAgainstTheAxis) {
 }
 
 TEST_F(Fields, TheVarianceLimitsNoSill) {
-  select(1);
+  select(Line::first);
   panel.setText(Field::c0, "9");
   EXPECT_EQ(number(&Session::c1), 9);
 }
 
 TEST_F(Fields, ARefusedSillPutsBackTheSelectedLine) {
   constexpr std::array kSills{1.0, 2.0, 3.0, 4.0};
-  for (std::size_t line = 0; line < kLines; ++line) cell(kSillTable[line]) = kSills[line];
-  for (std::size_t line = 0; line < kLines; ++line) {
-    select(static_cast<int>(line));
+  for (const Line which : kLines) line(session, kPair, which).sill() = kSills[indexOf(which)];
+  for (const Line which : kLines) {
+    select(which);
     panel.setText(Field::c0, "11");
-    EXPECT_EQ(panel.text(Field::c0), Cell(kSills[line]).toText());
-    for (std::size_t other = 0; other < kLines; ++other)
-      EXPECT_EQ(number(kSillTable[other]), kSills[other]) << line;
+    EXPECT_EQ(panel.text(Field::c0), Cell(kSills[indexOf(which)]).toText());
+    for (const Line other : kLines)
+      EXPECT_EQ(line(session, kPair, other).sill().number(), kSills[indexOf(other)])
+          << indexOf(which);
   }
 }
 
@@ -117,7 +122,7 @@ TEST_F(Fields, ARefusedSillWithoutALineStays) {
 }
 
 TEST_F(Fields, ARefusedSillPutsBackEvenWhatWouldBeRefused) {
-  select(1);
+  select(Line::first);
   cell(&Session::c1) = 20;
   panel.setText(Field::c0, "15");
   EXPECT_EQ(panel.text(Field::c0), "20");
@@ -125,7 +130,7 @@ TEST_F(Fields, ARefusedSillPutsBackEvenWhatWouldBeRefused) {
 }
 
 TEST_F(Fields, ARefusedSillRunsTheHandlerAgainInside) {
-  select(1);
+  select(Line::first);
   panel.setText(Field::c0, "11");
   EXPECT_EQ(plotter.drawings, 2) << "the inner run for 0, then the outer one";
 }
@@ -135,8 +140,8 @@ TEST_F(Fields, TheTotalSumsUpTheTickedLines) {
   cell(&Session::c2) = 2;
   cell(&Session::c3) = 4;
   cell(&Session::model3) = "P";
-  use({0, 1, 3});
-  select(1);
+  use({Line::nugget, Line::first, Line::third});
+  select(Line::first);
   panel.setText(Field::c0, "1.25");
   EXPECT_EQ(cell(&Session::ctotal), 5.75) << "0.5 + 1.25 + 4, the power structure's too";
   EXPECT_EQ(total(), "5.75");
@@ -144,8 +149,8 @@ TEST_F(Fields, TheTotalSumsUpTheTickedLines) {
 
 TEST_F(Fields, ARefusedSillSumsUpToo) {
   cell(&Session::c1) = 3;
-  use({1});
-  select(1);
+  use({Line::first});
+  select(Line::first);
   panel.setText(Field::c0, "11");
   EXPECT_EQ(cell(&Session::ctotal), 3);
   EXPECT_EQ(total(), "3.");
@@ -164,8 +169,8 @@ TEST_F(Fields, TheTotalIsRedAboveTheVarianceAlone) {
            {0, "5", 0xC0C0C0},
            {-1, "5", 0xC0C0C0},
        }) {
-    use({1});
-    select(1);
+    use({Line::first});
+    select(Line::first);
     session.variance(kVariable) = row.variance;
     panel.setText(Field::c0, row.sill);
     EXPECT_EQ(panel.sillBackground, row.background) << row.sill << " of " << row.variance;
@@ -174,25 +179,25 @@ TEST_F(Fields, TheTotalIsRedAboveTheVarianceAlone) {
 
 TEST_F(Fields, TheTotalIsWrittenInGeneralFormThenByThePattern) {
   cell(&Session::ymax) = 2000;
-  use({1});
-  select(1);
+  use({Line::first});
+  select(Line::first);
   panel.setText(Field::c0, "1234.5678");
   EXPECT_EQ(panel.calls, (Lines{"Textc0 = 1234.5678", "sill background = 255", "Labelc = 1234.5678",
                                 "sill background = 255", "Labelc = 1234.568"}));
 }
 
 TEST_F(Fields, ATotalOfNoughtIsABarePoint) {
-  select(1);
+  select(Line::first);
   panel.setText(Field::c0, "3");
   EXPECT_EQ(cell(&Session::ctotal), 0);
   EXPECT_EQ(total(), ".");
 }
 
 TEST_F(Fields, ASillDrawsUnlessItIsTyped) {
-  select(1);
+  select(Line::first);
   std::string during;
   plotter.onDraw = [&] { during = total(); };
-  use({1});
+  use({Line::first});
   panel.setText(Field::c0, "3");
   EXPECT_EQ(plotter.drawings, 1);
   EXPECT_EQ(during, "3") << "before the pattern";
@@ -207,8 +212,8 @@ TEST_F(Fields, ADrawingThatFailsIsFollowedByTheTotal) {
     cell(&Session::c1) = 7;
     throw Fault("frame");
   };
-  use({1});
-  select(1);
+  use({Line::first});
+  select(Line::first);
   EXPECT_NO_THROW(panel.setText(Field::c0, "3"));
   EXPECT_EQ(cell(&Session::ctotal), 7);
   EXPECT_EQ(panel.sillBackground, 255);
@@ -217,8 +222,8 @@ TEST_F(Fields, ADrawingThatFailsIsFollowedByTheTotal) {
 
 TEST_F(Fields, ANumberBeyondAllNumbersChangesNothingButTheTotal) {
   cell(&Session::c1) = 3;
-  use({1});
-  select(1);
+  use({Line::first});
+  select(Line::first);
   EXPECT_NO_THROW(panel.setText(Field::c0, "1e999"));
   EXPECT_EQ(number(&Session::c1), 3);
   EXPECT_EQ(panel.text(Field::c0), "1e999");
@@ -230,7 +235,7 @@ TEST_F(Fields, ATextInAnotherSillLeavesTheCaption) {
   cell(&Session::c2) = Cell::ofText("text");
   cell(&Session::ctotal) = 6;
   panel.setCaption(Caption::Labelc, "old");
-  select(1);
+  select(Line::first);
   EXPECT_NO_THROW(panel.setText(Field::c0, "3"));
   EXPECT_EQ(number(&Session::c1), 3);
   EXPECT_EQ(cell(&Session::ctotal), 0) << "set back before the sum";
@@ -240,8 +245,8 @@ TEST_F(Fields, ATextInAnotherSillLeavesTheCaption) {
 
 TEST_F(Fields, ATextInTheVarianceFailsSilently) {
   session.variance(kVariable) = Cell::ofText("text");
-  select(1);
-  use({1});
+  select(Line::first);
+  use({Line::first});
   EXPECT_NO_THROW(panel.setText(Field::c0, "3"));
   EXPECT_EQ(cell(&Session::ctotal), 3);
   EXPECT_EQ(plotter.drawings, 0);
@@ -249,39 +254,39 @@ TEST_F(Fields, ATextInTheVarianceFailsSilently) {
 
 TEST_F(Fields, AClickIntoAFieldLetsItDrive) {
   Textc0_Click(fit);
-  EXPECT_EQ(cell(&Session::c0typed), 1);
-  EXPECT_EQ(cell(&Session::atyped), 0);
+  EXPECT_TRUE(cell(&Session::c0typed));
+  EXPECT_FALSE(cell(&Session::atyped));
   Texta_Click(fit);
-  EXPECT_EQ(cell(&Session::atyped), 1);
-  EXPECT_EQ(session.c0typed(1, 1), 0) << "other pairs keep theirs";
-  EXPECT_EQ(session.atyped(1, 1), 0);
+  EXPECT_TRUE(cell(&Session::atyped));
+  EXPECT_FALSE(session.c0typed({1, 1})) << "other pairs keep theirs";
+  EXPECT_FALSE(session.atyped({1, 1}));
 }
 
 TEST_F(Fields, OnlyTheRangesClickAsksForAFile) {
   session.loaded = false;
   Textc0_Click(fit);
-  EXPECT_EQ(cell(&Session::c0typed), 1);
+  EXPECT_TRUE(cell(&Session::c0typed));
   EXPECT_TRUE(dialogs.shown.empty());
   Texta_Click(fit);
-  EXPECT_EQ(cell(&Session::atyped), 0);
+  EXPECT_FALSE(cell(&Session::atyped));
   EXPECT_EQ(dialogs.shown, kNoFile);
 }
 
 TEST_F(Fields, TheVarianceOnShowBecomesTheSillAndIsDrawn) {
-  select(2);
+  select(Line::second);
   panel.setCaption(Caption::Labelvariance, "4.568");
   typeSill("1");
   Labelvariance_Click(fit);
-  EXPECT_EQ(cell(&Session::c0typed), 0);
+  EXPECT_FALSE(cell(&Session::c0typed));
   EXPECT_EQ(panel.text(Field::c0), "4.568");
   EXPECT_EQ(number(&Session::c2), 4.568);
   EXPECT_EQ(plotter.drawings, 1);
 }
 
 TEST_F(Fields, TheVarianceOnShowReachesThePowerStructureToo) {
-  panel.setLetter(1, "P");
-  use({1});
-  est_Click(fit, 1);
+  panel.setLetter(Line::first, "P");
+  use({Line::first});
+  est_Click(fit, Line::first);
   ASSERT_FALSE(panel.enabled(Control::Textc0));
   panel.setCaption(Caption::Labelvariance, "4.5");
   Labelvariance_Click(fit);
@@ -299,7 +304,7 @@ TEST_F(Fields, EnterDrawsAndNoOtherKeyDoes) {
 }
 
 TEST_F(Fields, EnterBringsATypedValueToTheSlider) {
-  select(1);
+  select(Line::first);
   drawForReal();
   typeSill("4");
   EXPECT_EQ(panel.position(Slider::c0), 0);

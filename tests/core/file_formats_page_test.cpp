@@ -36,8 +36,8 @@ TEST(FileFormatsPage, TheVariogramFileIsReadAndWrittenAsItStands) {
   const std::string sample = samples()[0];
   Session session = sessionOf(sample);
   EXPECT_EQ(session.varname(1), "zinc");
-  EXPECT_EQ(classText(session, 1, 1, 2), "20 7 200");
-  EXPECT_EQ(modelText(session, 1, 1), "1 0.1 1 S 0.5 100 0 - 0 0.0001 0 - 0 0.0001");
+  EXPECT_EQ(classText(session, {1, 1}, 2), "20 7 200");
+  EXPECT_EQ(modelText(session, {1, 1}), "1 0.1 1 S 0.5 100 0 - 0 0.0001 0 - 0 0.0001");
   EXPECT_EQ(written(session, 1, sample), sample);
 }
 
@@ -57,7 +57,7 @@ TEST(FileFormatsPage, TheKrigingFileIsWrittenAsItStands) {
       {"135", "0", "40", "250.5", "-"},
       {"135", "0", "40", "250.5", "-"},
       {"", "0.1", "1", "0.5", "100", "2", "0.25", "250.5", "-", "-", "-", "0.85", "250.5"}};
-  saveKrigingFile(model, AnyDirections(), dialogs);
+  saveKrigingFile(model, AnyDirections(), dialogs, dialogs);
   ASSERT_EQ(samples().size(), 2U);
   EXPECT_EQ(contentOf(folder / "a.ZVP"), samples()[1]);
 }

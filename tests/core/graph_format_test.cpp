@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "session/numbers.h"
 #include "tests/support/fit_fixture.h"
 
 namespace zevfit {
@@ -38,7 +39,7 @@ TEST_F(GraphFormat, AFontBeyondTheLimitOpensTheDialogAgain) {
     const std::string start =
         "font: Times New Roman " + generalText(samples().Label2[row.row].fontsize);
     dialogs.fonts = {{"Arial", row.illegal}, {"Courier", row.legal}};
-    EXPECT_TRUE(chooseFont(fit, row.row));
+    EXPECT_TRUE(chooseFont(fit.session.style.Formfont, row.row, dialogs, dialogs));
     EXPECT_EQ(dialogs.shown,
               (Boxes{start, row.message, "font: Arial " + generalText(row.illegal)}));
     EXPECT_EQ(fontText(row.row),
@@ -49,14 +50,14 @@ TEST_F(GraphFormat, AFontBeyondTheLimitOpensTheDialogAgain) {
 
 TEST_F(GraphFormat, AFontWithoutANameOpensTheDialogAgain) {
   dialogs.fonts = {{"", 8}};
-  EXPECT_FALSE(chooseFont(fit, 0)) << "then cancelled";
+  EXPECT_FALSE(chooseFont(fit.session.style.Formfont, 0, dialogs, dialogs)) << "then cancelled";
   EXPECT_EQ(dialogs.shown,
             (Boxes{"font: Times New Roman 10", "plain: Please select the Font!", "font:  8"}));
   EXPECT_EQ(fontText(0), "Times New Roman|Times New Roman|10|10");
 }
 
 TEST_F(GraphFormat, CancelOfTheFontDialogChangesNothing) {
-  EXPECT_FALSE(chooseFont(fit, 1));
+  EXPECT_FALSE(chooseFont(fit.session.style.Formfont, 1, dialogs, dialogs));
   EXPECT_EQ(fontText(1), "Times New Roman|Times New Roman|7.8|7.8");
 }
 
@@ -131,12 +132,12 @@ TEST_F(GraphFormat, WhatIsKeptComesBack) {
 
 TEST_F(GraphFormat, ACancelledColourIsTheOneThatTheDialogHeld) {
   Colour held = kBlack;
-  chooseColour(fit, 4, held);
+  chooseColour(fit.session.style.cores, 4, dialogs, held);
   EXPECT_EQ(session.style.cores.Label4, kBlack) << "black the first time";
   dialogs.colours = {0x102030};
-  chooseColour(fit, 2, held);
+  chooseColour(fit.session.style.cores, 2, dialogs, held);
   EXPECT_EQ(session.style.cores.Label2, 0x102030);
-  chooseColour(fit, 4, held);
+  chooseColour(fit.session.style.cores, 4, dialogs, held);
   EXPECT_EQ(session.style.cores.Label4, 0x102030);
   EXPECT_EQ(dialogs.shown, (Boxes{"colour: 0", "colour: 0", "colour: 1056816"}))
       << "not primed with the swatch";

@@ -1,8 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 
+#include "plot/window/grip_events.h"
+#include "plot/window/placing.h"
 #include "session/fault.h"
+#include "session/line.h"
 #include "tests/support/drag_bench.h"
 
 namespace zevfit {
@@ -11,35 +15,41 @@ namespace {
 constexpr const char* kButtonNames[] = {"left", "right", "other"};
 constexpr MouseButton kButtons[] = {MouseButton::left, MouseButton::right, MouseButton::other};
 
-std::string nameOf(int handle, MouseButton button) {
-  return "handle " + std::to_string(handle) + ", button " +
+std::string nameOf(Line handle, MouseButton button) {
+  return "handle " + std::to_string(indexOf(handle)) + ", button " +
          kButtonNames[static_cast<std::size_t>(button)];
 }
 
-/// The handles are out; the axis of the last drag is none that a press would choose.
+/// The handles are out.
 struct GripBench : DragBench {
-  static constexpr std::int16_t kLastAxis = 9;
-  GripBench() {
-    Picture4_MouseUp(fit, window());
-    window().drag.dragaxis = kLastAxis;
+  explicit GripBench(DragAxis lastAxis = DragAxis::unset) {
+    Picture4_MouseUp(fit.session, fit.plotter, window());
+    window().drag.dragaxis = lastAxis;
     forget();
   }
 };
 
+constexpr DragAxis kAxes[] = {DragAxis::unset, DragAxis::range, DragAxis::sill};
+
 struct GripRow {
-  int handle;
+  Line handle;
   MouseButton button;
-  bool line1, line2;  ///< which guide is on show afterwards, where both were before
-  std::int16_t dragaxis;
+  bool line1, line2;               ///< which guide is on show afterwards, where both were before
+  std::optional<DragAxis> chosen;  ///< nothing: the axis of the last drag stays
 };
-constexpr std::int16_t kLast = GripBench::kLastAxis;
 constexpr GripRow kGripRows[] = {
-    {0, MouseButton::left, false, true, kLast},  {0, MouseButton::right, false, true, kLast},
-    {0, MouseButton::other, false, true, kLast}, {1, MouseButton::left, true, false, 1},
-    {1, MouseButton::right, false, true, 2},     {1, MouseButton::other, true, true, kLast},
-    {2, MouseButton::left, true, false, 1},      {2, MouseButton::right, false, true, 2},
-    {2, MouseButton::other, true, true, kLast},  {3, MouseButton::left, true, false, 1},
-    {3, MouseButton::right, false, true, 2},     {3, MouseButton::other, true, true, kLast},
+    {Line::nugget, MouseButton::left, false, true, {}},
+    {Line::nugget, MouseButton::right, false, true, {}},
+    {Line::nugget, MouseButton::other, false, true, {}},
+    {Line::first, MouseButton::left, true, false, DragAxis::range},
+    {Line::first, MouseButton::right, false, true, DragAxis::sill},
+    {Line::first, MouseButton::other, true, true, {}},
+    {Line::second, MouseButton::left, true, false, DragAxis::range},
+    {Line::second, MouseButton::right, false, true, DragAxis::sill},
+    {Line::second, MouseButton::other, true, true, {}},
+    {Line::third, MouseButton::left, true, false, DragAxis::range},
+    {Line::third, MouseButton::right, false, true, DragAxis::sill},
+    {Line::third, MouseButton::other, true, true, {}},
 };
 
 // Placed at the ranges 25, 50, 75 and the sills 2, 2.5, 5, 7.5; structure 1 less its width of 300.
@@ -47,20 +57,19 @@ constexpr double kLefts[] = {2400, 1717, 2834, 3851};
 constexpr double kTops[] = {2616, 2490, 1860, 1230};
 
 void expectHeld(GripBench& bench, const GripRow& row, const std::string& name) {
+  const std::size_t at = indexOf(row.handle);
   MemoryPlotWindow& window = bench.window();
-  for (int handle = 0; handle < kLines; ++handle) {
-    EXPECT_EQ(bench.held(handle), handle == row.handle ? 1 : 0) << name;
-    EXPECT_EQ(window.handles.at(static_cast<std::size_t>(handle)).border, handle != row.handle)
-        << name;
+  for (const Line handle : kLines) {
+    EXPECT_EQ(bench.held(handle), handle == row.handle) << name;
+    EXPECT_EQ(window.handles.at(indexOf(handle)).border, handle != row.handle) << name;
   }
-  EXPECT_EQ(bench.session.dragging, 1) << name;
-  EXPECT_EQ(window.line(Guide::Line1).at, kLefts[row.handle]) << name;
-  EXPECT_EQ(window.line(Guide::Line2).at, kTops[row.handle]) << name;
+  EXPECT_TRUE(bench.session.dragging) << name;
+  EXPECT_EQ(window.line(Guide::Line1).at, kLefts[at]) << name;
+  EXPECT_EQ(window.line(Guide::Line2).at, kTops[at]) << name;
   EXPECT_EQ(window.line(Guide::Line1).visible, row.line1) << name;
   EXPECT_EQ(window.line(Guide::Line2).visible, row.line2) << name;
-  EXPECT_EQ(window.drag.dragaxis, row.dragaxis) << name;
   EXPECT_EQ(bench.panel.line(), row.handle) << name;
-  EXPECT_EQ(bench.session.sel.at(static_cast<std::size_t>(row.handle)), 1) << name;
+  EXPECT_EQ(bench.session.sel, row.handle) << name;
 }
 
 TEST(Press, TakesHoldOfAFreeHandleByItsButton) {
@@ -74,6 +83,19 @@ TEST(Press, TakesHoldOfAFreeHandleByItsButton) {
     EXPECT_EQ(bench.window().line(Guide::Line1).to, 3120) << name;  // 3720 - 600
     EXPECT_EQ(bench.window().line(Guide::Line2).from, 800) << name;
     EXPECT_EQ(bench.window().line(Guide::Line2).to, 5668) << name;  // 6468 - 800
+  }
+}
+
+TEST(Grip, ChoosesTheAxisOfTheDragOrLeavesThatOfTheLastOne) {
+  for (const GripRow& row : kGripRows) {
+    for (const DragAxis last : kAxes) {
+      for (const bool press : {true, false}) {
+        GripBench bench(last);
+        press ? bench.press(row.handle, row.button) : bench.release(row.handle, row.button);
+        EXPECT_EQ(bench.window().drag.dragaxis, row.chosen.value_or(last))
+            << nameOf(row.handle, row.button) << (press ? ", press" : ", release");
+      }
+    }
   }
 }
 
@@ -93,49 +115,50 @@ TEST(Release, TakesUpAFreeHandleAsAPressDoesButForTheLengthsOfTheGuides) {
 }
 
 TEST(Press, FreesAHeldHandleByAnyButton) {
-  for (int handle = 0; handle < kLines; ++handle) {
+  for (const Line handle : kLines) {
     for (const MouseButton button : kButtons) {
-      GripBench bench;
-      bench.session.dragging = 1;
-      bench.held(handle) = 1;
+      GripBench bench(DragAxis::sill);
+      bench.session.dragging = true;
+      bench.held(handle) = true;
       bench.press(handle, button);
       const std::string name = nameOf(handle, button);
-      EXPECT_EQ(bench.held(handle), 0) << name;
-      EXPECT_EQ(bench.session.dragging, 0) << name;
-      EXPECT_EQ(bench.window().calls, Calls{"border " + std::to_string(handle) + " on"}) << name;
-      EXPECT_EQ(bench.window().drag.dragaxis, kLast) << name;
-      EXPECT_EQ(bench.panel.line(), -1) << name;
+      EXPECT_FALSE(bench.held(handle)) << name;
+      EXPECT_FALSE(bench.session.dragging) << name;
+      EXPECT_EQ(bench.window().calls, Calls{"border " + std::to_string(indexOf(handle)) + " on"})
+          << name;
+      EXPECT_EQ(bench.window().drag.dragaxis, DragAxis::sill) << name;
+      EXPECT_EQ(bench.panel.line(), std::nullopt) << name;
     }
   }
 }
 
 TEST(Release, FreesAHeldHandleAndLeavesSolidGuidesInPlace) {
-  for (int handle = 0; handle < kLines; ++handle) {
+  for (const Line handle : kLines) {
     for (const MouseButton button : kButtons) {
-      GripBench bench;
-      bench.session.dragging = 1;
-      bench.held(handle) = 1;
+      GripBench bench(DragAxis::sill);
+      bench.session.dragging = true;
+      bench.held(handle) = true;
       for (auto& guide : bench.window().guides) guide = {17, 11, 12, true, LineStyle::dotted};
       bench.release(handle, button);
       const std::string name = nameOf(handle, button);
-      EXPECT_EQ(bench.held(handle), 0) << name;
-      EXPECT_EQ(bench.session.dragging, 0) << name;
-      EXPECT_EQ(bench.window().calls,
-                (Calls{"border " + std::to_string(handle) + " on", "Line1 solid", "Line2 solid"}))
+      EXPECT_FALSE(bench.held(handle)) << name;
+      EXPECT_FALSE(bench.session.dragging) << name;
+      EXPECT_EQ(bench.window().calls, (Calls{"border " + std::to_string(indexOf(handle)) + " on",
+                                             "Line1 solid", "Line2 solid"}))
           << name;
       for (const auto& guide : bench.window().guides) {
         EXPECT_TRUE(guide.visible) << name;
         EXPECT_EQ(guide.at, 17) << name;
       }
-      EXPECT_EQ(bench.window().drag.dragaxis, kLast) << name;
-      EXPECT_EQ(bench.panel.line(), -1) << name;
+      EXPECT_EQ(bench.window().drag.dragaxis, DragAxis::sill) << name;
+      EXPECT_EQ(bench.panel.line(), std::nullopt) << name;
     }
   }
 }
 
 TEST(Press, GoesInThisOrder) {
   GripBench bench;
-  bench.press(2, MouseButton::right);
+  bench.press(Line::second, MouseButton::right);
   // The field of the sill changes with the line, and redraws; that of the range counts as typed
   // since the handles came out.
   EXPECT_EQ(bench.window().calls,
@@ -147,34 +170,30 @@ TEST(Press, GoesInThisOrder) {
 
 TEST(Press, MakesThePairOfTheWindowTheCurrentOne) {
   GripBench bench;
-  bench.session.curvar = 2;
-  bench.session.curdir = 1;
-  bench.press(1);
-  EXPECT_EQ(bench.session.curvar, kVariable);
-  EXPECT_EQ(bench.session.curdir, kDirection);
+  bench.session.setCurrent({2, 1});
+  bench.press(Line::first);
+  EXPECT_EQ(bench.session.current(), kPair);
 }
 
 TEST(Release, LeavesTheCurrentPairAlone) {
   GripBench bench;
-  bench.session.curvar = 2;
-  bench.session.curdir = 1;
-  bench.release(1);
-  bench.release(1);
-  EXPECT_EQ(bench.session.curvar, 2);
-  EXPECT_EQ(bench.session.curdir, 1);
+  bench.session.setCurrent({2, 1});
+  bench.release(Line::first);
+  bench.release(Line::first);
+  EXPECT_EQ(bench.session.current(), (Pair{2, 1}));
 }
 
 TEST(Press, StopsAtACaptionWithoutAPair) {
   for (const char* caption : {"", "Formod", "00,01", "01,00", "-1,02", "01,-2", "xx,02"}) {
-    for (const int held : {0, 1}) {
+    for (const bool held : {false, true}) {
       GripBench bench;
       bench.window().title = caption;
-      bench.held(1) = held;
-      bench.press(1);
+      bench.held(Line::first) = held;
+      bench.press(Line::first);
       EXPECT_TRUE(bench.session.curvar < 1 || bench.session.curdir < 1) << caption;
-      EXPECT_EQ(bench.held(1), held) << caption;
+      EXPECT_EQ(bench.held(Line::first), held) << caption;
       EXPECT_TRUE(bench.window().calls.empty()) << caption;
-      EXPECT_EQ(bench.session.dragging, 0) << caption;
+      EXPECT_FALSE(bench.session.dragging) << caption;
     }
   }
 }
@@ -182,9 +201,9 @@ TEST(Press, StopsAtACaptionWithoutAPair) {
 TEST(Press, FaultOfAPairOutsideTheTablesPassesToTheCaller) {
   GripBench bench;
   bench.window().title = "42,02";
-  EXPECT_THROW(bench.press(1), Fault);
+  EXPECT_THROW(bench.press(Line::first), Fault);
   // What comes before the option's handler stands.
-  EXPECT_EQ(bench.held(1), 1);
+  EXPECT_TRUE(bench.held(Line::first));
   EXPECT_FALSE(bench.window().handles[1].border);
 }
 
@@ -193,62 +212,62 @@ TEST(Press, AndReleaseToggleTheHold) {
   struct {
     const char* name;
     bool press;
-    int held;
+    bool held;
   } const steps[] = {
-      {"press", true, 1},
-      {"release", false, 0},
-      {"second press", true, 1},
-      {"press while held", true, 0},
-      {"release while free", false, 1},
-      {"last press", true, 0},
+      {"press", true, true},
+      {"release", false, false},
+      {"second press", true, true},
+      {"press while held", true, false},
+      {"release while free", false, true},
+      {"last press", true, false},
   };
   for (const auto& step : steps) {
-    step.press ? bench.press(2) : bench.release(2);
-    EXPECT_EQ(bench.held(2), step.held) << step.name;
+    step.press ? bench.press(Line::second) : bench.release(Line::second);
+    EXPECT_EQ(bench.held(Line::second), step.held) << step.name;
     EXPECT_EQ(bench.session.dragging, step.held) << step.name;
-    EXPECT_EQ(bench.window().handles[2].border, step.held == 0) << step.name;
+    EXPECT_EQ(bench.window().handles[2].border, !step.held) << step.name;
   }
 }
 
 TEST(Release, AfterAPressThatFreedLeavesAHandleThatFollowsWithoutAButton) {
   GripBench bench;
-  bench.press(2);
-  bench.press(2);
-  bench.release(2);
+  bench.press(Line::second);
+  bench.press(Line::second);
+  bench.release(Line::second);
   bench.moveTo(2017, 1860);
-  EXPECT_EQ(bench.range(2), 25);
+  EXPECT_EQ(bench.range(Line::second), 25);
   EXPECT_EQ(bench.window().handles[2].left, 2017);
 }
 
 TEST(Release, GuidesStaySolidFromThenOn) {
   GripBench bench;
   EXPECT_EQ(bench.window().line(Guide::Line1).style, LineStyle::dotted);
-  bench.press(1);
-  bench.release(1);
-  bench.press(1);
+  bench.press(Line::first);
+  bench.release(Line::first);
+  bench.press(Line::first);
   for (const auto& guide : bench.window().guides) EXPECT_EQ(guide.style, LineStyle::solid);
 }
 
 TEST(Release, OfOneOfTwoHeldHandlesEndsTheDragForBoth) {
   GripBench bench;
-  bench.press(1);
-  bench.press(2);
-  bench.release(2);
-  EXPECT_EQ(bench.session.dragging, 0);
-  EXPECT_EQ(bench.held(1), 1);
+  bench.press(Line::first);
+  bench.press(Line::second);
+  bench.release(Line::second);
+  EXPECT_FALSE(bench.session.dragging);
+  EXPECT_TRUE(bench.held(Line::first));
   // The one that is still held follows the next move, and the drag is on again.
   bench.moveTo(2017, 1860);
-  EXPECT_EQ(bench.session.dragging, 1);
+  EXPECT_TRUE(bench.session.dragging);
   EXPECT_EQ(bench.window().handles[1].left, 2017);
   EXPECT_EQ(bench.window().handles[2].left, 2834);
 }
 
 TEST(Press, SelectsTheLineOnlyWhereItIsNotSelected) {
   GripBench bench;
-  bench.press(1);
-  bench.release(1);
+  bench.press(Line::first);
+  bench.release(Line::first);
   bench.forget();
-  bench.press(1);
+  bench.press(Line::first);
   // The option is on already, so that its handler does not run.
   EXPECT_EQ(bench.panel.calls, Calls{"est2 = 1"});
 }

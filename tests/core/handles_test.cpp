@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
+
 #include <string>
 
 #include "plot/window/handles.h"
 #include "session/fault.h"
+#include "session/line.h"
+#include "tests/support/model_lines.h"
 
 namespace zevfit {
 
@@ -112,34 +115,34 @@ TEST(Handles, BoxOfNoHeightOrWidthIsAFault) {
 
 TEST(Handles, WriteWhatTheAxisOfTheDragSays) {
   struct {
-    int handle, dragaxis;
-    PairTable<Cell> Session::*cell;
+    Line handle;
+    DragAxis dragaxis;
     bool sill;
   } const rows[] = {
-      {0, 0, &Session::c0, true}, {0, 1, &Session::c0, true},  {0, 2, &Session::c0, true},
-      {1, 2, &Session::c1, true}, {1, 1, &Session::a1, false}, {1, 0, &Session::a1, false},
-      {2, 2, &Session::c2, true}, {2, 1, &Session::a2, false}, {2, 0, &Session::a2, false},
-      {3, 2, &Session::c3, true}, {3, 1, &Session::a3, false}, {3, 0, &Session::a3, false},
+      {Line::nugget, DragAxis::unset, true},  {Line::nugget, DragAxis::range, true},
+      {Line::nugget, DragAxis::sill, true},   {Line::first, DragAxis::sill, true},
+      {Line::first, DragAxis::range, false},  {Line::first, DragAxis::unset, false},
+      {Line::second, DragAxis::sill, true},   {Line::second, DragAxis::range, false},
+      {Line::second, DragAxis::unset, false}, {Line::third, DragAxis::sill, true},
+      {Line::third, DragAxis::range, false},  {Line::third, DragAxis::unset, false},
   };
   for (const auto& row : rows) {
-    const std::string name =
-        "handle " + std::to_string(row.handle) + " axis " + std::to_string(row.dragaxis);
+    const std::string name = "handle " + std::to_string(indexOf(row.handle)) + " axis " +
+                             std::to_string(static_cast<int>(row.dragaxis));
     const DragTarget target = dragTarget(row.handle, row.dragaxis);
-    EXPECT_EQ(target.cell, row.cell) << name;
     EXPECT_EQ(target.upright, row.sill) << name;
     EXPECT_EQ(target.field, row.sill ? Field::c0 : Field::a) << name;
     EXPECT_STREQ(target.pattern, row.sill ? "#####.###" : "####.###") << name;
   }
 }
 
-/// Variable 1 in direction 2, all lines in use.
+constexpr Pair kPair{1, 2};
+
+/// All lines in use.
 Session modelOfAllLines(double range, double sill) {
   Session session;
-  for (int line = 0; line < kLines; ++line) {
-    setFlag(session, line, 1, 2, 1);
-    (session.*kSillTable.at(static_cast<std::size_t>(line)))(1, 2) = sill;
-    if (line > 0) (session.*kRangeTable.at(static_cast<std::size_t>(line)))(1, 2) = range;
-  }
+  setNugget(session, kPair, sill);
+  for (const Line structure : kStructures) setStructure(session, kPair, structure, "", sill, range);
   return session;
 }
 
@@ -148,15 +151,15 @@ TEST(Handles, StandAtRangeAndSillOfTheirLine) {
   // and 3 at 800 + 0.25 * 4068, since their axis ends at 4868.
   const Session session = modelOfAllLines(25, 2.5);
   const Point expected[] = {{2400, 2490}, {2017, 2490}, {1817, 2490}, {1817, 2490}};
-  for (int handle = 0; handle < kLines; ++handle) {
-    const auto place = handlePlace(session, kMap, handle, 1, 2);
-    ASSERT_TRUE(place) << handle;
-    EXPECT_EQ(*place, expected[handle]) << handle;
+  for (const Line handle : kLines) {
+    const auto place = handlePlace(session, kMap, handle, kPair);
+    ASSERT_TRUE(place) << indexOf(handle);
+    EXPECT_EQ(*place, expected[indexOf(handle)]) << indexOf(handle);
   }
-  EXPECT_FALSE(handleForm(0).leftOfPlace);
-  EXPECT_TRUE(handleForm(1).leftOfPlace);
-  EXPECT_FALSE(handleForm(2).leftOfPlace);
-  EXPECT_FALSE(handleForm(3).leftOfPlace);
+  EXPECT_FALSE(handleForm(Line::nugget).leftOfPlace);
+  EXPECT_TRUE(handleForm(Line::first).leftOfPlace);
+  EXPECT_FALSE(handleForm(Line::second).leftOfPlace);
+  EXPECT_FALSE(handleForm(Line::third).leftOfPlace);
 }
 
 TEST(Handles, StayHiddenOutsideTheBoxWithTheirOwnRightEnd) {
@@ -174,30 +177,30 @@ TEST(Handles, StayHiddenOutsideTheBoxWithTheirOwnRightEnd) {
   };
   for (const auto& row : rows) {
     const Session session = modelOfAllLines(row.range, row.sill);
-    for (int handle = 0; handle < kLines; ++handle)
-      EXPECT_EQ(handlePlace(session, kMap, handle, 1, 2).has_value(), row.shown[handle])
-          << row.name << ", handle " << handle;
+    for (const Line handle : kLines)
+      EXPECT_EQ(handlePlace(session, kMap, handle, kPair).has_value(), row.shown[indexOf(handle)])
+          << row.name << ", handle " << indexOf(handle);
   }
 }
 
 TEST(Handles, OfTheNuggetNeedsRoomForItsFixedPlace) {
   const Session session = modelOfAllLines(0, 5);
   // The right end of the first picture is at 2400, of the second just before.
-  EXPECT_TRUE(handlePlace(session, {{3200, 3720}, 100, 0, 10}, 0, 1, 2));
-  EXPECT_FALSE(handlePlace(session, {{3199, 3720}, 100, 0, 10}, 0, 1, 2));
+  EXPECT_TRUE(handlePlace(session, {{3200, 3720}, 100, 0, 10}, Line::nugget, kPair));
+  EXPECT_FALSE(handlePlace(session, {{3199, 3720}, 100, 0, 10}, Line::nugget, kPair));
 }
 
 TEST(Handles, StayHiddenWithoutTheirLine) {
-  for (int handle = 0; handle < kLines; ++handle) {
+  for (const Line handle : kLines) {
     Session session = modelOfAllLines(25, 2.5);
-    setFlag(session, handle, 1, 2, 0);
-    EXPECT_FALSE(handlePlace(session, kMap, handle, 1, 2)) << handle;
+    line(session, kPair, handle).use(0);
+    EXPECT_FALSE(handlePlace(session, kMap, handle, kPair)) << indexOf(handle);
   }
 }
 
-bool placingFaults(const Session& session, const PlotMap& map, int handle) {
+bool placingFaults(const Session& session, const PlotMap& map, Line handle) {
   try {
-    handlePlace(session, map, handle, 1, 2);
+    handlePlace(session, map, handle, kPair);
     return false;
   } catch (const Fault&) {
     return true;
@@ -215,23 +218,24 @@ TEST(Handles, FaultOnlyWhereTheirLineNeedsTheValue) {
   };
   const Session session = modelOfAllLines(25, 2.5);
   for (const auto& row : rows) {
-    for (int handle = 0; handle < kLines; ++handle) {
+    for (const Line handle : kLines) {
       const PlotMap map{kBox, row.xmax, 0, row.ymax};
-      EXPECT_EQ(placingFaults(session, map, handle), row.faults[handle]) << row.name << handle;
+      EXPECT_EQ(placingFaults(session, map, handle), row.faults[indexOf(handle)])
+          << row.name << indexOf(handle);
     }
   }
 }
 
 TEST(Handles, FaultAtATextInPlaceOfANumber) {
-  for (int handle = 0; handle < kLines; ++handle) {
-    const auto line = static_cast<std::size_t>(handle);
+  for (const Line handle : kLines) {
     Session session = modelOfAllLines(25, 2.5);
-    (session.*kSillTable.at(line))(1, 2) = Cell::ofText("n.a.");
-    EXPECT_THROW(handlePlace(session, kMap, handle, 1, 2), Fault) << handle;
-    session = modelOfAllLines(25, 2.5);
-    if (handle == 0) continue;
-    (session.*kRangeTable.at(line))(1, 2) = Cell::ofText("n.a.");
-    EXPECT_THROW(handlePlace(session, kMap, handle, 1, 2), Fault) << handle;
+    line(session, kPair, handle).sill() = Cell::ofText("n.a.");
+    EXPECT_THROW(handlePlace(session, kMap, handle, kPair), Fault) << indexOf(handle);
+  }
+  for (const Line handle : kStructures) {
+    Session session = modelOfAllLines(25, 2.5);
+    line(session, kPair, handle).range() = Cell::ofText("n.a.");
+    EXPECT_THROW(handlePlace(session, kMap, handle, kPair), Fault) << indexOf(handle);
   }
 }
 

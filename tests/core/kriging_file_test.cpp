@@ -67,7 +67,7 @@ struct Save {
   }
   Boxes run() {
     dialogs.shown.clear();
-    saveKrigingFile(model, orthogonality, dialogs);
+    saveKrigingFile(model, orthogonality, dialogs, dialogs);
     return dialogs.shown;
   }
   bool made() const { return fs::exists(folder / "out.ZVP"); }

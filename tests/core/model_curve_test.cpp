@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tests/support/fit_fixture.h"
+#include "tests/support/model_lines.h"
 
 namespace zevfit {
 namespace {
@@ -13,33 +14,26 @@ namespace {
 /// Samples the pair under work up to 100, so that sample i lies at distance i.
 class ModelCurve : public testing::Test, protected FitFixture {
  protected:
-  void sample(double distanceend = 100) { modelcurve(fit, kDirection, kVariable, 10, distanceend); }
+  void sample(double distanceend = 100) { modelcurve(fit, kPair, distanceend); }
   double at(int i) const { return session.curvegam(i); }
 
-  void give(int structure, const char* letter, double sill, double range) {
-    const auto line = static_cast<std::size_t>(structure);
-    setFlag(session, structure, kVariable, kDirection, 1);
-    cell(kLetterTable[line]) = letter;
-    cell(kSillTable[line]) = sill;
-    cell(kRangeTable[line]) = range;
+  void give(Line structure, const char* letter, double sill, double range) {
+    setStructure(session, kPair, structure, letter, sill, range);
   }
-  void giveNugget(double nugget) {
-    cell(&Session::use0) = 1;
-    cell(&Session::c0) = nugget;
-  }
+  void giveNugget(double nugget) { setNugget(session, kPair, nugget); }
   void expectAll(double value) const {
     for (int i = 1; i <= 100; ++i) ASSERT_DOUBLE_EQ(at(i), value) << i;
   }
 };
 
-struct FormRow {
+struct CurveRow {
   const char* letter;
   double sill, range;
   int h;
   double value;
 };
 
-constexpr FormRow kForms[] = {
+constexpr CurveRow kCurveRows[] = {
     {"E", 2, 30, 10, 1.2642411176571153},  // 2 (1 - 1/e)
     {"E", 2, 30, 30, 1.900425863264272},   // 2 (1 - 1/e^3): 95 % at the range
     {"E", 2, 30, 60, 1.9950424956466672},  // 2 (1 - 1/e^6)
@@ -68,10 +62,10 @@ TEST_F(ModelCurve, TheNuggetHasNoLetter) {
 }
 
 TEST_F(ModelCurve, FollowsTheFormOfEachLetterInEveryStructure) {
-  for (const FormRow& row : kForms)
-    for (int structure = 1; structure <= 3; ++structure) {
+  for (const CurveRow& row : kCurveRows)
+    for (const Line structure : kStructures) {
       SCOPED_TRACE(std::string(row.letter) + " at " + std::to_string(row.h) + " in structure " +
-                   std::to_string(structure));
+                   std::to_string(indexOf(structure)));
       resetFitState(session);
       give(structure, row.letter, row.sill, row.range);
       sample();
@@ -81,7 +75,7 @@ TEST_F(ModelCurve, FollowsTheFormOfEachLetterInEveryStructure) {
 }
 
 TEST_F(ModelCurve, ReachesTheSphericalSillExactlyAtTheRange) {
-  give(1, "S", 0.7, 40);
+  give(Line::first, "S", 0.7, 40);
   sample();
   EXPECT_EQ(at(40), 0.7);
   EXPECT_EQ(at(41), 0.7);
@@ -90,13 +84,13 @@ TEST_F(ModelCurve, ReachesTheSphericalSillExactlyAtTheRange) {
 
 TEST_F(ModelCurve, NestsTheTickedLines) {
   giveNugget(0.5);
-  give(1, "E", 2, 30);
-  give(2, "S", 3, 40);
-  give(3, "P", 9, 0.5);
+  give(Line::first, "E", 2, 30);
+  give(Line::second, "S", 3, 40);
+  give(Line::third, "P", 9, 0.5);
   sample();
   // 0.5 + 2 (1 - e^-1.6) + 3 (0.6 - 0.032) + 4, at 16: 2 - 2 * 0.20189651799465538
   EXPECT_DOUBLE_EQ(at(16), 0.5 + 1.5962069640106892 + 1.704 + 4);
-  session.use3(kVariable, kDirection) = 0;
+  session.use3(kPair) = 0;
   cell(&Session::use1) = 0;
   sample();
   EXPECT_DOUBLE_EQ(at(16), 0.5 + 1.704);
@@ -116,7 +110,7 @@ TEST_F(ModelCurve, LeavesTheSlotsOfNoDistanceAlone) {
   session.curveh(0) = session.curvegam(0) = 77;
   for (auto& row : session.curverow) row(0) = 77;
   giveNugget(1);
-  for (int structure = 1; structure <= 3; ++structure) give(structure, "E", 1, 10);
+  for (const Line structure : kStructures) give(structure, "E", 1, 10);
   sample();
   EXPECT_EQ(session.curveh(0), 77);
   EXPECT_EQ(session.curvegam(0), 77);
@@ -137,18 +131,18 @@ TEST_F(ModelCurve, ShowsANuggetFromTheFirstPointOn) {
 }
 
 TEST_F(ModelCurve, MakesItsPairTheCurrentOne) {
-  session.curvar = session.curdir = 1;
+  session.setCurrent({1, 1});
   cell(&Session::use0) = 1;
   cell(&Session::c0) = 9;
   sample();
-  EXPECT_EQ(session.curvar, kVariable);
-  EXPECT_EQ(session.curdir, kDirection);
+  EXPECT_EQ(session.current(), kPair);
   expectAll(0);
 }
 
 TEST_F(ModelCurve, HasNoUseForTheTopOfTheAxis) {
-  give(1, "E", 2, 30);
-  modelcurve(fit, kDirection, kVariable, 0.001, 100);
+  give(Line::first, "E", 2, 30);
+  cell(&Session::ymax) = 0.001;
+  sample();
   EXPECT_DOUBLE_EQ(at(10), 1.2642411176571153);
 }
 
@@ -165,7 +159,7 @@ TEST_F(ModelCurve, StoresTheSmallestRangeForNoneAndNegativeOnes) {
 
 TEST_F(ModelCurve, MakesASecondNuggetOfTheSmallestRange) {
   for (const char* letter : {"S", "E", "G"}) {
-    give(1, letter, 2.5, 0);
+    give(Line::first, letter, 2.5, 0);
     sample();
     expectAll(2.5);
   }
@@ -173,7 +167,7 @@ TEST_F(ModelCurve, MakesASecondNuggetOfTheSmallestRange) {
 
 TEST_F(ModelCurve, CollapsesOnAnAxisWithoutExtent) {
   for (const char* letter : {"E", "S", "G", "P"}) {
-    give(1, letter, 2, 0.5);
+    give(Line::first, letter, 2, 0.5);
     sample(0);
     EXPECT_EQ(session.curveh(100), 0);
     expectAll(0);
@@ -184,13 +178,13 @@ TEST_F(ModelCurve, CollapsesOnAnAxisWithoutExtent) {
 constexpr double kStale = 1.2642411176571153;
 
 TEST_F(ModelCurve, AddsWhatTheRowOfALineWithoutAFormHeldBefore) {
-  give(1, "-", 4, 10);
+  give(Line::first, "-", 4, 10);
   sample();
   expectAll(0);
-  give(1, "E", 2, 30);
+  give(Line::first, "E", 2, 30);
   sample();
   for (const char* letter : {"-", "", "X", "e"}) {
-    give(1, letter, 4, 10);
+    give(Line::first, letter, 4, 10);
     sample();
     EXPECT_DOUBLE_EQ(at(10), kStale) << letter;
   }
@@ -198,7 +192,7 @@ TEST_F(ModelCurve, AddsWhatTheRowOfALineWithoutAFormHeldBefore) {
 
 TEST_F(ModelCurve, NeitherComputesNorChecksALineWhoseFlagIsNotOne) {
   giveNugget(3);
-  give(1, "E", 2, 30);
+  give(Line::first, "E", 2, 30);
   sample();
   cell(&Session::use0) = cell(&Session::use1) = 2;
   cell(&Session::c0) = 100;
@@ -214,7 +208,7 @@ TEST_F(ModelCurve, NeitherComputesNorChecksALineWhoseFlagIsNotOne) {
 
 TEST_F(ModelCurve, TakesTheCubeWhateverTheCaptionSays) {
   panel.setCaption(Caption::label10, "C2*(3/2*(h/a2) -1/2*(h/a2)^2)");
-  give(2, "S", 2, 40);
+  give(Line::second, "S", 2, 40);
   sample();
   EXPECT_EQ(at(20), 1.375);
 }
@@ -237,8 +231,8 @@ TEST_F(ModelCurve, FailsOnATextThatItNeedsAsANumber) {
   for (const TextRow& row : rows) {
     resetFitState(session);
     giveNugget(1);
-    give(1, "E", 2, 30);
-    give(2, "P", 1, 0.5);
+    give(Line::first, "E", 2, 30);
+    give(Line::second, "P", 1, 0.5);
     cell(row.table) = Cell::ofText("n/a");
     if (row.fails)
       EXPECT_THROW(sample(), Fault) << row.name;
@@ -250,10 +244,10 @@ TEST_F(ModelCurve, FailsOnATextThatItNeedsAsANumber) {
 
 TEST_F(ModelCurve, FailsBeyondTheNumbers) {
   giveNugget(1.7e+308);
-  give(1, "S", 1.7e+308, 1);
+  give(Line::first, "S", 1.7e+308, 1);
   EXPECT_THROW(sample(), Fault) << "the sum";
   resetFitState(session);
-  give(1, "P", 0, 2);
+  give(Line::first, "P", 0, 2);
   EXPECT_THROW(sample(1e+300), Fault) << "a power";
   for (int i = 0; i <= 100; ++i) EXPECT_TRUE(std::isfinite(session.curverow[1](i))) << i;
 }

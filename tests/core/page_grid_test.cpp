@@ -47,7 +47,7 @@ TEST(PageGrid, RowsFollowFromTheColumnsAlone) {
 }
 
 TEST(CellTables, HaveTheirShape) {
-  CellTable<int> table;
+  CellTable<int> table{"table"};
   table(7, 3, 6) = 1;
   EXPECT_EQ(table(7, 3, 6), 1);
   EXPECT_EQ(table(0, 0, 0), 0);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
-#include <limits>
+
 #include <string>
+#include <vector>
 
 #include "plot/window/pair_count.h"
 #include "session/fault.h"
@@ -33,9 +34,9 @@ Session classesAt(const std::vector<double>& distances, std::int64_t nclass) {
   session.nclass = nclass;
   session.hlag.create(nclass);
   session.npairs.create(nclass);
-  session.xmax(1, 2) = 100;
+  session.xmax(kPair) = 100;
   for (std::size_t i = 0; i < distances.size(); ++i)
-    session.hlag.set(1, 2, static_cast<std::int64_t>(i) + 1, distances[i]);
+    session.hlag.set(kPair, static_cast<std::int64_t>(i) + 1, distances[i]);
   return session;
 }
 
@@ -59,7 +60,7 @@ TEST(PairCount, FindsTheFirstClassLessThanFiftyAway) {
       {"first of two at one distance", {25, 25, 25, 25}, 2017, 1},
   };
   for (const auto& row : rows)
-    EXPECT_EQ(classAt(classesAt(row.distances, 4), kBox, row.x, 1, 2), row.found) << row.name;
+    EXPECT_EQ(classAt(classesAt(row.distances, 4), kBox, row.x, kPair), row.found) << row.name;
 }
 
 TEST(PairCount, ClassesThatWereNeverWrittenLieAtZero) {
@@ -75,25 +76,25 @@ TEST(PairCount, ClassesThatWereNeverWrittenLieAtZero) {
       {"no classes", {}, 0, 820, 1},
   };
   for (const auto& row : rows)
-    EXPECT_EQ(classAt(classesAt(row.distances, row.nclass), kBox, row.x, 1, 2), row.found)
+    EXPECT_EQ(classAt(classesAt(row.distances, row.nclass), kBox, row.x, kPair), row.found)
         << row.name;
 }
 
 TEST(PairCount, LooksThroughAnyNumberOfClasses) {
   const std::int64_t many = std::int64_t{1} << 53;
-  EXPECT_EQ(classAt(classesAt({10, 20}, many), kBox, 3000, 1, 2), many + 1);
+  EXPECT_EQ(classAt(classesAt({10, 20}, many), kBox, 3000, kPair), many + 1);
 }
 
 TEST(PairCount, FaultsAtATextAndInABoxOfNoWidth) {
   Session session = classesAt({10, 25}, 2);
-  session.hlag.set(1, 2, 1, Cell::ofText("n.a."));
-  EXPECT_THROW(classAt(session, kBox, 2017, 1, 2), Fault);
+  session.hlag.set(kPair, 1, Cell::ofText("n.a."));
+  EXPECT_THROW(classAt(session, kBox, 2017, kPair), Fault);
   // A class before the text is found all the same.
   session = classesAt({25, 10}, 2);
-  session.hlag.set(1, 2, 2, Cell::ofText("n.a."));
-  EXPECT_EQ(classAt(session, kBox, 2017, 1, 2), 1);
-  EXPECT_THROW(classAt(session, {1600, 3720}, 800, 1, 2), Fault);
-  EXPECT_THROW(classAt(session, kBox, 2017, 42, 2), Fault);
+  session.hlag.set(kPair, 2, Cell::ofText("n.a."));
+  EXPECT_EQ(classAt(session, kBox, 2017, kPair), 1);
+  EXPECT_THROW(classAt(session, {1600, 3720}, 800, kPair), Fault);
+  EXPECT_THROW(classAt(session, kBox, 2017, {42, 2}), Fault);
 }
 
 TEST(PairCount, IsPlainText) {
@@ -103,12 +104,12 @@ TEST(PairCount, IsPlainText) {
   } const rows[] = {{7, "7"}, {0, "0"}, {12.5F, "12.5"}, {1234567, "1234567"}, {1e7F, "1E+07"}};
   for (const auto& row : rows) {
     Session session = classesAt({}, 3);
-    session.npairs.set(1, 2, 2, row.pairs);
-    EXPECT_EQ(pairCountText(session, 1, 2, 2), row.text);
+    session.npairs.set(kPair, 2, row.pairs);
+    EXPECT_EQ(pairCountText(session, kPair, 2), row.text);
   }
   const Session session = classesAt({}, 3);
-  EXPECT_EQ(pairCountText(session, 1, 2, 4), "0");  // the slot after the last class
-  EXPECT_THROW(pairCountText(session, 1, 2, 5), Fault);
+  EXPECT_EQ(pairCountText(session, kPair, 4), "0");  // the slot after the last class
+  EXPECT_THROW(pairCountText(session, kPair, 5), Fault);
 }
 
 /// A drawn plot with the mouse at a place. Class 2, of 7 pairs, lies at (2017, 2112).
@@ -117,7 +118,7 @@ struct ClickBench : DragBench {
   void clickAt(double x, double y) {
     moveTo(x, y);
     forget();
-    Picture4_Click(fit, window());
+    Picture4_Click(fit.session, fit.plotter, window());
   }
 };
 
@@ -151,8 +152,8 @@ TEST(PairCount, ClickOnTheLegendSymbolShowsNoTag) {
 
 TEST(PairCount, ClickOnAPointAtTheCornerCountsAPointBeyondIt) {
   ClickBench bench;
-  bench.session.hlag.set(kVariable, kDirection, 4, 100);
-  bench.session.gam.set(kVariable, kDirection, 4, 10);
+  bench.session.hlag.set(kPair, 4, 100);
+  bench.session.gam.set(kPair, 4, 10);
   bench.draw();
   bench.clickAt(5680, 590);
   EXPECT_EQ(bench.window().tag.caption, "1");
@@ -161,7 +162,7 @@ TEST(PairCount, ClickOnAPointAtTheCornerCountsAPointBeyondIt) {
 TEST(PairCount, ClickWithoutAMatchShowsTheSlotAfterTheLastClass) {
   ClickBench bench;
   // The class has moved since the drawing, whose point still stands.
-  bench.session.hlag.set(kVariable, kDirection, 2, 90);
+  bench.session.hlag.set(kPair, 2, 90);
   bench.clickAt(2017, 2112);
   EXPECT_EQ(bench.window().calls, (Calls{"tag at 2017 2112", "tag 0", "tag shown", "draw"}));
 }
@@ -177,11 +178,9 @@ TEST(PairCount, TagStaysAtAClickElsewhere) {
 TEST(PairCount, ClickMakesThePairOfTheWindowTheCurrentOne) {
   ClickBench bench;
   bench.moveTo(2017, 2112);
-  bench.session.curvar = 2;
-  bench.session.curdir = 1;
-  Picture4_Click(bench.fit, bench.window());
-  EXPECT_EQ(bench.session.curvar, kVariable);
-  EXPECT_EQ(bench.session.curdir, kDirection);
+  bench.session.setCurrent({2, 1});
+  Picture4_Click(bench.fit.session, bench.fit.plotter, bench.window());
+  EXPECT_EQ(bench.session.current(), kPair);
   EXPECT_EQ(bench.window().tag.caption, "7");
 }
 
@@ -197,9 +196,9 @@ TEST(PairCount, ClickStopsAtACaptionWithoutAPair) {
 
 TEST(PairCount, FaultPassesToTheCaller) {
   ClickBench bench;
-  bench.session.hlag.set(kVariable, kDirection, 1, Cell::ofText("n.a."));
+  bench.session.hlag.set(kPair, 1, Cell::ofText("n.a."));
   bench.moveTo(2017, 2112);
-  EXPECT_THROW(Picture4_Click(bench.fit, bench.window()), Fault);
+  EXPECT_THROW(Picture4_Click(bench.fit.session, bench.fit.plotter, bench.window()), Fault);
 }
 
 }  // namespace

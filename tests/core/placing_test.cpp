@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <string>
 
+#include "plot/window/placing.h"
+#include "session/line.h"
 #include "tests/support/drag_bench.h"
 
 namespace zevfit {
@@ -10,7 +13,7 @@ namespace {
 
 TEST(Placing, BringsOutTheHandlesInThisOrder) {
   DragBench bench;
-  Picture4_MouseUp(bench.fit, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
   // Sills: 3120 - 252 * 2, 2.5, 5, 7.5. Ranges: 800 + 48.68 * 25 less the width of 300, and
   // 800 + 40.68 * 50, 75.
   EXPECT_EQ(bench.window().calls,
@@ -21,14 +24,14 @@ TEST(Placing, BringsOutTheHandlesInThisOrder) {
 }
 
 TEST(Placing, ShowsOnlyLinesInUse) {
-  for (int line = 0; line < kLines; ++line) {
+  for (const Line unused : kLines) {
     DragBench bench;
     for (auto& handle : bench.window().handles) handle.visible = true;
-    setFlag(bench.session, line, kVariable, kDirection, 0);
-    Picture4_MouseUp(bench.fit, bench.window());
-    for (int handle = 0; handle < kLines; ++handle)
-      EXPECT_EQ(bench.window().handles.at(static_cast<std::size_t>(handle)).visible, handle != line)
-          << "line " << line << ", handle " << handle;
+    line(bench.session, kPair, unused).use(0);
+    Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+    for (const Line handle : kLines)
+      EXPECT_EQ(bench.window().handles.at(indexOf(handle)).visible, handle != unused)
+          << "line " << indexOf(unused) << ", handle " << indexOf(handle);
     EXPECT_EQ(bench.drawings, 1);
   }
 }
@@ -36,7 +39,7 @@ TEST(Placing, ShowsOnlyLinesInUse) {
 TEST(Placing, FirstStructureStandsToTheLeftByItsOwnWidthAlone) {
   DragBench bench;
   for (auto& handle : bench.window().handles) handle.width = 123;
-  Picture4_MouseUp(bench.fit, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
   EXPECT_EQ(bench.window().handles[0].left, 2400);
   EXPECT_EQ(bench.window().handles[1].left, 1894);  // 2017 - 123
   EXPECT_EQ(bench.window().handles[2].left, 2834);
@@ -45,17 +48,17 @@ TEST(Placing, FirstStructureStandsToTheLeftByItsOwnWidthAlone) {
 
 TEST(Placing, TestsTheFirstStructureBeforeItsWidthIsTakenOff) {
   DragBench bench;
-  bench.session.a1(kVariable, kDirection) = 0;
-  Picture4_MouseUp(bench.fit, bench.window());
+  bench.session.a1(kPair) = 0;
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
   EXPECT_TRUE(bench.window().handles[1].visible);
   EXPECT_EQ(bench.window().handles[1].left, 500);  // 800 - 300, left of the box
 }
 
 TEST(Placing, HandlesOutsideTheBoxStayHidden) {
   DragBench bench;
-  bench.session.ymax(kVariable, kDirection) = 5;
-  bench.session.xmax(kVariable, kDirection) = 40;
-  Picture4_MouseUp(bench.fit, bench.window());
+  bench.session.ymax(kPair) = 5;
+  bench.session.xmax(kPair) = 40;
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
   // Sills 2, 2.5, 5 fit and 7.5 does not; ranges 25 fits and 50 does not.
   EXPECT_TRUE(bench.window().handles[0].visible);
   EXPECT_TRUE(bench.window().handles[1].visible);
@@ -65,24 +68,21 @@ TEST(Placing, HandlesOutsideTheBoxStayHidden) {
 
 TEST(Placing, ThePlotOwnsTheRangeOfThePairThatWasCurrent) {
   DragBench bench;
-  bench.session.curvar = 2;
-  bench.session.curdir = 1;
-  Picture4_MouseUp(bench.fit, bench.window());
-  EXPECT_EQ(bench.session.atyped(2, 1), 1);
-  EXPECT_EQ(bench.session.atyped(kVariable, kDirection), 0);
-  EXPECT_EQ(bench.session.curvar, kVariable);
-  EXPECT_EQ(bench.session.curdir, kDirection);
+  bench.session.setCurrent({2, 1});
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  EXPECT_TRUE(bench.session.atyped({2, 1}));
+  EXPECT_FALSE(bench.session.atyped(kPair));
+  EXPECT_EQ(bench.session.current(), kPair);
 }
 
 TEST(Placing, TakesTheSemivarianceAxisOfTheLastDrawingAndTheDistanceAxisOfItsOwn) {
   DragBench bench;
-  bench.session.plotvar = 2;
-  bench.session.plotdir = 1;
-  bench.session.ymax(2, 1) = 20;
-  bench.session.ymin(2, 1) = -5;
-  bench.session.xmax(2, 1) = 1000;
-  bench.session.xmax(kVariable, kDirection) = 200;
-  Picture4_MouseUp(bench.fit, bench.window());
+  bench.session.setPlotted({2, 1});
+  bench.session.ymax({2, 1}) = 20;
+  bench.session.ymin({2, 1}) = -5;
+  bench.session.xmax({2, 1}) = 1000;
+  bench.session.xmax(kPair) = 200;
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
   // A unit of semivariance is 2520 / 25 = 100.8 high: 3120 - 100.8 * (2.5 + 5); a unit of distance
   // 4868 / 200 = 24.34 wide: 800 + 24.34 * 25 - 300.
   EXPECT_DOUBLE_EQ(bench.window().handles[1].top, 2364);
@@ -92,18 +92,18 @@ TEST(Placing, TakesTheSemivarianceAxisOfTheLastDrawingAndTheDistanceAxisOfItsOwn
 TEST(Placing, CountsThePictureWithItsBorder) {
   DragBench bench;
   bench.window().pictureBorder = 30;
-  Picture4_MouseUp(bench.fit, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
   EXPECT_EQ(bench.window().handles[1].left, 1717);
   EXPECT_EQ(bench.window().handles[1].top, 2490);
 }
 
 TEST(Placing, HandleThatWasHeldStaysSo) {
   DragBench bench;
-  bench.held(2) = 1;
-  bench.session.dragging = 1;
-  Picture4_MouseUp(bench.fit, bench.window());
-  EXPECT_EQ(bench.held(2), 1);
-  EXPECT_EQ(bench.session.dragging, 1);
+  bench.held(Line::second) = true;
+  bench.session.dragging = true;
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  EXPECT_TRUE(bench.held(Line::second));
+  EXPECT_TRUE(bench.session.dragging);
 }
 
 TEST(Placing, WindowWithoutAPairShowsNone) {
@@ -111,26 +111,24 @@ TEST(Placing, WindowWithoutAPairShowsNone) {
   bench.window().title = "Formod";
   for (auto& handle : bench.window().handles) handle.visible = true;
   bench.session.plotvar = kVariable;
-  Picture4_MouseUp(bench.fit, bench.window());
-  EXPECT_EQ(bench.session.curvar, 0);
-  EXPECT_EQ(bench.session.curdir, 0);
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  EXPECT_EQ(bench.session.current(), (Pair{0, 0}));
   for (const auto& handle : bench.window().handles) EXPECT_FALSE(handle.visible);
 }
+
+constexpr std::array<bool, 4> kNoneHeld{};
 
 struct FaultRow {
   const char* name;
   void (*spoil)(DragBench& bench);
 };
 constexpr FaultRow kFaultRows[] = {
-    {"flag is a text",
-     [](DragBench& b) { b.session.use2(kVariable, kDirection) = Cell::ofText("yes"); }},
-    {"sill is a text",
-     [](DragBench& b) { b.session.c3(kVariable, kDirection) = Cell::ofText("n.a."); }},
-    {"range is a text",
-     [](DragBench& b) { b.session.a1(kVariable, kDirection) = Cell::ofText("n.a."); }},
-    {"no distance axis", [](DragBench& b) { b.session.xmax(kVariable, kDirection) = 0; }},
-    {"no semivariance axis", [](DragBench& b) { b.session.ymax(kVariable, kDirection) = 0; }},
-    {"sill out of bounds", [](DragBench& b) { b.session.c1(kVariable, kDirection) = HUGE_VAL; }},
+    {"flag is a text", [](DragBench& b) { b.session.use2(kPair) = Cell::ofText("yes"); }},
+    {"sill is a text", [](DragBench& b) { b.session.c3(kPair) = Cell::ofText("n.a."); }},
+    {"range is a text", [](DragBench& b) { b.session.a1(kPair) = Cell::ofText("n.a."); }},
+    {"no distance axis", [](DragBench& b) { b.session.xmax(kPair) = 0; }},
+    {"no semivariance axis", [](DragBench& b) { b.session.ymax(kPair) = 0; }},
+    {"sill out of bounds", [](DragBench& b) { b.session.c1(kPair) = HUGE_VAL; }},
     {"pair of the window outside the tables", [](DragBench& b) { b.window().title = "42,02"; }},
     {"former pair outside the tables", [](DragBench& b) { b.session.curvar = 42; }},
 };
@@ -140,12 +138,13 @@ TEST(Placing, AnyFaultFreesAndHidesAllHandles) {
     DragBench bench;
     for (auto& handle : bench.window().handles) handle.visible = true;
     bench.holdAll();
-    bench.session.dragging = 1;
+    bench.session.dragging = true;
     row.spoil(bench);
-    EXPECT_NO_THROW(Picture4_MouseUp(bench.fit, bench.window())) << row.name;
-    EXPECT_EQ(bench.session.dragsel, (std::array{0, 0, 0, 0, 0})) << row.name;
+    EXPECT_NO_THROW(Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window()))
+        << row.name;
+    EXPECT_EQ(bench.session.dragsel, kNoneHeld) << row.name;
     for (const auto& handle : bench.window().handles) EXPECT_FALSE(handle.visible) << row.name;
-    EXPECT_EQ(bench.session.dragging, 1) << row.name;
+    EXPECT_TRUE(bench.session.dragging) << row.name;
     EXPECT_EQ(bench.drawings, 0) << row.name;
   }
 }
@@ -155,13 +154,12 @@ TEST(Placing, FaultOfTheDrawingHidesTheHandlesToo) {
   bench.holdAll();
   // The legend looks at (direction, variable), which no table has for this variable.
   bench.window().title = "22,02";
-  setFlag(bench.session, 0, 22, 2, 1);
-  bench.session.c0(22, 2) = 5;
-  Picture4_MouseUp(bench.fit, bench.window());
+  setNugget(bench.session, {22, 2}, 5);
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
   EXPECT_EQ(bench.drawings, 1);
   EXPECT_EQ(bench.window().handles[0].top, 1860);  // it had been placed
   EXPECT_FALSE(bench.window().handles[0].visible);
-  EXPECT_EQ(bench.session.dragsel, (std::array{0, 0, 0, 0, 0}));
+  EXPECT_EQ(bench.session.dragsel, kNoneHeld);
 }
 
 }  // namespace

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+
+#include "plot/window/activation.h"
 #include "tests/support/plot_bench.h"
 
 namespace zevfit {
@@ -9,8 +13,7 @@ namespace {
 struct ActivationBench : PlotBench {
   ActivationBench() {
     draw();
-    session.curvar = 2;
-    session.curdir = 1;
+    session.setCurrent({2, 1});
     drawings = 0;
     window().calls.clear();
   }
@@ -19,8 +22,7 @@ struct ActivationBench : PlotBench {
 TEST(Activation, MakesThePairOfTheWindowTheCurrentOne) {
   ActivationBench bench;
   activatePlotWindow(bench.fit, bench.window());
-  EXPECT_EQ(bench.session.curvar, 1);
-  EXPECT_EQ(bench.session.curdir, 2);
+  EXPECT_EQ(bench.session.current(), kPair);
   EXPECT_EQ(bench.panel.listPosition(List::Combo2), 0);
   EXPECT_EQ(bench.panel.listPosition(List::Combodirvar), 1);
   // The lists have run their handlers.
@@ -40,25 +42,23 @@ TEST(Activation, EndsADeleteOfTheReportsAlsoWithoutAPair) {
 
 TEST(Activation, FreesTheHandlesAndTouchesTheBorderOfTheFirstAlone) {
   ActivationBench bench;
-  bench.session.dragging = 1;
-  bench.session.dragsel = {1, 1, 1, 1, 1};
+  bench.session.dragging = true;
+  bench.session.dragsel.fill(true);
   activatePlotWindow(bench.fit, bench.window());
-  EXPECT_EQ(bench.session.dragging, 0);
-  EXPECT_EQ(bench.session.dragsel, (std::array{0, 0, 0, 0, 1}));
-  EXPECT_EQ(bench.window().calls,
-            (std::vector<std::string>{"border 0 on", "border 0 on", "border 0 on", "border 0 on",
-                                      "guides hidden"}));
+  EXPECT_FALSE(bench.session.dragging);
+  EXPECT_EQ(bench.session.dragsel, (std::array<bool, 4>{}));
+  EXPECT_EQ(bench.window().calls, (std::vector<std::string>{"border 0 on", "guides hidden"}));
 }
 
 TEST(Activation, StopsAtACaptionWithoutAPair) {
   for (const char* caption : {"", "Formod", "00,01", "01,00", "-1,02", "01,-2", "xx,02"}) {
     ActivationBench bench;
-    bench.session.dragging = 1;
-    bench.session.dragsel = {1, 1, 1, 1, 0};
+    bench.session.dragging = true;
+    bench.session.dragsel.fill(true);
     bench.window().title = caption;
     activatePlotWindow(bench.fit, bench.window());
-    EXPECT_EQ(bench.session.dragging, 0) << caption;
-    EXPECT_EQ(bench.session.dragsel, (std::array{1, 1, 1, 1, 0})) << caption;
+    EXPECT_FALSE(bench.session.dragging) << caption;
+    EXPECT_EQ(std::ranges::count(bench.session.dragsel, true), 4) << caption;
     EXPECT_TRUE(bench.window().calls.empty()) << caption;
     EXPECT_EQ(bench.drawings, 0) << caption;
     EXPECT_TRUE(bench.session.curvar < 1 || bench.session.curdir < 1) << caption;
@@ -67,11 +67,11 @@ TEST(Activation, StopsAtACaptionWithoutAPair) {
 
 TEST(Activation, BringsControlsTotalAndDrawingUpToDate) {
   ActivationBench bench;
-  bench.session.use1(1, 2) = 1;
-  bench.session.model1(1, 2) = "E";
-  bench.session.c1(1, 2) = 1.5;
-  bench.session.use2(1, 2) = 0;
-  bench.session.c2(1, 2) = 4;
+  bench.session.use1(kPair) = 1;
+  bench.session.model1(kPair) = "E";
+  bench.session.c1(kPair) = 1.5;
+  bench.session.use2(kPair) = 0;
+  bench.session.c2(kPair) = 4;
   bench.session.ascale = 0;
   bench.panel.calls.clear();
   // The drawing shows the model and sets the scales too, so here it only counts.
@@ -82,7 +82,7 @@ TEST(Activation, BringsControlsTotalAndDrawingUpToDate) {
             (std::vector<std::string>{"Combo2 = 0", "Combodirvar = 1", "letter 1 = E",
                                       "HScrolla maximum = 32000"}));
   EXPECT_EQ(bench.session.ascale, 32000);
-  EXPECT_EQ(bench.session.ctotal(1, 2), 3.5);  // 2 + 1.5
+  EXPECT_EQ(bench.session.ctotal(kPair), 3.5);  // 2 + 1.5
   EXPECT_EQ(plotter.drawings, 1);
 }
 
@@ -105,7 +105,7 @@ TEST(Activation, RedrawsUnlessTheWindowIsOfOneExactSize) {
     EXPECT_EQ(bench.drawings, row.drawings) << row.name;
     EXPECT_EQ(bench.session.curvar, 1) << row.name;
     EXPECT_EQ(bench.panel.listPosition(List::Combo2), row.drawings == 1 ? 0 : -1) << row.name;
-    EXPECT_EQ(std::ranges::count(window.calls, "border 0 on"), 4) << row.name;
+    EXPECT_EQ(std::ranges::count(window.calls, "border 0 on"), 1) << row.name;
   }
 }
 
@@ -121,13 +121,13 @@ TEST(Activation, EndsSilentlyAtAFault) {
   ActivationBench bench;
   // The nugget on show is above the axis; its text stands already, so that no event runs.
   bench.panel.setText(Field::c0, "11");
-  bench.session.sel[0] = 1;
-  bench.session.c0(1, 2) = 11;
-  bench.session.ctotal(1, 2) = -1;
+  bench.session.sel = Line::nugget;
+  bench.session.c0(kPair) = 11;
+  bench.session.ctotal(kPair) = -1;
   bench.drawings = 0;
   EXPECT_NO_THROW(activatePlotWindow(bench.fit, bench.window()));
   EXPECT_EQ(bench.drawings, 0);
-  EXPECT_EQ(bench.session.ctotal(1, 2), -1);
+  EXPECT_EQ(bench.session.ctotal(kPair), -1);
   EXPECT_EQ(bench.panel.listPosition(List::Combodirvar), 1);
 }
 
@@ -140,7 +140,7 @@ TEST(Activation, EndsSilentlyAtAPairOutsideTheTables) {
 
 TEST(Activation, EndsSilentlyAtAFaultOfTheFrame) {
   ActivationBench bench;
-  bench.session.use1(1, 2) = Cell::ofText("n.a.");
+  bench.session.use1(kPair) = Cell::ofText("n.a.");
   EXPECT_NO_THROW(activatePlotWindow(bench.fit, bench.window()));
 }
 

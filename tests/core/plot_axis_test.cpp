@@ -25,7 +25,7 @@ TEST(PlotGrid, IsDrawnInTheColourOfTheBackgroundToo) {
 // ymin -10, ymax 10: a step of 4.
 TEST(PlotNumbers, SayZeroAtTheOriginOfANegativeAxis) {
   PlotBench bench;
-  bench.session.ymin(1, 2) = -10;
+  bench.session.ymin(kPair) = -10;
   bench.draw();
   EXPECT_EQ(wordings(numbersOf(bench.operations())),
             (std::vector<std::string>{"20.00", "40.00", "60.00", "80.00", "100.00", "10.00 ",
@@ -60,9 +60,9 @@ TEST(PlotNumbers, MoveLeftByTheirLength) {
 
 TEST(PlotNumbers, DivideWhatTheAxesSpan) {
   PlotBench bench;
-  bench.session.xmax(1, 2) = 7;     // 1.4 each
-  bench.session.ymin(1, 2) = -0.5;  // 0.6 each
-  bench.session.ymax(1, 2) = 2.5;
+  bench.session.xmax(kPair) = 7;     // 1.4 each
+  bench.session.ymin(kPair) = -0.5;  // 0.6 each
+  bench.session.ymax(kPair) = 2.5;
   bench.draw();
   EXPECT_EQ(wordings(numbersOf(bench.operations())),
             (std::vector<std::string>{"1.40", "2.80", "4.20", "5.60", "7.00", "2.50 ", "1.90 ",
@@ -71,20 +71,20 @@ TEST(PlotNumbers, DivideWhatTheAxesSpan) {
 
 TEST(DistanceAxis, EndsAtTheLastLagUntilItIsSet) {
   PlotBench bench;
-  bench.session.hmax(1, 2) = 80;
+  bench.session.hmax(kPair) = 80;
   bench.draw();
-  EXPECT_EQ(bench.session.xmax(1, 2), 80);
-  bench.session.hmax(1, 2) = 90;
+  EXPECT_EQ(bench.session.xmax(kPair), 80);
+  bench.session.hmax(kPair) = 90;
   bench.draw();
-  EXPECT_EQ(bench.session.xmax(1, 2), 80);
-  EXPECT_EQ(bench.session.xmax(2, 1), 0);
+  EXPECT_EQ(bench.session.xmax(kPair), 80);
+  EXPECT_EQ(bench.session.xmax({2, 1}), 0);
 }
 
 TEST(DistanceAxis, KeepsAnEndThatWasSet) {
   PlotBench bench;
-  bench.session.xmax(1, 2) = 55;
+  bench.session.xmax(kPair) = 55;
   bench.draw();
-  EXPECT_EQ(bench.session.xmax(1, 2), 55);
+  EXPECT_EQ(bench.session.xmax(kPair), 55);
 }
 
 }  // namespace

@@ -41,7 +41,7 @@ TEST(PlotPoints, LeaveOutWhatTheAxesOrTheDataDoNotHold) {
   for (const auto& row : rows) {
     PlotBench bench;
     bench.session.nclass = 1;
-    setClasses(bench.session, kVariable, kDirection, {row.lag});
+    setClasses(bench.session, kPair, {row.lag});
     bench.draw();
     EXPECT_EQ(pointsOf(bench.operations()), row.points) << row.name;
     EXPECT_EQ(bench.window().fronted, 1) << row.name;
@@ -50,7 +50,7 @@ TEST(PlotPoints, LeaveOutWhatTheAxesOrTheDataDoNotHold) {
 
 TEST(PlotPoints, ComeInTheOrderOfTheClasses) {
   PlotBench bench;
-  setClasses(bench.session, kVariable, kDirection, {{75, 1, 1}, {25, 2, 1}, {50, 3, 1}, {0, 4, 1}});
+  setClasses(bench.session, kPair, {{75, 1, 1}, {25, 2, 1}, {50, 3, 1}, {0, 4, 1}});
   bench.draw();
   EXPECT_EQ(pointsOf(bench.operations()),
             (std::vector<DiscOf>{point(4451, 2868), point(2017, 2616), point(3234, 2364),
@@ -73,9 +73,9 @@ TEST(PlotPoints, AreThoseOfTheClassesOfTheFile) {
 
 TEST(PlotPoints, LeaveOutTheSlotInFrontOfTheFirstClass) {
   PlotBench bench;
-  bench.session.hlag.set(1, 2, 0, 60);
-  bench.session.gam.set(1, 2, 0, 6);
-  bench.session.npairs.set(1, 2, 0, 6);
+  bench.session.hlag.set(kPair, 0, 60);
+  bench.session.gam.set(kPair, 0, 6);
+  bench.session.npairs.set(kPair, 0, 6);
   bench.draw();
   EXPECT_EQ(pointsOf(bench.operations()).size(), 4U);
 }
@@ -86,7 +86,7 @@ TEST(PlotPoints, DoNotWaitForClassesThatAFileOnlyClaims) {
   bench.session.hlag.create(bench.session.nclass);
   bench.session.gam.create(bench.session.nclass);
   bench.session.npairs.create(bench.session.nclass);
-  setClasses(bench.session, kVariable, kDirection, {{10, 2, 5}, {25, 4, 7}});
+  setClasses(bench.session, kPair, {{10, 2, 5}, {25, 4, 7}});
   bench.draw();
   EXPECT_EQ(pointsOf(bench.operations()).size(), 2U);
   EXPECT_EQ(bench.window().fronted, 1);
@@ -105,12 +105,12 @@ TEST(PlotPoints, AreNoneWhereNoClassWasRead) {
 TEST(PlotSill, MarksTheVarianceAndNotTheModel) {
   PlotBench bench;
   bench.session.variance(1) = 8;
-  bench.session.c0(1, 2) = 3;
+  bench.session.c0(kPair) = 3;
   bench.draw();
   // The first red line is the sample of the legend.
   EXPECT_EQ(linesOf(bench.operations(), kSill)[1],
             (LineOf{{5668, 1104}, {800, 1104}, {kSill, 2, LineStyle::solid}}));
-  bench.session.c0(1, 2) = 4;
+  bench.session.c0(kPair) = 4;
   bench.draw();
   EXPECT_EQ(linesOf(bench.operations(), kSill)[1].from, (Place{5668, 1104}));
 }
@@ -120,7 +120,7 @@ TEST(PlotSill, MovesWithTheVariable) {
   bench.session.curvar = 2;
   bench.draw();
   // 3120 - 252 * 7.5
-  EXPECT_EQ(linesOf(bench.window(2, 2).surface.operations, kSill)[1].from, (Place{5668, 1230}));
+  EXPECT_EQ(linesOf(bench.window({2, 2}).surface.operations, kSill)[1].from, (Place{5668, 1230}));
 }
 
 TEST(PlotSill, MayLieOutsideTheBox) {
@@ -132,7 +132,7 @@ TEST(PlotSill, MayLieOutsideTheBox) {
 
 TEST(PlotCurve, IsSampledButNotDrawnWithoutAModel) {
   PlotBench bench;
-  bench.session.use0(1, 2) = 0;
+  bench.session.use0(kPair) = 0;
   bench.session.curvegam.fill(7);
   bench.draw();
   EXPECT_TRUE(linesOf(bench.operations(), kCurve).empty());
@@ -209,10 +209,10 @@ TEST(PlotCurve, DrawsNothingAboveTheAxis) {
 // A power structure of exponent 1 is the distance itself: 10 samples up to the top.
 TEST(PlotCurve, IsTheSampledModel) {
   PlotBench bench;
-  bench.session.use0(1, 2) = 0;
-  bench.session.use1(1, 2) = 1;
-  bench.session.model1(1, 2) = "P";
-  bench.session.a1(1, 2) = 1;
+  bench.session.use0(kPair) = 0;
+  bench.session.use1(kPair) = 1;
+  bench.session.model1(kPair) = "P";
+  bench.session.a1(kPair) = 1;
   bench.draw();
   const std::vector<LineOf> pieces = piecesOf(bench.operations());
   ASSERT_EQ(pieces.size(), 10U);
@@ -222,7 +222,7 @@ TEST(PlotCurve, IsTheSampledModel) {
 TEST(PlotRange, CutsPointsAndCurveAtALowerTop) {
   PlotBench bench;
   bench.setCurve({{60, 5.5}}, 4.5);
-  bench.session.ymax(1, 2) = 5;
+  bench.session.ymax(kPair) = 5;
   bench.draw();
   // y = 3120 - 504 g
   EXPECT_EQ(pointsOf(bench.operations()),
@@ -232,7 +232,7 @@ TEST(PlotRange, CutsPointsAndCurveAtALowerTop) {
 
 TEST(PlotRange, SamplesTheCurveOverAShorterAxis) {
   PlotBench bench;
-  bench.session.xmax(1, 2) = 50;
+  bench.session.xmax(kPair) = 50;
   bench.draw();
   EXPECT_EQ(bench.session.curveh(1), 0.5);
   EXPECT_EQ(bench.session.curveh(100), 50);
@@ -244,8 +244,8 @@ TEST(PlotRange, SamplesTheCurveOverAShorterAxis) {
 
 TEST(PlotRange, DrawsANegativeAxisFromItsBottom) {
   PlotBench bench;
-  bench.session.ymin(1, 2) = -10;
-  setClasses(bench.session, kVariable, kDirection, {{50, -10, 1}, {50, -2, 1}});
+  bench.session.ymin(kPair) = -10;
+  setClasses(bench.session, kPair, {{50, -10, 1}, {50, -2, 1}});
   bench.session.nclass = 2;
   bench.draw();
   // y = 3120 - 126 (g + 10)
@@ -267,13 +267,10 @@ TEST(PlotControls, ShowTheVariance) {
 
 TEST(PlotControls, ShowTheModelOfThePair) {
   PlotBench bench;
-  bench.session.sel[1] = 1;
-  bench.session.use1(1, 2) = 1;
-  bench.session.model1(1, 2) = "S";
-  bench.session.c1(1, 2) = 2.5;
-  bench.session.a1(1, 2) = 40;
+  bench.session.sel = Line::first;
+  setStructure(bench.session, kPair, Line::first, "S", 2.5, 40);
   bench.draw();
-  EXPECT_EQ(bench.panel.letter(1), "S");
+  EXPECT_EQ(bench.panel.letter(Line::first), "S");
   EXPECT_EQ(bench.panel.text(Field::c0), "2.5");
   EXPECT_EQ(bench.panel.text(Field::a), "40");
   EXPECT_EQ(bench.session.c0scale, 32000);
@@ -283,8 +280,8 @@ TEST(PlotControls, ShowTheModelOfThePair) {
 TEST(PlotControls, LetTheSlidersCatchUpWithTypedValues) {
   PlotBench bench;
   bench.draw();
-  bench.session.c0typed(1, 2) = 1;
-  bench.session.atyped(1, 2) = 1;
+  bench.session.c0typed(kPair) = true;
+  bench.session.atyped(kPair) = true;
   bench.panel.setText(Field::c0, "5");
   bench.panel.setText(Field::a, "10");
   EXPECT_EQ(bench.panel.position(Slider::c0), 0);

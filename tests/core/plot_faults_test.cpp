@@ -41,65 +41,65 @@ std::ostream& operator<<(std::ostream& out, const FaultCase& row) { return out <
 const Cell kWord = Cell::ofText("n.a.");
 
 const FaultCase kFaultCases[] = {
-    {"the top of the axis is its bottom", [](PlotBench& bench) { bench.session.ymin(1, 2) = 10; },
+    {"the top of the axis is its bottom", [](PlotBench& bench) { bench.session.ymin(kPair) = 10; },
      kNumbers},
-    {"no distance is above 0", [](PlotBench& bench) { bench.session.hmax(1, 2) = 0; }, kNumbers},
+    {"no distance is above 0", [](PlotBench& bench) { bench.session.hmax(kPair) = 0; }, kNumbers},
     {"the distance of a class is a text",
-     [](PlotBench& bench) { bench.session.hlag.set(1, 2, 3, kWord); },
+     [](PlotBench& bench) { bench.session.hlag.set(kPair, 3, kWord); },
      {true, true, true, 2, 0}},
     {"so is that of a class without pairs",
      [](PlotBench& bench) {
-       bench.session.hlag.set(1, 2, 3, kWord);
-       bench.session.npairs.set(1, 2, 3, 0);
+       bench.session.hlag.set(kPair, 3, kWord);
+       bench.session.npairs.set(kPair, 3, 0);
      },
      {true, true, true, 2, 0}},
     {"so is that of a class above the axis",
      [](PlotBench& bench) {
-       bench.session.hlag.set(1, 2, 3, kWord);
-       bench.session.gam.set(1, 2, 3, 11);
+       bench.session.hlag.set(kPair, 3, kWord);
+       bench.session.gam.set(kPair, 3, 11);
      },
      {true, true, true, 2, 0}},
     {"so is that of the last class, which has no more",
      [](PlotBench& bench) {
        bench.session.nclass = 5;
-       bench.session.hlag.set(1, 2, 5, kWord);
+       bench.session.hlag.set(kPair, 5, kWord);
      },
      {true, true, true, 4, 0}},
     {"the variance is a text", [](PlotBench& bench) { bench.session.variance(1) = kWord; }, kFrame},
-    {"the nugget is a text", [](PlotBench& bench) { bench.session.c0(1, 2) = kWord; }, kFrame},
-    {"a range is a text", [](PlotBench& bench) { bench.session.a3(1, 2) = kWord; }, kFrame},
+    {"the nugget is a text", [](PlotBench& bench) { bench.session.c0(kPair) = kWord; }, kFrame},
+    {"a range is a text", [](PlotBench& bench) { bench.session.a3(kPair) = kWord; }, kFrame},
     {"the nugget on show is above the axis",
      [](PlotBench& bench) {
        bench.draw();
-       bench.session.sel[0] = 1;
-       bench.session.c0(1, 2) = 11;
+       bench.session.sel = Line::nugget;
+       bench.session.c0(kPair) = 11;
      },
      kFrame},
     {"the typed sill is above the slider",
      [](PlotBench& bench) {
        bench.draw();
-       bench.session.c0typed(1, 2) = 1;
+       bench.session.c0typed(kPair) = true;
        bench.panel.setText(Field::c0, "20");
      },
      kFrame},
     {"the typed range is above the slider",
      [](PlotBench& bench) {
        bench.draw();
-       bench.session.atyped(1, 2) = 1;
+       bench.session.atyped(kPair) = true;
        bench.panel.setText(Field::a, "2000");
-       bench.session.hmax(1, 2) = 1;
+       bench.session.hmax(kPair) = 1;
      },
      kFrame},
     {"the typed sill has an empty axis",
      [](PlotBench& bench) {
-       bench.session.c0typed(1, 2) = 1;
-       bench.session.ymin(1, 2) = 10;
+       bench.session.c0typed(kPair) = true;
+       bench.session.ymin(kPair) = 10;
      },
      kFrame},
     {"a number of an axis is too large",
      [](PlotBench& bench) {
-       bench.session.ymin(1, 2) = -1.7e+308;
-       bench.session.ymax(1, 2) = 1.7e+308;
+       bench.session.ymin(kPair) = -1.7e+308;
+       bench.session.ymax(kPair) = 1.7e+308;
      },
      kFrame},
 };
@@ -126,16 +126,16 @@ TEST(PlotFaults, AreNoneInTheSample) {
 
 TEST(PlotFaults, DoNotComeFromTextsBehindTheLastClass) {
   PlotBench bench;
-  bench.session.hlag.set(1, 2, 5, kWord);
+  bench.session.hlag.set(kPair, 5, kWord);
   bench.draw();
   EXPECT_EQ(extentOf(bench.operations()), kWhole);
 }
 
 TEST(PlotFaults, LeaveTheEndOfTheDistanceAxisSet) {
   PlotBench bench;
-  bench.session.ymin(1, 2) = 10;
+  bench.session.ymin(kPair) = 10;
   bench.draw();
-  EXPECT_EQ(bench.session.xmax(1, 2), 100);
+  EXPECT_EQ(bench.session.xmax(kPair), 100);
 }
 
 TEST(PlotFaults, OfTheFrameAreTheCallers) {
@@ -143,14 +143,14 @@ TEST(PlotFaults, OfTheFrameAreTheCallers) {
     const char* name;
     void (*prepare)(Session&);
   } const rows[] = {
-      {"use0", [](Session& session) { session.use0(1, 2) = kWord; }},
-      {"use1", [](Session& session) { session.use1(1, 2) = kWord; }},
-      {"use2", [](Session& session) { session.use2(1, 2) = kWord; }},
+      {"use0", [](Session& session) { session.use0(kPair) = kWord; }},
+      {"use1", [](Session& session) { session.use1(kPair) = kWord; }},
+      {"use2", [](Session& session) { session.use2(kPair) = kWord; }},
       // A typed value does not guard the frame.
       {"use0 with typed values",
        [](Session& session) {
-         session.use0(1, 2) = kWord;
-         session.c0typed(1, 2) = session.atyped(1, 2) = 1;
+         session.use0(kPair) = kWord;
+         session.c0typed(kPair) = session.atyped(kPair) = true;
        }},
   };
   for (const auto& row : rows) {

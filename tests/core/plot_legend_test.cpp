@@ -31,10 +31,10 @@ TEST(PlotLegend, ShowsTheModelWhereTheFlagsDoNotAddUpToZero) {
   };
   for (const auto& row : rows) {
     PlotBench bench;
-    bench.session.use0(1, 2) = row.use0;
-    bench.session.use1(1, 2) = row.use1;
-    bench.session.use2(1, 2) = row.use2;
-    bench.session.use3(1, 2) = row.use3;
+    bench.session.use0(kPair) = row.use0;
+    bench.session.use1(kPair) = row.use1;
+    bench.session.use2(kPair) = row.use2;
+    bench.session.use3(kPair) = row.use3;
     bench.draw();
     EXPECT_EQ(!textsNamed(bench.operations(), "Model").empty(), row.shown) << row.name;
     EXPECT_EQ(hasSample(bench.operations(), kCurve), row.shown) << row.name;
@@ -44,34 +44,33 @@ TEST(PlotLegend, ShowsTheModelWhereTheFlagsDoNotAddUpToZero) {
 // The legend looks at the cell of (direction, variable), the line at that of (variable, direction).
 TEST(PlotLegend, ReadsTheSillWithExchangedSubscripts) {
   struct {
-    std::int16_t own, exchanged;
-    bool line, legend;
-  } const rows[] = {{0, 0, false, false}, {1, 0, true, false}, {0, 1, false, true},
-                    {1, 1, true, true},   {1, 2, true, false}, {2, 1, false, true}};
+    bool own, exchanged;
+    std::size_t lines;  ///< that of the plot and the sample
+  } const rows[] = {{false, false, 0}, {true, false, 1}, {false, true, 1}, {true, true, 2}};
   for (const auto& row : rows) {
     PlotBench bench;
-    bench.session.showsill(1, 2) = row.own;
-    bench.session.showsill(2, 1) = row.exchanged;
+    bench.session.showsill(kPair) = row.own;
+    bench.session.showsill(kPair.exchanged()) = row.exchanged;
     bench.draw();
     const Operations& all = bench.operations();
     const std::string name = std::to_string(row.own) + ", " + std::to_string(row.exchanged);
-    EXPECT_EQ(!textsNamed(all, "   Sill").empty(), row.legend) << name;
-    EXPECT_EQ(hasSample(all, kSill), row.legend) << name;
-    EXPECT_EQ(linesOf(all, kSill).size(), (row.line ? 1U : 0U) + (row.legend ? 1U : 0U)) << name;
+    EXPECT_EQ(!textsNamed(all, "   Sill").empty(), row.exchanged) << name;
+    EXPECT_EQ(hasSample(all, kSill), row.exchanged) << name;
+    EXPECT_EQ(linesOf(all, kSill).size(), row.lines) << name;
   }
 }
 
 TEST(PlotLegend, FollowsTheBoxWhereBothSubscriptsAreTheSame) {
   PlotBench bench;
   bench.session.curdir = 1;
-  bench.session.showsill(1, 1) = 0;
+  bench.session.showsill({1, 1}) = false;
   bench.draw();
-  EXPECT_TRUE(linesOf(bench.window(1, 1).surface.operations, kSill).empty());
+  EXPECT_TRUE(linesOf(bench.window({1, 1}).surface.operations, kSill).empty());
 }
 
 TEST(PlotLegend, ShowsTheSillSampleWithoutAModel) {
   PlotBench bench;
-  bench.session.use0(1, 2) = 0;
+  bench.session.use0(kPair) = 0;
   bench.draw();
   EXPECT_TRUE(hasSample(bench.operations(), kSill));
   EXPECT_FALSE(hasSample(bench.operations(), kCurve));
@@ -84,27 +83,27 @@ TEST(PlotLegend, FaultsFromVariable22On) {
     bench.session.curvar = variable;
     EXPECT_THROW(bench.plotvariogram(), Fault) << variable;
     // The symbol of the data is the last thing on the picture.
-    const Operations& all = bench.window(variable, kDirection).surface.operations;
+    const Operations& all = bench.window({variable, kDirection}).surface.operations;
     ASSERT_FALSE(all.empty());
     EXPECT_TRUE(std::holds_alternative<DiscOf>(all.back())) << variable;
-    EXPECT_EQ(bench.window(variable, kDirection).fronted, 0);
+    EXPECT_EQ(bench.window({variable, kDirection}).fronted, 0);
   }
 }
 
 TEST(PlotLegend, HasRoomForVariable21) {
   PlotBench bench;
   bench.session.curvar = 21;
-  bench.session.hmax(21, 2) = 100;
-  bench.session.ymax(21, 2) = 10;
+  bench.session.hmax({21, 2}) = 100;
+  bench.session.ymax({21, 2}) = 10;
   bench.session.variance(21) = 5;
   bench.draw();
-  EXPECT_EQ(bench.window(21, 2).fronted, 1);
+  EXPECT_EQ(bench.window({21, 2}).fronted, 1);
 }
 
 TEST(PlotLegend, TrimsTheDistanceLegend) {
   PlotBench bench;
-  bench.session.xlegend(1, 2) = "  h (m) ";
-  bench.session.xlegend(2, 1) = "other";
+  bench.session.xlegend(kPair) = "  h (m) ";
+  bench.session.xlegend({2, 1}) = "other";
   bench.draw();
   const std::vector<TextOf> legend = textsNamed(bench.operations(), "h (m)");
   ASSERT_EQ(legend.size(), 1U);

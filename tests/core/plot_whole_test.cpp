@@ -129,7 +129,7 @@ TEST(WholePlot, IsOnceOnThePictureWhereTheControlsHaveDrawnMeanwhile) {
   bench.draw();
   bench.drawings = 0;
   // The nugget is selected, the field still empty: showing the model sets it, and this draws.
-  bench.session.sel[0] = 1;
+  bench.session.sel = Line::nugget;
   bench.draw();
   EXPECT_GT(bench.drawings, 1);
   expectOperations(bench.operations(), wholePlot(1854, 2));

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <optional>
+#include <utility>
 
 #include "session/fault.h"
+#include "session/line.h"
 #include "tests/support/plot_bench.h"
 
 namespace zevfit {
@@ -23,35 +25,30 @@ TEST(PlotGuard, SaysAtEachCallThatThereIsNoFile) {
 }
 
 TEST(PlotGuard, DoesNothingWithoutACurrentPair) {
-  for (const auto& [variable, direction] : {std::pair{0, 2}, std::pair{1, 0}, std::pair{0, 0}}) {
+  for (const Pair pair : {Pair{0, 2}, Pair{1, 0}, Pair{0, 0}}) {
     PlotBench bench;
-    bench.session.curvar = variable;
-    bench.session.curdir = direction;
+    bench.session.setCurrent(pair);
     bench.plotvariogram();
     EXPECT_TRUE(bench.dialogs.shown.empty());
-    EXPECT_TRUE(bench.windows.windows.empty()) << variable << ", " << direction;
+    EXPECT_TRUE(bench.windows.windows.empty()) << pair.variable << ", " << pair.direction;
     EXPECT_EQ(bench.session.plotvar, 0);
   }
 }
 
 TEST(PlotGuard, LeavesAPairOutsideTheTablesToTheCaller) {
-  for (const auto& [variable, direction] :
-       {std::pair{42, 1}, std::pair{1, 42}, std::pair{1, 22}, std::pair{-1, 1}, std::pair{1, -1}}) {
+  for (const Pair pair : {Pair{42, 1}, Pair{1, 42}, Pair{1, 22}, Pair{-1, 1}, Pair{1, -1}}) {
     PlotBench bench;
-    bench.session.curvar = variable;
-    bench.session.curdir = direction;
-    EXPECT_THROW(bench.plotvariogram(), Fault) << variable << ", " << direction;
+    bench.session.setCurrent(pair);
+    EXPECT_THROW(bench.plotvariogram(), Fault) << pair.variable << ", " << pair.direction;
   }
 }
 
 TEST(PlotWindowSteps, TakeTheCurrentPair) {
   PlotBench bench;
   bench.draw();
-  EXPECT_EQ(bench.session.plotvar, 1);
-  EXPECT_EQ(bench.session.plotdir, 2);
+  EXPECT_EQ(bench.session.plotted(), kPair);
   ASSERT_EQ(bench.windows.windows.size(), 1U);
-  // Windows have the direction first.
-  EXPECT_EQ(bench.windows.windows.begin()->first, (std::pair<std::int64_t, std::int64_t>{2, 1}));
+  EXPECT_EQ(bench.windows.windows.begin()->first, (std::pair<std::int64_t, std::int64_t>{1, 2}));
 }
 
 TEST(PlotWindowSteps, RestoreAMinimisedWindowAlone) {
@@ -67,46 +64,45 @@ TEST(PlotWindowSteps, RestoreAMinimisedWindowAlone) {
 TEST(PlotWindowSteps, SelectTheFirstStructureOnceAfterALoadWithModels) {
   struct {
     const char* name;
-    int hasmodel, modelshown;
+    bool hasmodel, modelshown;
     double use1;
-    bool selected;
-    int shownAfter;
+    bool selected, shownAfter;
   } const rows[] = {
-      {"a model with structure 1", 1, 0, 1, true, 1}, {"a model without", 1, 0, 0, false, 1},
-      {"a flag of another value", 1, 0, 2, false, 1}, {"no model block", 0, 0, 1, false, 0},
-      {"not the first drawing", 1, 1, 1, false, 1},
+      {"a model with structure 1", true, false, 1, true, true},
+      {"a model without", true, false, 0, false, true},
+      {"a flag of another value", true, false, 2, false, true},
+      {"no model block", false, false, 1, false, false},
+      {"not the first drawing", true, true, 1, false, true},
   };
   for (const auto& row : rows) {
     PlotBench bench;
     bench.session.hasmodel = row.hasmodel;
     bench.session.modelshown = row.modelshown;
-    bench.session.use1(kVariable, kDirection) = row.use1;
+    bench.session.use1(kPair) = row.use1;
     bench.draw();
-    EXPECT_EQ(bench.panel.line(), row.selected ? 1 : -1) << row.name;
-    EXPECT_EQ(bench.session.sel[1], row.selected ? 1 : 0) << row.name;
+    const auto selected = row.selected ? std::optional(Line::first) : std::nullopt;
+    EXPECT_EQ(bench.panel.line(), selected) << row.name;
+    EXPECT_EQ(bench.session.sel, selected) << row.name;
     EXPECT_EQ(bench.session.modelshown, row.shownAfter) << row.name;
   }
 }
 
 TEST(PlotWindowSteps, MirrorEachCellInItsBox) {
-  struct {
-    Box box;
-    const char* name;
-    void (*set)(Session&, std::int16_t);
-  } const rows[] = {
-      {Box::plot1, "use0", [](Session& s, std::int16_t to) { s.use0(1, 2) = to; }},
-      {Box::plot2, "use1", [](Session& s, std::int16_t to) { s.use1(1, 2) = to; }},
-      {Box::plot3, "use2", [](Session& s, std::int16_t to) { s.use2(1, 2) = to; }},
-      {Box::plot4, "use3", [](Session& s, std::int16_t to) { s.use3(1, 2) = to; }},
-      {Box::psill, "showsill", [](Session& s, std::int16_t to) { s.showsill(1, 2) = to; }},
-  };
-  for (const auto& row : rows) {
-    for (const std::int16_t value : std::array<std::int16_t, 4>{0, 1, 2, -1}) {
+  constexpr Box kLineBoxes[] = {Box::plot1, Box::plot2, Box::plot3, Box::plot4};
+  for (const Line which : kLines) {
+    for (const int value : {0, 1, 2, -1}) {
       PlotBench bench;
-      row.set(bench.session, value);
+      line(bench.session, kPair, which).use(value);
       bench.draw();
-      EXPECT_EQ(bench.panel.ticked(row.box), value == 1) << row.name << " " << value;
+      EXPECT_EQ(bench.panel.ticked(kLineBoxes[indexOf(which)]), value == 1)
+          << indexOf(which) << " " << value;
     }
+  }
+  for (const bool shown : {false, true}) {
+    PlotBench bench;
+    bench.session.showsill(kPair) = shown;
+    bench.draw();
+    EXPECT_EQ(bench.panel.ticked(Box::psill), shown);
   }
 }
 
@@ -115,11 +111,11 @@ TEST(PlotWindowSteps, UntickTheBoxesOfAnotherPair) {
   bench.draw();
   EXPECT_TRUE(bench.panel.ticked(Box::plot1));
   bench.session.curdir = 1;
-  bench.session.showsill(1, 1) = 0;
+  bench.session.showsill({1, 1}) = false;
   bench.draw();
   EXPECT_FALSE(bench.panel.ticked(Box::plot1));
   EXPECT_FALSE(bench.panel.ticked(Box::psill));
-  EXPECT_EQ(bench.session.use0(1, 2).number(), 1);
+  EXPECT_EQ(bench.session.use0(kPair).number(), 1);
 }
 
 // The boxes of structures 2 and 3 flip a state of all pairs at each click, so that a box that the
@@ -127,17 +123,17 @@ TEST(PlotWindowSteps, UntickTheBoxesOfAnotherPair) {
 TEST(PlotWindowSteps, FollowWhatTheBoxesDoToTheirCells) {
   struct {
     const char* name;
-    int state;
+    bool state;
     int cellAfter;
-  } const rows[] = {{"state clear", 0, 1}, {"state set", 1, 0}};
+  } const rows[] = {{"state clear", false, 1}, {"state set", true, 0}};
   for (const auto& row : rows) {
     PlotBench bench;
-    bench.session.use0(1, 2) = 0;
-    bench.session.use2(1, 2) = 1;
+    bench.session.use0(kPair) = 0;
+    bench.session.use2(kPair) = 1;
     bench.session.plot3state = row.state;
     bench.draw();
     EXPECT_TRUE(bench.panel.ticked(Box::plot3)) << row.name;
-    EXPECT_EQ(bench.session.use2(1, 2).number(), row.cellAfter) << row.name;
+    EXPECT_EQ(bench.session.use2(kPair).number(), row.cellAfter) << row.name;
     EXPECT_EQ(textsNamed(bench.operations(), "Model").size(), row.cellAfter) << row.name;
     EXPECT_EQ(linesOf(bench.operations(), kCurve).empty(), row.cellAfter == 0) << row.name;
   }
@@ -145,12 +141,12 @@ TEST(PlotWindowSteps, FollowWhatTheBoxesDoToTheirCells) {
 
 TEST(PlotWindowSteps, DoTheSameForTheThirdStructure) {
   PlotBench bench;
-  bench.session.use0(1, 2) = 0;
-  bench.session.use3(1, 2) = 1;
-  bench.session.plot4state = 1;
+  bench.session.use0(kPair) = 0;
+  bench.session.use3(kPair) = 1;
+  bench.session.plot4state = true;
   bench.draw();
   EXPECT_TRUE(bench.panel.ticked(Box::plot4));
-  EXPECT_EQ(bench.session.use3(1, 2), 0);
+  EXPECT_EQ(bench.session.use3(kPair), 0);
   EXPECT_TRUE(textsNamed(bench.operations(), "Model").empty());
 }
 
@@ -211,8 +207,8 @@ TEST(PlotPen, BelongsToItsWindow) {
   bench.draw();
   bench.session.curdir = 1;
   bench.draw();
-  EXPECT_EQ(only<DiscOf>(bench.window(1, 2).surface.operations)[0].outline.width, 2);
-  EXPECT_EQ(only<DiscOf>(bench.window(1, 1).surface.operations)[0].outline.width, 1);
+  EXPECT_EQ(only<DiscOf>(bench.window().surface.operations)[0].outline.width, 2);
+  EXPECT_EQ(only<DiscOf>(bench.window({1, 1}).surface.operations)[0].outline.width, 1);
 }
 
 TEST(PlotPen, StaysAtTwoAndSolid) {
@@ -225,9 +221,9 @@ TEST(PlotPen, StaysAtTwoAndSolid) {
 TEST(PlotPen, StaysAsAFaultOfTheFrameFindsIt) {
   PlotBench bench;
   bench.session.curvar = 22;
-  bench.window(22, 2).penState.width = 5;
+  bench.window({22, 2}).penState.width = 5;
   EXPECT_THROW(bench.plotvariogram(), Fault);
-  EXPECT_EQ(bench.window(22, 2).penState.width, 5);
+  EXPECT_EQ(bench.window({22, 2}).penState.width, 5);
 }
 
 TEST(PlotPen, KeepsItsStyleForTheAxes) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -14,7 +15,7 @@ namespace {
 using Shown = std::vector<std::string>;
 
 struct LimitRow {
-  int structure;
+  Line structure;
   const char* warning;
   const char* text;
   int position;                    ///< of HScrolla afterwards; it stood at 500
@@ -23,29 +24,31 @@ struct LimitRow {
 
 // Position 32 of 32.0000016 for the text "2".
 const LimitRow kRows[] = {
-    {1, "Structure II : Power Model (0 < a < 2)", "2", 32, {"text, held", "slider, free"}},
-    {2, "Structure III : Power Model (0 < a < 2)", "0.001", 500, {"text, free"}},
-    {3, "Structure IV : Power Model (0 < a < 2)", "0.001", 500, {"text, free"}},
+    {Line::first,
+     "Structure II : Power Model (0 < a < 2)",
+     "2",
+     32,
+     {"text, held", "slider, free"}},
+    {Line::second, "Structure III : Power Model (0 < a < 2)", "0.001", 500, {"text, free"}},
+    {Line::third, "Structure IV : Power Model (0 < a < 2)", "0.001", 500, {"text, free"}},
 };
 
 class PowerLimit : public testing::Test, protected FitFixture {
  protected:
   /// A power structure with this exponent. The field drives, so that nothing is drawn.
-  void givePower(int structure, double exponent) {
-    const auto line = static_cast<std::size_t>(structure);
-    setFlag(session, structure, kVariable, kDirection, 1);
-    cell(kLetterTable[line]) = "P";
-    cell(kRangeTable[line]) = exponent;
+  void givePower(Line structure, double exponent) {
+    const LineRef at = line(session, kPair, structure);
+    at.use(1);
+    at.letter() = "P";
+    at.range() = exponent;
   }
-  void sample() { modelcurve(fit, kDirection, kVariable, 10, 100); }
-  double exponent(int structure) {
-    return number(kRangeTable[static_cast<std::size_t>(structure)]);
-  }
+  void sample() { modelcurve(fit, kPair, 100); }
+  double exponent(Line structure) { return line(session, kPair, structure).range().number(); }
 
-  void holdHandles() { session.dragsel = {1, 1, 1, 1, 1}; }
+  void holdHandles() { session.dragsel.fill(true); }
   /// Notes the events of the range and whether the handles are still held, then runs them.
   void noteOrder(std::vector<std::string>& order) {
-    const auto held = [this] { return session.dragsel[1] == 1 ? ", held" : ", free"; };
+    const auto held = [this] { return session.dragsel[1] ? ", held" : ", free"; };
     panel.events.textChanged = [&order, held, text = panel.events.textChanged](Field field) {
       order.push_back(std::string("text") + held());
       text(field);
@@ -57,7 +60,7 @@ class PowerLimit : public testing::Test, protected FitFixture {
 };
 
 TEST_F(PowerLimit, WarnsAndResetsTheFieldOfEachStructureInItsOwnWay) {
-  cell(&Session::atyped) = 1;
+  cell(&Session::atyped) = true;
   for (const LimitRow& row : kRows) {
     SCOPED_TRACE(row.warning);
     panel.setText(Field::a, "700");
@@ -74,78 +77,78 @@ TEST_F(PowerLimit, WarnsAndResetsTheFieldOfEachStructureInItsOwnWay) {
     EXPECT_EQ(panel.text(Field::a), row.text);
     EXPECT_EQ(panel.position(Slider::a), row.position);
     EXPECT_EQ(order, row.order);
-    EXPECT_EQ(session.dragsel, (std::array<int, 5>{0, 0, 0, 0, 1}));
+    EXPECT_EQ(session.dragsel, (std::array<bool, 4>{}));
     EXPECT_EQ(exponent(row.structure), 2.001) << "no line is selected that would store the text";
-    setFlag(session, row.structure, kVariable, kDirection, 0);
+    line(session, kPair, row.structure).use(0);
   }
   EXPECT_EQ(plotter.drawings, 0);
 }
 
 TEST_F(PowerLimit, LetsTwoPass) {
-  for (int structure = 1; structure <= 3; ++structure) {
+  for (const Line structure : kStructures) {
     givePower(structure, 2);
     sample();
-    EXPECT_EQ(session.curvegam(9), structure * 81);
+    EXPECT_EQ(session.curvegam(9), static_cast<double>(indexOf(structure)) * 81);
   }
   EXPECT_TRUE(dialogs.shown.empty());
 }
 
 TEST_F(PowerLimit, ConcernsTickedPowerStructuresAlone) {
-  givePower(1, 5);
+  givePower(Line::first, 5);
   cell(&Session::use1) = 0;
-  givePower(2, 5);
+  givePower(Line::second, 5);
   cell(&Session::model2) = "E";
-  givePower(3, 5);
+  givePower(Line::third, 5);
   cell(&Session::model3) = "-";
   sample();
   EXPECT_TRUE(dialogs.shown.empty());
 }
 
 TEST_F(PowerLimit, KeepsTheLastCompleteCurve) {
-  cell(&Session::atyped) = 1;
-  givePower(2, 1);
+  cell(&Session::atyped) = true;
+  givePower(Line::second, 1);
   sample();
-  givePower(1, 1);
-  givePower(2, 3);
+  givePower(Line::first, 1);
+  givePower(Line::second, 3);
   sample();
   EXPECT_EQ(session.curvegam(9), 9) << "not 9 + 729, nor what structure 1 adds";
   EXPECT_EQ(dialogs.shown.size(), 1U);
 }
 
 TEST_F(PowerLimit, EndsTheSamplingAtTheFirstBadStructure) {
-  cell(&Session::atyped) = 1;
-  for (int structure = 1; structure <= 3; ++structure) givePower(structure, 3);
+  cell(&Session::atyped) = true;
+  for (const Line structure : kStructures) givePower(structure, 3);
   sample();
   EXPECT_EQ(dialogs.shown, (Shown{"warning: " + std::string(kRows[0].warning)}));
 }
 
 TEST_F(PowerLimit, StoresTheResetInTheSelectedStructure) {
-  cell(&Session::atyped) = 1;
-  givePower(1, 5);
-  givePower(3, 1);
-  select(3);
+  cell(&Session::atyped) = true;
+  givePower(Line::first, 5);
+  givePower(Line::third, 1);
+  select(Line::third);
   sample();
-  EXPECT_EQ(exponent(1), 5) << "not the selected one";
-  EXPECT_EQ(exponent(3), 2);
-  select(1);
+  EXPECT_EQ(exponent(Line::first), 5) << "not the selected one";
+  EXPECT_EQ(exponent(Line::third), 2);
+  select(Line::first);
   panel.setText(Field::a, "5");
   sample();
-  EXPECT_EQ(exponent(1), 2);
+  EXPECT_EQ(exponent(Line::first), 2);
 }
 
 TEST_F(PowerLimit, ComesBackAtTheNextSamplingWhileTheBadCellStays) {
-  cell(&Session::atyped) = 1;
-  givePower(2, 5);
-  select(0);
+  cell(&Session::atyped) = true;
+  givePower(Line::second, 5);
+  select(Line::nugget);
   sample();
   sample();
   EXPECT_EQ(dialogs.shown.size(), 2U);
-  EXPECT_EQ(exponent(2), 5);
+  EXPECT_EQ(exponent(Line::second), 5);
 }
 
 TEST_F(PowerLimit, PassesAFaultOfTheSliderOn) {
-  cell(&Session::atyped) = 1;
-  givePower(1, 5);
+  cell(&Session::atyped) = true;
+  givePower(Line::first, 5);
   panel.setMaximum(Slider::a, 31);
   EXPECT_THROW(sample(), Fault);
   EXPECT_EQ(panel.text(Field::a), "2");
@@ -156,11 +159,11 @@ TEST_F(PowerLimit, PassesAFaultOfTheSliderOn) {
 // stands.
 TEST_F(PowerLimit, LetsTheNestedDrawingStand) {
   drawForReal();
-  select(1);
-  givePower(1, 5);
+  select(Line::first);
+  givePower(Line::first, 5);
   sample();
   EXPECT_EQ(dialogs.shown.size(), 1U);
-  EXPECT_EQ(exponent(1), 2);
+  EXPECT_EQ(exponent(Line::first), 2);
   EXPECT_GT(plotter.drawings, 0);
   EXPECT_EQ(session.curvegam(9), 81);
   EXPECT_EQ(panel.position(Slider::a), 32);
@@ -168,11 +171,11 @@ TEST_F(PowerLimit, LetsTheNestedDrawingStand) {
 
 TEST_F(PowerLimit, SettlesInADrawingWhoseSelectedLineIsAnother) {
   drawForReal();
-  select(2);
-  givePower(1, 5);
+  select(Line::second);
+  givePower(Line::first, 5);
   drawWithoutPicture(fit);
-  EXPECT_EQ(exponent(1), 5);
-  EXPECT_EQ(exponent(2), 2) << "the reset went to the selected line";
+  EXPECT_EQ(exponent(Line::first), 5);
+  EXPECT_EQ(exponent(Line::second), 2) << "the reset went to the selected line";
   const std::size_t warnings = dialogs.shown.size();
   const int drawings = plotter.drawings;
   drawWithoutPicture(fit);

@@ -1,7 +1,12 @@
 // The preview beside the plot that it is a preview of, operation by operation.
-#include <gtest/gtest.h>
 
 #include "plot/drawing/preview.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
 #include "tests/support/plot_bench.h"
 
 namespace zevfit {
@@ -43,12 +48,9 @@ struct PreviewBench : PlotBench {
 TEST(Preview, DiffersFromThePlotInDiscsNameAndSill) {
   PreviewBench bench;
   Session& session = bench.session;
-  session.use1(kVariable, kDirection) = 1;
-  session.model1(kVariable, kDirection) = "S";
-  session.c1(kVariable, kDirection) = 5;
-  session.a1(kVariable, kDirection) = 50;
-  session.showsill(kVariable, kDirection) = 1;
-  session.showsill(kDirection, kVariable) = 1;
+  setStructure(session, kPair, Line::first, "S", 5, 50);
+  session.showsill(kPair) = true;
+  session.showsill(kPair.exchanged()) = true;
   bench.settle();
   Operations expected = bench.operations();
   for (Operation& one : expected) {
@@ -63,8 +65,8 @@ TEST(Preview, DiffersFromThePlotInDiscsNameAndSill) {
 TEST(Preview, ShowsTheSillByItsOwnPair) {
   for (const bool own : {false, true}) {
     PreviewBench bench;
-    bench.session.showsill(kVariable, kDirection) = own ? 1 : 0;
-    bench.session.showsill(kDirection, kVariable) = own ? 0 : 1;
+    bench.session.showsill(kPair) = own;
+    bench.session.showsill(kPair.exchanged()) = !own;
     bench.settle();
     const auto hasCaption = [](const Operations& operations) {
       for (const TextOf& text : only<TextOf>(operations))
@@ -108,7 +110,7 @@ TEST(Preview, IsAsBoldAsItsPicture) {
 TEST(Preview, ChangesTheWindowOfThePairButNotItsPlace) {
   PreviewBench bench;
   bench.draw();
-  bench.windows.plotwin(2, 1).setCaption("other");
+  bench.window().setCaption("other");
   bench.window().fronted = 0;
   bench.window().measuredText.clear();
   bench.session.style.cores.Label1 = 77;
@@ -127,14 +129,14 @@ TEST(Preview, ChangesTheWindowOfThePairButNotItsPlace) {
 TEST(Preview, LeavesSelectionBoxesAndMinimisedWindowAlone) {
   PreviewBench bench;
   bench.draw();
-  bench.session.hasmodel = 1;
-  bench.session.modelshown = 0;
-  bench.session.use1(kVariable, kDirection) = 1;
-  bench.session.model1(kVariable, kDirection) = "S";
+  bench.session.hasmodel = true;
+  bench.session.modelshown = false;
+  bench.session.use1(kPair) = 1;
+  bench.session.model1(kPair) = "S";
   bench.window().isMinimised = true;
   bench.panel.calls.clear();
   bench.show();
-  EXPECT_EQ(bench.session.modelshown, 0);
+  EXPECT_FALSE(bench.session.modelshown);
   EXPECT_FALSE(bench.panel.ticked(Box::plot2));
   EXPECT_TRUE(bench.window().isMinimised);
   EXPECT_FALSE(bench.running);
@@ -143,9 +145,9 @@ TEST(Preview, LeavesSelectionBoxesAndMinimisedWindowAlone) {
 TEST(Preview, MovesNoSliderForATypedText) {
   PreviewBench bench;
   bench.draw();
-  bench.session.sel = {1, 0, 0, 0};
+  bench.session.sel = Line::nugget;
   bench.panel.setText(Field::c0, "4");
-  bench.session.c0typed(kVariable, kDirection) = 1;
+  bench.session.c0typed(kPair) = true;
   const int stood = bench.panel.position(Slider::c0);
   bench.show();
   EXPECT_EQ(bench.panel.position(Slider::c0), stood);
@@ -154,23 +156,23 @@ TEST(Preview, MovesNoSliderForATypedText) {
 TEST(Preview, BringsTheControlsAndTheCurveToThePair) {
   PreviewBench bench;
   bench.draw();
-  bench.session.sel = {1, 0, 0, 0};
-  bench.session.c0(kVariable, kDirection) = 4;
-  bench.session.use1(kVariable, kDirection) = 1;
-  bench.session.model1(kVariable, kDirection) = "G";
+  bench.session.sel = Line::nugget;
+  bench.session.c0(kPair) = 4;
+  bench.session.use1(kPair) = 1;
+  bench.session.model1(kPair) = "G";
   bench.session.ascale = bench.session.c0scale = 0;
   bench.show();
   EXPECT_EQ(bench.panel.text(Field::c0), "4") << "showmodel";
-  EXPECT_EQ(bench.panel.letter(1), "G") << "showmodel";
+  EXPECT_EQ(bench.panel.letter(Line::first), "G") << "showmodel";
   EXPECT_GT(bench.session.c0scale, 0) << "scalesliders";
   EXPECT_GE(bench.session.curvegam(1), 4) << "modelcurve, above the new nugget";
 }
 
 TEST(Preview, GivesTheDistanceAxisItsFirstEnd) {
   PreviewBench bench;
-  EXPECT_EQ(bench.session.xmax(kVariable, kDirection), 0);
+  EXPECT_EQ(bench.session.xmax(kPair), 0);
   bench.show();
-  EXPECT_EQ(bench.session.xmax(kVariable, kDirection), 100);
+  EXPECT_EQ(bench.session.xmax(kPair), 100);
 }
 
 TEST(Preview, WithoutAFileSaysSoAndCountsAsFailed) {
@@ -194,11 +196,11 @@ TEST(Preview, WithoutAPlotFailsWithoutAWord) {
 
 TEST(Preview, AFaultLeavesItMarkedAsRunning) {
   PreviewBench bench;
-  bench.session.ymax(kVariable, kDirection) = 0;  // the axis has no height
+  bench.session.ymax(kPair) = 0;  // the axis has no height
   bench.show();
   EXPECT_TRUE(bench.running);
   EXPECT_FALSE(bench.picture.surface.operations.empty()) << "what was drawn stays";
-  bench.session.ymax(kVariable, kDirection) = 10;
+  bench.session.ymax(kPair) = 10;
   bench.show();
   EXPECT_FALSE(bench.running);
 }

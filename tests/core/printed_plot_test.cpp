@@ -2,7 +2,13 @@
 // by 4000, its box from (800, 600) to (6154.8, 3400), columns 1070.96 and rows 560. So on the sheet
 // x = 900 + 53.548 h and y = 4400 - 280 gamma.
 
+#include "report/printed_plot.h"
+
 #include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "tests/support/report_bench.h"
 
@@ -123,9 +129,9 @@ class PrintedPlot : public testing::Test {
  protected:
   PrintedPlot() { bench_.printer.startDoc(11907, 16839.9); }
 
-  const Operations& print(std::int64_t direction = kDirection, std::int64_t variable = kVariable) {
+  const Operations& print(Pair pair = kPair) {
     bench_.printer.surface.operations.clear();
-    imprimirvariograma(bench_.reports, kWidth, 100, 1000, direction, variable);
+    imprimirvariograma(bench_.reports, kWidth, 100, 1000, pair);
     return bench_.sheet();
   }
   Session& session() { return bench_.session; }
@@ -164,7 +170,7 @@ TEST_F(PrintedPlot, BehindAnotherOneHasItsThickerPen) {
 }
 
 TEST_F(PrintedPlot, WithoutASillInItsLegendHasItsNameInTheColourOfTheData) {
-  session().showsill(kDirection, kVariable) = 0;
+  session().showsill(kPair.exchanged()) = false;
   print();
   EXPECT_EQ(textNamed("zinc").colour, kData);
   EXPECT_TRUE(textsNamed(bench_.sheet(), "   Sill").empty());
@@ -173,14 +179,14 @@ TEST_F(PrintedPlot, WithoutASillInItsLegendHasItsNameInTheColourOfTheData) {
 }
 
 TEST_F(PrintedPlot, WithItsSillHiddenKeepsTheLegendOfTheExchangedPair) {
-  session().showsill(kVariable, kDirection) = 0;
+  session().showsill(kPair) = false;
   print();
   EXPECT_EQ(textNamed("   Sill").colour, kText);
   EXPECT_EQ(linesOf(bench_.sheet(), kSill).size(), 1U);
 }
 
 TEST_F(PrintedPlot, WithoutAModelHasNoneInItsLegend) {
-  session().use0(kVariable, kDirection) = 0;
+  session().use0(kPair) = 0;
   print();
   EXPECT_EQ(textNamed("Data").colour, kText);
   EXPECT_EQ(only<DiscOf>(bench_.sheet()).size(), 5U);
@@ -195,9 +201,9 @@ TEST_F(PrintedPlot, HasNoGroundOfTheBackgroundColour) {
 
 TEST_F(PrintedPlot, MeasuresItsTitleInThePlotWindowOfItsPair) {
   bench_.giveColumns(3);
-  print(1, 2);
-  EXPECT_EQ(bench_.window(2, 1).measuredText, "Semivariogram (0 0 N)");
-  EXPECT_EQ(bench_.window(2, 1).measuredFont, kTitleFont);
+  print({2, 1});
+  EXPECT_EQ(bench_.window({2, 1}).measuredText, "Semivariogram (0 0 N)");
+  EXPECT_EQ(bench_.window({2, 1}).measuredFont, kTitleFont);
   EXPECT_EQ(bench_.windows.windows.size(), 1U);
 }
 
@@ -216,19 +222,17 @@ TEST_F(PrintedPlot, TouchesNoWindow) {
 
 TEST_F(PrintedPlot, SetsTheVarianceAndNoOtherControl) {
   bench_.panel.calls.clear();
-  session().c0typed(kVariable, kDirection) = session().atyped(kVariable, kDirection) = 1;
-  session().sel[0] = 1;
+  session().c0typed(kPair) = session().atyped(kPair) = true;
+  session().sel = Line::nugget;
   print();
   EXPECT_EQ(bench_.panel.calls, std::vector<std::string>{"Labelvariance = 5."});
 }
 
 TEST_F(PrintedPlot, NeedsNoCurrentPlotAndMakesItsPairTheCurrentOne) {
-  session().curvar = session().curdir = 0;
-  print(1, 2);
-  EXPECT_EQ(session().plotvar, 2);
-  EXPECT_EQ(session().plotdir, 1);
-  EXPECT_EQ(session().curvar, 2);
-  EXPECT_EQ(session().curdir, 1);
+  session().setCurrent({0, 0});
+  print({2, 1});
+  EXPECT_EQ(session().plotted(), (Pair{2, 1}));
+  EXPECT_EQ(session().current(), (Pair{2, 1}));
 }
 
 TEST_F(PrintedPlot, TakesThePatternsOfTheAxes) {
@@ -239,22 +243,22 @@ TEST_F(PrintedPlot, TakesThePatternsOfTheAxes) {
 }
 
 TEST_F(PrintedPlot, SetsADistanceAxisForGood) {
-  session().hmax(kVariable, kDirection) = 200;
+  session().hmax(kPair) = 200;
   print();
-  EXPECT_EQ(session().xmax(kVariable, kDirection), 200);
+  EXPECT_EQ(session().xmax(kPair), 200);
   EXPECT_EQ(session().curveh(100), 200);
 }
 
 TEST_F(PrintedPlot, SelectsTheFirstStructureBehindALoadWithModels) {
-  session().hasmodel = 1;
-  session().use1(2, 1) = 1;
-  print(2, 1);
-  EXPECT_EQ(bench_.panel.line(), -1);
-  EXPECT_EQ(session().modelshown, 1);
-  session().modelshown = 0;
-  print(1, 2);
-  EXPECT_EQ(bench_.panel.line(), 1);
-  EXPECT_EQ(session().modelshown, 1);
+  session().hasmodel = true;
+  session().use1({2, 1}) = 1;
+  print(kPair);
+  EXPECT_EQ(bench_.panel.line(), std::nullopt);
+  EXPECT_TRUE(session().modelshown);
+  session().modelshown = false;
+  print({2, 1});
+  EXPECT_EQ(bench_.panel.line(), Line::first);
+  EXPECT_TRUE(session().modelshown);
 }
 
 TEST_F(PrintedPlot, WithoutAFileSaysSo) {
@@ -272,18 +276,18 @@ struct FaultRow {
 
 TEST_F(PrintedPlot, EndsSilentlyAtAFaultBehindItsFrame) {
   const FaultRow rows[] = {
-      {"an axis of no length", [](Session& s) { s.hmax(1, 2) = 0; }, 11, 0},
-      {"an axis of no height", [](Session& s) { s.ymin(1, 2) = 10; }, 11, 0},
+      {"an axis of no length", [](Session& s) { s.hmax(kPair) = 0; }, 11, 0},
+      {"an axis of no height", [](Session& s) { s.ymin(kPair) = 10; }, 11, 0},
       {"a variance that is a text", [](Session& s) { s.variance(1) = Cell::ofText("x"); }, 0, 0},
-      {"a nugget that is a text", [](Session& s) { s.c0(1, 2) = Cell::ofText("x"); }, 0, 0},
-      {"a distance that is a text", [](Session& s) { s.hlag.set(1, 2, 3, Cell::ofText("x")); }, 11,
+      {"a nugget that is a text", [](Session& s) { s.c0(kPair) = Cell::ofText("x"); }, 0, 0},
+      {"a distance that is a text", [](Session& s) { s.hlag.set(kPair, 3, Cell::ofText("x")); }, 11,
        2},
   };
   for (const FaultRow& row : rows) {
     ReportBench bench;
     bench.printer.startDoc(1, 1);
     row.prepare(bench.session);
-    EXPECT_NO_THROW(imprimirvariograma(bench.reports, kWidth, 0, 0, 2, 1)) << row.name;
+    EXPECT_NO_THROW(imprimirvariograma(bench.reports, kWidth, 0, 0, kPair)) << row.name;
     std::size_t numbers = 0;
     for (const TextOf& text : only<TextOf>(bench.sheet()))
       numbers += text.font.name == kNumberFont.name ? 1U : 0U;
@@ -294,8 +298,8 @@ TEST_F(PrintedPlot, EndsSilentlyAtAFaultBehindItsFrame) {
 }
 
 TEST_F(PrintedPlot, PassesAFaultOfItsFrameOn) {
-  EXPECT_THROW(print(2, 22), Fault);
-  session().use2(kVariable, kDirection) = Cell::ofText("x");
+  EXPECT_THROW(print({22, 2}), Fault);
+  session().use2(kPair) = Cell::ofText("x");
   EXPECT_THROW(print(), Fault);
 }
 

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "report/printing.h"
 #include "tests/support/report_bench.h"
 
 namespace zevfit {
@@ -22,8 +23,7 @@ class Printing : public testing::Test {
     bench_.selectTab(1);
   }
   void fill(int row, int column, std::int64_t variable = 1, std::int64_t direction = 2) {
-    session().curvar = variable;
-    session().curdir = direction;
+    session().setCurrent({variable, direction});
     bench_.clickCell(row, column);
   }
   void print() {
@@ -148,7 +148,7 @@ TEST_F(Printing, PutsTheOldCellsWhereADraggedThumbHasTheirGrid) {
 TEST_F(Printing, ShowsTheModelAsItIsNow) {
   prepare(1);
   fill(1, 1);
-  session().c0(1, 2) = 4;
+  session().c0(kPair) = 4;
   print();
   // H = 6163.398, a unit of semivariance (H - 1200) / 10 = 496.340 above H - 600.
   EXPECT_NEAR(linesOf(bench_.sheet(), kCurve).at(1).to.y, 5563.398 - 4 * 496.340, 0.01);

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "model/fields.h"
+#include "session/line.h"
 #include "tests/support/fit_fixture.h"
 
 namespace zevfit {
@@ -15,7 +17,7 @@ constexpr const char* kDormant = "C0*h^a  (0<a<2)";
 class RangeField : public testing::Test, protected FitFixture {};
 
 TEST_F(RangeField, AsksForAFile) {
-  select(1);
+  select(Line::first);
   session.loaded = false;
   panel.setText(Field::a, "3");
   EXPECT_EQ(dialogs.shown,
@@ -25,12 +27,13 @@ TEST_F(RangeField, AsksForAFile) {
 }
 
 TEST_F(RangeField, GoesToTheSelectedStructureAlone) {
-  for (std::size_t line = 0; line < kLines; ++line) {
+  for (const Line selected : kLines) {
     FitFixture fresh;
-    fresh.select(static_cast<int>(line));
+    fresh.select(selected);
     fresh.panel.setText(Field::a, "3");
-    for (std::size_t other = 1; other < kLines; ++other)
-      EXPECT_EQ(fresh.number(kRangeTable[other]), other == line ? 3 : 1e-05) << line;
+    for (const Line other : kStructures)
+      EXPECT_EQ(line(fresh.session, kPair, other).range().number(), other == selected ? 3 : 1e-05)
+          << indexOf(selected);
     EXPECT_EQ(fresh.plotter.drawings, 1) << "with the nugget too";
   }
 }
@@ -54,7 +57,7 @@ TEST_F(RangeField, IsHeldWithinTheSlidersRanges) {
            {"3 km", 100, 3, "3 km"},
        }) {
     FitFixture fresh;
-    fresh.select(3);
+    fresh.select(Line::third);
     fresh.cell(&Session::hmax) = row.hmax;
     fresh.panel.setText(Field::a, row.text);
     EXPECT_EQ(fresh.number(&Session::a3), row.cell) << row.text << " of " << row.hmax;
@@ -63,7 +66,7 @@ TEST_F(RangeField, IsHeldWithinTheSlidersRanges) {
 }
 
 TEST_F(RangeField, DrawsUnlessItIsTyped) {
-  select(1);
+  select(Line::first);
   panel.setText(Field::a, "3");
   EXPECT_EQ(plotter.drawings, 1);
   panel.setText(Field::a, "-1");
@@ -75,7 +78,7 @@ TEST_F(RangeField, DrawsUnlessItIsTyped) {
 }
 
 TEST_F(RangeField, FailsSilently) {
-  select(1);
+  select(Line::first);
   plotter.onDraw = [] { throw Fault("frame"); };
   EXPECT_NO_THROW(panel.setText(Field::a, "3"));
   EXPECT_EQ(number(&Session::a1), 3);
@@ -85,7 +88,7 @@ TEST_F(RangeField, FailsSilently) {
 }
 
 TEST_F(RangeField, OfNoughtComesBackAsTheSmallestOne) {
-  select(1);
+  select(Line::first);
   drawForReal();
   panel.setText(Field::a, "0");
   EXPECT_EQ(number(&Session::a1), 1e-05) << "raised by the sampling";
@@ -94,7 +97,7 @@ TEST_F(RangeField, OfNoughtComesBackAsTheSmallestOne) {
 }
 
 TEST_F(RangeField, NoCaptionOnShowLimitsARange) {
-  select(1);
+  select(Line::first);
   for (const char* caption : {" h^a1  (0<a1<2)", "  h^a1  (0<a1<2)", "C0*h^a (0<a<2)"}) {
     panel.setCaption(Caption::label10, caption);
     panel.setText(Field::a, "2");
@@ -105,7 +108,7 @@ TEST_F(RangeField, NoCaptionOnShowLimitsARange) {
 }
 
 TEST_F(RangeField, TheDormantCheckWouldTakeARangeBackToTwo) {
-  select(1);
+  select(Line::first);
   panel.setCaption(Caption::label10, kDormant);
   panel.setText(Field::a, "2");
   EXPECT_TRUE(dialogs.shown.empty()) << "2 itself passes";

@@ -30,22 +30,22 @@ TEST(ReaderCounts, FillTheLastSlots) {
       bytes += line("1 " + std::to_string(100 * v + d) + " " + std::to_string(v));
   }
   Session session;
-  session.hmax(41, 1) = 7;
-  session.gmax(41, 21) = 9999;
-  session.c0(41, 21) = 3;
-  session.c0(1, 21) = 4;
+  session.hmax({41, 1}) = 7;
+  session.gmax({41, 21}) = 9999;
+  session.c0({41, 21}) = 3;
+  session.c0({1, 21}) = 4;
   ASSERT_TRUE(readVariogramBytes(bytes, session));
   EXPECT_EQ(session.varname(41), "v41");
   EXPECT_EQ(session.dirname(21), "d21");
   EXPECT_EQ(session.variance(41).number(), 41);
-  EXPECT_EQ(classText(session, 41, 21, 1), "1 4121 41");
-  EXPECT_EQ(session.gmax(40, 20), 4020);
+  EXPECT_EQ(classText(session, {41, 21}, 1), "1 4121 41");
+  EXPECT_EQ(session.gmax({40, 20}), 4020);
   // No reset reaches slots 41 and 21: the extremes run on from what they held.
-  EXPECT_EQ(session.hmax(41, 1), 7);
-  EXPECT_EQ(session.gmax(41, 21), 9999);
-  EXPECT_EQ(session.gmin(41, 21), 0);
-  EXPECT_EQ(session.c0(41, 21).number(), 3);
-  EXPECT_EQ(session.c0(1, 21).number(), 4);
+  EXPECT_EQ(session.hmax({41, 1}), 7);
+  EXPECT_EQ(session.gmax({41, 21}), 9999);
+  EXPECT_EQ(session.gmin({41, 21}), 0);
+  EXPECT_EQ(session.c0({41, 21}).number(), 3);
+  EXPECT_EQ(session.c0({1, 21}).number(), 4);
 }
 
 TEST(ReaderCounts, OneVariableTooMany) {
@@ -72,9 +72,9 @@ TEST(ReaderCounts, ModelBlockBeginsAtTheTokenThatWasNotTaken) {
   ASSERT_TRUE(readVariogramBytes(
       bytes + lines({"1", "0.5", "0", "-", "0", "2", "0", "-", "0", "2", "0", "-", "0", "2"}),
       session));
-  EXPECT_EQ(modelText(session, 1, 1), "1 0.5 0 - 0 2 0 - 0 2 0 - 0 2");
-  EXPECT_EQ(modelText(session, 2, 1), "2 2 2 - 2 2 2 - 2 2 2 - 2 2");
-  EXPECT_EQ(modelText(session, 41, 1), "2 2 2 - 2 2 2 - 2 2 2 - 2 2");
+  EXPECT_EQ(modelText(session, {1, 1}), "1 0.5 0 - 0 2 0 - 0 2 0 - 0 2");
+  EXPECT_EQ(modelText(session, {2, 1}), "2 2 2 - 2 2 2 - 2 2 2 - 2 2");
+  EXPECT_EQ(modelText(session, {41, 1}), "2 2 2 - 2 2 2 - 2 2 2 - 2 2");
 }
 
 TEST(ReaderCounts, OneDirectionTooMany) {
@@ -91,9 +91,9 @@ TEST(ReaderCounts, OneDirectionTooMany) {
   EXPECT_EQ(session.ndir, 22);
   EXPECT_EQ(session.dirname(21), "d21");
   EXPECT_EQ(session.variance(1).number(), 7);
-  EXPECT_EQ(classText(session, 1, 21, 1), "1 21 5");
+  EXPECT_EQ(classText(session, {1, 21}, 1), "1 21 5");
   EXPECT_EQ(session.variance(2).number(), 8);
-  EXPECT_EQ(classText(session, 2, 21, 1), "2 210 6");
+  EXPECT_EQ(classText(session, {2, 21}, 1), "2 210 6");
 }
 
 TEST(ReaderCounts, DirectionsBeyondTheTablesHaveNoTestWithoutClasses) {
@@ -132,7 +132,7 @@ TEST(ReaderCounts, HugeNumberOfDirectionsCostsNothing) {
   EXPECT_FALSE(readVariogramBytes(bytes, session));
   EXPECT_TRUE(readVariogramBytes(bytes + " ", session));
   EXPECT_EQ(session.ndir, 2'000'000'000);
-  EXPECT_EQ(classText(session, 1, 21, 1), "1 2 3");
+  EXPECT_EQ(classText(session, {1, 21}, 1), "1 2 3");
 }
 
 TEST(ReaderCounts, HugeNumberOfClassesTakesRoomForThoseReadAlone) {
@@ -143,14 +143,14 @@ TEST(ReaderCounts, HugeNumberOfClassesTakesRoomForThoseReadAlone) {
                                         lines({"7", "10 1 100", "20 2 200", "30 3 300", "40"}),
                                     session));
     // Slot 0 and the classes that the file holds; of the fourth the distance alone.
-    EXPECT_EQ(session.hlag.written(1, 1).size(), 5U) << claim;
-    EXPECT_EQ(session.gam.written(1, 1).size(), 4U) << claim;
-    EXPECT_EQ(session.npairs.written(1, 1).size(), 4U) << claim;
-    EXPECT_EQ(classText(session, 1, 1, 3), "30 3 300") << claim;
-    EXPECT_EQ(classText(session, 1, 1, 4), "40 0 0") << claim;
-    EXPECT_EQ(classText(session, 1, 1, session.nclass), "0 0 0") << claim;
-    EXPECT_TRUE(session.gam.written(1, 2).empty()) << claim;
-    EXPECT_TRUE(session.gam.written(2, 1).empty()) << claim;
+    EXPECT_EQ(session.hlag.written({1, 1}).size(), 5U) << claim;
+    EXPECT_EQ(session.gam.written({1, 1}).size(), 4U) << claim;
+    EXPECT_EQ(session.npairs.written({1, 1}).size(), 4U) << claim;
+    EXPECT_EQ(classText(session, {1, 1}, 3), "30 3 300") << claim;
+    EXPECT_EQ(classText(session, {1, 1}, 4), "40 0 0") << claim;
+    EXPECT_EQ(classText(session, {1, 1}, session.nclass), "0 0 0") << claim;
+    EXPECT_TRUE(session.gam.written({1, 2}).empty()) << claim;
+    EXPECT_TRUE(session.gam.written({2, 1}).empty()) << claim;
   }
 }
 
@@ -158,11 +158,11 @@ TEST(ReaderCounts, LagTablesHaveOneSlotMoreThanClasses) {
   Session session;
   ASSERT_TRUE(readVariogramBytes(
       lines({"t", "zevra", "1", "a", "1", "2", "d", "7", "10 1 100", "20 2 200"}), session));
-  EXPECT_EQ(classText(session, 1, 1, 0), "0 0 0");
-  EXPECT_EQ(classText(session, 1, 1, 3), "0 0 0");
-  EXPECT_THROW(session.hlag(1, 1, 4), Fault);
-  EXPECT_THROW(session.gam(1, 1, 4), Fault);
-  EXPECT_THROW(session.npairs(1, 1, 4), Fault);
+  EXPECT_EQ(classText(session, {1, 1}, 0), "0 0 0");
+  EXPECT_EQ(classText(session, {1, 1}, 3), "0 0 0");
+  EXPECT_THROW(session.hlag({1, 1}, 4), Fault);
+  EXPECT_THROW(session.gam({1, 1}, 4), Fault);
+  EXPECT_THROW(session.npairs({1, 1}, 4), Fault);
 }
 
 }  // namespace

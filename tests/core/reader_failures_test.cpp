@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "files/variogram_reader.h"
+#include "session/numbers.h"
 #include "tests/support/variogram_text.h"
 
 namespace zevfit {
@@ -32,8 +33,8 @@ Session loaded() {
   Session session;
   EXPECT_TRUE(readVariogramBytes(sampleFile("zevra"), session));
   acceptLoad(session, "before.zvm");
-  session.c0(1, 1) = 8;
-  session.plotvar = session.plotdir = 2;
+  session.c0({1, 1}) = 8;
+  session.setPlotted({2, 2});
   session.datavar = 2;
   return session;
 }
@@ -56,7 +57,7 @@ TEST(ReaderEnd, KeepsWhatWasRead) {
   struct Row {
     std::size_t tokens;
     const char* filetag;
-    int hasmodel;
+    bool hasmodel;
     std::int64_t nvar;
     const char* name;
     std::int64_t ndir, nclass;
@@ -68,18 +69,18 @@ TEST(ReaderEnd, KeepsWhatWasRead) {
   };
   const char* const model = "8 0 - 0 1E-05 0 - 0 1E-05 0 - 0 1E-05";
   const Row rows[] = {
-      {0, "zevra", 0, 2, "zinc2", 2, 2, "0;0 ", model, "5.5", "10 1 100", 20, 7},
-      {1, "zevra", 0, 2, "zinc2", 2, 2, "0;0 ", model, "5.5", "10 1 100", 20, 7},
-      {2, "zevra1", 1, 2, "zinc2", 2, 2, "0;0 ", model, "5.5", "10 1 100", 20, 7},
-      {3, "zevra1", 1, 1, "zinc2", 2, 2, "0;0 ", model, "5.5", "10 1 100", 20, 7},
-      {4, "zevra1", 1, 1, "zinc", 2, 2, "0;0 ", model, "5.5", "10 1 100", 20, 7},
-      {5, "zevra1", 1, 1, "zinc", 1, 2, "0;0 ", model, "5.5", "10 1 100", 20, 7},
-      {6, "zevra1", 1, 1, "zinc", 1, 1, "0;0 ", model, "5.5", "10 1 100", 20, 7},
+      {0, "zevra", false, 2, "zinc2", 2, 2, "0;0 ", model, "5.5", "10 1 100", 20, 7},
+      {1, "zevra", false, 2, "zinc2", 2, 2, "0;0 ", model, "5.5", "10 1 100", 20, 7},
+      {2, "zevra1", true, 2, "zinc2", 2, 2, "0;0 ", model, "5.5", "10 1 100", 20, 7},
+      {3, "zevra1", true, 1, "zinc2", 2, 2, "0;0 ", model, "5.5", "10 1 100", 20, 7},
+      {4, "zevra1", true, 1, "zinc", 2, 2, "0;0 ", model, "5.5", "10 1 100", 20, 7},
+      {5, "zevra1", true, 1, "zinc", 1, 2, "0;0 ", model, "5.5", "10 1 100", 20, 7},
+      {6, "zevra1", true, 1, "zinc", 1, 1, "0;0 ", model, "5.5", "10 1 100", 20, 7},
       // Behind the header the reset has run, and the lag tables are new.
-      {7, "zevra1", 1, 1, "zinc", 1, 1, "0;0", kResetModel + 2, "5.5", "0 0 0", 0, -1e-200},
-      {8, "zevra1", 1, 1, "zinc", 1, 1, "0;0", kResetModel + 2, "2.5", "0 0 0", 0, -1e-200},
-      {9, "zevra1", 1, 1, "zinc", 1, 1, "0;0", kResetModel + 2, "2.5", "100 0 0", 0, -1e-200},
-      {10, "zevra1", 1, 1, "zinc", 1, 1, "0;0", kResetModel + 2, "2.5", "100 3.5 0", 0, -1e-200},
+      {7, "zevra1", true, 1, "zinc", 1, 1, "0;0", kResetModel + 2, "5.5", "0 0 0", 0, -1e-200},
+      {8, "zevra1", true, 1, "zinc", 1, 1, "0;0", kResetModel + 2, "2.5", "0 0 0", 0, -1e-200},
+      {9, "zevra1", true, 1, "zinc", 1, 1, "0;0", kResetModel + 2, "2.5", "100 0 0", 0, -1e-200},
+      {10, "zevra1", true, 1, "zinc", 1, 1, "0;0", kResetModel + 2, "2.5", "100 3.5 0", 0, -1e-200},
   };
   for (const Row& row : rows) {
     Session session = loaded();
@@ -93,14 +94,13 @@ TEST(ReaderEnd, KeepsWhatWasRead) {
     EXPECT_EQ(session.ndir, row.ndir) << row.tokens;
     EXPECT_EQ(session.nclass, row.nclass) << row.tokens;
     EXPECT_EQ(session.dirname(1), row.direction) << row.tokens;
-    EXPECT_EQ(modelText(session, 1, 1).substr(2), row.model) << row.tokens;
+    EXPECT_EQ(modelText(session, {1, 1}).substr(2), row.model) << row.tokens;
     EXPECT_EQ(session.variance(1).toText(), row.variance) << row.tokens;
-    EXPECT_EQ(classText(session, 1, 1, 1), row.lag) << row.tokens;
-    EXPECT_EQ(session.hmax(1, 1), row.hmax) << row.tokens;
-    EXPECT_EQ(session.gmax(1, 1), row.gmax) << row.tokens;
+    EXPECT_EQ(classText(session, {1, 1}, 1), row.lag) << row.tokens;
+    EXPECT_EQ(session.hmax({1, 1}), row.hmax) << row.tokens;
+    EXPECT_EQ(session.gmax({1, 1}), row.gmax) << row.tokens;
     // Set at the very first, before any token.
-    EXPECT_EQ(session.plotvar, 1) << row.tokens;
-    EXPECT_EQ(session.plotdir, 1) << row.tokens;
+    EXPECT_EQ(session.plotted(), (Pair{1, 1})) << row.tokens;
     // The file before still seems to be loaded.
     EXPECT_EQ(session.inputfile, "before.zvm") << row.tokens;
     EXPECT_TRUE(session.loaded) << row.tokens;
@@ -114,19 +114,19 @@ TEST(ReaderEnd, IsMetInTheSecondVariableToo) {
   Session session;
   // Without the last pair count of variable 2; then without all of variable 2.
   EXPECT_FALSE(readVariogramBytes(whole.substr(0, whole.size() - 7), session));
-  EXPECT_EQ(classText(session, 2, 2, 2), "23 9 0");
-  EXPECT_EQ(session.gmax(2, 2), 8);
+  EXPECT_EQ(classText(session, {2, 2}, 2), "23 9 0");
+  EXPECT_EQ(session.gmax({2, 2}), 8);
   EXPECT_FALSE(readVariogramBytes(whole.substr(0, whole.find(" 6.5")), session));
-  EXPECT_EQ(classText(session, 1, 2, 2), "21 2 400");
-  EXPECT_EQ(classText(session, 2, 1, 1), "0 0 0");
+  EXPECT_EQ(classText(session, {1, 2}, 2), "21 2 400");
+  EXPECT_EQ(classText(session, {2, 1}, 1), "0 0 0");
 }
 
 TEST(ReaderEnd, IsNotMetWhileABlankIsLeft) {
   // The blank lets each test pass and the read behind it fails: the last value stays as it was.
   Session session;
   EXPECT_TRUE(readVariogramBytes(firstTokens(10) + " ", session));
-  EXPECT_EQ(classText(session, 1, 1, 1), "100 3.5 0");
-  EXPECT_EQ(session.gmax(1, 1), 3.5);
+  EXPECT_EQ(classText(session, {1, 1}, 1), "100 3.5 0");
+  EXPECT_EQ(session.gmax({1, 1}), 3.5);
   // Before any other token the next test fails.
   for (std::size_t count = 0; count < 10; ++count)
     EXPECT_FALSE(readVariogramBytes(firstTokens(count) + " ", session)) << count;
@@ -155,7 +155,7 @@ TEST(ReaderText, ATitleWithACommaIsReadOutOfStep) {
   Session session;
   readVariogramBytes("Flood, plain" + rest, session);
   EXPECT_EQ(session.filetag, "plain");
-  EXPECT_EQ(session.hasmodel, 0);
+  EXPECT_FALSE(session.hasmodel);
   EXPECT_EQ(session.nvar, 0);
   EXPECT_EQ(session.ndir, 2);
   EXPECT_EQ(session.nclass, 0);
@@ -169,9 +169,9 @@ TEST(ReaderEnd, OfAFileThatCannotBeRead) {
     Session session = loaded();
     EXPECT_FALSE(readVariogramFile(path, session)) << path;
     EXPECT_EQ(session.plotvar, 1) << path;
-    EXPECT_EQ(session.hasmodel, 0) << path;
+    EXPECT_FALSE(session.hasmodel) << path;
     EXPECT_EQ(session.nvar, 2) << path;
-    EXPECT_EQ(session.c0(1, 1).number(), 8) << path;
+    EXPECT_EQ(session.c0({1, 1}).number(), 8) << path;
   }
 }
 
@@ -204,9 +204,9 @@ TEST(ReaderText, InPlaceOfANumber) {
     Session session;
     ASSERT_TRUE(readVariogramBytes(bytes, session)) << row.name;
     EXPECT_EQ(session.variance(1).toText(), row.cell) << row.name;
-    EXPECT_EQ(session.hlag(1, 1, 1).toText(), row.cell) << row.name;
-    EXPECT_EQ(generalText(session.gam(1, 1, 1)), row.ofGam) << row.name;
-    EXPECT_EQ(generalText(session.npairs(1, 1, 1)), row.ofPairs) << row.name;
+    EXPECT_EQ(session.hlag({1, 1}, 1).toText(), row.cell) << row.name;
+    EXPECT_EQ(generalText(session.gam({1, 1}, 1)), row.ofGam) << row.name;
+    EXPECT_EQ(generalText(session.npairs({1, 1}, 1)), row.ofPairs) << row.name;
   }
 }
 
@@ -214,13 +214,13 @@ TEST(ReaderText, TakesNoPartInExtremesAndAxis) {
   Session session;
   ASSERT_TRUE(readVariogramBytes(
       lines({"t", "z", "1", "zinc", "1", "2", "0;0", "big", "far -1 1", "7 many some"}), session));
-  EXPECT_EQ(session.hmax(1, 1), 7);
+  EXPECT_EQ(session.hmax({1, 1}), 7);
   // A text leaves the semivariance 0, which takes part.
-  EXPECT_EQ(session.gmax(1, 1), 0);
-  EXPECT_EQ(session.gmin(1, 1), -1);
+  EXPECT_EQ(session.gmax({1, 1}), 0);
+  EXPECT_EQ(session.gmin({1, 1}), -1);
   // No limit follows from a variance that is a text.
-  EXPECT_EQ(session.ymax(1, 1), 0);
-  EXPECT_EQ(session.ymin(1, 1), 0);
+  EXPECT_EQ(session.ymax({1, 1}), 0);
+  EXPECT_EQ(session.ymin({1, 1}), 0);
 }
 
 TEST(ReaderText, InPlaceOfACountLeavesTheCount) {

@@ -49,9 +49,9 @@ TEST(CutModelBlock, GoesOnWithTheLastNumberAndLetter) {
   std::string models;
   for (std::size_t count = 0; count <= 14; ++count) {
     const Session session = read(models);
-    EXPECT_EQ(modelText(session, 1, 1), rows[count][0]) << count << " tokens";
-    EXPECT_EQ(modelText(session, 1, 2), rows[count][1]) << count << " tokens";
-    EXPECT_EQ(session.modelshown, 0);
+    EXPECT_EQ(modelText(session, {1, 1}), rows[count][0]) << count << " tokens";
+    EXPECT_EQ(modelText(session, {1, 2}), rows[count][1]) << count << " tokens";
+    EXPECT_FALSE(session.modelshown);
     if (count < 14) models += tokens[count] + "\r\n";
   }
 }
@@ -59,12 +59,12 @@ TEST(CutModelBlock, GoesOnWithTheLastNumberAndLetter) {
 TEST(CutModelBlock, LetterIsForgottenBetweenFiles) {
   Session session = read("1 0.5 1 S\r\n2 30");
   ASSERT_TRUE(readVariogramBytes(kData, session));
-  EXPECT_EQ(modelText(session, 1, 1), "9 9 9 - 9 9 9 - 9 9 9 - 9 9");
+  EXPECT_EQ(modelText(session, {1, 1}), "9 9 9 - 9 9 9 - 9 9 9 - 9 9");
 }
 
 TEST(CutModelBlock, BehindATextGoesOnWithTheText) {
   // A text cell takes it; the flag of structure 3, which can't, stays as the reset left it.
-  EXPECT_EQ(modelText(read("1 0.5 1 S\r\nmuch"), 1, 1),
+  EXPECT_EQ(modelText(read("1 0.5 1 S\r\nmuch"), {1, 1}),
             "1 0.5 1 S much much much S much much 0 S much much");
 }
 
@@ -83,7 +83,7 @@ TEST(CutModelBlock, SharesALongTextAmongAllPlaces) {
   const std::string text(1'000'000, 'x');
   Session session;
   ASSERT_TRUE(readVariogramBytes(fullFile() + text, session));
-  const std::string* shared = session.use0(1, 1).text();
+  const std::string* shared = session.use0({1, 1}).text();
   ASSERT_NE(shared, nullptr);
   EXPECT_EQ(*shared, text);
   for (int v = 1; v <= 41; ++v)
@@ -91,7 +91,7 @@ TEST(CutModelBlock, SharesALongTextAmongAllPlaces) {
       for (const auto table :
            {&Session::use0, &Session::c0, &Session::use1, &Session::c1, &Session::a1,
             &Session::use2, &Session::c2, &Session::a2, &Session::c3, &Session::a3})
-        ASSERT_EQ((session.*table)(v, d).text(), shared) << v << "," << d;
+        ASSERT_EQ((session.*table)({v, d}).text(), shared) << v << "," << d;
 }
 
 // The last letter of a cut block goes everywhere as well, so that no more than a line of it stays.
@@ -100,8 +100,8 @@ TEST(CutModelBlock, KeepsTheFrontOfALongLetter) {
   Session session;
   ASSERT_TRUE(readVariogramBytes(fullFile() + "1\r\n2\r\n1\r\n" + letter, session));
   for (const auto table : {&Session::model1, &Session::model2, &Session::model3}) {
-    EXPECT_EQ((session.*table)(1, 1), std::string(255, 'x'));
-    EXPECT_EQ((session.*table)(41, 21), std::string(255, 'x'));
+    EXPECT_EQ((session.*table)({1, 1}), std::string(255, 'x'));
+    EXPECT_EQ((session.*table)({41, 21}), std::string(255, 'x'));
   }
 }
 
@@ -109,7 +109,8 @@ TEST(CutModelBlock, NumberPlaceTakesTheTextOfAClass) {
   Session session;
   ASSERT_TRUE(readVariogramBytes(
       lines({"t", "zevra1", "1", "zinc", "1", "1", "0;0", "2.5", "10 3 some"}), session));
-  EXPECT_EQ(modelText(session, 1, 1), "some some some - some some some - some some 0 - some some");
+  EXPECT_EQ(modelText(session, {1, 1}),
+            "some some some - some some some - some some 0 - some some");
 }
 
 TEST(ModelBlock, TakesWhateverStandsThere) {
@@ -143,7 +144,7 @@ TEST(ModelBlock, TakesWhateverStandsThere) {
     ASSERT_TRUE(readVariogramBytes(
         lines({"t", "zevra1", "1", "zinc", "1", "1", "0;0", "2.5", "10 3 9"}) + row.models,
         session));
-    EXPECT_EQ(modelText(session, 1, 1), row.model) << row.name;
+    EXPECT_EQ(modelText(session, {1, 1}), row.model) << row.name;
   }
 }
 
@@ -153,27 +154,27 @@ TEST(SecondLoad, LeavesNoModelOfTheFirst) {
   Session session = read(model + model);
   for (int v = 1; v <= 40; ++v) {
     for (int d = 1; d <= 20; ++d) {
-      session.use3(v, d) = 1;
-      session.c2(v, d) = 4;
-      session.model1(v, d) = "P";
-      session.a1(v, d) = 3;
-      session.showsill(v, d) = 0;
-      session.xmax(v, d) = 6;
-      session.atyped(v, d) = session.c0typed(v, d) = 1;
+      session.use3({v, d}) = 1;
+      session.c2({v, d}) = 4;
+      session.model1({v, d}) = "P";
+      session.a1({v, d}) = 3;
+      session.showsill({v, d}) = false;
+      session.xmax({v, d}) = 6;
+      session.atyped({v, d}) = session.c0typed({v, d}) = true;
     }
   }
   ASSERT_TRUE(readVariogramBytes(
       lines({"t", "zevra", "1", "zinc", "1", "1", "0;0", "2.5", "10 3 9"}), session));
   for (int v = 1; v <= 40; ++v) {
     for (int d = 1; d <= 20; ++d) {
-      EXPECT_EQ(modelText(session, v, d), kResetModel) << v << "," << d;
-      EXPECT_EQ(session.showsill(v, d), 1);
-      EXPECT_EQ(session.xmax(v, d), 0);
-      EXPECT_EQ(session.atyped(v, d), 1);
-      EXPECT_EQ(session.c0typed(v, d), 1);
+      EXPECT_EQ(modelText(session, {v, d}), kResetModel) << v << "," << d;
+      EXPECT_TRUE(session.showsill({v, d}));
+      EXPECT_EQ(session.xmax({v, d}), 0);
+      EXPECT_TRUE(session.atyped({v, d}));
+      EXPECT_TRUE(session.c0typed({v, d}));
     }
   }
-  EXPECT_EQ(session.gmax(1, 2), -1e-200);
+  EXPECT_EQ(session.gmax({1, 2}), -1e-200);
 }
 
 }  // namespace

@@ -43,8 +43,8 @@ struct Desk {
 
 TEST(Rescue, IsAWholeVariogramFile) {
   Desk desk;
-  desk.session.use0(1, 2) = 1;
-  desk.session.c0(1, 2) = 0.25;
+  desk.session.use0({1, 2}) = 1;
+  desk.session.c0({1, 2}) = 0.25;
   EXPECT_EQ(desk.rescue(), desk.kept);
   const std::string unused =
       lines({" 0 ", " 0 ", " 0 ", "-", " 0 ", " 1E-05 ", " 0 ", "-", " 0 ", " 1E-05 ",  //
@@ -61,18 +61,18 @@ TEST(Rescue, IsAWholeVariogramFile) {
 TEST(Rescue, BringsBackTheSessionWithWhatASaveDrops) {
   Desk desk;
   Session& s = desk.session;
-  s.use1(2, 1) = 0;  // switched off
-  s.model1(2, 1) = "S";
-  s.c1(2, 1) = 3.5;
-  s.a1(2, 1) = 900;
-  s.use2(2, 1) = 2;  // of no use to a save
-  s.use0(1, 1) = Cell::ofText("yes");
+  s.use1({2, 1}) = 0;  // switched off
+  s.model1({2, 1}) = "S";
+  s.c1({2, 1}) = 3.5;
+  s.a1({2, 1}) = 900;
+  s.use2({2, 1}) = 2;  // of no use to a save
+  s.use0({1, 1}) = Cell::ofText("yes");
   ASSERT_TRUE(desk.rescue());
   Session again;
   ASSERT_TRUE(readVariogramFile(desk.kept, again));
-  EXPECT_EQ(again.hasmodel, 1);
-  EXPECT_EQ(modelText(again, 2, 1), "0 0 0 S 3.5 900 2 - 0 1E-05 0 - 0 1E-05");
-  EXPECT_EQ(modelText(again, 1, 1), "yes 0 0 - 0 1E-05 0 - 0 1E-05 0 - 0 1E-05");
+  EXPECT_TRUE(again.hasmodel);
+  EXPECT_EQ(modelText(again, {2, 1}), "0 0 0 S 3.5 900 2 - 0 1E-05 0 - 0 1E-05");
+  EXPECT_EQ(modelText(again, {1, 1}), "yes 0 0 - 0 1E-05 0 - 0 1E-05 0 - 0 1E-05");
   again.filetag = s.filetag;
   EXPECT_EQ(test::dataText(again), test::dataText(s));
   EXPECT_EQ(test::modelTexts(again), test::modelTexts(s));
@@ -103,14 +103,14 @@ TEST(Rescue, NamesComeBackWhateverStandsInThem) {
     Desk desk;
     desk.session.varname(1) = name;
     desk.session.dirname(2) = name;
-    desk.session.model3(2, 2) = name;
+    desk.session.model3({2, 2}) = name;
     ASSERT_TRUE(desk.rescue());
     Session again;
     ASSERT_TRUE(readVariogramFile(desk.kept, again)) << name;
     EXPECT_EQ(again.varname(1), back);
     EXPECT_EQ(again.varname(2), "lead") << name;
     EXPECT_EQ(again.dirname(2), back);
-    EXPECT_EQ(again.a3(2, 2).number(), 1e-05) << name;
+    EXPECT_EQ(again.a3({2, 2}).number(), 1e-05) << name;
   }
 }
 
@@ -142,7 +142,7 @@ TEST(Rescue, CutsCountsThatABadFileHasLeftToTheTables) {
       {2, 2, 1000, {2, 2, 2}},  {2, 2, 1001, {2, 2, 2}},  {41, 21, 2, {41, 21, 2}}};
   for (const Row& row : rows) {
     Desk desk;
-    desk.session.c0(1, 1) = 0.5;
+    desk.session.c0({1, 1}) = 0.5;
     desk.session.ndir = row.directions;
     desk.session.nclass = row.classes;
     ASSERT_TRUE(desk.rescue(row.variables)) << row.variables;
@@ -152,7 +152,7 @@ TEST(Rescue, CutsCountsThatABadFileHasLeftToTheTables) {
     EXPECT_EQ(again.ndir, row.kept[1]);
     EXPECT_EQ(again.nclass, row.kept[2]);
     const bool any = row.kept[0] > 0 && row.kept[1] > 0;
-    EXPECT_EQ(again.c0(1, 1).number(), any ? 0.5 : 0);
+    EXPECT_EQ(again.c0({1, 1}).number(), any ? 0.5 : 0);
   }
 }
 
@@ -160,14 +160,14 @@ TEST(Rescue, KeepsTheOneBefore) {
   Desk desk;
   const fs::path before = desk.program / "rescue-before.zvm";
   for (const double sill : {1, 2, 3}) {
-    desk.session.c0(1, 1) = sill;
+    desk.session.c0({1, 1}) = sill;
     ASSERT_TRUE(desk.rescue());
     Session last, older;
     ASSERT_TRUE(readVariogramFile(desk.kept, last));
-    EXPECT_EQ(last.c0(1, 1).number(), sill);
+    EXPECT_EQ(last.c0({1, 1}).number(), sill);
     EXPECT_EQ(readVariogramFile(before, older), sill > 1);
     if (sill == 1) continue;
-    EXPECT_EQ(older.c0(1, 1).number(), sill - 1);
+    EXPECT_EQ(older.c0({1, 1}).number(), sill - 1);
   }
 }
 

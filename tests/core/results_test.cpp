@@ -3,11 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "session/fault.h"
 #include "tests/support/memory_axis_fields.h"
+#include "tests/support/model_lines.h"
 
 namespace zevfit {
 namespace {
@@ -16,20 +18,6 @@ using test::MemoryAxisFields;
 using Texts = std::vector<std::string>;
 
 constexpr std::int64_t kVariable = 2;
-
-/// Structures 1 to 3 of a direction, each by its letter, or "" for one that is not used.
-struct Structure {
-  const char* letter;
-  double sill, range;
-};
-
-void putStructure(Session& session, std::int64_t direction, int line, const Structure& structure) {
-  const auto at = static_cast<std::size_t>(line);
-  setFlag(session, line, kVariable, direction, 1);
-  (session.*kLetterTable.at(at))(kVariable, direction) = structure.letter;
-  (session.*kSillTable.at(at))(kVariable, direction) = structure.sill;
-  (session.*kRangeTable.at(at))(kVariable, direction) = structure.range;
-}
 
 /// Five directions of variable 2: all lines; the nugget alone; nothing; structure 2 alone, with a
 /// smaller range than what came before; structures 1 and 3.
@@ -41,19 +29,17 @@ Session sample() {
   const char* names[] = {"0;0", "45;0", "90;0", "135;-30", " -45;30 "};
   for (int direction = 1; direction <= 5; ++direction)
     session.dirname(direction) = names[direction - 1];
-  session.use0(kVariable, 1) = 1;
-  session.c0(kVariable, 1) = 0.1;
-  putStructure(session, 1, 1, {"S", 0.5, 100});
-  putStructure(session, 1, 2, {"E", 0.25, 1400.5});
-  putStructure(session, 1, 3, {"G", 1.0 / 3, 1e-5});
-  session.ctotal(kVariable, 1) = 1.25;
-  session.use0(kVariable, 2) = 1;
-  session.c0(kVariable, 2) = 0.2;
-  session.ctotal(kVariable, 2) = 0.2;
-  putStructure(session, 4, 2, {"P", 3, 200});
-  putStructure(session, 5, 1, {"S", 2, 50});
-  putStructure(session, 5, 3, {"-", 4, 60});
-  session.ctotal(kVariable, 5) = 6;
+  setNugget(session, {kVariable, 1}, 0.1);
+  setStructure(session, {kVariable, 1}, Line::first, "S", 0.5, 100);
+  setStructure(session, {kVariable, 1}, Line::second, "E", 0.25, 1400.5);
+  setStructure(session, {kVariable, 1}, Line::third, "G", 1.0 / 3, 1e-5);
+  session.ctotal({kVariable, 1}) = 1.25;
+  setNugget(session, {kVariable, 2}, 0.2);
+  session.ctotal({kVariable, 2}) = 0.2;
+  setStructure(session, {kVariable, 4}, Line::second, "P", 3, 200);
+  setStructure(session, {kVariable, 5}, Line::first, "S", 2, 50);
+  setStructure(session, {kVariable, 5}, Line::third, "-", 4, 60);
+  session.ctotal({kVariable, 5}) = 6;
   return session;
 }
 
@@ -103,15 +89,15 @@ TEST(Results, EachLineShowsItsCellsOrDashes) {
 }
 
 TEST(Results, EachStructureAloneAddsToTheMark) {
-  for (int line = 1; line < kLines; ++line) {
+  for (const Line structure : kStructures) {
     Session session;
     resetFitState(session);
     session.ndir = 2;
-    putStructure(session, 1, line, {"E", 2, 30});
-    session.ctotal(kVariable, 1) = 2;
+    setStructure(session, {kVariable, 1}, structure, "E", 2, 30);
+    session.ctotal({kVariable, 1}) = 2;
     const std::vector<ResultRow> rows = filled(session);
-    EXPECT_EQ(rows[0][11] + " " + rows[0][12], "2 30") << line;
-    EXPECT_EQ(rows[1][11] + " " + rows[1][12], "- -") << line;
+    EXPECT_EQ(rows[0][11] + " " + rows[0][12], "2 30") << indexOf(structure);
+    EXPECT_EQ(rows[1][11] + " " + rows[1][12], "- -") << indexOf(structure);
   }
 }
 
@@ -119,17 +105,17 @@ TEST(Results, TheLargestRangeIsNothingUntilAStructureHasOne) {
   Session session;
   resetFitState(session);
   session.ndir = 2;
-  session.use0(kVariable, 1) = 1;
+  session.use0({kVariable, 1}) = 1;
   EXPECT_EQ(filled(session)[0][12], "");
   // A range that is not above 0 is none.
   for (const double range : {0.0, -5.0}) {
-    putStructure(session, 1, 2, {"S", 1, range});
+    setStructure(session, {kVariable, 1}, Line::second, "S", 1, range);
     EXPECT_EQ(filled(session)[0][12], "") << range;
   }
   // That of structure 1 counts whatever it is, and then -5 is greater.
-  putStructure(session, 1, 1, {"S", 1, -7});
+  setStructure(session, {kVariable, 1}, Line::first, "S", 1, -7);
   EXPECT_EQ(filled(session)[0][12], "-5");
-  session.use2(kVariable, 1) = 0;
+  session.use2({kVariable, 1}) = 0;
   EXPECT_EQ(filled(session)[0][12], "-7");
 }
 
@@ -145,8 +131,8 @@ TEST(Results, ADifferentVariableReplacesAllRows) {
 TEST(Results, ALineWithAnotherFlagKeepsWhatItShows) {
   Session session = sample();
   std::vector<ResultRow> rows = filled(session);
-  session.use0(3, 1) = 2;
-  session.use2(3, 1) = 2;
+  session.use0({3, 1}) = 2;
+  session.use2({3, 1}) = 2;
   fillResults(session, 3, rows);
   EXPECT_EQ(shown(rows[0]),
             (Texts{"0;0", "0.1", "-", "-", "-", "E", "0.25", "1400.5", "-", "-", "-", "-", "-"}));
@@ -154,11 +140,11 @@ TEST(Results, ALineWithAnotherFlagKeepsWhatItShows) {
 
 TEST(Results, TextsStandAsTheFileHasThem) {
   Session session = sample();
-  session.c0(kVariable, 2) = Cell::ofText("low");
-  session.c1(kVariable, 5) = Cell::ofText("much");
-  session.a1(kVariable, 1) = Cell::ofText("far");
-  session.use2(kVariable, 1) = 0;
-  setFlag(session, 3, kVariable, 1, 0);
+  session.c0({kVariable, 2}) = Cell::ofText("low");
+  session.c1({kVariable, 5}) = Cell::ofText("much");
+  session.a1({kVariable, 1}) = Cell::ofText("far");
+  session.use2({kVariable, 1}) = 0;
+  session.use3({kVariable, 1}) = 0;
   session.ndir = 2;
   const std::vector<ResultRow> rows = filled(session);
   EXPECT_EQ(rows[0][4], "far");
@@ -169,17 +155,17 @@ TEST(Results, TextsStandAsTheFileHasThem) {
 
 TEST(Results, ATextIsNoFlagAndCannotBeCompared) {
   Session flagged = sample();
-  flagged.use1(kVariable, 2) = Cell::ofText("yes");
+  flagged.use1({kVariable, 2}) = Cell::ofText("yes");
   EXPECT_THROW(filled(flagged), Fault);
   Session compared = sample();
-  compared.a2(kVariable, 1) = Cell::ofText("far");
+  compared.a2({kVariable, 1}) = Cell::ofText("far");
   EXPECT_THROW(filled(compared), Fault);
   EXPECT_THROW(filled(sample(), kVariableSlots), Fault);
 }
 
 /// The session of the sample, its rows and the fields.
 struct Window {
-  void click(std::int64_t direction, int target) {
+  void click(std::int64_t direction, std::optional<Axis> target) {
     session.targetdir = target;
     transferRow(session, rows.at(static_cast<std::size_t>(direction - 1)), direction, fields,
                 rowcells);
@@ -201,7 +187,7 @@ const Texts kFifthRow{"-45", "30", "50", "-", "60"};
 
 TEST(ResultsTransfer, WithoutATargetNothingIsCopied) {
   Window window;
-  window.click(1, 0);
+  window.click(1, std::nullopt);
   EXPECT_EQ(window.main(), kEmpty);
   EXPECT_EQ(window.minor1(), kEmpty);
   EXPECT_EQ(window.minor2(), kEmpty);
@@ -210,7 +196,7 @@ TEST(ResultsTransfer, WithoutATargetNothingIsCopied) {
 
 TEST(ResultsTransfer, AFirstPickForMainFillsAllThree) {
   Window window;
-  window.click(5, 1);
+  window.click(5, Axis::main);
   EXPECT_EQ(window.main(), kFifthRow);
   EXPECT_EQ(window.minor1(), kFifthRow);
   EXPECT_EQ(window.minor2(), kFifthRow);
@@ -220,23 +206,23 @@ TEST(ResultsTransfer, AFirstPickForMainFillsAllThree) {
 
 TEST(ResultsTransfer, EachLetterHasItsCodeInItsColumn) {
   Window window;
-  window.click(1, 1);
+  window.click(1, Axis::main);
   EXPECT_EQ(window.rowcells, (RowCells{"", "0.1", "1", "0.5", "100", "2", "0.25", "1400.5", "3",
                                        "0.333333333333333", "1E-05", "1.25", "1400.5"}));
-  window.click(4, 1);
+  window.click(4, Axis::main);
   EXPECT_EQ(window.rowcells,
             (RowCells{"", "-", "-", "-", "-", "4", "3", "200", "-", "-", "-", "0", "1400.5"}));
   // A letter elsewhere, and one that is none, stand as they are.
   window.rows[0] = {"0;0", "S", "s", "E", "G", "SE", "P", "S", " P", "E", "G", "S", "E"};
-  window.click(1, 1);
+  window.click(1, Axis::main);
   EXPECT_EQ(window.rowcells,
             (RowCells{"", "S", "s", "E", "G", "SE", "P", "S", " P", "E", "G", "S", "E"}));
 }
 
 TEST(ResultsTransfer, ALaterPickForMainLeavesFilledMinorsAlone) {
   Window window;
-  window.click(1, 1);
-  window.click(5, 1);
+  window.click(1, Axis::main);
+  window.click(5, Axis::main);
   EXPECT_EQ(window.main(), kFifthRow);
   EXPECT_EQ(window.minor1(), kFirstRow);
   EXPECT_EQ(window.minor2(), kFirstRow);
@@ -245,10 +231,10 @@ TEST(ResultsTransfer, ALaterPickForMainLeavesFilledMinorsAlone) {
 
 TEST(ResultsTransfer, PicksForTheMinorsFillTheirOwnFieldsAlone) {
   Window window;
-  window.click(1, 1);
+  window.click(1, Axis::main);
   const RowCells before = window.rowcells;
-  window.click(4, 2);
-  window.click(5, 3);
+  window.click(4, Axis::minor1);
+  window.click(5, Axis::minor2);
   EXPECT_EQ(window.main(), kFirstRow);
   EXPECT_EQ(window.minor1(), kFourthRow);
   EXPECT_EQ(window.minor2(), kFifthRow);
@@ -257,10 +243,10 @@ TEST(ResultsTransfer, PicksForTheMinorsFillTheirOwnFieldsAlone) {
 
 TEST(ResultsTransfer, AMinorPickedBeforeMainStays) {
   Window window;
-  window.click(5, 2);
+  window.click(5, Axis::minor1);
   EXPECT_EQ(window.main(), kEmpty);
   EXPECT_EQ(window.rowcells, RowCells());
-  window.click(1, 1);
+  window.click(1, Axis::main);
   EXPECT_EQ(window.main(), kFirstRow);
   EXPECT_EQ(window.minor1(), kFifthRow);
   EXPECT_EQ(window.minor2(), kFirstRow);
@@ -271,11 +257,11 @@ TEST(ResultsTransfer, AMinorPickedBeforeMainStays) {
 TEST(ResultsTransfer, RangesOfDashesCountAsNoughts) {
   Window window;
   window.session.dirname(2) = "0;0";
-  window.click(2, 1);
+  window.click(2, Axis::main);
   const Texts dashes{"0", "0", "-", "-", "-"};
   EXPECT_EQ(window.main(), dashes);
   EXPECT_EQ(window.minor1(), dashes);
-  window.click(5, 1);
+  window.click(5, Axis::main);
   EXPECT_EQ(window.minor1(), kFifthRow);
   EXPECT_EQ(window.minor2(), kFifthRow);
   EXPECT_TRUE(window.fields.dialogs.shown.empty());
@@ -304,7 +290,7 @@ TEST(ResultsTransfer, MinorsFollowAPickForMainByWhatTheyHold) {
     for (const Axis minor : {Axis::minor1, Axis::minor2}) {
       Window window;
       window.fields.put(minor, row.before);
-      window.click(5, 1);
+      window.click(5, Axis::main);
       EXPECT_EQ(window.fields.all(minor), row.after) << row.what;
     }
   }
@@ -313,7 +299,7 @@ TEST(ResultsTransfer, MinorsFollowAPickForMainByWhatTheyHold) {
 TEST(ResultsTransfer, ANegativeRangeIsWarnedOfInEachFieldItFills) {
   Window window;
   window.rows[0][7] = "-3";
-  window.click(1, 1);
+  window.click(1, Axis::main);
   EXPECT_EQ(window.fields.dialogs.shown,
             (Texts{"warning: Illegal value for range 'a2' of Main Direction!",
                    "warning: Illegal value for range 'a2' of minor1 Direction!",
@@ -325,11 +311,13 @@ TEST(ResultsTransfer, ANegativeRangeIsWarnedOfInEachFieldItFills) {
 }
 
 TEST(ResultsTransfer, ANameWithoutASeparatorIsAFaultWhateverTheTarget) {
-  for (int target = 0; target <= 3; ++target) {
+  const std::optional<Axis> targets[] = {std::nullopt, Axis::main, Axis::minor1, Axis::minor2};
+  for (const std::optional<Axis> target : targets) {
+    const int index = target ? static_cast<int>(*target) : -1;
     Window window;
     window.session.dirname(1) = "Omni";
-    EXPECT_THROW(window.click(1, target), Fault) << target;
-    EXPECT_EQ(window.rowcells, RowCells()) << target;
+    EXPECT_THROW(window.click(1, target), Fault) << index;
+    EXPECT_EQ(window.rowcells, RowCells()) << index;
   }
 }
 

@@ -8,6 +8,10 @@
 
 #include "files/variogram_reader.h"
 #include "files/variogram_writer.h"
+#include "session/line.h"
+#include "session/number_reading.h"
+#include "session/numbers.h"
+#include "tests/support/model_lines.h"
 #include "tests/support/same_tables.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/support/scripted_dialogs.h"
@@ -47,22 +51,22 @@ class Dice {
   std::mt19937 engine_;
 };
 
-void throwModel(Dice& dice, Session& session, std::int64_t v, std::int64_t d) {
-  for (int line = 0; line < kLines; ++line) {
-    const auto at = static_cast<std::size_t>(line);
-    setFlag(session, line, v, d, dice.upTo(1));
-    (session.*kSillTable.at(at))(v, d) = dice.cell();
-    if (line == 0) continue;
-    (session.*kRangeTable.at(at))(v, d) = dice.cell();
-    (session.*kLetterTable.at(at))(v, d) = std::string(1, "SEGP-"[dice.upTo(4)]);
+void throwModel(Dice& dice, Session& session, Pair pair) {
+  for (const Line which : kLines) {
+    const LineRef at = line(session, pair, which);
+    at.use(dice.upTo(1));
+    at.sill() = dice.cell();
+    if (which == Line::nugget) continue;
+    at.range() = dice.cell();
+    at.letter() = std::string(1, "SEGP-"[dice.upTo(4)]);
   }
 }
 
-void throwClasses(Dice& dice, Session& session, std::int64_t v, std::int64_t d) {
+void throwClasses(Dice& dice, Session& session, Pair pair) {
   for (std::int64_t lag = 1; lag <= session.nclass; ++lag) {
-    session.hlag.set(v, d, lag, dice.cell());
-    session.gam.set(v, d, lag, dice.number());
-    session.npairs.set(v, d, lag, dice.pairs());
+    session.hlag.set(pair, lag, dice.cell());
+    session.gam.set(pair, lag, dice.number());
+    session.npairs.set(pair, lag, dice.pairs());
   }
 }
 
@@ -79,8 +83,8 @@ Session throwSession(Dice& dice) {
     session.varname(v) = dice.name();
     session.variance(v) = dice.cell();
     for (std::int64_t d = 1; d <= session.ndir; ++d) {
-      throwClasses(dice, session, v, d);
-      throwModel(dice, session, v, d);
+      throwClasses(dice, session, {v, d});
+      throwModel(dice, session, {v, d});
     }
   }
   return session;
@@ -112,7 +116,7 @@ TEST(Meuse, ReadsAsItStands) {
   Session session;
   ASSERT_TRUE(readVariogramFile(meuse(), session));
   EXPECT_EQ(session.filetag, "zevra");
-  EXPECT_EQ(session.hasmodel, 0);
+  EXPECT_FALSE(session.hasmodel);
   EXPECT_EQ(session.nvar, 7);
   EXPECT_EQ(session.ndir, 4);
   EXPECT_EQ(session.nclass, 14);
@@ -120,14 +124,14 @@ TEST(Meuse, ReadsAsItStands) {
   EXPECT_EQ(session.varname(7), "lead-copp");
   EXPECT_EQ(session.dirname(4), "135;0");
   EXPECT_EQ(session.variance(1).number(), 0.517227323420493);
-  EXPECT_EQ(classText(session, 1, 1, 1), "94.2307076789621 0.268312293736626 18");
-  EXPECT_EQ(classText(session, 1, 2, 1), "89.483017605091 0.117443637121727 14");
-  EXPECT_EQ(session.hmax(1, 1), 1614.17777265153);
-  EXPECT_EQ(session.gmax(1, 1), 0.945892127574433);
-  EXPECT_EQ(session.gmin(1, 1), 0.183934510417175);
+  EXPECT_EQ(classText(session, {1, 1}, 1), "94.2307076789621 0.268312293736626 18");
+  EXPECT_EQ(classText(session, {1, 2}, 1), "89.483017605091 0.117443637121727 14");
+  EXPECT_EQ(session.hmax({1, 1}), 1614.17777265153);
+  EXPECT_EQ(session.gmax({1, 1}), 0.945892127574433);
+  EXPECT_EQ(session.gmin({1, 1}), 0.183934510417175);
   // The highest value lies above the variance, the lowest above 0.
-  EXPECT_DOUBLE_EQ(session.ymax(1, 1), 1.06 * 0.945892127574433);
-  EXPECT_EQ(session.ymin(1, 1), 0);
+  EXPECT_DOUBLE_EQ(session.ymax({1, 1}), 1.06 * 0.945892127574433);
+  EXPECT_EQ(session.ymin({1, 1}), 0);
 }
 
 TEST(Meuse, SaveAndReloadKeepEveryTable) {
@@ -137,11 +141,8 @@ TEST(Meuse, SaveAndReloadKeepEveryTable) {
   Session session;
   ASSERT_TRUE(readVariogramFile(file, session));
   acceptLoad(session, file);
-  session.use0(1, 1) = session.use1(1, 1) = 1;
-  session.c0(1, 1) = 0.05;
-  session.model1(1, 1) = "S";
-  session.c1(1, 1) = 0.65;
-  session.a1(1, 1) = 1100.5;
+  setNugget(session, {1, 1}, 0.05);
+  setStructure(session, {1, 1}, Line::first, "S", 0.65, 1100.5);
   test::ScriptedDialogs dialogs;
   ModelSaver(folder.path()).gravando(session, 7, dialogs);
   ASSERT_EQ(dialogs.shown.back(), "plain: Models saved to file:" + file.string());
@@ -158,9 +159,9 @@ TEST(Meuse, SaveAndReloadKeepEveryTable) {
   for (const auto table : {&Session::hmax, &Session::gmax, &Session::gmin, &Session::ymax,
                            &Session::ymin, &Session::ymax0, &Session::ymin0})
     for (int v = 1; v <= 7; ++v)
-      for (int d = 1; d <= 4; ++d) EXPECT_EQ((again.*table)(v, d), (session.*table)(v, d));
-  EXPECT_EQ(test::modelText(again, 1, 1), "1 0.05 1 S 0.65 1100.5 0 - 0 0.0001 0 - 0 0.0001");
-  EXPECT_EQ(test::modelText(again, 7, 4), "0 0 0 - 0 0.0001 0 - 0 0.0001 0 - 0 0.0001");
+      for (int d = 1; d <= 4; ++d) EXPECT_EQ((again.*table)({v, d}), (session.*table)({v, d}));
+  EXPECT_EQ(test::modelText(again, {1, 1}), "1 0.05 1 S 0.65 1100.5 0 - 0 0.0001 0 - 0 0.0001");
+  EXPECT_EQ(test::modelText(again, {7, 4}), "0 0 0 - 0 0.0001 0 - 0 0.0001 0 - 0 0.0001");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "files/variogram_reader.h"
 #include "files/variogram_writer.h"
+#include "session/line.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/support/variogram_text.h"
@@ -78,51 +79,51 @@ TEST(Save, CancelLeavesEverything) {
 
 TEST(Save, AsksSavesAndTells) {
   Desk desk;
-  desk.session.use0(1, 1) = 1;
-  desk.session.c0(1, 1) = 0.5;
-  desk.session.modelshown = 1;
+  desk.session.use0({1, 1}) = 1;
+  desk.session.c0({1, 1}) = 0.5;
+  desk.session.modelshown = true;
   EXPECT_EQ(desk.save(), (Boxes{desk.question, desk.saved}));
   EXPECT_FALSE(fs::exists(desk.temporary));
   EXPECT_TRUE(contentOf(desk.file).starts_with("Flood plain\r\nzevRA1\r\n 2 \r\nzinc\r\nlead\r\n"));
   EXPECT_NE(contentOf(desk.file).find(" 1 \r\n 0.5 \r\n"), std::string::npos);
   // The session goes on as it was.
   EXPECT_EQ(desk.session.filetag, "zevra");
-  EXPECT_EQ(desk.session.hasmodel, 0);
-  EXPECT_EQ(desk.session.modelshown, 1);
+  EXPECT_FALSE(desk.session.hasmodel);
+  EXPECT_TRUE(desk.session.modelshown);
   EXPECT_EQ(desk.session.nvar, 2);
   EXPECT_EQ(desk.session.inputfile, desk.file.string());
 }
 
 TEST(Save, ReloadGivesTheModelsInUse) {
   Desk desk;
-  desk.session.use0(2, 1) = 1;
-  desk.session.c0(2, 1) = 0.125;
-  desk.session.use2(2, 1) = 1;
-  desk.session.model2(2, 1) = "G";
-  desk.session.c2(2, 1) = 3.25;
-  desk.session.a2(2, 1) = 450;
+  desk.session.use0({2, 1}) = 1;
+  desk.session.c0({2, 1}) = 0.125;
+  desk.session.use2({2, 1}) = 1;
+  desk.session.model2({2, 1}) = "G";
+  desk.session.c2({2, 1}) = 3.25;
+  desk.session.a2({2, 1}) = 450;
   // Switched off, so that its values are lost.
-  desk.session.model3(2, 1) = "P";
-  desk.session.c3(2, 1) = 7;
-  desk.session.a3(2, 1) = 80;
+  desk.session.model3({2, 1}) = "P";
+  desk.session.c3({2, 1}) = 7;
+  desk.session.a3({2, 1}) = 80;
   desk.save();
   Session again;
   ASSERT_TRUE(readVariogramFile(desk.file, again));
-  EXPECT_EQ(again.hasmodel, 1);
-  EXPECT_EQ(modelText(again, 2, 1), "1 0.125 0 - 0 0.0001 1 G 3.25 450 0 - 0 0.0001");
-  EXPECT_EQ(modelText(again, 1, 1), "0 0 0 - 0 0.0001 0 - 0 0.0001 0 - 0 0.0001");
+  EXPECT_TRUE(again.hasmodel);
+  EXPECT_EQ(modelText(again, {2, 1}), "1 0.125 0 - 0 0.0001 1 G 3.25 450 0 - 0 0.0001");
+  EXPECT_EQ(modelText(again, {1, 1}), "0 0 0 - 0 0.0001 0 - 0 0.0001 0 - 0 0.0001");
 }
 
 TEST(Save, UnknownTagStaysAndHidesTheModels) {
   Desk desk;
   desk.load(sampleFile("mine"));
-  desk.session.use0(1, 1) = 1;
+  desk.session.use0({1, 1}) = 1;
   EXPECT_EQ(desk.save(), (Boxes{desk.question, desk.saved}));
   Session again;
   ASSERT_TRUE(readVariogramFile(desk.file, again));
   EXPECT_EQ(again.filetag, "mine");
-  EXPECT_EQ(again.hasmodel, 0);
-  EXPECT_EQ(modelText(again, 1, 1), test::kResetModel);
+  EXPECT_FALSE(again.hasmodel);
+  EXPECT_EQ(modelText(again, {1, 1}), test::kResetModel);
 }
 
 TEST(Save, DropsTheOldModelBlock) {
@@ -131,13 +132,12 @@ TEST(Save, DropsTheOldModelBlock) {
   for (int pair = 0; pair < 4; ++pair)
     old += lines({"1", "5", "1", "S", "6", "7", "1", "E", "8", "9", "1", "G", "10", "11"});
   desk.load(old + "whatever stands behind");
-  for (const auto flag : kFlagTable) (desk.session.*flag)(1, 1) = 0;
-  desk.session.use3(1, 1) = 0;
+  for (const Line which : kLines) line(desk.session, {1, 1}, which).use(0);
   desk.save();
   Session again;
   ASSERT_TRUE(readVariogramFile(desk.file, again));
-  EXPECT_EQ(modelText(again, 1, 1), "0 0 0 - 0 0.0001 0 - 0 0.0001 0 - 0 0.0001");
-  EXPECT_EQ(modelText(again, 2, 2), "1 5 1 S 6 7 1 E 8 9 1 G 10 11");
+  EXPECT_EQ(modelText(again, {1, 1}), "0 0 0 - 0 0.0001 0 - 0 0.0001 0 - 0 0.0001");
+  EXPECT_EQ(modelText(again, {2, 2}), "1 5 1 S 6 7 1 E 8 9 1 G 10 11");
   EXPECT_TRUE(contentOf(desk.file).ends_with(" 1 \r\nG\r\n 10 \r\n 11 \r\n"));
 }
 
@@ -160,14 +160,14 @@ TEST(Save, DerivedVariableIsOneOfTheFileAfterReload) {
   desk.session.nvar = 3;
   desk.session.varname(3) = "sum";
   desk.session.variance(3) = 12;
-  desk.session.gam.set(3, 2, 1, 11);
+  desk.session.gam.set({3, 2}, 1, 11);
   desk.save(3);
   desk.load(contentOf(desk.file));
   EXPECT_EQ(desk.session.nvar, 3);
   EXPECT_EQ(desk.session.nvarfile, 3);
   EXPECT_EQ(desk.session.varname(3), "sum");
   EXPECT_EQ(desk.session.variance(3).number(), 12);
-  EXPECT_EQ(desk.session.gam(3, 2, 1), 11);
+  EXPECT_EQ(desk.session.gam({3, 2}, 1), 11);
 }
 
 TEST(Save, OldFileThatEndsTooEarlyFailsOnceMore) {
@@ -225,10 +225,10 @@ TEST(Save, TextInTheOldHeaderFails) {
 
 TEST(Save, FaultInTheModelsLeavesTheFile) {
   Desk desk;
-  desk.session.use1(2, 2) = Cell::ofText("yes");
+  desk.session.use1({2, 2}) = Cell::ofText("yes");
   EXPECT_EQ(desk.save(), (Boxes{desk.question, desk.failed}));
   EXPECT_EQ(contentOf(desk.file), sampleFile("zevra"));
-  desk.session.use1(2, 2) = 1;
+  desk.session.use1({2, 2}) = 1;
   EXPECT_EQ(desk.save(), (Boxes{desk.question, desk.saved}));
 }
 
@@ -328,7 +328,7 @@ TEST(Save, OfAnEmptyTitleReadsBackOutOfStep) {
   Session again;
   readVariogramFile(desk.file, again);
   EXPECT_EQ(again.filetag, "2 ");
-  EXPECT_EQ(again.hasmodel, 0);
+  EXPECT_FALSE(again.hasmodel);
 }
 
 TEST(Save, KeepsALinkAndItsPermissions) {

@@ -2,11 +2,14 @@
 // put a range a at 16 a.
 
 #include <gtest/gtest.h>
+
 #include <algorithm>
 #include <array>
 #include <string>
 #include <vector>
 
+#include "model/selection.h"
+#include "session/line.h"
 #include "session/number_reading.h"
 #include "tests/support/fit_fixture.h"
 
@@ -16,11 +19,9 @@ namespace {
 class SelectLine : public testing::Test, protected FitFixture {
  protected:
   SelectLine() {
-    cell(&Session::c0) = 1.25;
-    for (std::size_t line = 1; line < kLines; ++line) {
-      cell(kSillTable[line]) = kSills[line];
-      cell(kRangeTable[line]) = kRanges[line];
-    }
+    for (const Line which : kLines) line(session, kPair, which).sill() = kSills[indexOf(which)];
+    for (const Line structure : kStructures)
+      line(session, kPair, structure).range() = kRanges[indexOf(structure)];
   }
 
   /// The calls that change a value, a bound or the expression, without those of the total.
@@ -33,7 +34,7 @@ class SelectLine : public testing::Test, protected FitFixture {
   }
 
   void giveLetters(const char* letter) {
-    for (int structure = 1; structure <= 3; ++structure) panel.setLetter(structure, letter);
+    for (const Line structure : kStructures) panel.setLetter(structure, letter);
     panel.calls.clear();
   }
 
@@ -44,7 +45,7 @@ class SelectLine : public testing::Test, protected FitFixture {
 
 TEST_F(SelectLine, TheNuggetHasNoRange) {
   panel.setCaption(Caption::Label21, "a2 :");
-  est_Click(fit, 0);
+  est_Click(fit, Line::nugget);
   EXPECT_EQ(panel.caption(Caption::label10), "C0");
   EXPECT_EQ(panel.caption(Caption::Label18), "C0 :");
   EXPECT_EQ(panel.caption(Caption::Label21), "a2 :") << "not touched";
@@ -56,14 +57,14 @@ TEST_F(SelectLine, TheNuggetEnablesItsFieldButNotItsSlider) {
   for (const bool before : {false, true}) {
     panel.setEnabled(Control::Textc0, false);
     panel.setEnabled(Control::HScrollc0, before);
-    est_Click(fit, 0);
+    est_Click(fit, Line::nugget);
     EXPECT_TRUE(panel.enabled(Control::Textc0));
     EXPECT_EQ(panel.enabled(Control::HScrollc0), before);
   }
 }
 
 TEST_F(SelectLine, TheNuggetShowsItsSillInFieldThenSlider) {
-  est_Click(fit, 0);
+  est_Click(fit, Line::nugget);
   EXPECT_EQ(moves(), (std::vector<std::string>{"label10 = C0", "Textc0 = 1.25", "HScrollc0 = 4000",
                                                "Textc0 = 1.25"}))
       << "the last is the slider's own event";
@@ -72,7 +73,7 @@ TEST_F(SelectLine, TheNuggetShowsItsSillInFieldThenSlider) {
 TEST_F(SelectLine, TheNuggetLeavesTheScales) {
   session.ascale = 500;
   panel.setMaximum(Slider::a, 500);
-  est_Click(fit, 0);
+  est_Click(fit, Line::nugget);
   EXPECT_EQ(session.ascale, 500);
   EXPECT_EQ(panel.bounds(Slider::a).maximum, 500);
 }
@@ -80,7 +81,7 @@ TEST_F(SelectLine, TheNuggetLeavesTheScales) {
 TEST_F(SelectLine, TheNuggetOnAnEmptyAxisLeavesTheSliderWithoutAWord) {
   panel.setPosition(Slider::c0, 1234);
   cell(&Session::ymin) = cell(&Session::ymax) = 1.25;
-  EXPECT_NO_THROW(est_Click(fit, 0));
+  EXPECT_NO_THROW(est_Click(fit, Line::nugget));
   EXPECT_EQ(panel.text(Field::c0), "1.25");
   EXPECT_EQ(panel.position(Slider::c0), 1234);
   EXPECT_TRUE(dialogs.shown.empty());
@@ -89,65 +90,64 @@ TEST_F(SelectLine, TheNuggetOnAnEmptyAxisLeavesTheSliderWithoutAWord) {
 TEST_F(SelectLine, ANuggetBeyondTheAxisLeavesTheSlider) {
   panel.setPosition(Slider::c0, 1234);
   cell(&Session::c0) = 10.1;
-  EXPECT_NO_THROW(est_Click(fit, 0));
+  EXPECT_NO_THROW(est_Click(fit, Line::nugget));
   EXPECT_EQ(panel.text(Field::c0), "10.1");
   EXPECT_EQ(panel.position(Slider::c0), 1234);
 }
 
 TEST_F(SelectLine, ExactlyOneLineIsSelected) {
-  for (int line : {2, 0, 3, 1}) {
-    est_Click(fit, line);
-    std::array<int, 4> expected{};
-    expected.at(static_cast<std::size_t>(line)) = 1;
-    EXPECT_EQ(session.sel, expected) << line;
+  for (const Line which : {Line::second, Line::nugget, Line::third, Line::first}) {
+    est_Click(fit, which);
+    EXPECT_EQ(session.sel, which);
   }
 }
 
 TEST_F(SelectLine, AStructureNamesItsSillAndItsRange) {
   constexpr std::array<std::array<const char*, 2>, 4> kLabels{
       {{}, {"C1 :", "a1 :"}, {"C2 :", "a2 :"}, {"C3 :", "a3 :"}}};
-  for (int line = 1; line <= 3; ++line) {
-    est_Click(fit, line);
-    const auto& labels = kLabels.at(static_cast<std::size_t>(line));
+  for (const Line structure : kStructures) {
+    est_Click(fit, structure);
+    const auto& labels = kLabels.at(indexOf(structure));
     EXPECT_EQ(panel.caption(Caption::Label18), labels[0]);
     EXPECT_EQ(panel.caption(Caption::Label21), labels[1]);
   }
 }
 
 TEST_F(SelectLine, AStructureEnablesItsRangeAndTheModels) {
-  for (int line = 1; line <= 3; ++line) {
+  for (const Line structure : kStructures) {
     for (const Control control : {Control::Texta, Control::HScrolla, Control::tipos})
       panel.setEnabled(control, false);
-    est_Click(fit, line);
+    est_Click(fit, structure);
     for (const Control control : {Control::Texta, Control::HScrolla, Control::tipos})
-      EXPECT_TRUE(panel.enabled(control)) << line << ": " << static_cast<int>(control);
+      EXPECT_TRUE(panel.enabled(control))
+          << indexOf(structure) << ": " << static_cast<int>(control);
   }
 }
 
 TEST_F(SelectLine, APowerStructureHasNoSill) {
-  for (int line = 1; line <= 3; ++line)
+  for (const Line structure : kStructures)
     for (const char* letter : {"-", "E", "S", "G", "P"}) {
       giveLetters(letter);
       const bool hasSill = std::string(letter) != "P";
       panel.setEnabled(Control::HScrollc0, !hasSill);
       panel.setEnabled(Control::Textc0, !hasSill);
-      est_Click(fit, line);
-      EXPECT_EQ(panel.enabled(Control::HScrollc0), hasSill) << line << letter;
-      EXPECT_EQ(panel.enabled(Control::Textc0), hasSill) << line << letter;
+      est_Click(fit, structure);
+      EXPECT_EQ(panel.enabled(Control::HScrollc0), hasSill) << indexOf(structure) << letter;
+      EXPECT_EQ(panel.enabled(Control::Textc0), hasSill) << indexOf(structure) << letter;
     }
 }
 
 TEST_F(SelectLine, TheLetterOnShowCountsNotTheOneOfTheTable) {
   cell(&Session::model1) = "P";
-  panel.setLetter(1, "S");
-  est_Click(fit, 1);
+  panel.setLetter(Line::first, "S");
+  est_Click(fit, Line::first);
   EXPECT_TRUE(panel.enabled(Control::Textc0));
   EXPECT_EQ(panel.caption(Caption::label10), "C1*(3/2*(h/a1) -1/2*(h/a1)^3)");
 }
 
 TEST_F(SelectLine, AStructureShowsFieldsThenSlidersThenScalesThenExpression) {
   giveLetters("E");
-  est_Click(fit, 2);
+  est_Click(fit, Line::second);
   EXPECT_EQ(moves(),
             (std::vector<std::string>{
                 "Textc0 = 0.5", "Texta = 37.5", "HScrollc0 = 1600", "Textc0 = 0.5",
@@ -158,19 +158,20 @@ TEST_F(SelectLine, AStructureShowsFieldsThenSlidersThenScalesThenExpression) {
 }
 
 TEST_F(SelectLine, EachStructureShowsItsOwnCells) {
-  for (std::size_t line = 1; line < kLines; ++line) {
-    est_Click(fit, static_cast<int>(line));
-    EXPECT_EQ(panel.position(Slider::c0), 3200 * kSills[line]) << line;
-    EXPECT_EQ(panel.position(Slider::a), 16 * kRanges[line]) << line;
-    EXPECT_EQ(leadingNumber(panel.text(Field::c0)), kSills[line]);
-    EXPECT_EQ(leadingNumber(panel.text(Field::a)), kRanges[line]);
+  for (const Line structure : kStructures) {
+    est_Click(fit, structure);
+    const std::size_t at = indexOf(structure);
+    EXPECT_EQ(panel.position(Slider::c0), 3200 * kSills[at]) << at;
+    EXPECT_EQ(panel.position(Slider::a), 16 * kRanges[at]) << at;
+    EXPECT_EQ(leadingNumber(panel.text(Field::c0)), kSills[at]);
+    EXPECT_EQ(leadingNumber(panel.text(Field::a)), kRanges[at]);
   }
 }
 
 TEST_F(SelectLine, AStructureSetsTheScalesOfItsDirection) {
   cell(&Session::hmax) = 0.05;
   cell(&Session::a1) = 0.5;
-  est_Click(fit, 1);
+  est_Click(fit, Line::first);
   EXPECT_EQ(session.ascale, 31999) << "0.99999 * 32000 = 31999.68";
   EXPECT_EQ(panel.bounds(Slider::a).maximum, 31999);
 }
@@ -181,7 +182,7 @@ TEST_F(SelectLine, ASillBeyondTheAxisLeavesTheOldExpressionAndTheScales) {
   panel.setPosition(Slider::c0, 1234);
   cell(&Session::c1) = 11;
   session.ascale = 500;
-  EXPECT_NO_THROW(est_Click(fit, 1));
+  EXPECT_NO_THROW(est_Click(fit, Line::first));
   EXPECT_EQ(panel.caption(Caption::label10), "old");
   EXPECT_EQ(panel.caption(Caption::Label18), "C1 :");
   EXPECT_EQ(panel.position(Slider::c0), 1234);
@@ -193,22 +194,22 @@ TEST_F(SelectLine, AStructureOnAnEmptyAxisLeavesTheOldExpression) {
   giveLetters("E");
   panel.setCaption(Caption::label10, "old");
   cell(&Session::ymin) = cell(&Session::ymax) = 2.5;
-  EXPECT_NO_THROW(est_Click(fit, 1));
+  EXPECT_NO_THROW(est_Click(fit, Line::first));
   EXPECT_EQ(panel.caption(Caption::label10), "old");
   EXPECT_EQ(panel.text(Field::a), "12.5");
 }
 
 TEST_F(SelectLine, ANewTextDrawsAndAPresentOneDoesNot) {
-  est_Click(fit, 1);
+  est_Click(fit, Line::first);
   EXPECT_EQ(plotter.drawings, 2) << "one for each field";
   plotter.drawings = 0;
-  est_Click(fit, 1);
+  est_Click(fit, Line::first);
   EXPECT_EQ(plotter.drawings, 0);
 }
 
 TEST_F(SelectLine, TheSliderMayRewriteTheRange) {
   cell(&Session::a1) = 50;
-  est_Click(fit, 1);
+  est_Click(fit, Line::first);
   // Position 800 stands for 49.99999975, which the pattern writes with a bare point.
   EXPECT_EQ(panel.text(Field::a), "50.");
   EXPECT_EQ(number(&Session::a1), 50);
@@ -217,7 +218,7 @@ TEST_F(SelectLine, TheSliderMayRewriteTheRange) {
 TEST_F(SelectLine, TheEventsOfADrawingSettle) {
   cell(&Session::a1) = 50;
   drawForReal();
-  est_Click(fit, 1);
+  est_Click(fit, Line::first);
   EXPECT_EQ(panel.text(Field::c0), "2.5");
   EXPECT_EQ(leadingNumber(panel.text(Field::a)), 50);
   EXPECT_EQ(panel.position(Slider::c0), 8000);
@@ -228,55 +229,56 @@ TEST_F(SelectLine, TheEventsOfADrawingSettle) {
 
 TEST_F(SelectLine, ARangeBeyondTheEndIsTakenBackToIt) {
   cell(&Session::a1) = 2100;
-  est_Click(fit, 1);
+  est_Click(fit, Line::first);
   EXPECT_EQ(number(&Session::a1), 2000);
   EXPECT_EQ(panel.position(Slider::a), 32000);
 }
 
 TEST_F(SelectLine, AgainAppliesTheLetterThatHasChanged) {
-  panel.selectLine(1);
-  panel.setLetter(1, "P");
-  panel.selectLine(1);
+  panel.selectLine(Line::first);
+  panel.setLetter(Line::first, "P");
+  panel.selectLine(Line::first);
   EXPECT_TRUE(panel.enabled(Control::Textc0)) << "no event";
-  est_Click(fit, 1);
+  est_Click(fit, Line::first);
   EXPECT_FALSE(panel.enabled(Control::Textc0));
   EXPECT_EQ(panel.caption(Caption::label10), " h^a1  (0<a1<2)");
 }
 
 TEST_F(SelectLine, OutsideTheTablesIsAFaultOfTheProgram) {
   session.curvar = kVariableSlots;
-  for (int line = 0; line < kLines; ++line) EXPECT_THROW(est_Click(fit, line), Fault) << line;
+  for (const Line which : kLines) EXPECT_THROW(est_Click(fit, which), Fault) << indexOf(which);
 }
 
 TEST_F(SelectLine, WritesTheExpressionOfItsOwnColumn) {
   struct Row {
-    int line;
+    Line structure;
     const char* letter;
     const char* expression;
   };
   for (const Row& row : std::vector<Row>{
-           {1, "-", "Model  expression"},
-           {1, "E", "C1*(1-exp(-3h/a1))"},
-           {1, "S", "C1*(3/2*(h/a1) -1/2*(h/a1)^3)"},
-           {1, "G", "C1*(1-exp(-3*(h/a1)^2) )"},
-           {1, "P", " h^a1  (0<a1<2)"},
-           {2, "-", "Model  expression"},
-           {2, "E", "C2*(1-exp(-3h/a2))"},
-           {2, "S", "C2*(3/2*(h/a2) -1/2*(h/a2)^2)"},
-           {2, "G", "C2*(1-exp(-3*(h/a2)^2) )"},
-           {2, "P", " h^a2  (0<a2<2)"},
-           {3, "-", "Model  expression"},
-           {3, "E", "C3*(1-exp(-3h/a3))"},
-           {3, "S", "C3*(3/2*(h/a3) -1/2*(h/a3)^2)"},
-           {3, "G", "C3*(1-exp(-3*(h3/a)^2) )"},
-           {3, "P", " h^a3  (0<a3<2)"},
-           {1, "X", "old"},
-           {2, "", "old"},
+           {Line::first, "-", "Model  expression"},
+           {Line::first, "E", "C1*(1-exp(-3h/a1))"},
+           {Line::first, "S", "C1*(3/2*(h/a1) -1/2*(h/a1)^3)"},
+           {Line::first, "G", "C1*(1-exp(-3*(h/a1)^2) )"},
+           {Line::first, "P", " h^a1  (0<a1<2)"},
+           {Line::second, "-", "Model  expression"},
+           {Line::second, "E", "C2*(1-exp(-3h/a2))"},
+           {Line::second, "S", "C2*(3/2*(h/a2) -1/2*(h/a2)^2)"},
+           {Line::second, "G", "C2*(1-exp(-3*(h/a2)^2) )"},
+           {Line::second, "P", " h^a2  (0<a2<2)"},
+           {Line::third, "-", "Model  expression"},
+           {Line::third, "E", "C3*(1-exp(-3h/a3))"},
+           {Line::third, "S", "C3*(3/2*(h/a3) -1/2*(h/a3)^2)"},
+           {Line::third, "G", "C3*(1-exp(-3*(h3/a)^2) )"},
+           {Line::third, "P", " h^a3  (0<a3<2)"},
+           {Line::first, "X", "old"},
+           {Line::second, "", "old"},
        }) {
     panel.setCaption(Caption::label10, "old");
     giveLetters(row.letter);
-    est_Click(fit, row.line);
-    EXPECT_EQ(panel.caption(Caption::label10), row.expression) << row.line << row.letter;
+    est_Click(fit, row.structure);
+    EXPECT_EQ(panel.caption(Caption::label10), row.expression)
+        << indexOf(row.structure) << row.letter;
   }
 }
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "session/line.h"
 #include "tests/support/fit_fixture.h"
 
 namespace zevfit {
@@ -15,80 +16,80 @@ namespace {
 
 class Selection : public testing::Test, protected FitFixture {
  protected:
-  double use(int line) { return flag(session, line, kVariable, kDirection); }
+  double use(Line which) { return line(session, kPair, which).used(); }
 };
 
 TEST_F(Selection, TheFirstTwoBoxesSayWhetherTheirLineCounts) {
   struct Case {
     Box box;
-    int line;
+    Line line;
   };
-  for (const Case& one : {Case{Box::plot1, 0}, Case{Box::plot2, 1}}) {
+  for (const Case& one : {Case{Box::plot1, Line::nugget}, Case{Box::plot2, Line::first}}) {
     panel.setTicked(one.box, true);
-    EXPECT_EQ(use(one.line), 1) << one.line;
+    EXPECT_EQ(use(one.line), 1) << indexOf(one.line);
     panel.setTicked(one.box, false);
-    EXPECT_EQ(use(one.line), 0) << one.line;
+    EXPECT_EQ(use(one.line), 0) << indexOf(one.line);
     box_Click(fit, one.box);
-    EXPECT_EQ(use(one.line), 0) << one.line << ": the box is read";
+    EXPECT_EQ(use(one.line), 0) << indexOf(one.line) << ": the box is read";
   }
 }
 
 TEST_F(Selection, TheLastTwoBoxesFlipAStateAndAreNotRead) {
   struct Case {
     Box box;
-    int line;
-    int Session::*state;
+    Line line;
+    bool Session::*state;
   };
-  for (const Case& one :
-       {Case{Box::plot3, 2, &Session::plot3state}, Case{Box::plot4, 3, &Session::plot4state}}) {
-    for (const int expected : {1, 0, 1}) {
+  for (const Case& one : {Case{Box::plot3, Line::second, &Session::plot3state},
+                          Case{Box::plot4, Line::third, &Session::plot4state}}) {
+    for (const bool expected : {true, false, true}) {
       box_Click(fit, one.box);
       EXPECT_FALSE(panel.ticked(one.box));
-      EXPECT_EQ(use(one.line), expected) << one.line;
-      EXPECT_EQ(session.*one.state, expected) << one.line;
+      EXPECT_EQ(use(one.line), expected ? 1 : 0) << indexOf(one.line);
+      EXPECT_EQ(session.*one.state, expected) << indexOf(one.line);
     }
   }
 }
 
 TEST_F(Selection, TheTwoStatesAreTheirOwn) {
   box_Click(fit, Box::plot3);
-  EXPECT_EQ(session.plot3state, 1);
-  EXPECT_EQ(session.plot4state, 0);
-  EXPECT_EQ(use(3), 0);
+  EXPECT_TRUE(session.plot3state);
+  EXPECT_FALSE(session.plot4state);
+  EXPECT_EQ(use(Line::third), 0);
 }
 
 TEST_F(Selection, TheStatesAreSharedByAllPairs) {
   panel.setTicked(Box::plot3, true);
-  ASSERT_EQ(use(2), 1);
+  ASSERT_EQ(use(Line::second), 1);
   session.curvar = 3;
   // As a drawing of the other pair sets it there, and a click then ticks it again.
   panel.setTicked(Box::plot3, false);
-  EXPECT_EQ(session.use2(3, kDirection).number(), 0);
+  EXPECT_EQ(session.use2({3, kDirection}).number(), 0);
   box_Click(fit, Box::plot3);
-  EXPECT_EQ(session.use2(3, kDirection).number(), 1);
+  EXPECT_EQ(session.use2({3, kDirection}).number(), 1);
   EXPECT_FALSE(panel.ticked(Box::plot3)) << "the flag is opposite to the box";
-  EXPECT_EQ(use(2), 1) << "the first pair keeps its own";
+  EXPECT_EQ(use(Line::second), 1) << "the first pair keeps its own";
 }
 
 TEST_F(Selection, ABoxThatADrawingSetsMayTakeItsLineOut) {
-  session.use3(kVariable, kDirection) = 1;
-  session.plot4state = 1;
+  session.use3({kVariable, kDirection}) = 1;
+  session.plot4state = true;
   panel.setTicked(Box::plot4, true);
-  EXPECT_EQ(use(3), 0);
+  EXPECT_EQ(use(Line::third), 0);
   EXPECT_TRUE(panel.ticked(Box::plot4));
 }
 
 TEST_F(Selection, TheSillBoxShowsTheSill) {
-  cell(&Session::showsill) = 0;
+  cell(&Session::showsill) = false;
   panel.setTicked(Box::psill, true);
-  EXPECT_EQ(cell(&Session::showsill), 1);
+  EXPECT_TRUE(cell(&Session::showsill));
   panel.setTicked(Box::psill, false);
-  EXPECT_EQ(cell(&Session::showsill), 0);
-  EXPECT_EQ(session.showsill(kDirection, kVariable), 1) << "the exchanged cell is another one";
+  EXPECT_FALSE(cell(&Session::showsill));
+  EXPECT_TRUE(session.showsill({kDirection, kVariable})) << "the exchanged cell is another one";
 }
 
 TEST_F(Selection, NoBoxDrawsOrSumsUp) {
-  for (const auto table : kSillTable) cell(table) = 3;
+  for (const Line which : kLines) line(session, kPair, which).sill() = 3;
   cell(&Session::ctotal) = 1.5;
   for (const Box box : {Box::plot1, Box::plot2, Box::plot3, Box::plot4, Box::psill})
     panel.setTicked(box, true);
@@ -111,21 +112,21 @@ TEST_F(Selection, TheListsChooseThePair) {
 }
 
 TEST_F(Selection, OutlastsTheChoiceOfAnotherPair) {
-  est_Click(fit, 2);
+  est_Click(fit, Line::second);
   panel.setListPosition(List::Combo2, 0);
   panel.setListPosition(List::Combodirvar, 0);
-  EXPECT_EQ(session.sel, (std::array{0, 0, 1, 0}));
+  EXPECT_EQ(session.sel, Line::second);
 }
 
 TEST_F(Selection, AnEditAfterAChoiceGoesToTheNewVariable) {
-  est_Click(fit, 1);
-  session.ymax(1, kDirection) = 3;
+  est_Click(fit, Line::first);
+  session.ymax({1, kDirection}) = 3;
   panel.setListPosition(List::Combo2, 0);
   panel.setText(Field::c0, "2");
-  EXPECT_EQ(session.c1(1, kDirection).number(), 2);
-  EXPECT_EQ(session.c1(kVariable, kDirection).number(), 0);
+  EXPECT_EQ(session.c1({1, kDirection}).number(), 2);
+  EXPECT_EQ(session.c1({kVariable, kDirection}).number(), 0);
   panel.setText(Field::c0, "5");
-  EXPECT_EQ(session.c1(1, kDirection).number(), 2) << "5 is above the new variable's axis";
+  EXPECT_EQ(session.c1({1, kDirection}).number(), 2) << "5 is above the new variable's axis";
   EXPECT_EQ(panel.text(Field::c0), "2");
 }
 
@@ -200,11 +201,13 @@ std::vector<Guard> guards() {
       {"Command5", true, Command5_Click},
       {"Command5 focus", false, Command5_GotFocus},
   };
-  for (int i = 0; i < 4; ++i) {
-    const std::string number = std::to_string(i + 1);
-    all.push_back({"est" + number, true, [i](Fit& fit) { est_Click(fit, i); }});
-    all.push_back({"tipo" + number, true, [i](Fit& fit) { tipo_Click(fit, i); }});
-    all.push_back({"tipo" + number + " twice", false, [i](Fit& fit) { tipo_DblClick(fit, i); }});
+  for (const Line which : kLines)
+    all.push_back({"est" + std::to_string(indexOf(which) + 1), true,
+                   [which](Fit& fit) { est_Click(fit, which); }});
+  for (const Form form : kTipoForms) {
+    const std::string tipo = "tipo of " + std::string(letterOf(form));
+    all.push_back({tipo, true, [form](Fit& fit) { tipo_Click(fit, form); }});
+    all.push_back({tipo + " twice", false, [form](Fit& fit) { tipo_DblClick(fit, form); }});
   }
   for (const Box box : {Box::plot1, Box::plot2, Box::plot3, Box::plot4, Box::psill})
     all.push_back({"box " + std::to_string(static_cast<int>(box)), false,
@@ -216,7 +219,7 @@ TEST(SelectionGuards, AskForAFileAndDoNothingElse) {
   for (const Guard& guard : guards()) {
     FitFixture fresh;
     fresh.session.loaded = false;
-    fresh.select(1);
+    fresh.select(Line::first);
     const Colour grid = fresh.session.axiscolor;
     guard.handler(fresh.fit);
     if (!guard.asks) {
@@ -228,7 +231,7 @@ TEST(SelectionGuards, AskForAFileAndDoNothingElse) {
         << guard.name;
     EXPECT_TRUE(fresh.panel.calls.empty()) << guard.name;
     EXPECT_EQ(fresh.plotter.drawings, 0) << guard.name;
-    EXPECT_EQ(fresh.session.sel, (std::array{0, 1, 0, 0})) << guard.name;
+    EXPECT_EQ(fresh.session.sel, Line::first) << guard.name;
     EXPECT_EQ(fresh.session.curvar, FitFixture::kVariable) << guard.name;
     EXPECT_EQ(fresh.session.curdir, FitFixture::kDirection) << guard.name;
     EXPECT_EQ(fresh.session.axiscolor, grid) << guard.name;

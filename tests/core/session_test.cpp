@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -12,14 +11,12 @@
 namespace zevfit {
 namespace {
 
-constexpr double kLargest = std::numeric_limits<double>::max();
-
 TEST(Session, StartsWithAxisLegends) {
   const Session session;
   for (int variable = 0; variable <= 101; ++variable) {
     for (int direction = 0; direction <= 41; ++direction) {
       const bool filled = variable >= 1 && variable <= 100 && direction >= 1 && direction <= 40;
-      ASSERT_EQ(session.xlegend(variable, direction), filled ? "h( )" : "")
+      ASSERT_EQ(session.xlegend({variable, direction}), filled ? "h( )" : "")
           << variable << ", " << direction;
     }
   }
@@ -33,10 +30,10 @@ TEST(Session, StartsEmpty) {
   EXPECT_EQ(session.nvar + session.nvarfile + session.ndir + session.nclass, 0);
   EXPECT_EQ(session.curvar, 0);
   EXPECT_EQ(session.curdir, 0);
-  EXPECT_EQ(session.dragging, 0);
-  EXPECT_EQ(session.showsill(1, 1), 0);
-  EXPECT_EQ(session.model1(1, 1), "");
-  EXPECT_EQ(session.a1(1, 1).number(), 0);
+  EXPECT_FALSE(session.dragging);
+  EXPECT_FALSE(session.showsill({1, 1}));
+  EXPECT_EQ(session.model1({1, 1}), "");
+  EXPECT_EQ(session.a1({1, 1}).number(), 0);
 }
 
 TEST(GraphStyle, StartsWithTheColoursOfAPlot) {
@@ -69,22 +66,22 @@ TEST(GraphStyle, StartsWithTheFontsAndPatternsOfAPlot) {
 // One cell of every table that a reset touches: how it is spoilt and what it must be then.
 struct ResetRow {
   const char* name;
-  std::function<void(Session&, int, int)> spoil;
-  std::function<bool(const Session&, int, int)> isReset;
+  std::function<void(Session&, Pair)> spoil;
+  std::function<bool(const Session&, Pair)> isReset;
 };
 
 ResetRow cellRow(const char* name, PairTable<Cell> Session::*table, double reset) {
-  return {name, [=](Session& s, int v, int d) { (s.*table)(v, d) = Cell::ofText("x"); },
-          [=](const Session& s, int v, int d) {
-            const Cell& cell = (s.*table)(v, d);
+  return {name, [=](Session& s, Pair pair) { (s.*table)(pair) = Cell::ofText("x"); },
+          [=](const Session& s, Pair pair) {
+            const Cell& cell = (s.*table)(pair);
             return !cell.isText() && cell.number() == reset;
           }};
 }
 
-template <class T, class Value>
-ResetRow valueRow(const char* name, PairTable<T> Session::*table, Value spoilt, Value reset) {
-  return {name, [=](Session& s, int v, int d) { (s.*table)(v, d) = T(spoilt); },
-          [=](const Session& s, int v, int d) { return (s.*table)(v, d) == T(reset); }};
+template <class Tables, class T, class Value>
+ResetRow valueRow(const char* name, PairTable<T> Tables::*table, Value spoilt, Value reset) {
+  return {name, [=](Session& s, Pair pair) { (s.*table)(pair) = T(spoilt); },
+          [=](const Session& s, Pair pair) { return (s.*table)(pair) == T(reset); }};
 }
 
 const std::vector<ResetRow>& resetRows() {
@@ -99,7 +96,7 @@ const std::vector<ResetRow>& resetRows() {
                                           cellRow("a2", &Session::a2, 1e-05),
                                           cellRow("a3", &Session::a3, 1e-05),
                                           valueRow("use3", &Session::use3, 1, 0),
-                                          valueRow("showsill", &Session::showsill, 0, 1),
+                                          valueRow("showsill", &Session::showsill, false, true),
                                           valueRow("model0", &Session::model0, "S", "-"),
                                           valueRow("model1", &Session::model1, "S", "-"),
                                           valueRow("model2", &Session::model2, "S", "-"),
@@ -117,9 +114,49 @@ const std::vector<ResetRow>& resetRows() {
 void spoilAll(Session& session) {
   for (const ResetRow& row : resetRows()) {
     for (int v = 0; v < kVariableSlots; ++v) {
-      for (int d = 0; d < kDirectionSlots; ++d) row.spoil(session, v, d);
+      for (int d = 0; d < kDirectionSlots; ++d) row.spoil(session, {v, d});
     }
   }
+}
+
+/// The message of the fault that a call ends with.
+std::string faultOf(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const Fault& fault) {
+    return fault.what();
+  }
+  return "no fault";
+}
+
+TEST(Session, NamesItsTablesInFaults) {
+  Session session;
+  const std::string outside = "Subscript out of range: ";
+  for (const ResetRow& row : resetRows())
+    EXPECT_EQ(faultOf([&] { row.spoil(session, {43, 1}); }), outside + row.name + "(43, 1)");
+  const Pair inside{1, 2}, beyond{1, 22}, wide{22, 42};
+  const struct {
+    const char* subscript;
+    std::function<void()> read;
+  } rows[] = {{"varname(43)", [&] { session.varname(43); }},
+              {"dirname(22)", [&] { session.dirname(22); }},
+              {"variance(-1)", [&] { session.variance(-1); }},
+              {"addflag(42)", [&] { session.addflag(42); }},
+              {"hlag(1, 2, 3)", [&] { session.hlag(inside, 3); }},
+              {"gam(1, 2, 3)", [&] { session.gam(inside, 3); }},
+              {"npairs(1, 2, 3)", [&] { session.npairs(inside, 3); }},
+              {"atyped(1, 22)", [&] { session.atyped(beyond); }},
+              {"c0typed(1, 22)", [&] { session.c0typed(beyond); }},
+              {"ymax0(1, 22)", [&] { session.ymax0(beyond); }},
+              {"ymin0(1, 22)", [&] { session.ymin0(beyond); }},
+              {"xlegend(22, 42)", [&] { session.xlegend(wide); }},
+              {"curveh(101)", [&] { session.curveh(101); }},
+              {"curvegam(101)", [&] { session.curvegam(101); }},
+              {"curverow of the nugget(101)", [&] { session.curverow[0](101); }},
+              {"curverow of structure 1(101)", [&] { session.curverow[1](101); }},
+              {"curverow of structure 2(101)", [&] { session.curverow[2](101); }},
+              {"curverow of structure 3(101)", [&] { session.curverow[3](101); }}};
+  for (const auto& row : rows) EXPECT_EQ(faultOf(row.read), outside + row.subscript);
 }
 
 TEST(Reset, SetsVariables1To40AndDirections1To20) {
@@ -129,7 +166,7 @@ TEST(Reset, SetsVariables1To40AndDirections1To20) {
   for (const ResetRow& row : resetRows()) {
     for (int v = 1; v <= 40; ++v) {
       for (int d = 1; d <= 20; ++d) {
-        ASSERT_TRUE(row.isReset(session, v, d)) << row.name << " of " << v << ", " << d;
+        ASSERT_TRUE(row.isReset(session, {v, d})) << row.name << " of " << v << ", " << d;
       }
     }
   }
@@ -139,133 +176,39 @@ TEST(Reset, LeavesSlots0And41And21) {
   Session session;
   spoilAll(session);
   resetFitState(session);
-  const std::pair<int, int> untouched[] = {{41, 1},  {41, 20}, {1, 21}, {40, 21},
-                                           {41, 21}, {0, 1},   {1, 0}};
+  const Pair untouched[] = {{41, 1}, {41, 20}, {1, 21}, {40, 21}, {41, 21}, {0, 1}, {1, 0}};
   for (const ResetRow& row : resetRows()) {
-    for (const auto& [v, d] : untouched) {
-      EXPECT_FALSE(row.isReset(session, v, d)) << row.name << " of " << v << ", " << d;
+    for (const Pair pair : untouched) {
+      EXPECT_FALSE(row.isReset(session, pair))
+          << row.name << " of " << pair.variable << ", " << pair.direction;
     }
   }
 }
 
 TEST(Reset, LeavesTheRestOfTheSession) {
   Session session;
-  session.atyped(1, 1) = 1;
-  session.c0typed(1, 1) = 1;
-  session.xlegend(1, 1) = "h(m)";
-  session.ymax0(1, 1) = 3;
-  session.ymin0(1, 1) = -3;
+  session.atyped({1, 1}) = true;
+  session.c0typed({1, 1}) = true;
+  session.xlegend({1, 1}) = "h(m)";
+  session.ymax0({1, 1}) = 3;
+  session.ymin0({1, 1}) = -3;
   session.varname(1) = "zinc";
   session.variance(1) = 2;
-  session.addflag(1) = 1;
+  session.addflag(1) = true;
   session.nvar = 1;
   session.hlag.create(2);
-  session.hlag.set(1, 1, 1, 94);
+  session.hlag.set({1, 1}, 1, 94);
   resetFitState(session);
-  EXPECT_EQ(session.atyped(1, 1), 1);
-  EXPECT_EQ(session.c0typed(1, 1), 1);
-  EXPECT_EQ(session.xlegend(1, 1), "h(m)");
-  EXPECT_EQ(session.ymax0(1, 1), 3);
-  EXPECT_EQ(session.ymin0(1, 1), -3);
+  EXPECT_TRUE(session.atyped({1, 1}));
+  EXPECT_TRUE(session.c0typed({1, 1}));
+  EXPECT_EQ(session.xlegend({1, 1}), "h(m)");
+  EXPECT_EQ(session.ymax0({1, 1}), 3);
+  EXPECT_EQ(session.ymin0({1, 1}), -3);
   EXPECT_EQ(session.varname(1), "zinc");
   EXPECT_EQ(session.variance(1).number(), 2);
-  EXPECT_EQ(session.addflag(1), 1);
+  EXPECT_TRUE(session.addflag(1));
   EXPECT_EQ(session.nvar, 1);
-  EXPECT_EQ(session.hlag(1, 1, 1).number(), 94);
-}
-
-TEST(Flags, OfEachLineHaveTheirTable) {
-  Session session;
-  session.use0(2, 3) = 1;
-  session.use1(2, 3) = 2;
-  session.use2(2, 3) = 3;
-  session.use3(2, 3) = 4;
-  for (int line = 0; line < kLines; ++line) EXPECT_EQ(flag(session, line, 2, 3), line + 1);
-  EXPECT_EQ(flag(session, 0, 3, 2), 0);
-}
-
-TEST(Flags, AreStoredInTheirTable) {
-  Session session;
-  for (int line = 0; line < kLines; ++line) setFlag(session, line, 2, 3, line + 1);
-  EXPECT_EQ(session.use0(2, 3).number(), 1);
-  EXPECT_EQ(session.use1(2, 3).number(), 2);
-  EXPECT_EQ(session.use2(2, 3).number(), 3);
-  EXPECT_EQ(session.use3(2, 3), 4);
-}
-
-TEST(Flags, MayBeTextsButForStructure3) {
-  Session session;
-  for (int line = 0; line < 3; ++line) {
-    setFlag(session, line, 1, 1, Cell::ofText("yes"));
-    EXPECT_THROW(flag(session, line, 1, 1), Fault) << line;
-  }
-  EXPECT_EQ(session.use2(1, 1).toText(), "yes");
-  setFlag(session, 3, 1, 1, 1);
-  EXPECT_THROW(setFlag(session, 3, 1, 1, Cell::ofText("yes")), Fault);
-  EXPECT_EQ(session.use3(1, 1), 1);
-}
-
-TEST(Flags, OfStructure3HaveSixteenBits) {
-  Session session;
-  setFlag(session, 3, 1, 1, 0.5);
-  EXPECT_EQ(session.use3(1, 1), 0);
-  setFlag(session, 3, 1, 1, 1.5);
-  EXPECT_EQ(session.use3(1, 1), 2);
-  setFlag(session, 0, 1, 1, 0.5);
-  EXPECT_EQ(flag(session, 0, 1, 1), 0.5);
-  EXPECT_THROW(setFlag(session, 3, 1, 1, 32768), Fault);
-  EXPECT_EQ(session.use3(1, 1), 2);
-}
-
-TEST(Flags, FaultOutsideTheTables) {
-  Session session;
-  EXPECT_THROW(flag(session, 0, 42, 1), Fault);
-  EXPECT_THROW(flag(session, 3, 1, 22), Fault);
-  EXPECT_THROW(flag(session, -1, 1, 1), Fault);
-  EXPECT_THROW(flag(session, 4, 1, 1), Fault);
-  EXPECT_THROW(setFlag(session, 4, 1, 1, 1), Fault);
-  EXPECT_THROW(setFlag(session, 1, -1, 1, 1), Fault);
-}
-
-TEST(TotalSill, AddsTheTickedSillsWhateverTheirLetters) {
-  Session session;
-  const double sills[] = {0.25, 0.5, 1, 2};
-  // Ticked lines as bits, nugget first, and the sum of the sills in the same order.
-  for (int ticked = 0; ticked < 16; ++ticked) {
-    double expected = 0;
-    for (int line = 0; line < kLines; ++line) {
-      const auto at = static_cast<std::size_t>(line);
-      const int isTicked = ticked >> line & 1;
-      setFlag(session, line, 4, 2, isTicked);
-      (session.*kSillTable[at])(4, 2) = sills[at];
-      if (isTicked) expected += sills[at];
-    }
-    EXPECT_EQ(totalSill(session, 4, 2), expected) << ticked;
-    EXPECT_EQ(hasModel(session, 4, 2), ticked != 0) << ticked;
-  }
-  EXPECT_EQ(totalSill(session, 2, 4), 0);
-}
-
-TEST(TotalSill, FaultsOnATextOrAnOverflow) {
-  Session session;
-  session.c1(1, 1) = Cell::ofText("n.a.");
-  EXPECT_THROW(totalSill(session, 1, 1), Fault);
-  session.c1(1, 1) = 0;
-  session.use2(1, 1) = Cell::ofText("n.a.");
-  EXPECT_THROW(totalSill(session, 1, 1), Fault);
-  EXPECT_THROW(hasModel(session, 1, 1), Fault);
-  session.use2(1, 1) = 1;
-  session.use1(1, 1) = 1;
-  session.c1(1, 1) = kLargest;
-  session.c2(1, 1) = kLargest;
-  EXPECT_THROW(totalSill(session, 1, 1), Fault);
-}
-
-TEST(HasModel, AddsTheFlags) {
-  Session session;
-  session.use0(1, 1) = 1;
-  session.use3(1, 1) = -1;
-  EXPECT_FALSE(hasModel(session, 1, 1));
+  EXPECT_EQ(session.hlag({1, 1}, 1).number(), 94);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "session/line.h"
 #include "tests/support/fit_fixture.h"
 
 namespace zevfit {
@@ -24,13 +25,15 @@ class Sliders : public testing::Test, protected FitFixture {
     std::erase_if(kept, [&](const std::string& call) { return !call.starts_with(control); });
     return kept;
   }
-  int& typedSill() { return cell(&Session::c0typed); }
-  int& typedRange() { return cell(&Session::atyped); }
+  Cell& sill(Line which) { return line(session, kPair, which).sill(); }
+  Cell& range(Line structure) { return line(session, kPair, structure).range(); }
+  bool& typedSill() { return cell(&Session::c0typed); }
+  bool& typedRange() { return cell(&Session::atyped); }
 };
 
 TEST_F(Sliders, TakeTheirBoundsAndStepsInOrder) {
   session.curvar = session.curdir = 1;
-  scalesliders(fit, kDirection, kVariable);
+  scalesliders(fit, kPair);
   EXPECT_EQ(session.curvar, kVariable);
   EXPECT_EQ(session.curdir, kDirection);
   EXPECT_EQ(session.c0scale, 32000);
@@ -55,7 +58,7 @@ TEST_F(Sliders, OfTinyDistancesHaveAShorterScaleForTheRange) {
            {0, 1, 1, 1},             // 0.32, so 1; 0.05, so 1; 0.002, so 1
        }) {
     cell(&Session::hmax) = row.hmax;
-    scalesliders(fit, kDirection, kVariable);
+    scalesliders(fit, kPair);
     EXPECT_EQ(session.ascale, row.ascale) << row.hmax;
     EXPECT_EQ(session.astep, row.astep) << row.hmax;
     EXPECT_EQ(panel.bounds(Slider::a).maximum, row.ascale) << row.hmax;
@@ -69,80 +72,79 @@ TEST_F(Sliders, OfTinyDistancesHaveAShorterScaleForTheRange) {
 TEST_F(Sliders, AreMovedByAScaleThatShutsThemOut) {
   panel.setPosition(Slider::a, 16000);
   cell(&Session::hmax) = 0.001;
-  scalesliders(fit, kDirection, kVariable);
+  scalesliders(fit, kPair);
   EXPECT_EQ(panel.position(Slider::a), 639);
   // 0.01999 of the whole scale, by the event of the move.
   EXPECT_EQ(panel.text(Field::a), ".02");
 }
 
 TEST_F(Sliders, ScaleOutsideTheTablesIsAFault) {
-  EXPECT_THROW(scalesliders(fit, kDirectionSlots, 1), Fault);
-  EXPECT_THROW(scalesliders(fit, 1, kVariableSlots), Fault);
+  EXPECT_THROW(scalesliders(fit, {1, kDirectionSlots}), Fault);
+  EXPECT_THROW(scalesliders(fit, {kVariableSlots, 1}), Fault);
 }
 
 TEST_F(Sliders, AModelShowsItsKnownLetters) {
   for (const char* letter : {"-", "E", "S", "P", "G"}) {
     cell(&Session::model1) = cell(&Session::model2) = cell(&Session::model3) = letter;
-    showmodel(fit, kDirection, kVariable);
-    for (int structure = 1; structure <= 3; ++structure)
-      EXPECT_EQ(panel.letter(structure), letter) << structure;
+    showmodel(fit, kPair);
+    for (const Line structure : kStructures)
+      EXPECT_EQ(panel.letter(structure), letter) << indexOf(structure);
   }
 }
 
 TEST_F(Sliders, AnotherLetterLeavesTheOneOnShow) {
   for (const char* letter : {"", "s", "X", "SS"}) {
-    for (int structure = 1; structure <= 3; ++structure) panel.setLetter(structure, "G");
+    for (const Line structure : kStructures) panel.setLetter(structure, "G");
     cell(&Session::model1) = cell(&Session::model2) = cell(&Session::model3) = letter;
-    showmodel(fit, kDirection, kVariable);
-    for (int structure = 1; structure <= 3; ++structure)
+    showmodel(fit, kPair);
+    for (const Line structure : kStructures)
       EXPECT_EQ(panel.letter(structure), "G") << '"' << letter << '"';
   }
 }
 
 TEST_F(Sliders, AModelIsMadeTheCurrentOne) {
-  showmodel(fit, 4, 3);
+  showmodel(fit, {3, 4});
   EXPECT_EQ(session.curdir, 4);
   EXPECT_EQ(session.curvar, 3);
 }
 
 TEST_F(Sliders, AModelWithoutALineShowsItsLettersAlone) {
-  showmodel(fit, kDirection, kVariable);
+  showmodel(fit, kPair);
   EXPECT_EQ(panel.calls, (Lines{"letter 1 = -", "letter 2 = -", "letter 3 = -"}));
 }
 
 TEST_F(Sliders, AModelThatIsDraggedShowsItsLettersAlone) {
-  for (int line = 0; line < kLines; ++line) {
-    select(line);
-    session.dragging = 1;
+  for (const Line which : kLines) {
+    select(which);
+    session.dragging = true;
     panel.calls.clear();
-    showmodel(fit, kDirection, kVariable);
-    EXPECT_EQ(panel.calls.size(), 3U) << line;
+    showmodel(fit, kPair);
+    EXPECT_EQ(panel.calls.size(), 3U) << indexOf(which);
   }
 }
 
 TEST_F(Sliders, ShowTheSelectedLine) {
   constexpr std::array kSills{1.25, 2.5, 0.5, 7.5};
   constexpr std::array kRanges{0.0, 12.5, 37.5, 62.5};
-  for (std::size_t line = 0; line < kLines; ++line) {
-    cell(kSillTable[line]) = kSills[line];
-    if (line > 0) cell(kRangeTable[line]) = kRanges[line];
-  }
-  for (std::size_t line = 0; line < kLines; ++line) {
-    select(static_cast<int>(line));
-    showmodel(fit, kDirection, kVariable);
-    EXPECT_EQ(panel.text(Field::c0), Cell(kSills[line]).toText()) << line;
-    EXPECT_EQ(panel.position(Slider::c0), 3200 * kSills[line]) << line;
-    EXPECT_EQ(panel.text(Field::a), line == 0 ? "" : Cell(kRanges[line]).toText()) << line;
-    EXPECT_EQ(panel.position(Slider::a), 16 * kRanges[line]) << line;
+  for (const Line which : kLines) sill(which) = kSills[indexOf(which)];
+  for (const Line structure : kStructures) range(structure) = kRanges[indexOf(structure)];
+  for (const Line which : kLines) {
+    select(which);
+    showmodel(fit, kPair);
+    const std::size_t at = indexOf(which);
+    EXPECT_EQ(panel.text(Field::c0), Cell(kSills[at]).toText()) << at;
+    EXPECT_EQ(panel.position(Slider::c0), 3200 * kSills[at]) << at;
+    EXPECT_EQ(panel.text(Field::a), which == Line::nugget ? "" : Cell(kRanges[at]).toText()) << at;
+    EXPECT_EQ(panel.position(Slider::a), 16 * kRanges[at]) << at;
   }
 }
 
 TEST_F(Sliders, AreSetAfterTheFields) {
-  select(3);
+  select(Line::third);
   cell(&Session::c3) = 2.5;
   cell(&Session::a3) = 12.5;
-  typedSill() = typedRange() = 1;
-  showmodel(fit, kDirection, kVariable);
+  typedSill() = typedRange() = true;
+  showmodel(fit, kPair);
   Lines order = panel.calls;
   std::erase_if(order, [](const std::string& call) {
     return !call.starts_with("Text") && !call.starts_with("HScroll");
@@ -151,21 +153,21 @@ TEST_F(Sliders, AreSetAfterTheFields) {
 }
 
 TEST_F(Sliders, AModelThatIsShownAlreadyFiresNothing) {
-  select(1);
+  select(Line::first);
   cell(&Session::c1) = 2.5;
   cell(&Session::a1) = 12.5;
-  showmodel(fit, kDirection, kVariable);
+  showmodel(fit, kPair);
   plotter.drawings = 0;
-  showmodel(fit, kDirection, kVariable);
+  showmodel(fit, kPair);
   EXPECT_EQ(plotter.drawings, 0);
 }
 
 TEST_F(Sliders, ASillThatDoesNotFitPassesToTheCaller) {
-  select(1);
+  select(Line::first);
   cell(&Session::a1) = 12.5;
   for (const double sill : {10.1, -0.1, 11.0}) {
     cell(&Session::c1) = sill;
-    EXPECT_THROW(showmodel(fit, kDirection, kVariable), Fault) << sill;
+    EXPECT_THROW(showmodel(fit, kPair), Fault) << sill;
     EXPECT_EQ(panel.text(Field::a), "12.5") << "the fields come first";
     EXPECT_EQ(panel.position(Slider::c0), 0) << sill;
     EXPECT_EQ(panel.position(Slider::a), 0) << sill;
@@ -173,49 +175,49 @@ TEST_F(Sliders, ASillThatDoesNotFitPassesToTheCaller) {
 }
 
 TEST_F(Sliders, AnEmptyAxisPassesToTheCaller) {
-  select(0);
+  select(Line::nugget);
   cell(&Session::ymax) = 0;
-  EXPECT_THROW(showmodel(fit, kDirection, kVariable), Fault);
+  EXPECT_THROW(showmodel(fit, kPair), Fault);
 }
 
 TEST_F(Sliders, MovingTheSillWritesItsFieldAndItsCell) {
-  for (std::size_t line = 0; line < kLines; ++line) {
-    select(static_cast<int>(line));
+  for (const Line which : kLines) {
+    select(which);
     panel.setPosition(Slider::c0, 0);
     plotter.drawings = 0;
     panel.setPosition(Slider::c0, 8000);
-    EXPECT_EQ(panel.text(Field::c0), "2.5") << line;
-    EXPECT_EQ(number(kSillTable[line]), 2.5) << line;
-    EXPECT_EQ(plotter.drawings, 1) << line;
+    EXPECT_EQ(panel.text(Field::c0), "2.5") << indexOf(which);
+    EXPECT_EQ(sill(which).number(), 2.5) << indexOf(which);
+    EXPECT_EQ(plotter.drawings, 1) << indexOf(which);
   }
 }
 
 TEST_F(Sliders, MovingTheSillDrawsAtEveryPosition) {
-  select(1);
+  select(Line::first);
   for (const int position : {1600, 3200, 4800}) panel.setPosition(Slider::c0, position);
   EXPECT_EQ(plotter.drawings, 3);
 }
 
 TEST_F(Sliders, ThePositionsOfTheTopAreRefused) {
-  for (std::size_t line = 0; line < kLines; ++line) {
-    select(static_cast<int>(line));
-    cell(kSillTable[line]) = 4;
+  for (const Line which : kLines) {
+    select(which);
+    sill(which) = 4;
     panel.setPosition(Slider::c0, 31998);  // 9.999375
-    EXPECT_EQ(panel.text(Field::c0), "9.999") << line;
-    EXPECT_EQ(number(kSillTable[line]), 9.999) << line;
-    cell(kSillTable[line]) = 4;
+    EXPECT_EQ(panel.text(Field::c0), "9.999") << indexOf(which);
+    EXPECT_EQ(sill(which).number(), 9.999) << indexOf(which);
+    sill(which) = 4;
     panel.setPosition(Slider::c0, 31999);  // 9.9996875, in three decimals the top
-    EXPECT_EQ(panel.text(Field::c0), "4") << line;
+    EXPECT_EQ(panel.text(Field::c0), "4") << indexOf(which);
     panel.setText(Field::c0, "5");
     panel.setPosition(Slider::c0, 32000);
-    EXPECT_EQ(panel.text(Field::c0), "5") << line;
+    EXPECT_EQ(panel.text(Field::c0), "5") << indexOf(which);
     EXPECT_EQ(panel.position(Slider::c0), 32000) << "the slider itself stays";
     panel.setPosition(Slider::c0, 0);
   }
 }
 
 TEST_F(Sliders, APositionThatRoundsBelowTheBottomIsRefused) {
-  select(1);
+  select(Line::first);
   cell(&Session::c1) = 4;
   cell(&Session::ymin) = 0.0004;
   HScrollc0_Change(fit);
@@ -224,7 +226,7 @@ TEST_F(Sliders, APositionThatRoundsBelowTheBottomIsRefused) {
 }
 
 TEST_F(Sliders, MovingTheSillReachesBelowNoughtOnSuchAnAxis) {
-  select(1);
+  select(Line::first);
   cell(&Session::ymin) = -2;
   cell(&Session::ymax) = 2;
   panel.setPosition(Slider::c0, 4000);  // -2 + 4000 * 4 / 32000
@@ -232,8 +234,8 @@ TEST_F(Sliders, MovingTheSillReachesBelowNoughtOnSuchAnAxis) {
 }
 
 TEST_F(Sliders, MovingTheSillDoesNothingWhileTheFieldDrives) {
-  select(1);
-  typedSill() = 1;
+  select(Line::first);
+  typedSill() = true;
   panel.setText(Field::c0, "3");
   panel.setPosition(Slider::c0, 8000);
   EXPECT_EQ(panel.text(Field::c0), "3");
@@ -256,19 +258,19 @@ TEST_F(Sliders, MovingTheSillFailsSilently) {
 }
 
 TEST_F(Sliders, MovingTheRangeWritesItsFieldAndItsCell) {
-  for (std::size_t line = 1; line < kLines; ++line) {
-    select(static_cast<int>(line));
+  for (const Line which : kStructures) {
+    select(which);
     panel.setPosition(Slider::a, 0);
     plotter.drawings = 0;
     panel.setPosition(Slider::a, 200);
-    EXPECT_EQ(panel.text(Field::a), "12.5") << line;
-    EXPECT_EQ(number(kRangeTable[line]), 12.5) << line;
-    EXPECT_EQ(plotter.drawings, 1) << line;
+    EXPECT_EQ(panel.text(Field::a), "12.5") << indexOf(which);
+    EXPECT_EQ(range(which).number(), 12.5) << indexOf(which);
+    EXPECT_EQ(plotter.drawings, 1) << indexOf(which);
   }
 }
 
 TEST_F(Sliders, TheRangeGoesFromNoughtToTheVeryEnd) {
-  select(1);
+  select(Line::first);
   panel.setPosition(Slider::a, 32000);
   EXPECT_EQ(panel.text(Field::a), "2000.");
   EXPECT_EQ(number(&Session::a1), 2000);
@@ -286,8 +288,8 @@ TEST_F(Sliders, MovingTheRangeAsksForAFile) {
 }
 
 TEST_F(Sliders, MovingTheRangeDoesNothingWhileTheFieldDrives) {
-  select(1);
-  typedRange() = 1;
+  select(Line::first);
+  typedRange() = true;
   panel.setText(Field::a, "3");
   panel.setPosition(Slider::a, 200);
   EXPECT_EQ(panel.text(Field::a), "3");
@@ -301,23 +303,23 @@ TEST_F(Sliders, MovingTheRangeFailsSilently) {
 }
 
 TEST_F(Sliders, TheFocusTakesTheLeadFromTheField) {
-  typedSill() = typedRange() = 1;
-  session.c0typed(1, 1) = session.atyped(1, 1) = 1;
+  typedSill() = typedRange() = true;
+  session.c0typed({1, 1}) = session.atyped({1, 1}) = true;
   HScrollc0_GotFocus(fit);
-  EXPECT_EQ(typedSill(), 0);
-  EXPECT_EQ(typedRange(), 1);
+  EXPECT_FALSE(typedSill());
+  EXPECT_TRUE(typedRange());
   HScrolla_GotFocus(fit);
-  EXPECT_EQ(typedRange(), 0);
-  EXPECT_EQ(session.c0typed(1, 1), 1) << "other pairs keep theirs";
-  EXPECT_EQ(session.atyped(1, 1), 1);
+  EXPECT_FALSE(typedRange());
+  EXPECT_TRUE(session.c0typed({1, 1})) << "other pairs keep theirs";
+  EXPECT_TRUE(session.atyped({1, 1}));
 }
 
 TEST_F(Sliders, CatchUpWithTypedValues) {
-  select(1);
-  typedSill() = typedRange() = 1;
+  select(Line::first);
+  typedSill() = typedRange() = true;
   panel.setText(Field::c0, "2.50");
   panel.setText(Field::a, "12.50");
-  resynchroniseSliders(fit, kDirection, kVariable);
+  resynchroniseSliders(fit, kPair);
   EXPECT_EQ(panel.position(Slider::c0), 8000);
   EXPECT_EQ(panel.position(Slider::a), 200);
   EXPECT_EQ(panel.text(Field::c0), "2.50") << "the text is not moved";
@@ -325,45 +327,45 @@ TEST_F(Sliders, CatchUpWithTypedValues) {
 }
 
 TEST_F(Sliders, CatchUpToTheNearestForASillAndToTheWholePartForARange) {
-  typedSill() = typedRange() = 1;
+  typedSill() = typedRange() = true;
   cell(&Session::ymax) = 32000;
   for (const auto& [text, position] :
        std::vector<std::pair<const char*, int>>{{"0.5", 0}, {"1.5", 2}, {"2.5", 2}, {"2.75", 3}}) {
     panel.setText(Field::c0, text);
-    resynchroniseSliders(fit, kDirection, kVariable);
+    resynchroniseSliders(fit, kPair);
     EXPECT_EQ(panel.position(Slider::c0), position) << text;
   }
   panel.setText(Field::a, "0.1");  // 1.60000008
-  resynchroniseSliders(fit, kDirection, kVariable);
+  resynchroniseSliders(fit, kPair);
   EXPECT_EQ(panel.position(Slider::a), 1);
 }
 
 TEST_F(Sliders, CatchUpOnlyWhereTheFieldOfThatPairDrives) {
   panel.setText(Field::c0, "2.5");
   panel.setText(Field::a, "12.5");
-  session.c0typed(1, 1) = session.atyped(1, 1) = 1;
+  session.c0typed({1, 1}) = session.atyped({1, 1}) = true;
   panel.calls.clear();
-  resynchroniseSliders(fit, kDirection, kVariable);
+  resynchroniseSliders(fit, kPair);
   EXPECT_TRUE(panel.calls.empty());
 }
 
 TEST_F(Sliders, CatchUpWithinTheirBoundsOnly) {
-  typedSill() = 1;
+  typedSill() = true;
   for (const char* text : {"10.1", "11"}) {
-    session.ymax(kVariable, kDirection) = 20;
+    session.ymax({kVariable, kDirection}) = 20;
     panel.setText(Field::c0, text);
-    session.ymax(kVariable, kDirection) = 10;
-    EXPECT_THROW(resynchroniseSliders(fit, kDirection, kVariable), Fault) << text;
+    session.ymax({kVariable, kDirection}) = 10;
+    EXPECT_THROW(resynchroniseSliders(fit, kPair), Fault) << text;
   }
-  typedSill() = 0;
-  typedRange() = 1;
+  typedSill() = false;
+  typedRange() = true;
   panel.setText(Field::a, "2000");
   cell(&Session::hmax) = 99;  // 2000 * 32000 / 1979.9999 = 32323.2
-  EXPECT_THROW(resynchroniseSliders(fit, kDirection, kVariable), Fault);
+  EXPECT_THROW(resynchroniseSliders(fit, kPair), Fault);
 }
 
 TEST_F(Sliders, ARoundedPositionSettlesInOneDrawing) {
-  select(1);
+  select(Line::first);
   drawForReal();
   plotter.plotvariogram();
   plotter.drawings = 0;

@@ -44,66 +44,66 @@ TEST(RemoveVariable, KeepsTheVariablesOfTheFile) {
 TEST(RemoveVariable, MovesDataOfThoseAboveDown) {
   Session session = derivedSession();
   for (int d = 1; d <= 2; ++d) {
-    session.gmax(4, d) = 40 + d;
-    session.gmax(5, d) = 50 + d;
+    session.gmax({4, d}) = 40 + d;
+    session.gmax({5, d}) = 50 + d;
   }
   tick(session, {4});
   EXPECT_FALSE(removeVariable(session, "first"));
   EXPECT_EQ(session.nvar, 4);
   EXPECT_EQ(session.varname(4), "second");
   EXPECT_EQ(session.variance(4).number(), 2 + 3);
-  EXPECT_EQ(session.addflag(4), 0);
+  EXPECT_FALSE(session.addflag(4));
   for (int d = 1; d <= 2; ++d) {
     for (int c = 1; c <= 2; ++c) {
       const int place = 10 * d + c;
-      EXPECT_EQ(session.gam(4, d, c), 500 + 2 * place);
-      EXPECT_EQ(session.hlag(4, d, c).number(), 10 * (300 + place));
-      EXPECT_EQ(session.npairs(4, d, c), static_cast<float>(100 * (100 + place)));
+      EXPECT_EQ(session.gam({4, d}, c), 500 + 2 * place);
+      EXPECT_EQ(session.hlag({4, d}, c).number(), 10 * (300 + place));
+      EXPECT_EQ(session.npairs({4, d}, c), static_cast<float>(100 * (100 + place)));
     }
-    EXPECT_EQ(session.gmax(4, d), 50 + d);
-    EXPECT_EQ(session.hmax(4, d), 3000 + d);
+    EXPECT_EQ(session.gmax({4, d}), 50 + d);
+    EXPECT_EQ(session.hmax({4, d}), 3000 + d);
   }
   EXPECT_EQ(session.varname(3), "copper");
-  EXPECT_EQ(session.gam(3, 1, 1), 311);
+  EXPECT_EQ(session.gam({3, 1}, 1), 311);
 }
 
 TEST(RemoveVariable, MovesTheTick) {
   Session session = derivedSession();
   tick(session, {5});
   EXPECT_FALSE(removeVariable(session, "first"));
-  EXPECT_EQ(session.addflag(4), 1);
+  EXPECT_TRUE(session.addflag(4));
 }
 
 TEST(RemoveVariable, LeavesLimitsAndFitStateToTheNextInTheSlot) {
   Session session = derivedSession();
   for (int v = 4; v <= 5; ++v) {
-    session.ymax(v, 1) = v;
-    session.ymin(v, 1) = -v;
-    session.ymax0(v, 1) = 10 * v;
-    session.ymin0(v, 1) = -10 * v;
-    session.gmin(v, 1) = 100 * v;
-    session.xmax(v, 1) = 1000 * v;
-    session.use1(v, 1) = v == 4;
-    session.model1(v, 1) = v == 4 ? "S" : "E";
-    session.c1(v, 1) = v;
-    session.ctotal(v, 1) = v;
-    session.showsill(v, 1) = v == 4;
-    session.atyped(v, 1) = v == 4;
+    session.ymax({v, 1}) = v;
+    session.ymin({v, 1}) = -v;
+    session.ymax0({v, 1}) = 10 * v;
+    session.ymin0({v, 1}) = -10 * v;
+    session.gmin({v, 1}) = 100 * v;
+    session.xmax({v, 1}) = 1000 * v;
+    session.use1({v, 1}) = v == 4;
+    session.model1({v, 1}) = v == 4 ? "S" : "E";
+    session.c1({v, 1}) = v;
+    session.ctotal({v, 1}) = v;
+    session.showsill({v, 1}) = v == 4;
+    session.atyped({v, 1}) = v == 4;
   }
   EXPECT_FALSE(removeVariable(session, "first"));
   EXPECT_EQ(session.varname(4), "second");
-  EXPECT_EQ(session.ymax(4, 1), 4);
-  EXPECT_EQ(session.ymin(4, 1), -4);
-  EXPECT_EQ(session.ymax0(4, 1), 40);
-  EXPECT_EQ(session.ymin0(4, 1), -40);
-  EXPECT_EQ(session.gmin(4, 1), 400);
-  EXPECT_EQ(session.xmax(4, 1), 4000);
-  EXPECT_EQ(session.use1(4, 1).number(), 1);
-  EXPECT_EQ(session.model1(4, 1), "S");
-  EXPECT_EQ(session.c1(4, 1).number(), 4);
-  EXPECT_EQ(session.ctotal(4, 1), 4);
-  EXPECT_EQ(session.showsill(4, 1), 1);
-  EXPECT_EQ(session.atyped(4, 1), 1);
+  EXPECT_EQ(session.ymax({4, 1}), 4);
+  EXPECT_EQ(session.ymin({4, 1}), -4);
+  EXPECT_EQ(session.ymax0({4, 1}), 40);
+  EXPECT_EQ(session.ymin0({4, 1}), -40);
+  EXPECT_EQ(session.gmin({4, 1}), 400);
+  EXPECT_EQ(session.xmax({4, 1}), 4000);
+  EXPECT_EQ(session.use1({4, 1}).number(), 1);
+  EXPECT_EQ(session.model1({4, 1}), "S");
+  EXPECT_EQ(session.c1({4, 1}).number(), 4);
+  EXPECT_EQ(session.ctotal({4, 1}), 4);
+  EXPECT_TRUE(session.showsill({4, 1}));
+  EXPECT_TRUE(session.atyped({4, 1}));
 }
 
 TEST(RemoveVariable, TakesTheLastOneWithoutAMove) {
@@ -112,7 +112,7 @@ TEST(RemoveVariable, TakesTheLastOneWithoutAMove) {
   EXPECT_FALSE(removeVariable(session, "second"));
   EXPECT_EQ(session.nvar, 4);
   EXPECT_EQ(session.varname(4), "first");
-  EXPECT_EQ(session.gam(4, 1, 1), 111 + 211);
+  EXPECT_EQ(session.gam({4, 1}, 1), 111 + 211);
 }
 
 TEST(RemoveVariable, MovesEachSlotAbove) {
@@ -122,7 +122,7 @@ TEST(RemoveVariable, MovesEachSlotAbove) {
   EXPECT_FALSE(removeVariable(session, "first"));
   EXPECT_EQ(session.varname(4), "second");
   EXPECT_EQ(session.varname(5), "third");
-  EXPECT_EQ(session.gam(5, 2, 1), 121 + 321);
+  EXPECT_EQ(session.gam({5, 2}, 1), 121 + 321);
   EXPECT_EQ(session.nvar, 5);
 }
 
@@ -144,12 +144,12 @@ TEST(RemoveVariable, FreesTheNameAndTheSlot) {
   tick(session, {1, 2});
   EXPECT_FALSE(createIn(session, "first"));
   EXPECT_EQ(session.varname(5), "first");
-  EXPECT_EQ(session.gam(5, 1, 1), 111 + 211);
+  EXPECT_EQ(session.gam({5, 1}, 1), 111 + 211);
 }
 
 TEST(StartPair, IsTheFirstWithoutAModelBlock) {
   Session session = structureSample();
-  session.use1(2, 1) = 1;
+  session.use1({2, 1}) = 1;
   session.curvar = 3;
   session.curdir = 2;
   EXPECT_EQ(startPair(session), std::nullopt);
@@ -161,14 +161,14 @@ TEST(StartPair, IsTheFirstWithoutAModelBlock) {
 
 TEST(StartPair, IsTheFirstVariableWithStructure1InDirection1) {
   Session session = structureSample();
-  session.hasmodel = 1;
+  session.hasmodel = true;
   session.selvar = session.seldir = 2;
   session.curdir = 2;
-  session.use1(1, 2) = 1;
-  session.use0(1, 1) = 1;
-  session.use2(1, 1) = 1;
-  session.use1(2, 1) = 1;
-  session.use1(3, 1) = 1;
+  session.use1({1, 2}) = 1;
+  session.use0({1, 1}) = 1;
+  session.use2({1, 1}) = 1;
+  session.use1({2, 1}) = 1;
+  session.use1({3, 1}) = 1;
   EXPECT_EQ(startPair(session), 2);
   EXPECT_EQ(session.curvar, 2);
   EXPECT_EQ(session.curdir, 1);
@@ -178,10 +178,10 @@ TEST(StartPair, IsTheFirstVariableWithStructure1InDirection1) {
 
 TEST(StartPair, StaysWhereNoVariableHasStructure1) {
   Session session = structureSample();
-  session.hasmodel = 1;
+  session.hasmodel = true;
   session.curvar = 3;
   session.curdir = 2;
-  session.use1(4, 1) = 1;
+  session.use1({4, 1}) = 1;
   EXPECT_EQ(startPair(session), std::nullopt);
   EXPECT_EQ(session.curvar, 3);
   EXPECT_EQ(session.curdir, 2);
@@ -190,24 +190,24 @@ TEST(StartPair, StaysWhereNoVariableHasStructure1) {
 
 TEST(StartPair, FaultsOnAFlagThatIsAText) {
   Session session = structureSample();
-  session.hasmodel = 1;
-  session.use1(1, 1) = Cell::ofText("yes");
+  session.hasmodel = true;
+  session.use1({1, 1}) = Cell::ofText("yes");
   EXPECT_THROW(startPair(session), Fault);
 }
 
 TEST(StartPair, FaultsBehindTheTables) {
   Session session = structureSample();
-  session.hasmodel = 1;
+  session.hasmodel = true;
   session.nvar = 2000000000;
   EXPECT_THROW(startPair(session), Fault);
 }
 
 TEST(ClassRow, ShowsNumbersInTheirGeneralForm) {
   Session session = structureSample();
-  session.hlag.set(2, 1, 2, 94.2307076789621);
-  session.gam.set(2, 1, 2, -1e-05);
-  session.npairs.set(2, 1, 2, 0.1F);
-  const ClassRow row = classRow(session, 2, 1, 2);
+  session.hlag.set({2, 1}, 2, 94.2307076789621);
+  session.gam.set({2, 1}, 2, -1e-05);
+  session.npairs.set({2, 1}, 2, 0.1F);
+  const ClassRow row = classRow(session, {2, 1}, 2);
   EXPECT_EQ(row.caption, "    Class  2");
   EXPECT_EQ(row.h, "94.2307076789621");
   EXPECT_EQ(row.gamma, "-1E-05");
@@ -216,9 +216,9 @@ TEST(ClassRow, ShowsNumbersInTheirGeneralForm) {
 
 TEST(ClassRow, ShowsATextAsItStood) {
   Session session = structureSample();
-  session.hlag.set(1, 1, 1, Cell::ofText("n.a."));
-  EXPECT_EQ(classRow(session, 1, 1, 1).h, "n.a.");
-  EXPECT_THROW(classRow(session, 1, 1, 4), Fault);
+  session.hlag.set({1, 1}, 1, Cell::ofText("n.a."));
+  EXPECT_EQ(classRow(session, {1, 1}, 1).h, "n.a.");
+  EXPECT_THROW(classRow(session, {1, 1}, 4), Fault);
 }
 
 TEST(DirectionEntry, NamesTheDirection) {

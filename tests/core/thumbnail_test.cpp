@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "report/thumbnail.h"
 #include "tests/support/report_bench.h"
 
 namespace zevfit {
@@ -51,23 +52,23 @@ TEST_F(Thumbnail, IsDrawnInItsOrder) {
 
 TEST_F(Thumbnail, TakesTheCurveAsTheScreenHasIt) {
   setSamples(3, {});
-  session().c0(kVariable, kDirection) = 7;
+  session().c0(kPair) = 7;
   EXPECT_EQ(linesOf(draw(), kCurve).at(1), (LineOf{{70, 750}, {90, 750}, kCurveLine}));
   EXPECT_EQ(linesOf(draw(), kCurve).size(), 100U);
 }
 
 TEST_F(Thumbnail, WithoutAModelHasNoCurve) {
   setSamples(3, {});
-  session().use0(kVariable, kDirection) = 0;
+  session().use0(kPair) = 0;
   EXPECT_TRUE(linesOf(draw(), kCurve).empty());
   EXPECT_EQ(only<DiscOf>(draw()).size(), 4U);
 }
 
 TEST_F(Thumbnail, ShowsTheVarianceByThePairsOwnCell) {
-  session().showsill(kVariable, kDirection) = 0;
+  session().showsill(kPair) = false;
   EXPECT_TRUE(linesOf(draw(), kSill).empty());
-  session().showsill(kVariable, kDirection) = 1;
-  session().showsill(kDirection, kVariable) = 0;
+  session().showsill(kPair) = true;
+  session().showsill(kPair.exchanged()) = false;
   EXPECT_EQ(linesOf(draw(), kSill).size(), 1U);
 }
 
@@ -84,27 +85,27 @@ TEST_F(Thumbnail, SkipsClassesAsThePlotDoes) {
   };
   session().nclass = 1;
   for (const auto& row : rows) {
-    setClasses(session(), kVariable, kDirection, {row.lag});
+    setClasses(session(), kPair, {row.lag});
     EXPECT_EQ(only<DiscOf>(draw()).size(), row.points) << row.name;
   }
 }
 
 TEST_F(Thumbnail, SetsADistanceAxisForGood) {
-  session().xmax(kVariable, kDirection) = 0;
-  session().hmax(kVariable, kDirection) = 200;
+  session().xmax(kPair) = 0;
+  session().hmax(kPair) = 200;
   // 50 + 10 h.
   EXPECT_EQ(only<DiscOf>(draw()).front().at, Place(150, 850));
-  EXPECT_EQ(session().xmax(kVariable, kDirection), 200);
+  EXPECT_EQ(session().xmax(kPair), 200);
 }
 
 TEST_F(Thumbnail, KeepsADistanceAxisThatIsSet) {
-  session().xmax(kVariable, kDirection) = 50;
+  session().xmax(kPair) = 50;
   draw();
-  EXPECT_EQ(session().xmax(kVariable, kDirection), 50);
+  EXPECT_EQ(session().xmax(kPair), 50);
 }
 
 TEST_F(Thumbnail, EndsSilentlyAtAFault) {
-  session().ymin(kVariable, kDirection) = 10;
+  session().ymin(kPair) = 10;
   EXPECT_EQ(draw(), Operations{ClearOf{kWhite}});
   EXPECT_TRUE(bench_.dialogs.shown.empty());
 }

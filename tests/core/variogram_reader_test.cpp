@@ -38,7 +38,7 @@ TEST(HasVariogramExtension, AsksForTheLastThreeLettersAlone) {
 TEST(Reader, FillsHeaderAndData) {
   const Session session = read(sampleFile("zevra"));
   EXPECT_EQ(session.filetag, "zevra");
-  EXPECT_EQ(session.hasmodel, 0);
+  EXPECT_FALSE(session.hasmodel);
   EXPECT_EQ(session.nvar, 2);
   EXPECT_EQ(session.ndir, 2);
   EXPECT_EQ(session.nclass, 2);
@@ -53,7 +53,7 @@ TEST(Reader, FillsHeaderAndData) {
   for (int v = 1; v <= 2; ++v)
     for (int d = 1; d <= 2; ++d)
       for (int lag = 1; lag <= 2; ++lag)
-        EXPECT_EQ(classText(session, v, d, lag), classes[v - 1][d - 1][lag - 1]) << v << d << lag;
+        EXPECT_EQ(classText(session, {v, d}, lag), classes[v - 1][d - 1][lag - 1]) << v << d << lag;
 }
 
 TEST(Reader, KeepsNoLineStructure) {
@@ -67,21 +67,21 @@ TEST(Reader, KeepsNoLineStructure) {
   for (int v = 1; v <= 2; ++v)
     for (int d = 1; d <= 2; ++d)
       for (int lag = 1; lag <= 2; ++lag)
-        EXPECT_EQ(classText(session, v, d, lag), classText(usual, v, d, lag)) << v << d << lag;
+        EXPECT_EQ(classText(session, {v, d}, lag), classText(usual, {v, d}, lag)) << v << d << lag;
 }
 
 TEST(Reader, SetsWhatALoadSets) {
   Session session;
   session.plotvar = 3;
   session.plotdir = 4;
-  session.hasmodel = 1;
-  session.modelshown = 1;
+  session.hasmodel = true;
+  session.modelshown = true;
   ASSERT_TRUE(readVariogramBytes(sampleFile("zevlag"), session));
   EXPECT_EQ(session.plotvar, 1);
   EXPECT_EQ(session.plotdir, 1);
-  EXPECT_EQ(session.hasmodel, 0);
+  EXPECT_FALSE(session.hasmodel);
   // Only a model block sets it back.
-  EXPECT_EQ(session.modelshown, 1);
+  EXPECT_TRUE(session.modelshown);
   // What the windows take up with the file is theirs.
   EXPECT_EQ(session.inputfile, "");
   EXPECT_FALSE(session.loaded);
@@ -90,15 +90,15 @@ TEST(Reader, SetsWhatALoadSets) {
 TEST(Reader, RunsTheExtremes) {
   const Session session = read(sampleFile("zevra"));
   // hmax, gmax, gmin of each pair, read off the classes.
-  EXPECT_EQ(session.hmax(1, 1), 20);
-  EXPECT_EQ(session.gmax(1, 1), 7);
-  EXPECT_EQ(session.gmin(1, 1), 1);
-  EXPECT_EQ(session.hmax(1, 2), 21);
-  EXPECT_EQ(session.gmax(1, 2), 3);
-  EXPECT_EQ(session.gmin(1, 2), 2);
-  EXPECT_EQ(session.hmax(2, 2), 23);
-  EXPECT_EQ(session.gmax(2, 2), 9);
-  EXPECT_EQ(session.gmin(2, 2), 8);
+  EXPECT_EQ(session.hmax({1, 1}), 20);
+  EXPECT_EQ(session.gmax({1, 1}), 7);
+  EXPECT_EQ(session.gmin({1, 1}), 1);
+  EXPECT_EQ(session.hmax({1, 2}), 21);
+  EXPECT_EQ(session.gmax({1, 2}), 3);
+  EXPECT_EQ(session.gmin({1, 2}), 2);
+  EXPECT_EQ(session.hmax({2, 2}), 23);
+  EXPECT_EQ(session.gmax({2, 2}), 9);
+  EXPECT_EQ(session.gmin({2, 2}), 8);
 }
 
 std::string oneDirection(const std::string& variance, const std::string& classes, int count) {
@@ -129,15 +129,15 @@ TEST(Reader, DerivesTheAxis) {
   };
   for (const Row& row : rows) {
     const Session session = read(oneDirection(row.variance, row.classes, 2));
-    EXPECT_EQ(session.hmax(1, 1), 2) << row.name;
-    EXPECT_EQ(session.gmax(1, 1), row.gmax) << row.name;
-    EXPECT_EQ(session.gmin(1, 1), row.gmin) << row.name;
-    EXPECT_DOUBLE_EQ(session.ymax(1, 1), row.ymax) << row.name;
-    EXPECT_DOUBLE_EQ(session.ymin(1, 1), row.ymin) << row.name;
-    EXPECT_EQ(session.ymax0(1, 1), session.ymax(1, 1)) << row.name;
-    EXPECT_EQ(session.ymin0(1, 1), session.ymin(1, 1)) << row.name;
-    EXPECT_EQ(session.xmax(1, 1), 0) << row.name;
-    EXPECT_EQ(session.ctotal(1, 1), 0) << row.name;
+    EXPECT_EQ(session.hmax({1, 1}), 2) << row.name;
+    EXPECT_EQ(session.gmax({1, 1}), row.gmax) << row.name;
+    EXPECT_EQ(session.gmin({1, 1}), row.gmin) << row.name;
+    EXPECT_DOUBLE_EQ(session.ymax({1, 1}), row.ymax) << row.name;
+    EXPECT_DOUBLE_EQ(session.ymin({1, 1}), row.ymin) << row.name;
+    EXPECT_EQ(session.ymax0({1, 1}), session.ymax({1, 1})) << row.name;
+    EXPECT_EQ(session.ymin0({1, 1}), session.ymin({1, 1})) << row.name;
+    EXPECT_EQ(session.xmax({1, 1}), 0) << row.name;
+    EXPECT_EQ(session.ctotal({1, 1}), 0) << row.name;
   }
 }
 
@@ -145,11 +145,11 @@ TEST(Reader, WithoutClassesDerivesTheAxisFromTheVariance) {
   for (const int classes : {0, -1, -2}) {
     const Session session = read(oneDirection("2", "", classes));
     EXPECT_EQ(session.nclass, classes);
-    EXPECT_EQ(session.hmax(1, 1), 0) << classes;
-    EXPECT_EQ(session.gmax(1, 1), -1e-200) << classes;
-    EXPECT_EQ(session.gmin(1, 1), 1e200) << classes;
-    EXPECT_DOUBLE_EQ(session.ymax(1, 1), 2.12) << classes;
-    EXPECT_EQ(session.ymin(1, 1), 0) << classes;
+    EXPECT_EQ(session.hmax({1, 1}), 0) << classes;
+    EXPECT_EQ(session.gmax({1, 1}), -1e-200) << classes;
+    EXPECT_EQ(session.gmin({1, 1}), 1e200) << classes;
+    EXPECT_DOUBLE_EQ(session.ymax({1, 1}), 2.12) << classes;
+    EXPECT_EQ(session.ymin({1, 1}), 0) << classes;
   }
 }
 
@@ -179,7 +179,7 @@ TEST(Reader, TakesAModelBlockByTheTag) {
                "-", "0",      "0.0001", "0",    "-", "0", "0.0001", "0", "-",     "0", "0.0001"}));
     EXPECT_EQ(session.filetag, row.tag) << row.line;
     EXPECT_EQ(session.hasmodel, row.hasmodel) << row.line;
-    EXPECT_EQ(modelText(session, 1, 1),
+    EXPECT_EQ(modelText(session, {1, 1}),
               row.hasmodel ? "1 0.5 0 - 0 0.0001 0 - 0 0.0001 0 - 0 0.0001" : kResetModel)
         << row.line;
   }
@@ -187,7 +187,7 @@ TEST(Reader, TakesAModelBlockByTheTag) {
 
 TEST(Reader, ReadsModelsByVariableAndDirection) {
   Session session;
-  session.modelshown = 1;
+  session.modelshown = true;
   const std::string models = lines(
       {"1",    "0.11", "1",    "S",      "1.11", "11",      "1",    " E ",    "2.11", "21",
        "1",    "G",    "3.11", "31",     "0",    "0",       "0",    "-",      "0",    "0.0001",
@@ -196,15 +196,15 @@ TEST(Reader, ReadsModelsByVariableAndDirection) {
        "3.21", "32",   "1",    "0.22",   "0",    "\" G \"", "1.22", "13",     "1",    "P",
        "2.22", "23",   "0",    "S",      "3.22", "33"});
   ASSERT_TRUE(readVariogramBytes(sampleFile("zevra1") + models, session));
-  EXPECT_EQ(modelText(session, 1, 1), "1 0.11 1 S 1.11 11 1 E 2.11 21 1 G 3.11 31");
-  EXPECT_EQ(modelText(session, 1, 2), "0 0 0 - 0 0.0001 0 - 0 0.0001 0 - 0 0.0001");
-  EXPECT_EQ(modelText(session, 2, 1), "0 0.21 1 P 1.21 12 0 S 2.21 22 1 E 3.21 32");
-  EXPECT_EQ(modelText(session, 2, 2), "1 0.22 0 G 1.22 13 1 P 2.22 23 0 S 3.22 33");
-  EXPECT_EQ(modelText(session, 3, 1), kResetModel);
-  EXPECT_EQ(modelText(session, 1, 3), kResetModel);
+  EXPECT_EQ(modelText(session, {1, 1}), "1 0.11 1 S 1.11 11 1 E 2.11 21 1 G 3.11 31");
+  EXPECT_EQ(modelText(session, {1, 2}), "0 0 0 - 0 0.0001 0 - 0 0.0001 0 - 0 0.0001");
+  EXPECT_EQ(modelText(session, {2, 1}), "0 0.21 1 P 1.21 12 0 S 2.21 22 1 E 3.21 32");
+  EXPECT_EQ(modelText(session, {2, 2}), "1 0.22 0 G 1.22 13 1 P 2.22 23 0 S 3.22 33");
+  EXPECT_EQ(modelText(session, {3, 1}), kResetModel);
+  EXPECT_EQ(modelText(session, {1, 3}), kResetModel);
   // No field of the block belongs to it.
-  EXPECT_EQ(session.model0(1, 1), "-");
-  EXPECT_EQ(session.modelshown, 0);
+  EXPECT_EQ(session.model0({1, 1}), "-");
+  EXPECT_FALSE(session.modelshown);
 }
 
 TEST(Reader, ModelsChangeNoDerivedCell) {
@@ -215,11 +215,11 @@ TEST(Reader, ModelsChangeNoDerivedCell) {
   ASSERT_TRUE(readVariogramBytes(sampleFile("zevra1") + models, with));
   for (int v = 1; v <= 2; ++v) {
     for (int d = 1; d <= 2; ++d) {
-      EXPECT_EQ(with.ctotal(v, d), 0);
-      EXPECT_EQ(with.xmax(v, d), 0);
+      EXPECT_EQ(with.ctotal({v, d}), 0);
+      EXPECT_EQ(with.xmax({v, d}), 0);
       for (const auto table : {&Session::hmax, &Session::gmax, &Session::gmin, &Session::ymax,
                                &Session::ymin, &Session::ymax0, &Session::ymin0})
-        EXPECT_EQ((with.*table)(v, d), (without.*table)(v, d)) << v << d;
+        EXPECT_EQ((with.*table)({v, d}), (without.*table)({v, d})) << v << d;
     }
   }
 }
@@ -242,8 +242,8 @@ TEST(AcceptLoad, SettlesTheFile) {
   EXPECT_EQ(session.varname(3), " ");
   EXPECT_EQ(session.varname(4), "No Name4");
   EXPECT_EQ(session.varname(5), "");
-  for (int v = 1; v <= 40; ++v) EXPECT_EQ(session.addflag(v), 0) << v;
-  EXPECT_EQ(session.addflag(41), 1);
+  for (int v = 1; v <= 40; ++v) EXPECT_FALSE(session.addflag(v)) << v;
+  EXPECT_TRUE(session.addflag(41));
 }
 
 TEST(AcceptLoad, NamesTheLastSlotOfTooManyVariables) {

@@ -6,6 +6,8 @@
 #include <string>
 
 #include "session/fault.h"
+#include "session/line.h"
+#include "tests/support/model_lines.h"
 #include "tests/support/writing.h"
 
 namespace zevfit {
@@ -31,29 +33,29 @@ std::string writtenModel(Session& from) {
 
 TEST(Writer, TheNuggetHasNoLetter) {
   Session from = oneClass();
-  from.use0(1, 1) = 1;
-  from.c0(1, 1) = 0.5;
-  from.model0(1, 1) = "P";
+  from.use0({1, 1}) = 1;
+  from.c0({1, 1}) = 0.5;
+  from.model0({1, 1}) = "P";
   EXPECT_EQ(written(from, 1).substr(written(from, 1).find(" 1 \r\n 0.5 ")),
             " 1 \r\n 0.5 \r\n" + times(kUnusedStructure, 3));
 }
 
 TEST(Writer, WritesTheWholeFile) {
   Session from = sessionOf(sampleFile("zevra"));
-  from.use0(1, 1) = 1;
-  from.c0(1, 1) = 0.25;
-  from.use1(1, 1) = 1;
-  from.model1(1, 1) = "S";
-  from.c1(1, 1) = 4.5;
-  from.a1(1, 1) = 300;
-  from.use2(2, 2) = 1;
-  from.model2(2, 2) = "E";
-  from.c2(2, 2) = -0.5;
-  from.a2(2, 2) = 1e-05;
-  from.use3(2, 2) = 1;
-  from.model3(2, 2) = "G";
-  from.c3(2, 2) = 1e15;
-  from.a3(2, 2) = 0.1 + 0.2;
+  from.use0({1, 1}) = 1;
+  from.c0({1, 1}) = 0.25;
+  from.use1({1, 1}) = 1;
+  from.model1({1, 1}) = "S";
+  from.c1({1, 1}) = 4.5;
+  from.a1({1, 1}) = 300;
+  from.use2({2, 2}) = 1;
+  from.model2({2, 2}) = "E";
+  from.c2({2, 2}) = -0.5;
+  from.a2({2, 2}) = 1e-05;
+  from.use3({2, 2}) = 1;
+  from.model3({2, 2}) = "G";
+  from.c3({2, 2}) = 1e15;
+  from.a3({2, 2}) = 0.1 + 0.2;
   EXPECT_EQ(written(from, 2), lines({"Flood plain",
                                      "zevRA1",
                                      " 2 ",
@@ -170,9 +172,9 @@ TEST(Writer, StartsFieldsInPrintZones) {
   };
   for (const Row& row : rows) {
     Session from = oneClass();
-    from.hlag.set(1, 1, 1, row.h);
-    from.gam.set(1, 1, 1, row.gam);
-    from.npairs.set(1, 1, 1, row.npairs);
+    from.hlag.set({1, 1}, 1, row.h);
+    from.gam.set({1, 1}, 1, row.gam);
+    from.npairs.set({1, 1}, 1, row.npairs);
     const std::string bytes = written(from, 1);
     const std::string before =
         lines({"Flood plain", "zevRA1", " 1 ", "zinc", " 1 ", " 1 ", "0;0", " 2.5 "});
@@ -197,43 +199,43 @@ TEST(Writer, WritesALineByItsFlag) {
       {-1, "", ""},
   };
   for (const Row& row : rows) {
-    for (int line = 0; line < kLines; ++line) {
-      const auto at = static_cast<std::size_t>(line);
+    Session nugget = oneClass();
+    setNugget(nugget, {1, 1}, 1.5);
+    line(nugget, {1, 1}, Line::nugget).use(row.flag);
+    EXPECT_EQ(writtenModel(nugget), row.nugget + times(kUnusedStructure, 3)) << row.flag.toText();
+    for (const Line structure : kStructures) {
       Session from = oneClass();
-      setFlag(from, line, 1, 1, row.flag);
-      (from.*kSillTable.at(at))(1, 1) = line == 0 ? 1.5 : 2.5;
-      if (line > 0) (from.*kLetterTable.at(at))(1, 1) = "P";
-      if (line > 0) (from.*kRangeTable.at(at))(1, 1) = 3.5;
-      const std::string expected = line == 0
-                                       ? row.nugget + times(kUnusedStructure, 3)
-                                       : kUnusedNugget + times(kUnusedStructure, line - 1) +
-                                             row.structure + times(kUnusedStructure, 3 - line);
-      EXPECT_EQ(writtenModel(from), expected) << "line " << line << ", " << row.flag.toText();
+      setStructure(from, {1, 1}, structure, "P", 2.5, 3.5);
+      line(from, {1, 1}, structure).use(row.flag);
+      const int place = static_cast<int>(indexOf(structure));
+      const std::string expected = kUnusedNugget + times(kUnusedStructure, place - 1) +
+                                   row.structure + times(kUnusedStructure, 3 - place);
+      EXPECT_EQ(writtenModel(from), expected) << "line " << place << ", " << row.flag.toText();
     }
   }
   // A flag that is not whole; the one of structure 3 always is.
   Session from = oneClass();
-  from.use0(1, 1) = 0.5;
+  from.use0({1, 1}) = 0.5;
   EXPECT_EQ(writtenModel(from), times(kUnusedStructure, 3));
 }
 
 TEST(Writer, WritesTextsOfCellsAsTheyStood) {
   Session from = oneClass();
   from.variance(1) = Cell::ofText("large");
-  from.use0(1, 1) = from.use1(1, 1) = 1;
-  from.c0(1, 1) = Cell::ofText("a");
-  from.model1(1, 1) = "two words";
-  from.c1(1, 1) = Cell::ofText("b");
-  from.a1(1, 1) = Cell::ofText("1e999");
+  from.use0({1, 1}) = from.use1({1, 1}) = 1;
+  from.c0({1, 1}) = Cell::ofText("a");
+  from.model1({1, 1}) = "two words";
+  from.c1({1, 1}) = Cell::ofText("b");
+  from.a1({1, 1}) = Cell::ofText("1e999");
   EXPECT_EQ(writtenModel(from),
             " 1 \r\na\r\n 1 \r\ntwo words\r\nb\r\n1e999\r\n" + times(kUnusedStructure, 2));
   EXPECT_NE(written(from, 1).find("0;0\r\nlarge\r\n"), std::string::npos);
 }
 
 TEST(Writer, TextAsAFlagFails) {
-  for (const auto flag : kFlagTable) {
+  for (const Line which : {Line::nugget, Line::first, Line::second}) {
     Session from = oneClass();
-    (from.*flag)(1, 1) = Cell::ofText("yes");
+    line(from, {1, 1}, which).use(Cell::ofText("yes"));
     MemorySink sink;
     EXPECT_THROW(composeVariogramFile(from, 1, oldHeader(), sink), Fault);
   }

@@ -103,10 +103,10 @@ TEST(WriterOldFile, WritesTheVariablesListed) {
   from.nvar = 3;
   from.varname(3) = "sum, of both";
   from.variance(3) = 12;
-  from.hlag.copy(1, 1, 3);
-  from.gam.set(3, 1, 1, 6);
-  from.gam.set(3, 1, 2, 13);
-  from.npairs.copy(1, 1, 3);
+  from.hlag.copy({1, 1}, {3, 1});
+  from.gam.set({3, 1}, 1, 6);
+  from.gam.set({3, 1}, 2, 13);
+  from.npairs.copy({1, 1}, {3, 1});
   const std::string three = written(from, 3);
   EXPECT_EQ(from.nvar, 2);
   EXPECT_EQ(three.substr(0, three.find(" 5.5 ")),
@@ -172,8 +172,8 @@ TEST(WriterOldFile, WritesAThousandClassesThatNoFileHasFilled) {
 
 TEST(WriterOldFile, NumberThatIsNotFiniteFails) {
   Session from = oneClass();
-  from.use0(1, 1) = 1;
-  from.c0(1, 1) = std::numeric_limits<double>::infinity();
+  from.use0({1, 1}) = 1;
+  from.c0({1, 1}) = std::numeric_limits<double>::infinity();
   MemorySink sink;
   EXPECT_THROW(composeVariogramFile(from, 1, oldHeader(), sink), Fault);
 }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "plot/window/zoom.h"
 #include "tests/support/drag_bench.h"
 
 namespace zevfit {
@@ -14,10 +15,12 @@ struct Key {
   const char* refusal;
   void (*press)(DragBench& bench, double screenWidth);
 };
-constexpr Key kLarger{"kmais", "Cannot enlarge variogram plot!",
-                      [](DragBench& b, double screen) { kmais(b.fit, b.windows, screen); }};
-constexpr Key kSmaller{"kmenos", "Cannot reduce variogram plot!",
-                       [](DragBench& b, double) { kmenos(b.fit, b.windows); }};
+constexpr Key kLarger{"kmais", "Cannot enlarge variogram plot!", [](DragBench& b, double screen) {
+                        kmais(b.fit.session, b.fit.plotter, b.fit.messages, b.windows, screen);
+                      }};
+constexpr Key kSmaller{"kmenos", "Cannot reduce variogram plot!", [](DragBench& b, double) {
+                         kmenos(b.fit.session, b.fit.plotter, b.fit.messages, b.windows);
+                       }};
 constexpr Key kKeys[] = {kLarger, kSmaller};
 
 using Shown = std::vector<std::string>;
@@ -46,12 +49,12 @@ TEST(Zoom, HidesTheOverlaysThenSizesThenDraws) {
 TEST(Zoom, StepsByThreePercentAndThePictureFollows) {
   DragBench bench;
   bench.window().setSize(7000, 4000);
-  kmais(bench.fit, bench.windows, kScreen);
+  kmais(bench.fit.session, bench.fit.plotter, bench.fit.messages, bench.windows, kScreen);
   EXPECT_DOUBLE_EQ(bench.window().width(), 7210);
   EXPECT_DOUBLE_EQ(bench.window().height(), 4120);
   EXPECT_DOUBLE_EQ(bench.window().pictureWidth(), 7102);   // less 108
   EXPECT_DOUBLE_EQ(bench.window().pictureHeight(), 3988);  // less 132
-  kmenos(bench.fit, bench.windows);
+  kmenos(bench.fit.session, bench.fit.plotter, bench.fit.messages, bench.windows);
   EXPECT_DOUBLE_EQ(bench.window().width(), 7000);
   EXPECT_DOUBLE_EQ(bench.window().height(), 4000);
   EXPECT_DOUBLE_EQ(bench.window().pictureWidth(), 6892);
@@ -92,15 +95,15 @@ TEST(Zoom, IsRefusedBeyondItsWidth) {
 TEST(Zoom, LastStepMayPassTheLimit) {
   DragBench bench;
   bench.window().setSize(17900, 4000);
-  kmais(bench.fit, bench.windows, kScreen);
+  kmais(bench.fit.session, bench.fit.plotter, bench.fit.messages, bench.windows, kScreen);
   EXPECT_DOUBLE_EQ(bench.window().width(), 18437);  // 17900 * 1.03
   EXPECT_TRUE(bench.dialogs.shown.empty());
-  kmais(bench.fit, bench.windows, kScreen);
+  kmais(bench.fit.session, bench.fit.plotter, bench.fit.messages, bench.windows, kScreen);
   EXPECT_DOUBLE_EQ(bench.window().width(), 18437);
   EXPECT_EQ(bench.dialogs.shown, (Shown{"plain: Cannot enlarge variogram plot!"}));
 
   bench.window().setSize(4001, 4000);
-  kmenos(bench.fit, bench.windows);
+  kmenos(bench.fit.session, bench.fit.plotter, bench.fit.messages, bench.windows);
   EXPECT_NEAR(bench.window().width(), 3884.466, 0.001);  // 4001 / 1.03
 }
 
@@ -142,12 +145,12 @@ TEST(Zoom, DoesNothingWithoutACurrentPlot) {
 
 TEST(Zoom, ActsOnTheWindowOfTheCurrentPair) {
   DragBench bench;
-  MemoryPlotWindow& other = bench.window(2, 1);
+  MemoryPlotWindow& other = bench.window({2, 1});
   other.isVisible = true;
   other.setSize(5000, 3000);
   bench.session.curvar = 2;
   bench.session.curdir = 1;
-  kmais(bench.fit, bench.windows, kScreen);
+  kmais(bench.fit.session, bench.fit.plotter, bench.fit.messages, bench.windows, kScreen);
   EXPECT_DOUBLE_EQ(other.width(), 5150);
   EXPECT_EQ(bench.window().width(), 6576);
 }
@@ -157,7 +160,7 @@ TEST(Zoom, AnswersAFaultAsARefusal) {
     const char* name;
     void (*spoil)(DragBench& bench);
   } const rows[] = {
-      {"drawing", [](DragBench& b) { b.session.use1(1, 2) = Cell::ofText("yes"); }},
+      {"drawing", [](DragBench& b) { b.session.use1(kPair) = Cell::ofText("yes"); }},
       {"pair outside the tables", [](DragBench& b) { b.session.curvar = 42; }},
   };
   for (const Key& key : kKeys) {
@@ -173,7 +176,7 @@ TEST(Zoom, AnswersAFaultAsARefusal) {
 TEST(Zoom, KeepsTheMarginsOfASmallWindow) {
   DragBench bench;
   bench.window().setSize(4000, 2344);
-  kmenos(bench.fit, bench.windows);
+  kmenos(bench.fit.session, bench.fit.plotter, bench.fit.messages, bench.windows);
   // 4000 / 1.03 - 108 - 800
   EXPECT_NEAR(linesOf(bench.operations(), kText).at(1).to.x, 2975.495, 0.001);
   EXPECT_EQ(linesOf(bench.operations(), kText).at(1).from.x, 800);

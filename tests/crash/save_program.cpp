@@ -32,8 +32,8 @@ zevfit::Session fitted(const std::string& file) {
   zevfit::Session session;
   if (!zevfit::readVariogramFile(file, session)) return session;
   zevfit::acceptLoad(session, file);
-  session.use0(1, 1) = 1;
-  session.c0(1, 1) = 0.25;
+  session.use0({1, 1}) = 1;
+  session.c0({1, 1}) = 0.25;
   return session;
 }
 
@@ -70,7 +70,7 @@ void saveKriging(const std::string& file, zevfit::test::ScriptedDialogs& dialogs
   model.rowcells[3] = "0.5";
   dialogs.saved = {file};
   arm();
-  zevfit::saveKrigingFile(model, AnyDirections(), dialogs);
+  zevfit::saveKrigingFile(model, AnyDirections(), dialogs, dialogs);
 }
 
 }  // namespace

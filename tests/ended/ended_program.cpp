@@ -18,8 +18,8 @@ int main(int count, char** values) {
   const auto delivery =
       signals.deliverTo([&](int signal) { program.window().endBySignal(signal); });
   program.open(values[2]);
-  program.session().use0(1, 1) = 1;
-  program.session().c0(1, 1) = 0.25;
+  program.session().use0({1, 1}) = 1;
+  program.session().c0({1, 1}) = 0.25;
   QTimer::singleShot(0, [] { std::cout << "ready" << std::endl; });
   return QApplication::exec();
 }

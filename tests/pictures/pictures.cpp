@@ -14,8 +14,8 @@
 #include <QWindow>
 #include <iostream>
 
-#include "tests/support/coreg_sample.h"
 #include "tests/support/full_report.h"
+#include "tests/support/model_lines.h"
 #include "tests/support/program.h"
 
 namespace {
@@ -44,8 +44,8 @@ struct Line {
 };
 
 void enter(Program& program, const char* field, const char* text) {
-  program.session().c0typed(program.session().curvar, program.session().curdir) = 1;
-  program.session().atyped(program.session().curvar, program.session().curdir) = 1;
+  program.session().c0typed(program.session().current()) = true;
+  program.session().atyped(program.session().current()) = true;
   program.control<QLineEdit>(field).setText(text);
 }
 
@@ -123,9 +123,10 @@ void fitTogether(zevfit::Session& session) {
     double nugget, sill;
   };
   for (const Row& row : {Row{1, 0.1, 0.6}, Row{2, 0.08, 0.4}, Row{5, 0.05, 0.45}})
-    for (int direction = 1; direction <= session.ndir; ++direction) {
-      zevfit::test::setLine(session, 0, row.variable, direction, {1, "", row.nugget, 0});
-      zevfit::test::setLine(session, 1, row.variable, direction, {1, "S", row.sill, 1200});
+    for (std::int64_t direction = 1; direction <= session.ndir; ++direction) {
+      const zevfit::Pair pair{row.variable, direction};
+      zevfit::setNugget(session, pair, row.nugget);
+      zevfit::setStructure(session, pair, zevfit::Line::first, "S", row.sill, 1200);
     }
 }
 
@@ -140,8 +141,8 @@ void testTogether(Program& program, Album& album) {
   program.control<QAbstractButton>("Command2").click();
   auto& dialog = program.control<QWidget>("testcruz");
   album.keep(dialog, "test-passed");
-  zevfit::test::setLine(session, 1, 5, 1, {1, "S", 0.6, 1200});
-  zevfit::test::setLine(session, 1, 2, 2, {1, "S", 0.4, 900});
+  zevfit::setStructure(session, {5, 1}, zevfit::Line::first, "S", 0.6, 1200);
+  zevfit::setStructure(session, {2, 2}, zevfit::Line::first, "S", 0.4, 900);
   Program::find<QAbstractButton>(dialog, "Command1").click();
   album.keep(dialog, "test-detail");
   dialog.close();

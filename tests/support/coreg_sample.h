@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "coreg/crosstest.h"
+#include "session/line.h"
 #include "session/session.h"
 
 namespace zevfit::test {
@@ -16,14 +18,13 @@ struct ModelLine {
   double range = 1e-05;
 };
 
-inline void setLine(Session& session, int line, std::int64_t variable, std::int64_t direction,
-                    const ModelLine& model) {
-  const auto at = static_cast<std::size_t>(line);
-  setFlag(session, line, variable, direction, model.use);
-  (session.*kSillTable.at(at))(variable, direction) = model.sill;
-  if (line == 0) return;
-  (session.*kLetterTable.at(at))(variable, direction) = model.letter;
-  (session.*kRangeTable.at(at))(variable, direction) = model.range;
+inline void setLine(Session& session, Line which, Pair pair, const ModelLine& model) {
+  const LineRef at = line(session, pair, which);
+  at.use(model.use);
+  at.sill() = model.sill;
+  if (which == Line::nugget) return;
+  at.letter() = model.letter;
+  at.range() = model.range;
 }
 
 /// Three variables and three directions without models. The lists have them in another order than
@@ -53,32 +54,36 @@ inline constexpr std::int64_t kDirectionOf[] = {2, 3, 1};
 enum VariableSlot { cross, primary, secondary };
 enum DirectionSlot { mainDirection, minorDirection1, minorDirection2 };
 
-inline void setLine(Session& session, int line, VariableSlot variable, DirectionSlot direction,
+inline Pair pairOf(VariableSlot variable, DirectionSlot direction) {
+  return {kVariableOf[variable], kDirectionOf[direction]};
+}
+
+inline void setLine(Session& session, Line which, VariableSlot variable, DirectionSlot direction,
                     const ModelLine& model) {
-  setLine(session, line, kVariableOf[variable], kDirectionOf[direction], model);
+  setLine(session, which, pairOf(variable, direction), model);
 }
 
 /// The line in all nine models of the sample choice, with a sill for each variable slot.
-inline void setEverywhere(Session& session, int line, const char* letter,
+inline void setEverywhere(Session& session, Line which, const char* letter,
                           const std::vector<double>& sills, double range = 1e-05) {
   for (const VariableSlot v : {cross, primary, secondary})
     for (const DirectionSlot d : {mainDirection, minorDirection1, minorDirection2})
-      setLine(session, line, v, d, {1, letter, sills.at(v), range});
+      setLine(session, which, v, d, {1, letter, sills.at(v), range});
 }
 
 /// The line is part of the model, or not.
-inline void tick(Session& session, int line, VariableSlot variable, DirectionSlot direction,
+inline void tick(Session& session, Line which, VariableSlot variable, DirectionSlot direction,
                  double use) {
-  setFlag(session, line, kVariableOf[variable], kDirectionOf[direction], use);
+  line(session, pairOf(variable, direction), which).use(use);
 }
 
 /// A linear model of coregionalization: nugget 0.5 under 1 and 1, a spherical structure of 2 under
 /// 4 and 9 with range 100, a power structure 3 of 1 under 1 and 1 with range 1.5; structure 2 is
 /// off.
 inline void fitGoodModels(Session& session) {
-  setEverywhere(session, 0, "", {0.5, 1, 1});
-  setEverywhere(session, 1, "S", {2, 4, 9}, 100);
-  setEverywhere(session, 3, "P", {1, 1, 1}, 1.5);
+  setEverywhere(session, Line::nugget, "", {0.5, 1, 1});
+  setEverywhere(session, Line::first, "S", {2, 4, 9}, 100);
+  setEverywhere(session, Line::third, "P", {1, 1, 1}, 1.5);
 }
 
 inline Session goodModels() {

@@ -5,6 +5,7 @@
 
 #include "plot/window/drag_events.h"
 #include "plot/window/grip_events.h"
+#include "session/line.h"
 #include "tests/support/plot_bench.h"
 
 namespace zevfit {
@@ -15,11 +16,11 @@ namespace zevfit {
 struct DragBench : PlotBench {
   DragBench() {
     const double sills[] = {2, 2.5, 5, 7.5};
-    for (int line = 0; line < kLines; ++line) {
-      const auto at = static_cast<std::size_t>(line);
-      setFlag(session, line, kVariable, kDirection, 1);
-      (session.*kSillTable.at(at))(kVariable, kDirection) = sills[at];
-      if (line > 0) (session.*kRangeTable.at(at))(kVariable, kDirection) = 10 * sills[at];
+    for (const Line which : kLines) {
+      const LineRef at = line(session, kPair, which);
+      at.use(1);
+      at.sill() = sills[indexOf(which)];
+      if (which != Line::nugget) at.range() = 10 * sills[indexOf(which)];
     }
     draw();
     forget();
@@ -37,26 +38,18 @@ struct DragBench : PlotBench {
     panel.calls.clear();
   }
 
-  int& held(int handle) { return session.dragsel.at(static_cast<std::size_t>(handle)); }
-  void holdAll() { session.dragsel = {1, 1, 1, 1, 1}; }
+  bool& held(Line handle) { return session.dragsel.at(indexOf(handle)); }
+  void holdAll() { session.dragsel.fill(true); }
   /// The selected line, without an event.
-  void select(int line) {
-    session.sel = {};
-    session.sel.at(static_cast<std::size_t>(line)) = 1;
-  }
-  double sill(int line) {
-    return (session.*kSillTable.at(static_cast<std::size_t>(line)))(kVariable, kDirection).number();
-  }
-  double range(int line) {
-    return (session.*kRangeTable.at(static_cast<std::size_t>(line)))(kVariable, kDirection)
-        .number();
-  }
+  void select(Line which) { session.sel = which; }
+  double sill(Line which) { return line(session, kPair, which).sill().number(); }
+  double range(Line which) { return line(session, kPair, which).range().number(); }
 
-  void press(int handle, MouseButton button = MouseButton::left) {
-    estru_MouseDown(fit, window(), handle, button);
+  void press(Line handle, MouseButton button = MouseButton::left) {
+    estru_MouseDown(fit.session, fit.panel, window(), handle, button);
   }
-  void release(int handle, MouseButton button = MouseButton::left) {
-    estru_MouseUp(fit, window(), handle, button);
+  void release(Line handle, MouseButton button = MouseButton::left) {
+    estru_MouseUp(fit.session, fit.panel, window(), handle, button);
   }
   void moveTo(double x, double y) { Picture4_MouseMove(fit, windows, window(), x, y); }
 };

@@ -3,10 +3,11 @@
 #include <functional>
 
 #include "model/fields.h"
-#include "model/model_curve.h"
+#include "model/refresh.h"
 #include "model/selection.h"
 #include "model/sliders.h"
-#include "session/fault.h"
+#include "session/line.h"
+#include "session/policy.h"
 #include "tests/support/memory_panel.h"
 #include "tests/support/scripted_dialogs.h"
 
@@ -33,7 +34,7 @@ inline void connectPanel(MemoryPanel& panel, Fit& fit) {
     slider == Slider::c0 ? HScrollc0_Change(fit) : HScrolla_Change(fit);
   };
   panel.events.boxClicked = [&fit](Box box) { box_Click(fit, box); };
-  panel.events.lineClicked = [&fit](int line) { est_Click(fit, line); };
+  panel.events.lineClicked = [&fit](Line which) { est_Click(fit, which); };
   panel.events.listClicked = [&fit](List list) {
     list == List::Combo2 ? Combo2_Click(fit) : Combodirvar_Click(fit);
   };
@@ -42,17 +43,11 @@ inline void connectPanel(MemoryPanel& panel, Fit& fit) {
 
 /// What a drawing does to the controls and to the curve, without a picture. Ends silently.
 inline void drawWithoutPicture(Fit& fit) {
-  Session& session = fit.session;
-  const std::int64_t v = session.plotvar = session.curvar;
-  const std::int64_t d = session.plotdir = session.curdir;
-  try {
-    resynchroniseSliders(fit, d, v);
-    showmodel(fit, d, v);
-    scalesliders(fit, d, v);
-    modelcurve(fit, d, v, session.ymax(v, d), session.xmax(v, d));
-  } catch (const Fault&) {
-    return;
-  }
+  fit.session.setPlotted(fit.session.current());
+  endSilently([&] {
+    resynchroniseSliders(fit, fit.session.plotted());
+    refreshModel(fit);
+  });
 }
 
 /// The handlers at work on a panel in memory, with a loaded file and the pair of variable 2 and
@@ -62,6 +57,7 @@ inline void drawWithoutPicture(Fit& fit) {
 class FitFixture {
  public:
   static constexpr std::int64_t kVariable = 2, kDirection = 3;
+  static constexpr Pair kPair{kVariable, kDirection};
 
   Session session;
   MemoryPanel panel;
@@ -74,23 +70,20 @@ class FitFixture {
     connectPanel(panel, fit);
     panel.fillList(List::Combo2, 3);
     panel.fillList(List::Combodirvar, 4);
-    scalesliders(fit, kDirection, kVariable);
+    scalesliders(fit, kPair);
     panel.calls.clear();
   }
   FitFixture(const FitFixture&) = delete;
   FitFixture& operator=(const FitFixture&) = delete;
 
   /// The cell of the pair under work.
-  template <class Table>
-  auto& cell(Table Session::*table) {
-    return (session.*table)(session.curvar, session.curdir);
+  template <class Tables, class Table>
+  auto& cell(Table Tables::*table) {
+    return (session.*table)(session.current());
   }
-  double number(PairTable<Cell> Session::*table) { return cell(table).number(); }
+  double number(PairTable<Cell> FitTables::*table) { return cell(table).number(); }
 
-  void select(int line) {
-    session.sel = {};
-    session.sel.at(static_cast<std::size_t>(line)) = 1;
-  }
+  void select(Line which) { session.sel = which; }
   /// From here on drawings refresh controls and curve as the plot routine does.
   void drawForReal() {
     plotter.onDraw = [this] { drawWithoutPicture(fit); };
@@ -102,8 +95,7 @@ class FitFixture {
     session.nvar = session.nvarfile = 3;
     session.ndir = 4;
     resetFitState(session);
-    session.curvar = kVariable;
-    session.curdir = kDirection;
+    session.setCurrent(kPair);
     session.variance(kVariable) = 5;
     cell(&Session::hmax) = 100;
     cell(&Session::xmax) = 100;

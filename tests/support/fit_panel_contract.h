@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "session/fault.h"
+#include "session/line.h"
 #include "tests/support/fit_fixture.h"
 
 namespace zevfit {
@@ -20,9 +22,9 @@ template <class Harness>
 class FitPanelContract : public testing::Test {
  protected:
   FitPanelContract() {
-    session.curvar = session.curdir = 1;
+    session.setCurrent({1, 1});
     session.c0scale = 32000;
-    session.ymax(1, 1) = 10;
+    session.ymax({1, 1}) = 10;
     harness.connectTo(fit);
   }
 
@@ -61,8 +63,8 @@ TYPED_TEST_P(FitPanelContract, StartsWithItsDesignCaptions) {
   EXPECT_EQ(this->panel.caption(Caption::Label21), "a:");
   EXPECT_EQ(this->panel.caption(Caption::Labelc), "");
   EXPECT_EQ(this->panel.caption(Caption::Labelvariance), "");
-  for (int structure = 1; structure <= 3; ++structure)
-    EXPECT_EQ(this->panel.letter(structure), "-") << structure;
+  for (const Line structure : kStructures)
+    EXPECT_EQ(this->panel.letter(structure), "-") << indexOf(structure);
 }
 
 TYPED_TEST_P(FitPanelContract, TellsOfATextOnlyWhenItChanges) {
@@ -96,8 +98,8 @@ TYPED_TEST_P(FitPanelContract, KeepsTheBytesOfATextThatIsNoNumber) {
 
 TYPED_TEST_P(FitPanelContract, EndsASetterWithWhatItsHandlerMadeOfIt) {
   this->session.loaded = true;
-  this->session.sel[1] = 1;
-  this->session.c1(1, 1) = 4;
+  this->session.sel = Line::first;
+  this->session.c1({1, 1}) = 4;
   this->panel.setText(Field::c0, "11");
   EXPECT_EQ(this->panel.text(Field::c0), "4") << "11 is beyond the axis";
 }
@@ -183,15 +185,16 @@ TYPED_TEST_P(FitPanelContract, KeepsCaptionsToTheLetter) {
 }
 
 TYPED_TEST_P(FitPanelContract, KeepsALetterForEachStructure) {
-  const char* const letters[] = {"E", "-", "P"};
-  for (int i = 0; i < 3; ++i) this->panel.setLetter(i + 1, letters[i]);
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(this->panel.letter(i + 1), letters[i]);
+  constexpr std::pair<Line, const char*> kLetters[] = {
+      {Line::first, "E"}, {Line::second, "-"}, {Line::third, "P"}};
+  for (const auto& [structure, letter] : kLetters) this->panel.setLetter(structure, letter);
+  for (const auto& [structure, letter] : kLetters) EXPECT_EQ(this->panel.letter(structure), letter);
 }
 
 /// The cells that the boxes write, as numbers.
 inline std::vector<double> boxCells(const Session& session) {
-  return {session.use0(1, 1).number(), session.use1(1, 1).number(), double(session.plot3state),
-          double(session.plot4state), double(session.showsill(1, 1))};
+  return {session.use0({1, 1}).number(), session.use1({1, 1}).number(), double(session.plot3state),
+          double(session.plot4state), double(session.showsill({1, 1}))};
 }
 
 TYPED_TEST_P(FitPanelContract, TellsOfABoxOnlyWhenItChanges) {
@@ -199,8 +202,8 @@ TYPED_TEST_P(FitPanelContract, TellsOfABoxOnlyWhenItChanges) {
   for (std::size_t i = 0; i < 5; ++i) {
     SCOPED_TRACE(i);
     const auto clear = [&] {
-      this->session.use0(1, 1) = this->session.use1(1, 1) = 0;
-      this->session.plot3state = this->session.plot4state = this->session.showsill(1, 1) = 0;
+      this->session.use0({1, 1}) = this->session.use1({1, 1}) = 0;
+      this->session.plot3state = this->session.plot4state = this->session.showsill({1, 1}) = false;
     };
     std::vector<double> clicked(5, 0.0);
     clicked[i] = 1;
@@ -220,24 +223,23 @@ TYPED_TEST_P(FitPanelContract, TellsOfABoxThatIsTakenOff) {
   this->panel.setTicked(Box::plot1, true);
   this->panel.setTicked(Box::plot1, false);
   EXPECT_FALSE(this->panel.ticked(Box::plot1));
-  EXPECT_EQ(this->session.use0(1, 1).number(), 0);
+  EXPECT_EQ(this->session.use0({1, 1}).number(), 0);
 }
 
 TYPED_TEST_P(FitPanelContract, TellsOfALineOnlyWhenItsOptionChanges) {
-  for (int line = 0; line < 4; ++line) {
-    this->panel.selectLine(line);
-    EXPECT_EQ(this->events(), 1U) << line;
-    this->panel.selectLine(line);
-    EXPECT_EQ(this->events(), 0U) << line << " again";
+  for (const Line which : kLines) {
+    this->panel.selectLine(which);
+    EXPECT_EQ(this->events(), 1U) << indexOf(which);
+    this->panel.selectLine(which);
+    EXPECT_EQ(this->events(), 0U) << indexOf(which) << " again";
   }
 }
 
 TYPED_TEST_P(FitPanelContract, SelectsTheLineThatItWasTold) {
   this->session.loaded = true;
-  for (const int line : {2, 0, 3, 1}) {
-    this->panel.selectLine(line);
-    for (int other = 0; other < 4; ++other)
-      EXPECT_EQ(this->session.sel.at(static_cast<std::size_t>(other)), other == line ? 1 : 0);
+  for (const Line which : {Line::second, Line::nugget, Line::third, Line::first}) {
+    this->panel.selectLine(which);
+    EXPECT_EQ(this->session.sel, which);
   }
 }
 

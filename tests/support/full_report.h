@@ -35,12 +35,12 @@ inline QPoint middleOfThird(int row, int column) {
 /// A nugget and a spherical structure that rise to the variance.
 inline void fitPair(Session& session, int variable, int direction) {
   const double variance = session.variance(variable).number();
-  session.use0(variable, direction) = 1;
-  session.c0(variable, direction) = variance * 0.1;
-  session.use1(variable, direction) = 1;
-  session.model1(variable, direction) = "S";
-  session.c1(variable, direction) = variance * 0.9;
-  session.a1(variable, direction) = session.hmax(variable, direction) * 0.7;
+  session.use0({variable, direction}) = 1;
+  session.c0({variable, direction}) = variance * 0.1;
+  session.use1({variable, direction}) = 1;
+  session.model1({variable, direction}) = "S";
+  session.c1({variable, direction}) = variance * 0.9;
+  session.a1({variable, direction}) = session.hmax({variable, direction}) * 0.7;
 }
 
 inline void giveColumns(QWidget& reports, int columns) {

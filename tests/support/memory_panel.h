@@ -3,8 +3,10 @@
 #include <array>
 #include <functional>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "model/fit_panel.h"
@@ -17,7 +19,7 @@ struct PanelEvents {
   std::function<void(Field)> textChanged;
   std::function<void(Slider)> positionChanged;
   std::function<void(Box)> boxClicked;
-  std::function<void(int)> lineClicked;
+  std::function<void(Line)> lineClicked;
   std::function<void(List)> listClicked;
   std::function<void()> plotButtonFocused;
 };
@@ -46,8 +48,8 @@ class MemoryPanel : public FitPanel {
   }
   const Bounds& bounds(Slider slider) const { return bounds_[at(slider)]; }
   bool enabled(Control control) const { return enabled_[at(control)]; }
-  /// The line whose option is on, -1 for none.
-  int line() const { return line_; }
+  /// The line whose option is on.
+  std::optional<Line> line() const { return line_; }
   /// Gives a list that many entries, none of them chosen; no event.
   void fillList(List list, int entries) {
     entries_[at(list)] = entries;
@@ -99,12 +101,10 @@ class MemoryPanel : public FitPanel {
     note("sill background", std::to_string(colour));
     sillBackground = colour;
   }
-  std::string letter(int structure) const override {
-    return letters_.at(static_cast<std::size_t>(structure - 1));
-  }
-  void setLetter(int structure, std::string_view letter) override {
-    note("letter " + std::to_string(structure), letter);
-    letters_.at(static_cast<std::size_t>(structure - 1)) = letter;
+  std::string letter(Line structure) const override { return letters_.at(at(structure) - 1); }
+  void setLetter(Line structure, std::string_view letter) override {
+    note("letter " + std::to_string(at(structure)), letter);
+    letters_.at(at(structure) - 1) = letter;
   }
 
   bool ticked(Box box) const override { return ticked_[at(box)]; }
@@ -113,9 +113,9 @@ class MemoryPanel : public FitPanel {
     note(kNames[at(box)], ticked ? "1" : "0");
     change(ticked_[at(box)], ticked, events.boxClicked, box);
   }
-  void selectLine(int line) override {
-    note("est" + std::to_string(line + 1), "1");
-    change(line_, line, events.lineClicked, line);
+  void selectLine(Line line) override {
+    note("est" + std::to_string(at(line) + 1), "1");
+    if (std::exchange(line_, line) != line && events.lineClicked) events.lineClicked(line);
   }
 
   void setEnabled(Control control, bool enabled) override {
@@ -166,7 +166,7 @@ class MemoryPanel : public FitPanel {
   std::array<std::string, 3> letters_{"-", "-", "-"};
   std::array<bool, 5> ticked_{};
   std::array<bool, 5> enabled_{true, true, true, true, true};
-  int line_ = -1;
+  std::optional<Line> line_;
   std::array<int, 2> entries_{};
   std::array<int, 2> chosen_{-1, -1};
 };

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "plot/window/direction_window.h"
+#include "session/numbers.h"
 #include "session/tables.h"
 #include "tests/support/recording_surface.h"
 
@@ -26,7 +27,7 @@ class MemoryPlotWindow : public DirectionWindow {
     double left = 0, top = 0, width = 300;
     bool visible = false, border = true;
   };
-  struct Line {
+  struct GuideState {
     double at = 0, from = 0, to = 0;
     bool visible = false;
     LineStyle style = LineStyle::dotted;
@@ -73,13 +74,13 @@ class MemoryPlotWindow : public DirectionWindow {
   RecordingSurface& picture() override { return surface; }
   PenState& pen() override { return penState; }
 
-  void setHandleBorder(int handle, bool border) override {
-    note("border " + std::to_string(handle), border ? "on" : "off");
+  void setHandleBorder(Line handle, bool border) override {
+    note("border " + std::to_string(index(handle)), border ? "on" : "off");
     handleAt(handle).border = border;
   }
   void hideGuides() override {
     note("guides", "hidden");
-    for (Line& line : guides) line.visible = false;
+    for (GuideState& guide : guides) guide.visible = false;
   }
   void toFront() override { ++fronted; }
   void endDelete() override { ++deletesEnded; }
@@ -98,16 +99,16 @@ class MemoryPlotWindow : public DirectionWindow {
     return found;
   }
 
-  double handleLeft(int handle) const override { return handles.at(index(handle)).left; }
-  double handleTop(int handle) const override { return handles.at(index(handle)).top; }
-  double handleWidth(int handle) const override { return handles.at(index(handle)).width; }
-  void moveHandle(int handle, double left, double top) override {
-    note("move " + std::to_string(handle), generalText(left) + " " + generalText(top));
+  double handleLeft(Line handle) const override { return handles.at(index(handle)).left; }
+  double handleTop(Line handle) const override { return handles.at(index(handle)).top; }
+  double handleWidth(Line handle) const override { return handles.at(index(handle)).width; }
+  void moveHandle(Line handle, double left, double top) override {
+    note("move " + std::to_string(index(handle)), generalText(left) + " " + generalText(top));
     handleAt(handle).left = left;
     handleAt(handle).top = top;
   }
-  void showHandle(int handle, bool visible) override {
-    note("handle " + std::to_string(handle), visible ? "shown" : "hidden");
+  void showHandle(Line handle, bool visible) override {
+    note("handle " + std::to_string(index(handle)), visible ? "shown" : "hidden");
     handleAt(handle).visible = visible;
   }
 
@@ -143,7 +144,7 @@ class MemoryPlotWindow : public DirectionWindow {
     tag.visible = visible;
   }
 
-  Line& line(Guide guide) { return guides.at(static_cast<std::size_t>(guide)); }
+  GuideState& line(Guide guide) { return guides.at(static_cast<std::size_t>(guide)); }
 
   bool isVisible = false;
   bool isMinimised = false;
@@ -158,7 +159,7 @@ class MemoryPlotWindow : public DirectionWindow {
   DragState drag;
   double pictureBorder = 0;
   std::array<Handle, 4> handles;
-  std::array<Line, 2> guides;
+  std::array<GuideState, 2> guides;
   Tag tag;
   std::vector<std::string> calls;
   int restored = 0;
@@ -167,30 +168,33 @@ class MemoryPlotWindow : public DirectionWindow {
   bool closed = false;
 
  private:
-  static std::size_t index(int handle) { return static_cast<std::size_t>(handle); }
+  static std::size_t index(Line handle) { return static_cast<std::size_t>(handle); }
   static std::string name(Guide guide) { return guide == Guide::Line1 ? "Line1" : "Line2"; }
-  Handle& handleAt(int handle) { return handles.at(index(handle)); }
+  Handle& handleAt(Line handle) { return handles.at(index(handle)); }
   void note(std::string_view what, std::string_view how) {
     calls.push_back(std::string(what) + " " + std::string(how));
   }
 };
 
-/// Windows that appear once they are used, by (direction, variable).
+/// Windows that appear once they are used, by pair.
 class MemoryPlotWindows : public DirectionWindows {
  public:
-  MemoryPlotWindow& plotwin(std::int64_t direction, std::int64_t variable) override {
-    if (direction < 0 || direction >= kVariableSlots || variable < 0 || variable >= kVariableSlots)
-      throwSubscript();
-    return windows[{direction, variable}];
-  }
-  bool isOpen(std::int64_t direction, std::int64_t variable) const override {
-    if (direction < 0 || direction >= kVariableSlots || variable < 0 || variable >= kVariableSlots)
-      throwSubscript();
-    const auto found = windows.find({direction, variable});
+  MemoryPlotWindow& plotwin(Pair pair) override { return windows[keyOf(pair)]; }
+  bool isOpen(Pair pair) const override {
+    const auto found = windows.find(keyOf(pair));
     return found != windows.end() && !found->second.closed;
   }
 
+  /// By variable and direction.
   std::map<std::pair<std::int64_t, std::int64_t>, MemoryPlotWindow> windows;
+
+ private:
+  static std::pair<std::int64_t, std::int64_t> keyOf(Pair pair) {
+    for (const std::int64_t subscript : {pair.variable, pair.direction})
+      if (subscript < 0 || subscript >= kVariableSlots)
+        throwSubscript("plotwin", {pair.variable, pair.direction});
+    return {pair.variable, pair.direction};
+  }
 };
 
 }  // namespace zevfit

@@ -7,8 +7,11 @@
 #include <utility>
 #include <vector>
 
+#include "plot/drawing/drawing_depth.h"
+#include "plot/drawing/plot_variogram.h"
 #include "tests/support/fit_fixture.h"
 #include "tests/support/memory_plot_window.h"
+#include "tests/support/model_lines.h"
 
 namespace zevfit {
 
@@ -21,6 +24,7 @@ inline const Font kGammaFont{"Symbol", 7};
 
 /// The pair under work of the sample.
 inline constexpr std::int64_t kVariable = 1, kDirection = 2;
+inline constexpr Pair kPair{kVariable, kDirection};
 
 struct LagClass {
   double h;
@@ -29,14 +33,13 @@ struct LagClass {
 };
 
 /// Writes the classes of a pair from class 1 on.
-inline void setClasses(Session& session, std::int64_t variable, std::int64_t direction,
-                       const std::vector<LagClass>& classes) {
+inline void setClasses(Session& session, Pair pair, const std::vector<LagClass>& classes) {
   std::int64_t lag = 0;
   for (const LagClass& one : classes) {
     ++lag;
-    session.hlag.set(variable, direction, lag, one.h);
-    session.gam.set(variable, direction, lag, one.gamma);
-    session.npairs.set(variable, direction, lag, one.pairs);
+    session.hlag.set(pair, lag, one.h);
+    session.gam.set(pair, lag, one.gamma);
+    session.npairs.set(pair, lag, one.pairs);
   }
 }
 
@@ -72,15 +75,13 @@ inline Session plotSample() {
   session.variance(2) = 7.5;
   for (std::int64_t v = 1; v <= 2; ++v) {
     for (std::int64_t d = 1; d <= 2; ++d) {
-      session.hmax(v, d) = 100;
-      session.ymax(v, d) = 10;
+      session.hmax({v, d}) = 100;
+      session.ymax({v, d}) = 10;
     }
   }
-  setClasses(session, kVariable, kDirection, {{10, 2, 5}, {25, 4, 7}, {50, 8, 3}, {75, 6, 1}});
-  session.use0(kVariable, kDirection) = 1;
-  session.c0(kVariable, kDirection) = 2;
-  session.curvar = kVariable;
-  session.curdir = kDirection;
+  setClasses(session, kPair, {{10, 2, 5}, {25, 4, 7}, {50, 8, 3}, {75, 6, 1}});
+  setNugget(session, kPair, 2);
+  session.setCurrent(kPair);
   return session;
 }
 
@@ -92,6 +93,7 @@ struct PlotBench : Plotter {
   MemoryPlotWindows windows;
   Fit fit{session, panel, *this, dialogs};
   int drawings = 0;
+  DrawingDepth depth;
 
   PlotBench() {
     connectPanel(panel, fit);
@@ -104,6 +106,7 @@ struct PlotBench : Plotter {
 
   void plotvariogram() override {
     ++drawings;
+    const DrawingDepth::Level level(depth);
     zevfit::plotvariogram(fit, windows);
   }
   /// Draws as the main window does, which then shows the window.
@@ -112,15 +115,13 @@ struct PlotBench : Plotter {
     window().isVisible = true;
   }
 
-  MemoryPlotWindow& window(std::int64_t variable = kVariable, std::int64_t direction = kDirection) {
-    return windows.plotwin(direction, variable);
-  }
+  MemoryPlotWindow& window(Pair pair = kPair) { return windows.plotwin(pair); }
   const Operations& operations() { return window().surface.operations; }
 
   /// The flag of structure 1 set and its letter none: the curve then is what its row holds.
   void setCurve(const std::vector<std::pair<int, double>>& samples, double elsewhere) {
-    session.use0(kVariable, kDirection) = 0;
-    session.use1(kVariable, kDirection) = 1;
+    session.use0(kPair) = 0;
+    session.use1(kPair) = 1;
     session.curverow[1].fill(elsewhere);
     for (const auto& [sample, gamma] : samples) session.curverow[1](sample) = gamma;
   }

@@ -10,7 +10,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "platform/orthogonality.h"
+#include "files/orthogonality.h"
 #include "tests/support/recording_printer.h"
 #include "tests/support/scripted_dialogs.h"
 #include "windows/mdimod.h"

@@ -6,6 +6,7 @@
 
 #include "report/printer.h"
 #include "session/fault.h"
+#include "session/numbers.h"
 #include "tests/support/recording_surface.h"
 
 namespace zevfit {

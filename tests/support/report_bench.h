@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "model/sliders.h"
+#include "plot/window/direction_events.h"
 #include "report/collection.h"
 #include "tests/support/plot_bench.h"
 #include "tests/support/recording_printer.h"

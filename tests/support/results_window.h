@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/model_lines.h"
 #include "tests/support/program.h"
 #include "tests/support/scratch_folder.h"
 
@@ -94,12 +95,10 @@ class ResultsBench : public testing::Test {
   }
 
   void fit(int direction, double range) {
-    session().use0(1, direction) = session().use1(1, direction) = 1;
-    session().c0(1, direction) = 0.1;
-    session().model1(1, direction) = "S";
-    session().c1(1, direction) = 0.5;
-    session().a1(1, direction) = range;
-    session().ctotal(1, direction) = 0.6;
+    const Pair pair{1, direction};
+    setNugget(session(), pair, 0.1);
+    setStructure(session(), pair, Line::first, "S", 0.5, range);
+    session().ctotal(pair) = 0.6;
   }
 
   Session& session() { return program_.session(); }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "session/line.h"
 #include "tests/support/variogram_text.h"
 
 namespace zevfit::test {
@@ -11,13 +12,13 @@ namespace zevfit::test {
 inline void dropUnused(Session& session) {
   for (std::int64_t v = 1; v <= session.nvar; ++v) {
     for (std::int64_t d = 1; d <= session.ndir; ++d) {
-      for (int line = 0; line < kLines; ++line) {
-        const auto at = static_cast<std::size_t>(line);
-        if (flag(session, line, v, d) != 0) continue;
-        (session.*kSillTable.at(at))(v, d) = 0;
-        if (line == 0) continue;
-        (session.*kLetterTable.at(at))(v, d) = "-";
-        (session.*kRangeTable.at(at))(v, d) = 1e-04;
+      for (const Line which : kLines) {
+        const LineRef at = line(session, {v, d}, which);
+        if (at.used() != 0) continue;
+        at.sill() = 0;
+        if (which == Line::nugget) continue;
+        at.letter() = "-";
+        at.range() = 1e-04;
       }
     }
   }
@@ -27,7 +28,7 @@ inline void dropUnused(Session& session) {
 inline std::string modelTexts(const Session& session) {
   std::string text;
   for (std::int64_t v = 1; v <= session.nvar; ++v)
-    for (std::int64_t d = 1; d <= session.ndir; ++d) text += modelText(session, v, d) + "\n";
+    for (std::int64_t d = 1; d <= session.ndir; ++d) text += modelText(session, {v, d}) + "\n";
   return text;
 }
 
@@ -40,7 +41,7 @@ inline std::string dataText(const Session& session) {
     text += session.varname(v) + ": " + session.variance(v).toText() + "\n";
     for (std::int64_t d = 1; d <= session.ndir; ++d)
       for (std::int64_t lag = 1; lag <= session.nclass; ++lag)
-        text += classText(session, v, d, lag) + "\n";
+        text += classText(session, {v, d}, lag) + "\n";
   }
   return text;
 }

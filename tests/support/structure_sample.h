@@ -28,13 +28,13 @@ inline Session structureSample() {
     for (int d = 1; d <= 2; ++d) {
       for (int c = 1; c <= 2; ++c) {
         const int place = 100 * v + 10 * d + c;
-        session.gam.set(v, d, c, place);
-        session.hlag.set(v, d, c, 10 * place);
-        session.npairs.set(v, d, c, static_cast<float>(100 * place));
+        session.gam.set({v, d}, c, place);
+        session.hlag.set({v, d}, c, 10 * place);
+        session.npairs.set({v, d}, c, static_cast<float>(100 * place));
       }
-      session.hmax(v, d) = 1000 * v + d;
-      session.gmax(v, d) = 100 * v + d;
-      session.gmin(v, d) = 10 * v + d;
+      session.hmax({v, d}) = 1000 * v + d;
+      session.gmax({v, d}) = 100 * v + d;
+      session.gmin({v, d}) = 10 * v + d;
     }
   }
   return session;
@@ -42,7 +42,7 @@ inline Session structureSample() {
 
 inline void tick(Session& session, std::initializer_list<int> variables) {
   session.addflag.fill(0);
-  for (const int v : variables) session.addflag(v) = 1;
+  for (const int v : variables) session.addflag(v) = true;
 }
 
 inline void expectRefused(const std::optional<Refusal>& refusal, const std::string& warning,

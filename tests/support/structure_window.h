@@ -12,6 +12,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "files/variogram_reader.h"
 #include "tests/support/recording_host.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/support/structure_sample.h"
@@ -39,7 +40,11 @@ class StructureWindow {
     return find<QLabel>(name)->text().toLatin1().toStdString();
   }
 
-  void load() { window.fill("folder/sample.zvm"); }
+  /// Takes up what stands in the tables as if it came from a file.
+  void load(const std::string& path = "folder/sample.zvm") {
+    acceptLoad(session, path);
+    window.fill(path);
+  }
   void loadAndShow() {
     load();
     window.show();
@@ -107,7 +112,8 @@ class StructureWindow {
   Session session = structureSample();
   test::ScriptedDialogs dialogs;
   RecordingHost host;
-  frmzevfit window{session, dialogs, host};
+  FaultReport faults = [this](std::string_view fault) { dialogs.fatal(fault); };
+  frmzevfit window{session, dialogs, dialogs, host, faults};
 };
 
 using Texts = std::vector<std::string>;

@@ -8,6 +8,7 @@
 #include <array>
 #include <fstream>
 
+#include "tests/support/model_lines.h"
 #include "tests/support/program.h"
 #include "windows/formod.h"
 
@@ -74,8 +75,8 @@ class TwoPlots {
   }
 
   bool holdsAny() {
-    for (const int held : session().dragsel)
-      if (held == 1) return true;
+    for (const bool held : session().dragsel)
+      if (held) return true;
     return false;
   }
   bool anyFault() {
@@ -86,13 +87,9 @@ class TwoPlots {
 
  private:
   void plotDirection(std::int64_t direction) {
-    Session& s = session();
-    s.use0(1, direction) = s.use1(1, direction) = 1;
-    s.c0(1, direction) = 0.5;
-    s.model1(1, direction) = "S";
-    s.c1(1, direction) = 1;
-    s.a1(1, direction) = 15;
-    s.curdir = direction;
+    setNugget(session(), {1, direction}, 0.5);
+    setStructure(session(), {1, direction}, Line::first, "S", 1, 15);
+    session().curdir = direction;
     program_.window().plotvariogram();
   }
 

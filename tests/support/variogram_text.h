@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "session/line.h"
 #include "session/numbers.h"
 #include "session/session.h"
 
@@ -27,15 +28,13 @@ inline std::string sampleFile(std::string_view tag) {
 }
 
 /// The model of a pair in the order of the file, parted by blanks.
-inline std::string modelText(const Session& session, std::int64_t v, std::int64_t d) {
-  std::string text = session.use0(v, d).toText() + " " + session.c0(v, d).toText();
-  for (int line = 1; line < kLines; ++line) {
-    const auto at = static_cast<std::size_t>(line);
-    text += " " + (line < 3 ? (session.*kFlagTable.at(at))(v, d).toText()
-                            : std::to_string(session.use3(v, d)));
-    text += " " + (session.*kLetterTable.at(at))(v, d);
-    text += " " + (session.*kSillTable.at(at))(v, d).toText();
-    text += " " + (session.*kRangeTable.at(at))(v, d).toText();
+inline std::string modelText(const Session& session, Pair pair) {
+  const ConstLineRef nugget = line(session, pair, Line::nugget);
+  std::string text = nugget.flag().toText() + " " + nugget.sill().toText();
+  for (const Line structure : kStructures) {
+    const ConstLineRef at = line(session, pair, structure);
+    text += " " + at.flag().toText() + " " + at.letter() + " " + at.sill().toText() + " " +
+            at.range().toText();
   }
   return text;
 }
@@ -44,10 +43,9 @@ inline std::string modelText(const Session& session, std::int64_t v, std::int64_
 inline constexpr const char* kResetModel = "0 0 0 - 0 1E-05 0 - 0 1E-05 0 - 0 1E-05";
 
 /// A class as distance, semivariance and pairs, parted by blanks.
-inline std::string classText(const Session& session, std::int64_t v, std::int64_t d,
-                             std::int64_t lag) {
-  return session.hlag(v, d, lag).toText() + " " + generalText(session.gam(v, d, lag)) + " " +
-         generalText(session.npairs(v, d, lag));
+inline std::string classText(const Session& session, Pair pair, std::int64_t lag) {
+  return session.hlag(pair, lag).toText() + " " + generalText(session.gam(pair, lag)) + " " +
+         generalText(session.npairs(pair, lag));
 }
 
 }  // namespace zevfit::test

@@ -3,7 +3,7 @@
 #include <QAbstractButton>
 #include <filesystem>
 
-#include "platform/orthogonality.h"
+#include "files/orthogonality.h"
 #include "platform/qt_dialogs.h"
 #include "platform/qt_printer.h"
 #include "tests/tour/album.h"

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
 
 #include "session/session.h"
@@ -18,7 +16,7 @@ class Invariants {
  private:
   /// The sills of the current pair as a text, and the pair.
   struct Sills {
-    std::int64_t variable = 0, direction = 0;
+    Pair pair;
     std::string texts;
     bool operator==(const Sills&) const = default;
   };

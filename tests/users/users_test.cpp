@@ -7,13 +7,14 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
 #include <set>
 
-#include "platform/orthogonality.h"
+#include "files/orthogonality.h"
 #include "tests/support/recording_printer.h"
 #include "tests/users/user.h"
 #include "windows/boundary.h"
@@ -37,14 +38,17 @@ Extent extent() {
 }
 
 /// Faults that no handler catches, each as the message names it.
-const std::set<std::string> kFatal{"Type mismatch",         "Overflow",
-                                   "Division by zero",      "Subscript out of range",
-                                   "Invalid list position", "Invalid slider position",
-                                   "Drawings do not settle"};
+const std::set<std::string> kFatal{"Type mismatch",           "Overflow",
+                                   "Division by zero",        "Invalid list position",
+                                   "Invalid slider position", "Drawings do not settle"};
+/// Those that name their case behind.
+constexpr std::array kFatalBeginnings{"Subscript out of range: ",
+                                      "No azimuth and dip in the direction's name '"};
 
 bool isFatal(const std::string& fault) {
   return kFatal.count(fault) == 1 ||
-         fault.starts_with("No azimuth and dip in the direction's name '");
+         std::any_of(kFatalBeginnings.begin(), kFatalBeginnings.end(),
+                     [&](const char* beginning) { return fault.starts_with(beginning); });
 }
 
 /// One run of the program, from its start to its end.

@@ -93,18 +93,19 @@ class Hands : public TwoPlots {
 /// The cells of both pairs lie on their axes, those without a line on show at their start.
 void checkCells(const Session& s) {
   for (const std::int64_t direction : {1, 2}) {
-    for (const auto sill : {&Session::c0, &Session::c1}) {
-      EXPECT_GE((s.*sill)(1, direction).number(), 0);
-      EXPECT_LE((s.*sill)(1, direction).number(), 2.12);
+    const Pair pair{1, direction};
+    for (const Line which : {Line::nugget, Line::first}) {
+      EXPECT_GE(line(s, pair, which).sill().number(), 0);
+      EXPECT_LE(line(s, pair, which).sill().number(), 2.12);
     }
-    EXPECT_GE(s.a1(1, direction).number(), 0);
+    EXPECT_GE(s.a1(pair).number(), 0);
     // The slider behind a redraw may lie half a position, 0.01, farther.
-    EXPECT_LE(s.a1(1, direction).number(), 30.01);
-    for (const auto sill : {&Session::c2, &Session::c3})
-      EXPECT_EQ((s.*sill)(1, direction).number(), 0);
-    // The curve takes a range of 0 for the least one.
-    for (const auto range : {&Session::a2, &Session::a3})
-      EXPECT_LE((s.*range)(1, direction).number(), 1e-05);
+    EXPECT_LE(s.a1(pair).number(), 30.01);
+    for (const Line unused : {Line::second, Line::third}) {
+      EXPECT_EQ(line(s, pair, unused).sill().number(), 0);
+      // The curve takes a range of 0 for the least one.
+      EXPECT_LE(line(s, pair, unused).range().number(), 1e-05);
+    }
   }
 }
 
@@ -114,7 +115,7 @@ void freeAll(Hands& hands) {
   if (!hands.plot(direction).isVisible())
     hands.program().control<QAbstractButton>("Command5").click();
   for (int i = 3; i >= 0; --i) {
-    if (hands.session().dragsel.at(static_cast<std::size_t>(i)) != 1) continue;
+    if (!hands.session().dragsel.at(static_cast<std::size_t>(i))) continue;
     hands.move(hands.inPicture(direction, {100 + 50 * i, 80}));
     hands.doubleClick(hands.onHandle(direction, i));
   }
@@ -133,7 +134,7 @@ TEST(AnyMouse, LeavesHandlesThatCanBeFreedAndCellsInOrder) {
     hands.letGo();
     freeAll(hands);
     EXPECT_FALSE(hands.holdsAny());
-    EXPECT_EQ(hands.session().dragging, 0);
+    EXPECT_FALSE(hands.session().dragging);
   }
 }
 

@@ -79,7 +79,7 @@ TEST_F(AxisWindows, AClickOnARealLimitTakesIt) {
     QTest::keyClick(&in<QWidget>(scales(), label), Qt::Key_Space);
     EXPECT_EQ(edited.text(), in<QLabel>(scales(), label).text()) << label;
   }
-  EXPECT_EQ(session().xmax(1, 1), 30) << "nothing is saved yet";
+  EXPECT_EQ(session().xmax({1, 1}), 30) << "nothing is saved yet";
 }
 
 TEST_F(AxisWindows, SavingStoresAndCloses) {
@@ -89,8 +89,8 @@ TEST_F(AxisWindows, SavingStoresAndCloses) {
   QTest::mouseClick(&in<QWidget>(scales(), "Command2"), Qt::LeftButton);
   EXPECT_FALSE(scales().isVisible());
   EXPECT_TRUE(program_.window().isEnabled());
-  EXPECT_EQ(session().xmax(1, 1), 60);
-  EXPECT_EQ(session().ymax(1, 1), 4);
+  EXPECT_EQ(session().xmax({1, 1}), 60);
+  EXPECT_EQ(session().ymax({1, 1}), 4);
   EXPECT_EQ(shown(), Boxes{});
 }
 
@@ -106,7 +106,7 @@ TEST_F(AxisWindows, ARefusedLimitKeepsTheWindowUp) {
   EXPECT_EQ(shown(), Boxes{"warning: Illegal value ymax ! Note:  legal value >  1"});
   EXPECT_TRUE(scales().isVisible());
   EXPECT_EQ(in<QLineEdit>(scales(), "novoymax").text(), "1");
-  EXPECT_EQ(session().ymax(1, 1), 2.12);
+  EXPECT_EQ(session().ymax({1, 1}), 2.12);
 }
 
 TEST_F(AxisWindows, AClickElsewhereClosesTheScalesAndLosesTheTyping) {
@@ -117,7 +117,7 @@ TEST_F(AxisWindows, AClickElsewhereClosesTheScalesAndLosesTheTyping) {
   ASSERT_TRUE(QTest::qWaitFor([&] { return !scales().isActiveWindow(); }));
   EXPECT_FALSE(scales().isVisible());
   EXPECT_TRUE(program_.window().isEnabled());
-  EXPECT_EQ(session().xmax(1, 1), 30);
+  EXPECT_EQ(session().xmax({1, 1}), 30);
 }
 
 TEST_F(AxisWindows, CancelAndEscapeClose) {
@@ -130,7 +130,7 @@ TEST_F(AxisWindows, CancelAndEscapeClose) {
       QTest::mouseClick(&in<QWidget>(scales(), "Command1"), Qt::LeftButton);
     EXPECT_FALSE(scales().isVisible()) << key;
     EXPECT_TRUE(program_.window().isEnabled()) << key;
-    EXPECT_EQ(session().xmax(1, 1), 30) << key;
+    EXPECT_EQ(session().xmax({1, 1}), 30) << key;
   }
 }
 
@@ -142,14 +142,14 @@ TEST_F(AxisWindows, TheFieldKeepsTheTextOfTheFormerOpening) {
   QTest::mouseClick(&in<QWidget>(scales(), "Command1"), Qt::LeftButton);
   program_.control<QComboBox>("Combodirvar").setCurrentIndex(1);
   program_.control<QAbstractButton>("Command5").click();
-  EXPECT_EQ(session().xmax(1, 2), 40);
+  EXPECT_EQ(session().xmax({1, 2}), 40);
   openScales();
   EXPECT_EQ(scales().windowTitle(), "Axis Scale (X,Y):  (90;0)");
   EXPECT_EQ(in<QLineEdit>(scales(), "novoxmax").text(), "12.5");
   EXPECT_EQ(in<QLabel>(scales(), "Labelxm").text(), "40. ");
   type(in<QLineEdit>(scales(), "novoymax"), "3");
   QTest::mouseClick(&in<QWidget>(scales(), "Command2"), Qt::LeftButton);
-  EXPECT_EQ(session().xmax(1, 2), 12.5);
+  EXPECT_EQ(session().xmax({1, 2}), 12.5);
 }
 
 TEST_F(AxisWindows, TheFocusComesBackWhereItWas) {
@@ -172,7 +172,7 @@ TEST_F(AxisWindows, ALegendIsStoredAndDrawn) {
                      QTest::mouseClick(&in<QWidget>(modal, "Command2"), Qt::LeftButton);
                      EXPECT_NE(program_.control("Picture4").grab().toImage(), before);
                    });
-  EXPECT_EQ(session().xlegend(1, 1), "h (meters)");
+  EXPECT_EQ(session().xlegend({1, 1}), "h (meters)");
 }
 
 // Each takes two bytes where texts are in UTF-8; six of them are six characters all the same.
@@ -188,7 +188,7 @@ TEST_F(AxisWindows, ALegendCountsCharactersAsTheUserTypesThem) {
                        QTest::mouseClick(&in<QWidget>(modal, "Command2"), Qt::LeftButton);
                        modal.close();
                      });
-    EXPECT_EQ(session().xlegend(1, 1), typed == mu ? "h (\xb5\xb5\xb5\xb5\xb5\xb5)" : "h ()");
+    EXPECT_EQ(session().xlegend({1, 1}), typed == mu ? "h (\xb5\xb5\xb5\xb5\xb5\xb5)" : "h ()");
   }
   EXPECT_EQ(shown(), Boxes{"plain: Legend too long: Maximum 6 char.!"});
 }
@@ -203,11 +203,11 @@ TEST_F(AxisWindows, ALegendThatIsTooLongIsGone) {
                      EXPECT_TRUE(modal.isVisible());
                      EXPECT_EQ(text.text(), "");
                      EXPECT_EQ(modal.focusWidget(), &text);
-                     EXPECT_EQ(session().xlegend(1, 1), "h ()");
+                     EXPECT_EQ(session().xlegend({1, 1}), "h ()");
                      type(text, "km");
                      QTest::mouseClick(&in<QWidget>(modal, "Command1"), Qt::LeftButton);
                    });
-  EXPECT_EQ(session().xlegend(1, 1), "h ()");
+  EXPECT_EQ(session().xlegend({1, 1}), "h ()");
   // The box shows what it last held.
   Program::inModal([&] { program_.control<QPushButton>("Command4").click(); },
                    [&](QWidget& modal) {

@@ -17,6 +17,7 @@
 #include <cmath>
 #include <fstream>
 
+#include "tests/support/model_lines.h"
 #include "tests/support/program.h"
 #include "windows/formod.h"
 
@@ -36,11 +37,7 @@ class BoxesUnderTheMouse : public testing::Test {
 
   /// A power structure of this exponent, selected.
   void usePower(double exponent) {
-    Session& s = program_.session();
-    s.use1(1, 1) = 1;
-    s.model1(1, 1) = "P";
-    s.c1(1, 1) = 1;
-    s.a1(1, 1) = exponent;
+    setStructure(program_.session(), {1, 1}, Line::first, "P", 1, exponent);
   }
 
   /// Each box is a real one, which another's release of the mouse goes to.
@@ -139,10 +136,10 @@ TEST_F(BoxesUnderTheMouse, APressOnASliderGivesItTheFocus) {
   auto& slider = program_.control<QSlider>("HScrollc0");
   program_.control<QAbstractButton>("est1").click();
   program_.control("Textc0").setFocus(Qt::MouseFocusReason);
-  program_.session().c0typed(1, 1) = 1;
+  program_.session().c0typed({1, 1}) = true;
   QTest::mousePress(window(), Qt::LeftButton, {}, middleOf(slider));
   EXPECT_TRUE(slider.hasFocus());
-  EXPECT_EQ(program_.session().c0typed(1, 1), 0) << "the slider takes the lead";
+  EXPECT_FALSE(program_.session().c0typed({1, 1})) << "the slider takes the lead";
   QTest::mouseRelease(window(), Qt::LeftButton, {}, middleOf(slider));
 }
 
@@ -150,10 +147,10 @@ TEST_F(BoxesUnderTheMouse, TheWheelOverASliderMovesTheSill) {
   auto& slider = program_.control<QSlider>("HScrollc0");
   program_.control<QAbstractButton>("est1").click();
   Session& session = program_.session();
-  session.use0(1, 1) = 1;
+  session.use0({1, 1}) = 1;
   // The field drives; the wheel gives the slider the focus, and with it the lead.
   program_.control("Textc0").setFocus(Qt::MouseFocusReason);
-  session.c0typed(1, 1) = 1;
+  session.c0typed({1, 1}) = true;
   QWidget& picture = program_.control("Picture4");
   const QImage before = picture.grab().toImage();
   const QPointF over(middleOf(slider));
@@ -162,13 +159,13 @@ TEST_F(BoxesUnderTheMouse, TheWheelOverASliderMovesTheSill) {
   QSpontaneKeyEvent::setSpontaneous(&wheel);
   QApplication::instance()->notify(window(), &wheel);
   EXPECT_TRUE(slider.hasFocus());
-  EXPECT_EQ(session.c0typed(1, 1), 0);
+  EXPECT_FALSE(session.c0typed({1, 1}));
   EXPECT_NE(picture.grab().toImage(), before) << "the curve follows";
   const int at = slider.value();
   ASSERT_GT(at, 0);
   // The axis goes from 0 to 2.12 in 32000 steps, and the field has three decimals.
   const double sill = std::round(at * 2.12 / 32000 * 1000) / 1000;
-  EXPECT_NEAR(program_.session().c0(1, 1).number(), sill, 1e-9);
+  EXPECT_NEAR(program_.session().c0({1, 1}).number(), sill, 1e-9);
   EXPECT_NEAR(program_.control<QLineEdit>("Textc0").text().toDouble(), sill, 1e-9);
 }
 

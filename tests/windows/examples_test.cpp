@@ -1,5 +1,5 @@
 // The example in three dimensions as far as the kriging file.
-#include "tests/support/coreg_sample.h"
+#include "tests/support/model_lines.h"
 #include "tests/support/results_window.h"
 
 namespace zevfit::test {
@@ -15,11 +15,12 @@ class OreResults : public testing::Test {
     const std::pair<double, double> ranges[] = {{60, 160}, {40, 80}, {20, 40}, {37, 76.5}};
     for (int direction = 1; direction <= 4; ++direction) {
       const auto& [first, second] = ranges[direction - 1];
+      const Pair pair{1, direction};
       Session& session = program_.session();
-      setLine(session, 0, 1, direction, {1, "", 0.2, 0});
-      setLine(session, 1, 1, direction, {1, "S", 0.4, first});
-      setLine(session, 2, 1, direction, {1, "S", 0.6, second});
-      session.ctotal(1, direction) = 1.2;
+      setNugget(session, pair, 0.2);
+      setStructure(session, pair, Line::first, "S", 0.4, first);
+      setStructure(session, pair, Line::second, "S", 0.6, second);
+      session.ctotal(pair) = 1.2;
     }
     program_.dialogs().shown.clear();
     program_.dialogs().saved = {(folder_ / "ore.ZVP").string()};

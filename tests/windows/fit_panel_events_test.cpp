@@ -12,6 +12,7 @@
 #include <QSlider>
 #include <QTest>
 
+#include "model/sliders.h"
 #include "tests/support/fit_fixture.h"
 #include "windows/fit_panel_widgets.h"
 
@@ -22,13 +23,12 @@ namespace {
 class PanelOnScreen : public testing::Test {
  protected:
   PanelOnScreen() {
-    panel.connectTo(fit);
+    panel.connectTo(fit, faults);
     panel.fillList(List::Combo2, {"zinc", "lead", "copper"});
     panel.fillList(List::Combodirvar, {"0;0", "45;0", "90;0", "135;0"});
     panel.show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&panel)) << "the focus goes to active windows alone";
-    session.curvar = kVariable;
-    session.curdir = kDirection;
+    session.setCurrent(kPair);
   }
 
   template <class Control>
@@ -54,15 +54,17 @@ class PanelOnScreen : public testing::Test {
     QTest::mouseDClick(option, Qt::LeftButton, {},
                        QPoint(option->width() - 2, option->height() / 2));
   }
-  int& typedSill() { return session.c0typed(kVariable, kDirection); }
-  int& typedRange() { return session.atyped(kVariable, kDirection); }
+  bool& typedSill() { return session.c0typed(kPair); }
+  bool& typedRange() { return session.atyped(kPair); }
 
-  static constexpr auto kVariable = FitFixture::kVariable, kDirection = FitFixture::kDirection;
+  static constexpr Pair kPair = FitFixture::kPair;
 
   // The sample of the core's tests, on the widgets in place of its own panel.
   FitFixture sample;
   Session& session = sample.session;
   RecordingPlotter& plotter = sample.plotter;
+  std::vector<std::string> ended;  ///< the faults that end the program
+  const FaultReport faults = [this](std::string_view fault) { ended.emplace_back(fault); };
   FitPanelWidgets panel;
   Fit fit{session, panel, plotter, sample.dialogs};
 };
@@ -154,8 +156,8 @@ TEST_F(PanelOnScreen, TheTotalAndItsLabelTakeTheBackgroundTogether) {
 }
 
 TEST_F(PanelOnScreen, SlidersStepAsTheScalesSay) {
-  session.hmax(kVariable, kDirection) = 0.001;
-  scalesliders(fit, kDirection, kVariable);
+  session.hmax(kPair) = 0.001;
+  scalesliders(fit, kPair);
   EXPECT_EQ(find<QSlider>("HScrollc0")->singleStep(), 64);
   EXPECT_EQ(find<QSlider>("HScrollc0")->pageStep(), 1600);
   EXPECT_EQ(find<QSlider>("HScrolla")->maximum(), 639);
@@ -165,14 +167,14 @@ TEST_F(PanelOnScreen, SlidersStepAsTheScalesSay) {
 
 TEST_F(PanelOnScreen, AClickIntoAFieldLetsItDriveAndTheSlidersFocusTakesTheLead) {
   click("Textc0");
-  EXPECT_EQ(typedSill(), 1);
+  EXPECT_TRUE(typedSill());
   click("Texta");
-  EXPECT_EQ(typedRange(), 1);
+  EXPECT_TRUE(typedRange());
   find<QSlider>("HScrollc0")->setFocus(Qt::TabFocusReason);
-  EXPECT_EQ(typedSill(), 0);
-  EXPECT_EQ(typedRange(), 1);
+  EXPECT_FALSE(typedSill());
+  EXPECT_TRUE(typedRange());
   find<QSlider>("HScrolla")->setFocus(Qt::TabFocusReason);
-  EXPECT_EQ(typedRange(), 0);
+  EXPECT_FALSE(typedRange());
 }
 
 TEST_F(PanelOnScreen, TypedKeysReachTheCellAndEnterDraws) {
@@ -181,7 +183,7 @@ TEST_F(PanelOnScreen, TypedKeysReachTheCellAndEnterDraws) {
   plotter.drawings = 0;
   find<QLineEdit>("Textc0")->selectAll();
   QTest::keyClicks(find<QWidget>("Textc0"), "2.5");
-  EXPECT_EQ(session.c1(kVariable, kDirection).number(), 2.5);
+  EXPECT_EQ(session.c1(kPair).number(), 2.5);
   EXPECT_EQ(plotter.drawings, 0);
   QTest::keyClick(find<QWidget>("Textc0"), Qt::Key_Return);
   EXPECT_EQ(plotter.drawings, 1);
@@ -197,22 +199,22 @@ TEST_F(PanelOnScreen, AKeyOnTheSliderMovesTheSillByTheSmallStep) {
   const int before = slider->value();
   QTest::keyClick(slider, Qt::Key_Right);
   EXPECT_EQ(slider->value(), before + 64);
-  EXPECT_EQ(session.c1(kVariable, kDirection).number(), 0.02) << "64 / 3200";
+  EXPECT_EQ(session.c1(kPair).number(), 0.02) << "64 / 3200";
   EXPECT_EQ(plotter.drawings, 1);
 }
 
 TEST_F(PanelOnScreen, AClickOnTheVarianceTakesItAsTheSill) {
   clickOption("est3");
   panel.setCaption(Caption::Labelvariance, "4.568");
-  typedSill() = 1;
+  typedSill() = true;
   click("Labelvariance");
-  EXPECT_EQ(typedSill(), 0);
-  EXPECT_EQ(session.c2(kVariable, kDirection).number(), 4.568);
+  EXPECT_FALSE(typedSill());
+  EXPECT_EQ(session.c2(kPair).number(), 4.568);
 }
 
 TEST_F(PanelOnScreen, ADoubleClickAppliesALineAgain) {
   clickOption("est2");
-  panel.setLetter(1, "P");
+  panel.setLetter(Line::first, "P");
   clickOption("est2");
   EXPECT_TRUE(find<QWidget>("Textc0")->isEnabled()) << "no new choice";
   doubleClick("est2");
@@ -224,14 +226,13 @@ TEST_F(PanelOnScreen, ADoubleClickGivesAModelWithoutAFile) {
   clickOption("est2");
   session.loaded = false;
   doubleClick("tipo3");
-  EXPECT_EQ(session.model1(kVariable, kDirection), "G");
+  EXPECT_EQ(session.model1(kPair), "G");
 }
 
 TEST_F(PanelOnScreen, ADoubleClickBesideAnOptionIsNone) {
   clickOption("est2");
   doubleClickBeside("est3");
-  EXPECT_EQ(session.sel[1], 1);
-  EXPECT_EQ(session.sel[2], 0);
+  EXPECT_EQ(session.sel, Line::first);
 }
 
 // The mouse is seen on disabled controls too, which must not react.
@@ -240,21 +241,21 @@ TEST_F(PanelOnScreen, DisabledControlsDoNotReact) {
   for (const char* option : {"tipo1", "tipo4"}) doubleClick(option);
   EXPECT_TRUE(find<QLineEdit>("Textc0")->isEnabled());
   QTest::mouseClick(find<QWidget>("Texta"), Qt::LeftButton);
-  EXPECT_EQ(session.atyped(kVariable, kDirection), 0);
+  EXPECT_FALSE(session.atyped(kPair));
   find<QLineEdit>("Textc0")->setEnabled(false);
   QTest::mouseClick(find<QWidget>("Textc0"), Qt::LeftButton);
-  EXPECT_EQ(session.c0typed(kVariable, kDirection), 0);
+  EXPECT_FALSE(session.c0typed(kPair));
 }
 
 TEST_F(PanelOnScreen, OptionsAndBoxesRunTheirHandlers) {
   clickOption("est4");
   clickOption("tipo2");
-  EXPECT_EQ(session.model3(kVariable, kDirection), "S");
+  EXPECT_EQ(session.model3(kPair), "S");
   EXPECT_EQ(find<QLabel>("est4tipo")->text(), "S");
   EXPECT_TRUE(find<QCheckBox>("plot4")->isChecked());
-  EXPECT_EQ(session.use3(kVariable, kDirection), 1);
+  EXPECT_EQ(session.use3(kPair), 1);
   find<QCheckBox>("plot1")->click();
-  EXPECT_EQ(session.use0(kVariable, kDirection).number(), 1);
+  EXPECT_EQ(session.use0(kPair).number(), 1);
 }
 
 TEST_F(PanelOnScreen, ListsAndThePlotButtonChooseThePair) {

@@ -10,11 +10,12 @@ namespace {
 /// The panel of the main window in a window of its own, on the screen so that it can take the
 /// focus.
 struct WidgetHarness {
+  FaultReport faults = [](std::string_view fault) { ADD_FAILURE() << fault; };
   FitPanelWidgets widgets;
 
   WidgetHarness() { widgets.show(); }
   FitPanel& panel() { return widgets; }
-  void connectTo(Fit& fit) { widgets.connectTo(fit); }
+  void connectTo(Fit& fit) { widgets.connectTo(fit, faults); }
   void fillList(List list, int entries) {
     QStringList names;
     for (int i = 0; i < entries; ++i) names << QString("entry %1").arg(i);

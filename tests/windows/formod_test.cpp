@@ -87,14 +87,14 @@ TEST_F(PlotWindowsTest, EachPairHasItsWindow) {
 
 TEST_F(PlotWindowsTest, ActivationMakesThePairTheCurrentOneAndUpdatesTheLists) {
   plot(2, 2);
-  program_.session().use0(1, 1) = 1;
-  program_.session().c0(1, 1) = 0.25;
+  program_.session().use0({1, 1}) = 1;
+  program_.session().c0({1, 1}) = 0.25;
   area().setActiveSubWindow(window("01,01"));
   EXPECT_EQ(program_.session().curvar, 1);
   EXPECT_EQ(program_.session().curdir, 1);
   EXPECT_EQ(program_.control<QComboBox>("Combo2").currentIndex(), 0);
   EXPECT_EQ(program_.control<QComboBox>("Combodirvar").currentIndex(), 0);
-  EXPECT_EQ(program_.session().ctotal(1, 1), 0.25);
+  EXPECT_EQ(program_.session().ctotal({1, 1}), 0.25);
 }
 
 TEST_F(PlotWindowsTest, PlottingDoesNotTakeTheFocusFromAField) {
@@ -149,13 +149,14 @@ TEST_F(PlotWindowsTest, SubscriptsBeyondTheTableAreFaults) {
   QMdiArea other;
   FitPanelWidgets panel;
   Fit fit{program_.session(), panel, program_.window(), program_.dialogs()};
-  PlotWindowTable table(other, fit, [] {});
-  EXPECT_THROW(table.plotwin(42, 1), Fault);
-  EXPECT_THROW(table.plotwin(1, 42), Fault);
-  EXPECT_THROW(table.plotwin(-1, 1), Fault);
-  EXPECT_FALSE(table.isOpen(1, 1));
-  table.plotwin(1, 1);
-  EXPECT_TRUE(table.isOpen(1, 1));
+  const FaultReport faults = [](std::string_view fault) { ADD_FAILURE() << fault; };
+  PlotWindowTable table(other, fit, faults, [] {});
+  EXPECT_THROW(table.plotwin({1, 42}), Fault);
+  EXPECT_THROW(table.plotwin({42, 1}), Fault);
+  EXPECT_THROW(table.plotwin({1, -1}), Fault);
+  EXPECT_FALSE(table.isOpen({1, 1}));
+  table.plotwin({1, 1});
+  EXPECT_TRUE(table.isOpen({1, 1}));
 }
 
 }  // namespace

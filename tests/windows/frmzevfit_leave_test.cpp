@@ -35,7 +35,7 @@ TEST_F(FrmzevfitLeave, BackGoesOnWithTheMainWindowWhenTheDialogFails) {
 }
 
 TEST_F(FrmzevfitLeave, ContinueFillsTheListsAndStartsTheFit) {
-  session.dragging = 1;
+  session.dragging = true;
   session.selvar = session.seldir = 2;
   session.testprimary = session.testsecondary = session.testcross = 2;
   session.testmain = session.testminor1 = session.testminor2 = 1;
@@ -45,7 +45,7 @@ TEST_F(FrmzevfitLeave, ContinueFillsTheListsAndStartsTheFit) {
   EXPECT_EQ(calls(), (Texts{"enableMain", "fillDirections [0;0] [90;0]", "selectDirection 0",
                             "fillVariables [zinc] [ lead] [copper]", "selectVariable 0",
                             "enableFitControls", "startFit (hidden)"}));
-  EXPECT_EQ(session.dragging, 0);
+  EXPECT_FALSE(session.dragging);
   EXPECT_EQ(session.selvar, 1);
   EXPECT_EQ(session.seldir, 1);
   for (const int position : {session.testprimary, session.testsecondary, session.testcross,
@@ -70,10 +70,10 @@ TEST_F(FrmzevfitLeave, ContinueOffersDerivedVariablesToo) {
 }
 
 TEST_F(FrmzevfitLeave, WithModelsTheFirstVariableWithStructure1InDirection1IsChosen) {
-  session.hasmodel = 1;
-  session.use1(1, 2) = 1;
-  session.use1(2, 1) = 1;
-  session.use1(3, 1) = 1;
+  session.hasmodel = true;
+  session.use1({1, 2}) = 1;
+  session.use1({2, 1}) = 1;
+  session.use1({3, 1}) = 1;
   session.selvar = session.seldir = 3;
   press("Command2");
   const Texts asked = calls();
@@ -85,7 +85,7 @@ TEST_F(FrmzevfitLeave, WithModelsTheFirstVariableWithStructure1InDirection1IsCho
 }
 
 TEST_F(FrmzevfitLeave, WithModelsButNoStructure1TheFirstEntryStays) {
-  session.hasmodel = 1;
+  session.hasmodel = true;
   press("Command2");
   const Texts asked = calls();
   ASSERT_EQ(asked.size(), 7U);
@@ -105,8 +105,8 @@ TEST_F(FrmzevfitLeave, AFailureFromTheChoiceOnIsABadFile) {
 }
 
 TEST_F(FrmzevfitLeave, ATextInPlaceOfAFlagIsABadFile) {
-  session.hasmodel = 1;
-  session.use1(1, 1) = Cell::ofText("yes");
+  session.hasmodel = true;
+  session.use1({1, 1}) = Cell::ofText("yes");
   press("Command2");
   EXPECT_EQ(shown(), badFile);
   EXPECT_EQ(calls().back(), "selectVariable 0");

@@ -114,13 +114,13 @@ TEST_F(FrmzevfitTest, StartsWithTheFirstVariableAndDirection) {
 }
 
 TEST_F(FrmzevfitTest, ListsVariablesNotTicked) {
-  session.addflag(2) = 1;
+  session.addflag(2) = true;
   load();
   EXPECT_EQ(grid("grid1")->rowCount(), 4);
   EXPECT_EQ(row("grid1", 0), (Texts{"Variable ", " Add "}));
   EXPECT_EQ(row("grid1", 2), (Texts{" lead", ""}));
   EXPECT_EQ(pictures(), (Texts{"not ticked", "not ticked", "not ticked"}));
-  EXPECT_EQ(session.addflag(2), 0);
+  EXPECT_FALSE(session.addflag(2));
 }
 
 TEST_F(FrmzevfitTest, BothColumnsOfTheVariablesAreHalfTheGrid) {
@@ -139,7 +139,7 @@ TEST_F(FrmzevfitTest, NamesTheUnnamed) {
 
 TEST_F(FrmzevfitTest, ShowsBytesAsLatin1AndAmpersandsAsTheyAre) {
   session.varname(1) = "cobre \xE1 & Cu";
-  window.fill("folder/a&b.zvm");
+  load("folder/a&b.zvm");
   EXPECT_EQ(list("Combovar")->itemText(0), QString::fromLatin1("cobre \xE1 & Cu"));
   EXPECT_EQ(find<QLabel>("Label5_0")->text(), QString::fromLatin1("cobre \xE1 & Cu"));
   // A title of a frame takes a single ampersand for the mark of a key.
@@ -150,16 +150,16 @@ TEST_F(FrmzevfitTest, LongNamesDoNotWidenTheWindow) {
   loadAndShow();
   const int before = window.minimumSizeHint().width();
   session.varname(1) = session.dirname(1) = std::string(500, 'w');
-  window.fill("folder/" + std::string(200, 'w') + ".zvm");
+  load("folder/" + std::string(200, 'w') + ".zvm");
   QApplication::processEvents();
   EXPECT_EQ(window.minimumSizeHint().width(), before);
 }
 
 TEST_F(FrmzevfitTest, NumbersAppearInGeneralForm) {
-  session.hlag.set(1, 1, 1, 0.00001);
-  session.gam.set(1, 1, 1, 1.0 / 3.0);
-  session.npairs.set(1, 1, 1, 1.0F / 3.0F);
-  session.hlag.set(1, 1, 2, Cell::ofText("far"));
+  session.hlag.set({1, 1}, 1, 0.00001);
+  session.gam.set({1, 1}, 1, 1.0 / 3.0);
+  session.npairs.set({1, 1}, 1, 1.0F / 3.0F);
+  session.hlag.set({1, 1}, 2, Cell::ofText("far"));
   session.variance(1) = -2.5e20;
   load();
   // 15 digits for a double, 7 for a float.
@@ -233,7 +233,7 @@ TEST_F(FrmzevfitTest, ALaterFileTakesThePlaceOfTheFirst) {
   session.ndir = 1;
   session.nclass = 1;
   session.varname(1) = "gold";
-  window.fill("other.zvm");
+  load("other.zvm");
   EXPECT_EQ(entries("Combovar"), (Texts{"gold", " lead"}));
   EXPECT_EQ(entries("Combodirvalues"), Texts{"Direction  1  0;0"});
   EXPECT_EQ(label("Labelnumerovar"), "2");
@@ -282,7 +282,7 @@ TEST_F(FrmzevfitTest, AsManyClassesAsAFileReallyHasAreShown) {
   session.npairs.create(session.nclass);
   load();
   EXPECT_EQ(grid("gridresults")->rowCount(), 1);
-  session.hlag.set(2, 1, session.nclass, 7);
+  session.hlag.set({2, 1}, session.nclass, 7);
   load();
   EXPECT_EQ(grid("gridresults")->rowCount(), 1'002);
   EXPECT_EQ(row("gridresults", 1'001), (Texts{"    Class  1001", "0", "0", "0"}));
@@ -320,7 +320,7 @@ TEST_F(FrmzevfitTest, AVariableOfAFileWithoutDirectionsCanBeChosen) {
 }
 
 TEST_F(FrmzevfitTest, TheTitleShowsAnyFileName) {
-  window.fill("folder/a[*]b.zvm");
+  load("folder/a[*]b.zvm");
   window.show();
   EXPECT_EQ(window.windowHandle()->title(), "Filename (*.ZVM): folder/a[*]b.zvm");
 }

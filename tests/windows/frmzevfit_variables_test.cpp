@@ -17,16 +17,16 @@ class FrmzevfitVariables : public testing::Test, protected StructureWindow {
 TEST_F(FrmzevfitVariables, AClickTicksARowAndTheNextOneUnticksIt) {
   tickRows({2});
   EXPECT_EQ(pictures(), (Texts{"not ticked", "ticked", "not ticked"}));
-  EXPECT_EQ(session.addflag(2), 1);
+  EXPECT_TRUE(session.addflag(2));
   tickRows({2});
   EXPECT_EQ(pictures(), (Texts{"not ticked", "not ticked", "not ticked"}));
-  EXPECT_EQ(session.addflag(2), 0);
+  EXPECT_FALSE(session.addflag(2));
 }
 
 TEST_F(FrmzevfitVariables, AClickOnANameTicksItsRow) {
   clickCell("grid1", 3, 0);
   EXPECT_EQ(picture(3), "ticked");
-  EXPECT_EQ(session.addflag(3), 1);
+  EXPECT_TRUE(session.addflag(3));
   EXPECT_TRUE(grid("grid1")->item(3, 0)->icon().isNull());
 }
 
@@ -34,7 +34,7 @@ TEST_F(FrmzevfitVariables, AClickOnTheHeadingDoesNothing) {
   clickCell("grid1", 0, 1);
   clickCell("grid1", 0, 0);
   EXPECT_EQ(pictures(), (Texts{"not ticked", "not ticked", "not ticked"}));
-  for (int v = 0; v <= 3; ++v) EXPECT_EQ(session.addflag(v), 0) << v;
+  for (int v = 0; v <= 3; ++v) EXPECT_FALSE(session.addflag(v)) << v;
   EXPECT_TRUE(grid("grid1")->item(0, 1)->icon().isNull());
 }
 
@@ -43,7 +43,7 @@ TEST_F(FrmzevfitVariables, TheBlankKeyTicksTheCurrentRow) {
   QTest::keyClick(grid("grid1"), Qt::Key_Down);
   QTest::keyClick(grid("grid1"), Qt::Key_Space);
   EXPECT_EQ(pictures(), (Texts{"not ticked", "ticked", "not ticked"}));
-  EXPECT_EQ(session.addflag(2), 1);
+  EXPECT_TRUE(session.addflag(2));
 }
 
 struct RefusedCreation {
@@ -145,10 +145,10 @@ TEST_F(FrmzevfitVariables, ACreatedVariableCanBeTicked) {
   create("sum");
   tickRows({4});
   EXPECT_EQ(picture(4), "ticked");
-  EXPECT_EQ(session.addflag(4), 1);
+  EXPECT_TRUE(session.addflag(4));
   tickRows({4});
   EXPECT_EQ(picture(4), "not ticked");
-  EXPECT_EQ(session.addflag(4), 0);
+  EXPECT_FALSE(session.addflag(4));
 }
 
 TEST_F(FrmzevfitVariables, TheLastSlotIsUsedAndAFurtherVariableEndsTheProgram) {
@@ -233,8 +233,8 @@ TEST_F(FrmzevfitVariables, RemovalMovesNamesDownButNoPictures) {
   // The last row goes with its picture, the others stay, while the ticks themselves move: what was
   // ticked in row 5 is now variable 4.
   EXPECT_EQ(pictures(), (Texts{"ticked", "ticked", "not ticked", "", "ticked"}));
-  EXPECT_EQ(session.addflag(4), 1);
-  EXPECT_EQ(session.addflag(5), 0);
+  EXPECT_TRUE(session.addflag(4));
+  EXPECT_FALSE(session.addflag(5));
 }
 
 TEST_F(FrmzevfitVariables, RemovalClearsTheNameAlsoWhenTheCountIsThatOfTheFileAgain) {
@@ -258,22 +258,22 @@ TEST_F(FrmzevfitVariables, ARowThatNeverShowedAnythingCanBeTicked) {
   grid("grid1")->setCurrentCell(4, 1);
   QTest::keyClick(grid("grid1"), Qt::Key_Space);
   EXPECT_EQ(picture(4), "ticked");
-  EXPECT_EQ(session.addflag(4), 1);
+  EXPECT_TRUE(session.addflag(4));
 }
 
 TEST_F(FrmzevfitVariables, AVariableThatMovesDownTakesOverTheAxisOfTheRemovedOne) {
-  session.ymax(1, 1) = 10;
-  session.ymax(2, 1) = 20;
-  session.ymax(3, 1) = 30;
+  session.ymax({1, 1}) = 10;
+  session.ymax({2, 1}) = 20;
+  session.ymax({3, 1}) = 30;
   tickRows({1, 2});
   create("low");  // The highest of 10 and 20.
   tickRows({1, 3});
   create("high");  // The highest of 20 and 30.
-  EXPECT_EQ(session.ymax(5, 1), 30);
+  EXPECT_EQ(session.ymax({5, 1}), 30);
   list("Combovar")->setCurrentIndex(3);
   press("remove");
   EXPECT_EQ(session.varname(4), "high");
-  EXPECT_EQ(session.ymax(4, 1), 20);
+  EXPECT_EQ(session.ymax({4, 1}), 20);
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include <QTest>
 #include <fstream>
 
+#include "tests/support/model_lines.h"
 #include "tests/support/program.h"
 #include "windows/formod.h"
 
@@ -28,13 +29,8 @@ class Handles : public testing::Test {
     std::ofstream(path) << "small\nzevra\n1\nzinc\n2\n3\n0;0\n90;0\n"
                            "1\n10 0.5 9\n20 1.5 8\n30 2 7\n10 0.25 9\n20 0.75 9\n30 1 9\n";
     program_.open(path);
-    Session& session = program_.session();
-    session.use0(1, 1) = 1;
-    session.c0(1, 1) = 0.5;
-    session.use1(1, 1) = 1;
-    session.model1(1, 1) = "S";
-    session.c1(1, 1) = 1;
-    session.a1(1, 1) = 15;
+    setNugget(session(), {1, 1}, 0.5);
+    setStructure(session(), {1, 1}, Line::first, "S", 1, 15);
     program_.window().plotvariogram();
   }
 
@@ -92,11 +88,11 @@ TEST_F(Handles, TheLeftButtonDragsTheRangeAndNotTheSill) {
   // 254 pixels are 3810 twips: (3810 - 800) / 4868 * 30 = 18.54971, so 18.55. The drawing behind
   // the release puts the slider on the nearest of its places, 18.55 * 32000 / 599.9999 = 989.3, so
   // 989, and the slider drives: 599.99999 * 989 / 32000 = 18.54375.
-  EXPECT_NEAR(value(session().a1(1, 1)), 18.544, 1e-9);
-  EXPECT_EQ(value(session().c1(1, 1)), 1);
+  EXPECT_NEAR(value(session().a1({1, 1})), 18.544, 1e-9);
+  EXPECT_EQ(value(session().c1({1, 1})), 1);
   EXPECT_EQ(program_.control<QLineEdit>("Texta").text(), "18.544");
   EXPECT_TRUE(program_.control<QRadioButton>("est2").isChecked());
-  EXPECT_EQ(session().dragging, 0);
+  EXPECT_FALSE(session().dragging);
   EXPECT_TRUE(part("Line1").isVisible());
   EXPECT_TRUE(part("Line2").isHidden());
 }
@@ -105,8 +101,8 @@ TEST_F(Handles, TheRightButtonDragsTheSillAndNotTheRange) {
   clickPicture();
   drag(1, QPoint(254, 100), Qt::RightButton);
   // 100 pixels are 1500 twips: (1500 - 3120) / (600 - 3120) * 2.12 = 1.362857.
-  EXPECT_NEAR(value(session().c1(1, 1)), 1.363, 1e-9);
-  EXPECT_EQ(value(session().a1(1, 1)), 15);
+  EXPECT_NEAR(value(session().c1({1, 1})), 1.363, 1e-9);
+  EXPECT_EQ(value(session().a1({1, 1})), 15);
   EXPECT_TRUE(part("Line2").isVisible());
   EXPECT_TRUE(part("Line1").isHidden());
 }
@@ -115,17 +111,17 @@ TEST_F(Handles, TheNuggetHasOnlyASill) {
   clickPicture();
   drag(0, QPoint(300, 180), Qt::LeftButton);
   // 2700 twips: 420 / 2520 * 2.12 = 0.353333.
-  EXPECT_NEAR(value(session().c0(1, 1)), 0.353, 1e-9);
+  EXPECT_NEAR(value(session().c0({1, 1})), 0.353, 1e-9);
   EXPECT_TRUE(program_.control<QRadioButton>("est1").isChecked());
 }
 
 TEST_F(Handles, AMoveFarOutsideStopsAtTheEdges) {
   clickPicture();
   drag(1, QPoint(90000, -90000), Qt::LeftButton);
-  EXPECT_EQ(value(session().a1(1, 1)), 30);
+  EXPECT_EQ(value(session().a1({1, 1})), 30);
   clickPicture();
   drag(0, QPoint(-90000, 90000), Qt::LeftButton);
-  EXPECT_EQ(value(session().c0(1, 1)), 0);
+  EXPECT_EQ(value(session().c0({1, 1})), 0);
 }
 
 TEST_F(Handles, TheCurveFollowsEachMove) {
@@ -134,36 +130,36 @@ TEST_F(Handles, TheCurveFollowsEachMove) {
   QImage before = picture().grab().toImage();
   for (const int x : {120, 180, 240, 300}) {
     moveTo(handle(1), QPoint(x, 100), Qt::LeftButton);
-    EXPECT_EQ(session().dragging, 1);
+    EXPECT_TRUE(session().dragging);
     const QImage now = picture().grab().toImage();
     EXPECT_NE(now, before) << x;
     before = now;
   }
   QTest::mouseRelease(&handle(1), Qt::LeftButton, {}, QPoint(2, 2));
-  EXPECT_EQ(session().dragging, 0);
+  EXPECT_FALSE(session().dragging);
 }
 
 TEST_F(Handles, ASecondPressFreesAndItsReleaseHoldsAgain) {
   clickPicture();
   QTest::mousePress(&handle(1), Qt::LeftButton, {}, QPoint(2, 2));
   QTest::mousePress(&handle(1), Qt::RightButton, {}, QPoint(2, 2));
-  EXPECT_EQ(session().dragsel[1], 0);
+  EXPECT_FALSE(session().dragsel[1]);
   QTest::mouseRelease(&handle(1), Qt::RightButton, {}, QPoint(2, 2));
-  EXPECT_EQ(session().dragsel[1], 1);
+  EXPECT_TRUE(session().dragsel[1]);
   // Held without a button it follows the mouse over the picture; a right release chose the sill.
   QTest::mouseRelease(&handle(1), Qt::MiddleButton, {}, QPoint(2, 2));
-  EXPECT_EQ(session().dragsel[1], 0);
+  EXPECT_FALSE(session().dragsel[1]);
 }
 
 TEST_F(Handles, ADoubleClickLetsGoOfAHandleThatIsHeldWithoutAButton) {
   clickPicture();
   QTest::mouseRelease(&handle(1), Qt::LeftButton, {}, QPoint(2, 2));
-  EXPECT_EQ(session().dragsel[1], 1);
+  EXPECT_TRUE(session().dragsel[1]);
   QMouseEvent second(QEvent::MouseButtonDblClick, QPointF(2, 2),
                      handle(1).mapToGlobal(QPointF(2, 2)), Qt::LeftButton, Qt::LeftButton, {});
   QApplication::sendEvent(&handle(1), &second);
   QTest::mouseRelease(&handle(1), Qt::LeftButton, {}, QPoint(2, 2));
-  EXPECT_EQ(session().dragsel[1], 0);
+  EXPECT_FALSE(session().dragsel[1]);
 }
 
 TEST_F(Handles, AnotherWindowActivatedInADragFreesTheHandle) {
@@ -172,15 +168,15 @@ TEST_F(Handles, AnotherWindowActivatedInADragFreesTheHandle) {
   Formod& first = plot();
   program_.control<QComboBox>("Combodirvar").setCurrentIndex(1);
   program_.control<QAbstractButton>("Command5").click();
-  EXPECT_EQ(session().dragging, 0);
-  EXPECT_EQ(session().dragsel[1], 0);
+  EXPECT_FALSE(session().dragging);
+  EXPECT_FALSE(session().dragsel[1]);
   QLabel& held = Program::find<QLabel>(first, "estru_1");
   const QPointF local(500, 500);
   QMouseEvent move(QEvent::MouseMove, local, held.mapToGlobal(local), Qt::NoButton, Qt::LeftButton,
                    {});
   QApplication::sendEvent(&held, &move);
-  EXPECT_EQ(value(session().a1(1, 1)), 15);
-  EXPECT_LE(value(session().a1(1, 2)), 1e-05);
+  EXPECT_EQ(value(session().a1({1, 1})), 15);
+  EXPECT_LE(value(session().a1({1, 2})), 1e-05);
 }
 
 TEST_F(Handles, ClosingTheWindowInADragIsHarmless) {
@@ -190,7 +186,7 @@ TEST_F(Handles, ClosingTheWindowInADragIsHarmless) {
   program_.window().plotvariogram();
   EXPECT_TRUE(plot().isVisible());
   EXPECT_TRUE(handle(1).isHidden());
-  EXPECT_EQ(session().dragsel[1], 0);
+  EXPECT_FALSE(session().dragsel[1]);
 }
 
 TEST_F(Handles, AClickInAFieldHidesThem) {

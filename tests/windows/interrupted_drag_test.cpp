@@ -16,13 +16,13 @@ class InterruptedDrag : public testing::Test, protected TwoPlots {
   void beginDrag(Qt::MouseButton button = Qt::LeftButton) {
     click(inPicture(1, {20, 20}));
     press(onHandle(1, 1), button);
-    ASSERT_EQ(session().dragsel[1], 1);
+    ASSERT_TRUE(session().dragsel[1]);
   }
   void endDrag(QPoint at) {
     move(at);
     release(at);
   }
-  double range(std::int64_t direction) { return session().a1(1, direction).number(); }
+  double range(std::int64_t direction) { return session().a1({1, direction}).number(); }
 };
 
 TEST_F(InterruptedDrag, KeysThatBringTheOtherPlotUpEndIt) {
@@ -31,7 +31,7 @@ TEST_F(InterruptedDrag, KeysThatBringTheOtherPlotUpEndIt) {
     beginDrag();
     keyWithControl(key);
     ASSERT_EQ(area().activeSubWindow(), &plot(2)) << key;
-    EXPECT_EQ(session().dragging, 0) << key;
+    EXPECT_FALSE(session().dragging) << key;
     endDrag(inPicture(1, {254, 100}));
     EXPECT_FALSE(holdsAny()) << key;
     EXPECT_EQ(range(1), 15) << key;
@@ -61,7 +61,7 @@ TEST_F(InterruptedDrag, TheKeyThatClosesThePlotEndsIt) {
   EXPECT_EQ(area().activeSubWindow(), &plot(2));
   endDrag(inPicture(2, {100, 100}));
   EXPECT_FALSE(holdsAny());
-  EXPECT_EQ(session().dragging, 0);
+  EXPECT_FALSE(session().dragging);
   EXPECT_EQ(range(1), 15);
   EXPECT_EQ(range(2), 15);
 }
@@ -75,14 +75,14 @@ TEST_F(InterruptedDrag, TheLastPlotClosedInItComesBackFree) {
   program().control<QAbstractButton>("Command5").click();
   EXPECT_TRUE(plot(1).isVisible());
   EXPECT_FALSE(holdsAny());
-  EXPECT_EQ(session().dragging, 0);
+  EXPECT_FALSE(session().dragging);
   EXPECT_EQ(range(1), 15);
 }
 
 TEST_F(InterruptedDrag, GoesOnWhenTheEndOfTheProgramIsCancelled) {
   beginDrag();
   EXPECT_FALSE(program().window().close());
-  EXPECT_EQ(session().dragsel[1], 1);
+  EXPECT_TRUE(session().dragsel[1]);
   move(inPicture(1, {200, 100}));
   EXPECT_NE(range(1), 15);
   release(inPicture(1, {200, 100}));
@@ -112,7 +112,7 @@ TEST_F(InterruptedDrag, NoMenuOfTheFrameComesUpInThePicture) {
   QTest::mousePress(window(), Qt::RightButton, {}, at);
   QApplication::processEvents();
   EXPECT_FALSE(menu);
-  EXPECT_EQ(session().dragsel[1], 1);
+  EXPECT_TRUE(session().dragsel[1]);
   release(at, Qt::RightButton);
   EXPECT_FALSE(holdsAny());
 }
@@ -122,7 +122,7 @@ TEST_F(InterruptedDrag, AFileOpenedMeanwhileLeavesAHandleThatCanBeFreed) {
   for (const char* button : {"Command1", "Command2"}) {
     area().setActiveSubWindow(&plot(1));
     click(inPicture(1, {20, 20}));
-    session().use1(1, 1) = 1;
+    session().use1({1, 1}) = 1;
     beginDrag();
     program().dialogs().files = {next};
     Program::inModal(
@@ -130,7 +130,7 @@ TEST_F(InterruptedDrag, AFileOpenedMeanwhileLeavesAHandleThatCanBeFreed) {
         [&](QWidget& modal) { Program::find<QAbstractButton>(modal, button).click(); });
     endDrag(inPicture(1, {200, 60}));
     move(inPicture(1, {210, 60}));
-    if (session().dragsel[1] == 1) doubleClick(onHandle(1, 1));
+    if (session().dragsel[1]) doubleClick(onHandle(1, 1));
     EXPECT_FALSE(holdsAny()) << button;
     EXPECT_FALSE(anyFault()) << button;
   }

@@ -10,6 +10,7 @@
 #include <fstream>
 
 #include "platform/picture_box.h"
+#include "tests/support/model_lines.h"
 #include "tests/support/program.h"
 #include "windows/formod.h"
 
@@ -26,11 +27,7 @@ class LongDrag : public testing::Test {
     const std::string path = folder_.filePath("small.zvm").toStdString();
     std::ofstream(path) << "small\nzevra\n1\nzinc\n1\n3\n0;0\n1\n10 0.5 9\n20 1.5 8\n30 2 7\n";
     program_.open(path);
-    Session& s = program_.session();
-    s.use1(1, 1) = 1;
-    s.model1(1, 1) = "S";
-    s.c1(1, 1) = 1;
-    s.a1(1, 1) = 15;
+    setStructure(program_.session(), {1, 1}, Line::first, "S", 1, 15);
     program_.window().plotvariogram();
   }
 
@@ -70,16 +67,16 @@ TEST_F(LongDrag, DrawsEveryStopAndLeavesNothingBehind) {
     const int x = 70 + std::abs(i * 7 % 600 - 299);
     QTest::mouseMove(window(), inWindow({x, 60 + i % 100}));
     const double range = (x * 15 - kLeft) / (kRight - kLeft) * 30;
-    ASSERT_NEAR(program_.session().a1(1, 1).number(), range, 0.0006) << i;
+    ASSERT_NEAR(program_.session().a1({1, 1}).number(), range, 0.0006) << i;
     ASSERT_TRUE(curveIsDrawn(0.08, range)) << i << " at " << x;
     ASSERT_TRUE(curveIsDrawn(0.93, range)) << i << " at " << x;
-    ASSERT_EQ(program_.session().dragsel[1], 1) << i;
+    ASSERT_TRUE(program_.session().dragsel[1]) << i;
   }
   EXPECT_EQ(widgets(), before);
   EXPECT_EQ(program_.window().findChildren<QObject*>().size(), children);
   QTest::mouseRelease(window(), Qt::LeftButton, {}, inWindow({200, 100}));
-  EXPECT_EQ(program_.session().dragging, 0);
-  EXPECT_EQ(program_.session().c1(1, 1).number(), 1);
+  EXPECT_FALSE(program_.session().dragging);
+  EXPECT_EQ(program_.session().c1({1, 1}).number(), 1);
 }
 
 }  // namespace

@@ -134,13 +134,13 @@ TEST_F(MainJob, OpensFitsSavesAndOpensAgain) {
 
   program_.open(path());
   const Session& session = program_.session();
-  EXPECT_EQ(session.hasmodel, 1);
-  EXPECT_EQ(session.c0(1, 1).number(), 0.05);
-  EXPECT_EQ(session.model1(1, 1), "S");
-  EXPECT_EQ(session.a1(1, 1).number(), 899.904);
-  EXPECT_EQ(session.c2(1, 1).number(), 0.05);
-  EXPECT_EQ(session.a2(1, 1).number(), 1614.178);
-  EXPECT_EQ(session.use3(1, 1), 0);
+  EXPECT_TRUE(session.hasmodel);
+  EXPECT_EQ(session.c0({1, 1}).number(), 0.05);
+  EXPECT_EQ(session.model1({1, 1}), "S");
+  EXPECT_EQ(session.a1({1, 1}).number(), 899.904);
+  EXPECT_EQ(session.c2({1, 1}).number(), 0.05);
+  EXPECT_EQ(session.a2({1, 1}).number(), 1614.178);
+  EXPECT_EQ(session.use3({1, 1}), 0);
   EXPECT_TRUE(program_.control<QCheckBox>("plot1").isChecked());
   EXPECT_TRUE(program_.control<QCheckBox>("plot2").isChecked());
   EXPECT_FALSE(program_.control<QCheckBox>("plot4").isChecked());
@@ -189,7 +189,7 @@ TEST_F(MainJob, EveryControlOfThePanelReachesThePlot) {
   clickMark("psill");
   click("Command5");
   changed("psill");
-  EXPECT_EQ(session.showsill(2, 3), 0);
+  EXPECT_FALSE(session.showsill({2, 3}));
   click("Command3");
   changed("Command3");
   EXPECT_EQ(session.axiscolor, kWhite);
@@ -211,10 +211,10 @@ TEST_F(MainJob, EveryControlOfThePanelReachesThePlot) {
 
   dragSlider(program_.control<QSlider>("HScrollc0"), 40);
   changed("HScrollc0");
-  EXPECT_GT(session.c1(2, 3).number(), 0.4);
+  EXPECT_GT(session.c1({2, 3}).number(), 0.4);
   dragSlider(program_.control<QSlider>("HScrolla"), 20);
   changed("HScrolla");
-  EXPECT_GT(session.a1(2, 3).number(), 700);
+  EXPECT_GT(session.a1({2, 3}).number(), 700);
 
   clickMark("est3");
   for (const char* box : {"plot1", "plot2", "plot3", "plot4"}) {
@@ -222,10 +222,10 @@ TEST_F(MainJob, EveryControlOfThePanelReachesThePlot) {
     click("Command5");
     changed(box);
   }
-  EXPECT_EQ(session.use0(2, 3).number(), 1);
-  EXPECT_EQ(session.use1(2, 3).number(), 0);
-  EXPECT_EQ(session.use2(2, 3).number(), 1);
-  EXPECT_EQ(session.use3(2, 3), 1);
+  EXPECT_EQ(session.use0({2, 3}).number(), 1);
+  EXPECT_EQ(session.use1({2, 3}).number(), 0);
+  EXPECT_EQ(session.use2({2, 3}).number(), 1);
+  EXPECT_EQ(session.use3({2, 3}), 1);
 }
 
 TEST_F(MainJob, CurveFollowsEachEditAtOnce) {
@@ -240,7 +240,7 @@ TEST_F(MainJob, CurveFollowsEachEditAtOnce) {
   // 500 stands at position 500 * 32000 / 32283.5553530306 = 495.6, so 496; a page up is 2096, which
   // is 2096 * 32283.5554430306 / 32000 = 2114.5728815.
   EXPECT_EQ(fieldText("Texta"), "2114.573");
-  EXPECT_EQ(program_.session().a1(1, 1).number(), 2114.573);
+  EXPECT_EQ(program_.session().a1({1, 1}).number(), 2114.573);
 }
 
 TEST_F(MainJob, TypingAloneDrawsOnlyWithEnter) {
@@ -252,7 +252,7 @@ TEST_F(MainJob, TypingAloneDrawsOnlyWithEnter) {
   click("Textc0");
   program_.control<QLineEdit>("Textc0").selectAll();
   QTest::keyClicks(&program_.control("Textc0"), "0.4");
-  EXPECT_EQ(program_.session().c1(1, 1).number(), 0.4);
+  EXPECT_EQ(program_.session().c1({1, 1}).number(), 0.4);
   EXPECT_EQ(picture(), before);
   QTest::keyClick(&program_.control("Textc0"), Qt::Key_Return);
   EXPECT_NE(picture(), before);

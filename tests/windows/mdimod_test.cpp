@@ -133,7 +133,7 @@ TEST_F(MainWindow, StartsWithThePanelDisabledAndNoPlot) {
   EXPECT_EQ(program_.window().windowTitle(), "zevFIT");
   EXPECT_FALSE(panelEnabled());
   EXPECT_TRUE(program_.control("Picture1").isVisible());
-  EXPECT_EQ(program_.session().dragging, 0);
+  EXPECT_FALSE(program_.session().dragging);
   EXPECT_EQ(program_.session().axiscolor, kBlack);
   EXPECT_TRUE(shown().empty());
   EXPECT_EQ(program_.window().findChild<QWidget*>("Formod"), nullptr);
@@ -250,7 +250,7 @@ TEST_F(MainWindow, SavingAsksAndReports) {
 
 TEST_F(MainWindow, AFaultThatNoHandlerCatchesIsNamedAndEndsTheProgram) {
   program_.open(smallFile());
-  program_.session().use0(1, 1) = Cell::ofText("yes");
+  program_.session().use0({1, 1}) = Cell::ofText("yes");
   QTimer::singleShot(0, [&] { program_.control<QAbstractButton>("Command5").click(); });
   EXPECT_EQ(QApplication::exec(), 70);
   EXPECT_EQ(shown().back(), fatalBox("Type mismatch", folder_.path().toStdString()));

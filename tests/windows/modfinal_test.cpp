@@ -71,8 +71,8 @@ TEST_F(Modfinal, TheTableHasTwoHeadingRows) {
 
 TEST_F(Modfinal, ShowsTheFirstVariableAndThenTheOneChosen) {
   session().variance(2) = Cell::ofText("none");
-  session().use0(2, 2) = 1;
-  session().c0(2, 2) = 3;
+  session().use0({2, 2}) = 1;
+  session().c0({2, 2}) = 3;
   results([&](OpenResults& open) {
     auto& list = open.find<QComboBox>("Combovarver");
     ASSERT_EQ(list.count(), 2);
@@ -98,17 +98,17 @@ TEST_F(Modfinal, ShowsTheFirstVariableAndThenTheOneChosen) {
 TEST_F(Modfinal, ARowGoesWhereTheChosenOptionSays) {
   results([&](OpenResults& open) {
     open.clickCell(2, 1);
-    EXPECT_EQ(session().targetdir, 0);
+    EXPECT_EQ(session().targetdir, std::nullopt);
     EXPECT_EQ(open.fields("main"), kEmpty);
     open.pick("Option3d4", 1);
-    EXPECT_EQ(session().targetdir, 1);
+    EXPECT_EQ(session().targetdir, Axis::main);
     EXPECT_EQ(open.grid().currentRow(), 2);
     EXPECT_EQ(open.grid().currentColumn(), 0);
     for (const char* axis : {"main", "minor1", "minor2"}) EXPECT_EQ(open.fields(axis), kFirst);
     open.pick("Option3d5", 2);
-    EXPECT_EQ(session().targetdir, 2);
+    EXPECT_EQ(session().targetdir, Axis::minor1);
     open.pick("Option3d6", 3);
-    EXPECT_EQ(session().targetdir, 3);
+    EXPECT_EQ(session().targetdir, Axis::minor2);
     EXPECT_EQ(open.fields("main"), kFirst);
     EXPECT_EQ(open.fields("minor1"), kSecond);
     EXPECT_EQ(open.fields("minor2"), kThird);
@@ -146,14 +146,14 @@ TEST_F(Modfinal, OptionsAreChosenByTheKeyboardToo) {
     open.click("Option3d4");
     QTest::keyClick(&open.find("Option3d4"), Qt::Key_Down);
     EXPECT_TRUE(open.find("Option3d5").isChecked());
-    EXPECT_EQ(session().targetdir, 2);
+    EXPECT_EQ(session().targetdir, Axis::minor1);
   });
 }
 
 TEST_F(Modfinal, FieldsAndOptionsStayButTheTargetDoesNot) {
   results([](OpenResults& open) { open.pick("Option3d4", 1); });
   results([&](OpenResults& open) {
-    EXPECT_EQ(session().targetdir, 0);
+    EXPECT_EQ(session().targetdir, std::nullopt);
     EXPECT_EQ(open.fields("main"), kFirst);
     EXPECT_TRUE(open.find("Option3d4").isChecked());
     open.clickCell(3, 1);
@@ -188,7 +188,7 @@ TEST_F(Modfinal, RangesAreCheckedAtEachKey) {
 }
 
 TEST_F(Modfinal, AGridClickRunsTheCheckToo) {
-  session().a1(1, 2) = -40;
+  session().a1({1, 2}) = -40;
   results([&](OpenResults& open) {
     open.pick("Option3d6", 2);
     EXPECT_EQ(shown(), Texts{"warning: Illegal value for range 'a1' of minor2 Direction!"});
@@ -298,9 +298,9 @@ TEST_F(Modfinal, WithoutListedVariablesTheTableStaysWithItsDashes) {
 
 TEST_F(Modfinal, AFailureEndsWithoutTheWindow) {
   EXPECT_TRUE(opens());
-  session().use1(1, 2) = Cell::ofText("yes");
+  session().use1({1, 2}) = Cell::ofText("yes");
   EXPECT_FALSE(opens());
-  session().use1(1, 2) = 1;
+  session().use1({1, 2}) = 1;
   session().ndir = 22;
   EXPECT_FALSE(opens());
   session().ndir = 3;

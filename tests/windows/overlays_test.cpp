@@ -9,6 +9,7 @@
 #include <QWindow>
 #include <fstream>
 
+#include "tests/support/model_lines.h"
 #include "tests/support/program.h"
 #include "windows/formod.h"
 
@@ -23,12 +24,8 @@ class Overlays : public testing::Test {
     const std::string path = folder_.filePath("small.zvm").toStdString();
     std::ofstream(path) << "small\nzevra\n1\nzinc\n1\n3\n0;0\n1\n10 0.5 9\n20 1.5 8\n30 2 7\n";
     program_.open(path);
-    Session& s = program_.session();
-    s.use0(1, 1) = s.use1(1, 1) = 1;
-    s.c0(1, 1) = 0.5;
-    s.model1(1, 1) = "S";
-    s.c1(1, 1) = 1;
-    s.a1(1, 1) = 15;
+    setNugget(session(), {1, 1}, 0.5);
+    setStructure(session(), {1, 1}, Line::first, "S", 1, 15);
     program_.window().plotvariogram();
   }
 
@@ -129,7 +126,7 @@ TEST_F(Overlays, AClickBesideThePictureFreesAndHidesTheHandles) {
   picture().resize(200, 150);
   click(inWindow(*ground, QPoint(ground->width() - 5, ground->height() - 5)));
   for (int i = 0; i < 4; ++i) EXPECT_FALSE(handle(i).isVisible()) << i;
-  EXPECT_EQ(session().dragging, 0);
+  EXPECT_FALSE(session().dragging);
 }
 
 TEST_F(Overlays, AnyButtonBringsTheHandlesOut) {
@@ -158,31 +155,28 @@ TEST_F(Overlays, AHandleHeldWithoutAButtonFollowsTheMouseOverThePicture) {
   bringOut();
   QWindow* window = program_.window().windowHandle();
   QTest::mouseDClick(window, Qt::RightButton, {}, inWindow(handle(1), {2, 2}));
-  ASSERT_EQ(session().dragsel[1], 1);
+  ASSERT_TRUE(session().dragsel[1]);
   QTest::mouseMove(window, inWindow(picture(), {300, 100}));
   // 100 pixels are 1500 twips: (1500 - 3120) / (600 - 3120) * 2.12 = 1.362857.
-  EXPECT_NEAR(session().c1(1, 1).number(), 1.363, 1e-9);
-  EXPECT_EQ(session().a1(1, 1).number(), 15);
+  EXPECT_NEAR(session().c1({1, 1}).number(), 1.363, 1e-9);
+  EXPECT_EQ(session().a1({1, 1}).number(), 15);
 }
 
 TEST_F(Overlays, OfHandlesOneOverTheOtherTheUpperOneIsHeld) {
-  session().use2(1, 1) = 1;
-  session().model2(1, 1) = "S";
-  session().c2(1, 1) = 1;
-  session().a2(1, 1) = 15;
+  setStructure(session(), {1, 1}, Line::second, "S", 1, 15);
   program_.window().plotvariogram();
   bringOut();
   handle(2).move(handle(1).pos());
   QWindow* window = program_.window().windowHandle();
   const QPoint at = inWindow(handle(1), {2, 2});
   QTest::mousePress(window, Qt::LeftButton, {}, at);
-  EXPECT_EQ(session().dragsel[2], 1);
-  EXPECT_EQ(session().dragsel[1], 0);
+  EXPECT_TRUE(session().dragsel[2]);
+  EXPECT_FALSE(session().dragsel[1]);
   QTest::mouseMove(window, inWindow(picture(), {254, 100}));
   QTest::mouseRelease(window, Qt::LeftButton, {}, inWindow(picture(), {254, 100}));
-  EXPECT_EQ(session().a1(1, 1).number(), 15);
-  EXPECT_NE(session().a2(1, 1).number(), 15);
-  EXPECT_EQ(session().dragsel[2], 0);
+  EXPECT_EQ(session().a1({1, 1}).number(), 15);
+  EXPECT_NE(session().a2({1, 1}).number(), 15);
+  EXPECT_FALSE(session().dragsel[2]);
 }
 
 TEST_F(Overlays, TheWheelAndATouchPadChangeNoCell) {
@@ -199,9 +193,9 @@ TEST_F(Overlays, TheWheelAndATouchPadChangeNoCell) {
     }
   }
   QTest::mouseRelease(window, Qt::LeftButton, {}, at);
-  EXPECT_EQ(session().a1(1, 1).number(), 15);
-  EXPECT_EQ(session().c1(1, 1).number(), 1);
-  EXPECT_EQ(session().dragsel[1], 0);
+  EXPECT_EQ(session().a1({1, 1}).number(), 15);
+  EXPECT_EQ(session().c1({1, 1}).number(), 1);
+  EXPECT_FALSE(session().dragsel[1]);
 }
 
 TEST_F(Overlays, AClosedWindowComesBackWithItsPicture) {
@@ -221,14 +215,14 @@ TEST_F(Overlays, AWindowClosedInADragLeavesNoDragBehind) {
   plot().close();
   QTest::mouseMove(window, at + QPoint(40, 0));
   QTest::mouseRelease(window, Qt::LeftButton, {}, at + QPoint(40, 0));
-  EXPECT_EQ(session().a1(1, 1).number(), 15);
+  EXPECT_EQ(session().a1({1, 1}).number(), 15);
   program_.control<QAbstractButton>("Command5").click();
-  EXPECT_EQ(session().dragging, 0);
-  EXPECT_EQ(session().dragsel[1], 0);
+  EXPECT_FALSE(session().dragging);
+  EXPECT_FALSE(session().dragsel[1]);
   bringOut();
   ASSERT_TRUE(handle(1).isVisible());
   QTest::mousePress(window, Qt::LeftButton, {}, inWindow(handle(1), {2, 2}));
-  EXPECT_EQ(session().dragsel[1], 1);
+  EXPECT_TRUE(session().dragsel[1]);
   QTest::mouseRelease(window, Qt::LeftButton, {}, inWindow(handle(1), {2, 2}));
 }
 

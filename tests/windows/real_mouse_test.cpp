@@ -10,6 +10,7 @@
 #include <QWindow>
 #include <fstream>
 
+#include "tests/support/model_lines.h"
 #include "tests/support/program.h"
 #include "windows/formod.h"
 
@@ -26,14 +27,9 @@ class RealMouse : public testing::Test {
     std::ofstream(path) << "small\nzevra\n1\nzinc\n2\n3\n0;0\n90;0\n"
                            "1\n10 0.5 9\n20 1.5 8\n30 2 7\n10 0.25 9\n20 0.75 9\n30 1 9\n";
     program_.open(path);
-    Session& session = program_.session();
     for (const std::int64_t direction : {1, 2}) {
-      session.use0(1, direction) = 1;
-      session.c0(1, direction) = 0.5;
-      session.use1(1, direction) = 1;
-      session.model1(1, direction) = "S";
-      session.c1(1, direction) = 1;
-      session.a1(1, direction) = 15;
+      setNugget(session(), {1, direction}, 0.5);
+      setStructure(session(), {1, direction}, Line::first, "S", 1, 15);
     }
     program_.window().plotvariogram();
   }
@@ -60,8 +56,8 @@ class RealMouse : public testing::Test {
     release(at, Qt::LeftButton);
   }
 
-  double range(std::int64_t direction = 1) { return session().a1(1, direction).number(); }
-  double sill(std::int64_t direction = 1) { return session().c1(1, direction).number(); }
+  double range(std::int64_t direction = 1) { return session().a1({1, direction}).number(); }
+  double sill(std::int64_t direction = 1) { return session().c1({1, direction}).number(); }
   Session& session() { return program_.session(); }
 
   QTemporaryDir folder_;
@@ -72,12 +68,12 @@ TEST_F(RealMouse, DragsARangeWithAllHandlesInView) {
   click(inPicture({20, 20}));
   ASSERT_TRUE(shown(1));
   press(onHandle(1), Qt::LeftButton);
-  EXPECT_EQ(session().dragsel[1], 1);
+  EXPECT_TRUE(session().dragsel[1]);
   EXPECT_TRUE(shown(0)) << "a press on a handle leaves the focus with the picture";
   EXPECT_TRUE(shown(1));
   for (const QPoint at : {QPoint(120, 100), QPoint(180, 100), QPoint(254, 100)}) {
     move(inPicture(at));
-    EXPECT_EQ(session().dragging, 1);
+    EXPECT_TRUE(session().dragging);
     EXPECT_TRUE(shown(0));
     EXPECT_TRUE(shown(1));
     // Pixels of 15 twips: (x - 800) / 4868 * 30, three decimals in the field.
@@ -88,8 +84,8 @@ TEST_F(RealMouse, DragsARangeWithAllHandlesInView) {
   // The redraw behind the release puts the range on the nearest place of its slider.
   EXPECT_NEAR(range(), 18.544, 1e-9);
   EXPECT_EQ(sill(), 1);
-  EXPECT_EQ(session().dragsel[1], 0);
-  EXPECT_EQ(session().dragging, 0);
+  EXPECT_FALSE(session().dragsel[1]);
+  EXPECT_FALSE(session().dragging);
   EXPECT_TRUE(shown(1));
 }
 
@@ -102,7 +98,7 @@ TEST_F(RealMouse, DragsASillWithTheRightButton) {
   // 100 pixels are 1500 twips: (1500 - 3120) / (600 - 3120) * 2.12 = 1.362857.
   EXPECT_NEAR(sill(), 1.363, 1e-9);
   EXPECT_EQ(range(), 15);
-  EXPECT_EQ(session().dragging, 0);
+  EXPECT_FALSE(session().dragging);
 }
 
 TEST_F(RealMouse, FollowsAFastMoveOutOfTheWindowToTheEdge) {
@@ -113,7 +109,7 @@ TEST_F(RealMouse, FollowsAFastMoveOutOfTheWindowToTheEdge) {
   move(QPoint(5000, 5000));
   EXPECT_EQ(range(), 30);
   release(QPoint(5000, 5000), Qt::LeftButton);
-  EXPECT_EQ(session().dragsel[1], 0);
+  EXPECT_FALSE(session().dragsel[1]);
   EXPECT_EQ(sill(), 1);
 }
 
@@ -130,12 +126,12 @@ TEST_F(RealMouse, ADoubleClickHoldsAHandleAndTheNextOneFreesIt) {
   click(inPicture({20, 20}));
   const QPoint at = onHandle(1);
   QTest::mouseDClick(window(), Qt::LeftButton, {}, at);
-  EXPECT_EQ(session().dragsel[1], 1) << "press, release and release";
+  EXPECT_TRUE(session().dragsel[1]) << "press, release and release";
   move(inPicture({254, 100}));
   EXPECT_NEAR(range(), 18.55, 1e-9) << "no button is down";
   QTest::mouseDClick(window(), Qt::LeftButton, {}, onHandle(1));
-  EXPECT_EQ(session().dragsel[1], 0);
-  EXPECT_EQ(session().dragging, 0);
+  EXPECT_FALSE(session().dragsel[1]);
+  EXPECT_FALSE(session().dragging);
 }
 
 TEST_F(RealMouse, BothButtonsEndFreeInEitherOrder) {
@@ -144,12 +140,12 @@ TEST_F(RealMouse, BothButtonsEndFreeInEitherOrder) {
     const QPoint at = onHandle(1);
     press(at, Qt::LeftButton);
     press(at, Qt::RightButton);
-    EXPECT_EQ(session().dragsel[1], 0) << "a press on a held handle frees it";
+    EXPECT_FALSE(session().dragsel[1]) << "a press on a held handle frees it";
     release(at, leftFirst ? Qt::LeftButton : Qt::RightButton);
-    EXPECT_EQ(session().dragsel[1], 1);
+    EXPECT_TRUE(session().dragsel[1]);
     release(at, leftFirst ? Qt::RightButton : Qt::LeftButton);
-    EXPECT_EQ(session().dragsel[1], 0);
-    EXPECT_EQ(session().dragging, 0);
+    EXPECT_FALSE(session().dragsel[1]);
+    EXPECT_FALSE(session().dragging);
     EXPECT_EQ(range(), 15);
     EXPECT_EQ(sill(), 1);
   }
@@ -168,11 +164,11 @@ TEST_F(RealMouse, AReleaseBehindTheActivationOfAnotherWindowTakesNothingUp) {
   press(placeOf(handle, {2, 2}), Qt::LeftButton);
   area.activateNextSubWindow();
   ASSERT_NE(area.activeSubWindow(), &first);
-  EXPECT_EQ(session().dragsel[1], 0);
+  EXPECT_FALSE(session().dragsel[1]);
   const QPoint far = placeOf(picture, {200, 100});
   move(far);
   release(far, Qt::LeftButton);
-  EXPECT_EQ(session().dragsel[1], 0);
+  EXPECT_FALSE(session().dragsel[1]);
   move(far + QPoint(5, 5));
   EXPECT_EQ(range(1), 15);
   EXPECT_EQ(range(2), 15);
@@ -180,9 +176,9 @@ TEST_F(RealMouse, AReleaseBehindTheActivationOfAnotherWindowTakesNothingUp) {
   area.setActiveSubWindow(&first);
   click(placeOf(picture, {20, 20}));
   press(placeOf(handle, {2, 2}), Qt::LeftButton);
-  EXPECT_EQ(session().dragsel[1], 1);
+  EXPECT_TRUE(session().dragsel[1]);
   release(placeOf(handle, {2, 2}), Qt::LeftButton);
-  EXPECT_EQ(session().dragsel[1], 0);
+  EXPECT_FALSE(session().dragsel[1]);
 }
 
 TEST_F(RealMouse, DragsInTheSmallestWindow) {
@@ -193,9 +189,9 @@ TEST_F(RealMouse, DragsInTheSmallestWindow) {
   press(onHandle(0), Qt::LeftButton);
   move(inPicture({100, 45}));
   release(inPicture({100, 45}), Qt::LeftButton);
-  EXPECT_GE(session().c0(1, 1).number(), 0);
-  EXPECT_LE(session().c0(1, 1).number(), 2.12);
-  EXPECT_EQ(session().dragging, 0);
+  EXPECT_GE(session().c0({1, 1}).number(), 0);
+  EXPECT_LE(session().c0({1, 1}).number(), 2.12);
+  EXPECT_FALSE(session().dragging);
   EXPECT_EQ(program_.dialogs().shown, before) << "no box, least of all the one of a fault";
 }
 

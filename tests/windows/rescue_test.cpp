@@ -42,13 +42,13 @@ class Rescue : public testing::Test {
 TEST_F(Rescue, AFatalFaultKeepsTheModelsAndNamesTheirFile) {
   Program program(program_);
   program.open(file_);
-  program.session().c0(2, 2) = 0.25;
-  program.session().use0(1, 1) = Cell::ofText("yes");
+  program.session().c0({2, 2}) = 0.25;
+  program.session().use0({1, 1}) = Cell::ofText("yes");
   QTimer::singleShot(0, [&] { program.control<QAbstractButton>("Command5").click(); });
   EXPECT_EQ(QApplication::exec(), 70);
   EXPECT_EQ(program.dialogs().shown.back(), fatalBox("Type mismatch", program_));
-  EXPECT_EQ(kept().c0(2, 2).number(), 0.25);
-  EXPECT_EQ(kept().use0(1, 1).toText(), "yes");
+  EXPECT_EQ(kept().c0({2, 2}).number(), 0.25);
+  EXPECT_EQ(kept().use0({1, 1}).toText(), "yes");
   EXPECT_EQ(contentOf(file_), sampleFile("zevra"));
 }
 
@@ -57,7 +57,7 @@ TEST_F(Rescue, HoldsDerivedVariablesAlsoBehindASave) {
   program.dialogs().files.push_back(file_);
   Program::inModal([&] { program.trigger("k1"); },
                    [&](QWidget& modal) {
-                     program.session().addflag(1) = program.session().addflag(2) = 1;
+                     program.session().addflag(1) = program.session().addflag(2) = true;
                      Program::find<QLineEdit>(modal, "Text2").setText("sum");
                      Program::find<QAbstractButton>(modal, "adicionar").click();
                      Program::find<QAbstractButton>(modal, "Command2").click();
@@ -88,13 +88,13 @@ TEST_F(Rescue, SignalsEndTheProgramInTheEventLoop) {
     const EndSignals signals;
     Program program(program_);
     program.open(file_);
-    program.session().c1(1, 1) = signal;
+    program.session().c1({1, 1}) = signal;
     const auto delivery = signals.deliverTo([&](int by) { program.window().endBySignal(by); });
     std::raise(signal);
     EXPECT_FALSE(keptAny()) << "outside the event loop nothing happens";
     QTimer::singleShot(kPatience, [] { QCoreApplication::exit(0); });
     EXPECT_EQ(QApplication::exec(), 128 + signal);
-    EXPECT_EQ(kept().c1(1, 1).number(), signal);
+    EXPECT_EQ(kept().c1({1, 1}).number(), signal);
     std::filesystem::remove(program_ / kRescueName);
   }
 }
@@ -121,7 +121,7 @@ TEST_F(Rescue, TheWholeProgramKeepsItsModelsAtASignal) {
     ASSERT_TRUE(process.waitForFinished(kPatience));
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(process.exitCode(), 128 + signal);
-    EXPECT_EQ(kept().c0(1, 1).number(), 0.25);
+    EXPECT_EQ(kept().c0({1, 1}).number(), 0.25);
     EXPECT_EQ(contentOf(file_), sampleFile("zevra"));
     std::filesystem::remove(program_ / kRescueName);
   }

@@ -14,6 +14,7 @@
 #include <fstream>
 
 #include "files/output_file.h"
+#include "tests/support/model_lines.h"
 #include "tests/support/program.h"
 #include "windows/formod.h"
 
@@ -60,7 +61,7 @@ class SecondThoughts : public testing::Test {
     program_.dialogs().files = {path};
     Program::inModal([&] { program_.trigger("k1"); },
                      [&](QWidget& modal) {
-                       for (int v = 1; v <= 2; ++v) program_.session().addflag(v) = 1;
+                       for (int v = 1; v <= 2; ++v) program_.session().addflag(v) = true;
                        Program::find<QLineEdit>(modal, "Text2").setText("sum");
                        Program::find<QAbstractButton>(modal, "adicionar").click();
                        Program::find<QAbstractButton>(modal, "Command2").click();
@@ -171,17 +172,17 @@ TEST_F(SecondThoughts, ArrowKeysChooseLinesAndModels) {
   first.setFocus(Qt::TabFocusReason);
   const char* const lines[] = {"est2", "est3", "est4"};
   QWidget* focused = &first;
-  for (int i = 0; i < 3; ++i) {
+  for (std::size_t i = 0; i < 3; ++i) {
     QTest::keyClick(focused, Qt::Key_Down);
     EXPECT_TRUE(checked(lines[i])) << i;
-    EXPECT_EQ(session().sel[static_cast<std::size_t>(i + 1)], 1) << i;
+    EXPECT_EQ(session().sel, kStructures[i]);
     focused = &program_.control(lines[i]);
   }
   auto& model = program_.control<QRadioButton>("tipo1");
   model.setFocus(Qt::TabFocusReason);
   QTest::keyClick(&model, Qt::Key_Space);
-  EXPECT_EQ(session().model3(1, 1), "E");
-  EXPECT_EQ(session().use3(1, 1), 1) << "a model ticks its line";
+  EXPECT_EQ(session().model3({1, 1}), "E");
+  EXPECT_EQ(session().use3({1, 1}), 1) << "a model ticks its line";
   // E and S stand over G and P.
   struct Step {
     const char* from;
@@ -195,7 +196,7 @@ TEST_F(SecondThoughts, ArrowKeysChooseLinesAndModels) {
                            {"tipo3", Qt::Key_Up, "tipo1", "E"}}) {
     QTest::keyClick(&program_.control(step.from), step.key);
     EXPECT_TRUE(checked(step.to)) << step.from;
-    EXPECT_EQ(session().model3(1, 1), step.letter) << step.from;
+    EXPECT_EQ(session().model3({1, 1}), step.letter) << step.from;
     EXPECT_EQ(program_.control("Textc0").isEnabled(), *step.letter != 'P') << step.from;
   }
 }
@@ -263,10 +264,7 @@ TEST_F(SecondThoughts, AWindowLoadedAgainBeginsWithTheThinPen) {
 // The sample of the model in the legend is drawn before any width is set.
 TEST_F(SecondThoughts, TheFirstPictureOfAWindowLoadedAgainHasAThinSampleOfTheModel) {
   program_.open(smallFile());
-  session().use1(1, 1) = 1;
-  session().model1(1, 1) = "S";
-  session().c1(1, 1) = 1;
-  session().a1(1, 1) = 15;
+  setStructure(session(), {1, 1}, Line::first, "S", 1, 15);
   program_.window().plotvariogram();
   // In pixels of 15 twips the sample goes from 391 to 411 across and about 173 down; nothing else
   // is in its colour there.
@@ -297,15 +295,15 @@ TEST_F(SecondThoughts, ARangeSliderOfTheFinestStepsEndsInOrder) {
   for (const char* last : {"1.6001", "1.60003"}) {
     shown().clear();
     program_.open(fileTo(last));
-    session().use1(1, 1) = 1;
-    session().model1(1, 1) = "S";
-    session().c1(1, 1) = 0.5;
+    session().use1({1, 1}) = 1;
+    session().model1({1, 1}) = "S";
+    session().c1({1, 1}) = 0.5;
     program_.control<QRadioButton>("est2").setChecked(true);
     auto& slider = program_.control<QSlider>("HScrolla");
     slider.setFocus(Qt::TabFocusReason);
     for (int i = 0; i < 50; ++i) {
       slider.setValue(i * 640);
-      const double range = session().a1(1, 1).number();
+      const double range = session().a1({1, 1}).number();
       EXPECT_GE(range, 0) << last << " " << i;
       EXPECT_LE(range, 33) << last << " " << i;
     }
@@ -325,14 +323,14 @@ TEST_F(SecondThoughts, ARangeSliderThatPushesItselfOnStopsWithItsFieldAndItsCurv
   };
   for (const Row& row : {Row{"1.6001", 8041}, Row{"1.60003", 27119}}) {
     program_.open(fileTo(row.last));
-    session().use1(1, 1) = 1;
-    session().model1(1, 1) = "S";
-    session().c1(1, 1) = 0.5;
+    session().use1({1, 1}) = 1;
+    session().model1({1, 1}) = "S";
+    session().c1({1, 1}) = 0.5;
     program_.control<QRadioButton>("est2").setChecked(true);
     auto& slider = program_.control<QSlider>("HScrolla");
     slider.setFocus(Qt::TabFocusReason);
     shown().clear();
-    const auto range = [&] { return session().a1(1, 1).number(); };
+    const auto range = [&] { return session().a1({1, 1}).number(); };
     slider.setValue(row.firstPushed - 1);
     EXPECT_EQ(slider.value(), row.firstPushed - 1) << row.last;
     EXPECT_NEAR(range(), (row.firstPushed - 1) / 1000.0, 1e-9) << row.last;

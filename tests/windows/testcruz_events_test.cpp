@@ -38,7 +38,7 @@ TEST_F(TestDialog, TheTreeShowsTheLastRunAndIsExpandedAfterEach) {
   choose({1, 0, 2, 1, 2, 0});
   const Lines before = shownTree();
   EXPECT_EQ(before[1], " Main Direction:(0;0), 1");
-  setLine(session(), 1, primary, mainDirection, {1, "E", 4, 100});
+  setLine(session(), Line::first, primary, mainDirection, {1, "E", 4, 100});
   EXPECT_EQ(shownTree(), before) << "until the next run";
   press("Command1");
   EXPECT_EQ(shownTree(),
@@ -178,22 +178,22 @@ TEST_F(TestDialog, AFileWithoutDirectionsEndsTheProgramToo) {
 
 TEST_F(TestDialog, AFaultOfTheTestEndsTheProgram) {
   openFile();
-  session().use0(1, 1) = Cell::ofText("yes");
+  session().use0({1, 1}) = Cell::ofText("yes");
   EXPECT_EQ(runToEnd([&] { openDialog(); }), kFatalExitCode);
   EXPECT_EQ(program_.dialogs().shown.back(),
             fatalBox("Type mismatch", folder_.path().toStdString()));
   EXPECT_TRUE(program_.window().isEnabled());
-  session().use0(1, 1) = 1;
+  session().use0({1, 1}) = 1;
   openDialog();
-  session().use0(1, 1) = Cell::ofText("yes");
+  session().use0({1, 1}) = Cell::ofText("yes");
   EXPECT_EQ(runToEnd([&] { press("Command1"); }), kFatalExitCode);
 }
 
 TEST_F(TestDialog, AVeryLongTextIsScrolledTo) {
   openFile();
   chooseSample();
-  setLine(session(), 0, primary, mainDirection, {1, "", -1e300, 0});
-  setLine(session(), 0, secondary, mainDirection, {1, "", 1e300, 0});
+  setLine(session(), Line::nugget, primary, mainDirection, {1, "", -1e300, 0});
+  setLine(session(), Line::nugget, secondary, mainDirection, {1, "", 1e300, 0});
   openDialog();
   const int width = dialog().width();
   EXPECT_GT(tree().columnWidth(0), tree().viewport()->width());

@@ -76,7 +76,7 @@ TEST_F(TestDialog, OpensWithItsListsFilledAndTheMainWindowDisabled) {
 TEST_F(TestDialog, TestsTheLastChoicesAtOnceAndShowsTheWholeTree) {
   openFile();
   chooseSample();
-  setLine(session(), 1, cross, minorDirection1, {1, "S", 7, 90});
+  setLine(session(), Line::first, cross, minorDirection1, {1, "S", 7, 90});
   openDialog();
   EXPECT_EQ(onShow(), (Positions{1, 0, 2, 1, 2, 0}));
   // 7 * 7 over 4 * 9; 90 is not 100.
@@ -91,7 +91,7 @@ TEST_F(TestDialog, TestsTheLastChoicesAtOnceAndShowsTheWholeTree) {
 TEST_F(TestDialog, NodesHaveTheirKeysAndPictures) {
   openFile();
   chooseSample();
-  setLine(session(), 0, cross, mainDirection, {1, "", 7, 0});
+  setLine(session(), Line::nugget, cross, mainDirection, {1, "", 7, 0});
   openDialog();
   std::vector<TestNode> expected = crosstest(session(), kSampleChoice);
   QTreeWidgetItemIterator at(&tree());

@@ -1,4 +1,4 @@
-#include "platform/orthogonality.h"
+#include "files/orthogonality.h"
 
 #include <cmath>
 #include <numbers>

@@ -1,5 +1,5 @@
 // Orthogonal directions: angles worked out by hand, and properties over random rotations.
-#include "platform/orthogonality.h"
+#include "files/orthogonality.h"
 
 #include <gtest/gtest.h>
 
