@@ -105,12 +105,13 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
   const FaultReport& faults_;
   std::function<void()> endDelete_;
   QWidget* form_;
-  PictureBox* Picture4;
+  // Events of the content come while the rest is being made.
+  PictureBox* Picture4 = nullptr;
   QLabel* Label6;
   GuideLine* Line1;
   GuideLine* Line2;
-  std::array<QLabel*, 4> estru;
-  QLabel* Label1;
+  std::array<QLabel*, 4> estru{};
+  QLabel* Label1 = nullptr;
 
   double width_ = 0, height_ = 0;
   bool loaded_ = false;
