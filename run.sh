@@ -7,14 +7,14 @@ root=$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")
 packages=(g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-liberation)
 case ${1:-} in
   "")
-    preset=release
+    options=()
     target=zevfit
     command=("$root/build/release/zevfit")
     ;;
   tour)
-    preset=debug
+    options=(-DZEVFIT_TESTS=ON)
     target=zevfit_tour
-    command=("$root/build/debug/tests/zevfit_tour" "$root/build/tour")
+    command=("$root/build/release/tests/zevfit_tour" "$root/build/tour")
     packages+=(libgtest-dev poppler-utils)
     ;;
   *)
@@ -37,10 +37,10 @@ fi
 # The presets are found from the folder that holds them. A build folder that was copied from
 # elsewhere can't be configured again and is made afresh.
 configure() {
-  (cd -- "$root" && cmake "$@" --preset "$preset")
+  (cd -- "$root" && cmake "$@" --preset release "${options[@]}")
 }
 configure >/dev/null 2>&1 || configure --fresh
-cmake --build "$root/build/$preset" --target "$target"
+cmake --build "$root/build/release" --target "$target"
 
 [ ${#virtual[@]} -eq 0 ] || echo "There is no display: zevFIT starts on a virtual one."
 exec "${virtual[@]}" "${command[@]}"

@@ -1,8 +1,9 @@
-# shellcheck shell=bash
-# What the stage `package` of test.sh checks; each function fails when something is wrong. The folder
-# of the logs is that of test.sh.
-: "${logs:?}"
+#!/usr/bin/env bash
+# checks.sh CHECK ARGUMENT...: what is checked of the packages, run in the root of the tree; each
+# function fails when something is wrong. Pictures of what is looked at go to the logs.
+set -uo pipefail
 
+readonly logs=build/logs
 readonly made=build/package
 readonly screen="-screen 0 1280x1024x24"
 
@@ -192,3 +193,6 @@ unpacked_archive() {
     XDG_DATA_HOME=$data starts "$folder/zevfit" "$folder" "$2" "$folder/zevfit" &&
     [ ! -e "$data/zevFIT" ]
 }
+
+mkdir -p "$logs"
+"$@"
