@@ -27,7 +27,7 @@ readonly steps="
 lint         lint         - lint
 asan         asan         zevfit_core_tests,zevfit_window_tests,zevfit_user_tests core,house,windows,fewusers
 fuzz         asan         zevfit_fuzz fuzz
-program      program      zevfit,zevfit_crash_tests,zevfit_desktop_tests,zevfit_tour,zevfit_long_tests,zevfit_pictures crash,desktop,tour,shortuse
+program      program      zevfit_program_tests crash,desktop,tour,shortuse
 core         core         zevfit_core_tests,zevfit_crash_tests core,house,crash
 windows      debug        zevfit_window_tests,zevfit_desktop_tests,zevfit_long_tests windows,desktop,shortuse
 windows      program      zevfit -
@@ -49,7 +49,7 @@ coverage     coverage     - coverage
 # The Debian packages that a preset takes beside those of every stage.
 readonly every="g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-liberation libgtest-dev poppler-utils"
 declare -rA packages=(
-  [lint]="clang clang-format clang-tidy shellcheck libbenchmark-dev libqcustomplot-dev"
+  [lint]="git clang clang-format clang-tidy shellcheck libbenchmark-dev libqcustomplot-dev"
   [asan]="clang libclang-rt-14-dev mold binutils" [fuzz]="clang libclang-rt-14-dev binutils"
   [program]="xvfb xauth xclip" [debug]="xvfb xauth xclip" [coverage]="gcovr"
   [fuzzcoverage]="clang libclang-rt-14-dev llvm-14"
@@ -62,9 +62,8 @@ export ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string
 ASAN_OPTIONS+=:allow_addr2line=1
 export UBSAN_OPTIONS=print_stacktrace=1:exitcode=99
 readonly logs=build/logs
-jobs=$(nproc)
+jobs=$(nproc) passed=0 failed=0
 mkdir -p "$logs"
-passed=0 failed=0
 
 # run NAME COMMAND...: keeps the output in $log, the exit code in $code, the seconds in $took.
 run() {
@@ -133,8 +132,7 @@ step() {
 }
 
 [ $# -gt 0 ] || set -- lint asan fuzz program
-wanted=$every
-plan=
+wanted=$every plan=
 for stage in "$@"; do
   lines=$(awk -v stage="$stage" '$1 == stage' <<<"$steps")
   [ -n "$lines" ] || { sed -n '2,/^set/{/^#/s/^# \{0,1\}//p}' test.sh; exit 2; }

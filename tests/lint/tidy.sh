@@ -1,50 +1,56 @@
 #!/usr/bin/env bash
 # tidy.sh WHICH BUILD: clang-tidy, with the compile commands of the build folder, over
-#   changed  the sources, tests apart, that differ from the revision $ZEVFIT_SINCE or else from the
-#            last one that is more than a day older than the newest; without one, over all
+#   changed  the sources, tests apart, that are not committed or have changed since the day before the
+#            last commit, the latest first, as many as a short run has time for; with a revision in
+#            ZEVFIT_SINCE all that have changed since; without a history all sources
 #   all      all sources, tests apart
 #   tests    the tests
 set -euo pipefail
 readonly folders=(session model files coreg plot report windows platform main.cpp fuzz benchmarks)
+readonly most=40
 
-all() { find "${folders[@]}" -name '*.cpp'; }
+all() { find "${folders[@]}" -name '*.cpp' | sort; }
+once() { awk 'NF && !seen[$0]++'; }
 
-# The revision that the changes are counted from; nothing where there is none.
-base() {
-  git rev-parse --verify --quiet "${ZEVFIT_SINCE:-}^{commit}" ||
-    git rev-list -1 --min-age="$(($(git log -1 --format=%ct) - 86400))" HEAD
-} 2>/dev/null
+# The revisions whose changes count: all of them where none is older than a day.
+revisions() {
+  local since=${ZEVFIT_SINCE:-}
+  [ -n "$since" ] || since=$(git rev-list -1 --min-age="$(($(git log -1 --format=%ct) - 86400))" HEAD)
+  git rev-parse --verify --quiet "${since:-HEAD}^{commit}" >/dev/null || return
+  echo "${since:+$since..}HEAD"
+}
 
-# changed BASE: of a header, the first source that includes it.
+# changed REVISIONS: of a header, the first source that includes it.
 changed() {
   {
-    git diff --name-only --diff-filter=d "$1" -- "${folders[@]}"
+    git diff HEAD --name-only -- "${folders[@]}"
     git ls-files --others --exclude-standard -- "${folders[@]}"
-  } | while read -r file; do
+    git log --format= --name-only "$1" -- "${folders[@]}"
+  } | once | while read -r file; do
     case $file in
-      *.cpp) echo "$file" ;;
-      *.h) all | sort | xargs grep -lF "#include \"$file\"" | head -n 1 ;;
+      *.cpp) [ ! -f "$file" ] || echo "$file" ;;
+      *.h) all | xargs grep -lF "#include \"$file\"" | awk 'NR == 1' || true ;;
     esac
-  done
+  done | once
 }
 
 what=$1
 case $1 in
   changed)
-    since=$(base) || since=
-    if [ -n "$since" ]; then
-      files=$(changed "$since")
-      what="changed since $(git show -s --format='%h of %cI' "$since")"
+    if range=$(revisions 2>/dev/null); then
+      files=$(changed "$range")
+      count=$(grep -c . <<<"$files" || true)
+      what="of $count changed in $range, the latest; all: ./test.sh tidy"
+      [ -n "${ZEVFIT_SINCE:-}" ] || files=$(head -n "$most" <<<"$files")
     else
       files=$(all)
-      what="all, as no revision is older than a day"
+      what="all, as there is no history"
     fi
     ;;
   all) files=$(all) ;;
-  tests) files=$(find tests -name '*.cpp') ;;
+  tests) files=$(find tests -name '*.cpp' | sort) ;;
   *) exit 2 ;;
 esac
-files=$(sort -u <<<"$files")
-echo "| clang-tidy: $(grep -c . <<<"$files" || true) sources ($what)"
+echo "| clang-tidy of $(grep -c . <<<"$files" || true) sources ($what)"
 xargs -r -n 1 -P "$(nproc)" clang-tidy -p "$2" --quiet <<<"$files" 2>&1 |
   sed '/^[0-9]* warnings\? generated\.$/d'
