@@ -33,6 +33,7 @@ windows      debug        zevfit_window_tests,zevfit_desktop_tests,zevfit_long_t
 windows      program      zevfit -
 tour         program      zevfit_tour tour
 tidy         lint         - tidy
+tidy         bench        - tidybench
 linttests    lint         - linttests
 longfuzz     fuzz         zevfit_fuzz longfuzz
 fuzzcoverage fuzzcoverage zevfit_fuzz fuzzcoverage
@@ -47,12 +48,11 @@ coverage     coverage     - coverage
 "
 
 # The Debian packages that a preset takes beside those of every stage.
-readonly every="g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-liberation libgtest-dev poppler-utils"
+readonly every="g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-liberation libgtest-dev poppler-utils binutils"
 declare -rA packages=(
-  [lint]="git clang clang-format clang-tidy shellcheck libbenchmark-dev libqcustomplot-dev"
-  [asan]="clang libclang-rt-14-dev mold binutils" [fuzz]="clang libclang-rt-14-dev binutils"
+  [lint]="git clang clang-format clang-tidy shellcheck" [fuzz]="clang libclang-rt-14-dev"
+  [asan]="clang libclang-rt-14-dev mold" [fuzzcoverage]="clang libclang-rt-14-dev llvm-14"
   [program]="xvfb xauth xclip" [debug]="xvfb xauth xclip" [coverage]="gcovr"
-  [fuzzcoverage]="clang libclang-rt-14-dev llvm-14"
   [bench]="libbenchmark-dev libqcustomplot-dev python3 xvfb xauth"
   [package]="gzip librsvg2-bin lintian desktop-file-utils appstream shared-mime-info man-db fakeroot
     hicolor-icon-theme libglib2.0-bin imagemagick xdotool x11-utils xvfb xauth"

@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # tidy.sh WHICH BUILD: clang-tidy, with the compile commands of the build folder, over
-#   changed  the sources, tests apart, that are not committed or have changed since the day before the
+#   changed  sources that are not committed or have changed since the day before the
 #            last commit, the latest first, as many as a short run has time for; with a revision in
 #            ZEVFIT_SINCE all that have changed since; without a history all sources
-#   all      all sources, tests apart
-#   tests    the tests
+#   all      all sources; it and `changed` leave out tests and benchmarks
+#   tests, benchmarks  these
 set -euo pipefail
-readonly folders=(session model files coreg plot report windows platform main.cpp fuzz benchmarks)
+readonly folders=(session model files coreg plot report windows platform main.cpp fuzz)
 readonly most=40
 
 all() { find "${folders[@]}" -name '*.cpp' | sort; }
@@ -48,7 +48,7 @@ case $1 in
     fi
     ;;
   all) files=$(all) ;;
-  tests) files=$(find tests -name '*.cpp' | sort) ;;
+  tests | benchmarks) files=$(find "$1" -name '*.cpp' | sort) ;;
   *) exit 2 ;;
 esac
 echo "| clang-tidy of $(grep -c . <<<"$files" || true) sources ($what)"
