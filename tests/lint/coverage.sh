@@ -20,4 +20,5 @@ gcovr --root . --exclude tests/ --exclude build/ --exclude-throw-branches \
         if (lines < (core ? 97 : 90) || (core && branches < 90)) short = 1
       }
       exit short || NR < 2
-    }'
+    }' |
+  sort
