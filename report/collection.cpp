@@ -37,14 +37,14 @@ class Hourglass {
 void emptyCell(Collection& reports, const PageGrid& grid, GridCell cell) {
   reports.window.page(slotOf(reports))
       .box(grid.left(cell.column), grid.above(cell.row), grid.cellWidth, grid.cellHeight, kWhite);
-  reports.tables.cellused(cell.row, cell.column, reports.window.tab()) = 0;
+  reports.tables.cellused(cell.row, cell.column, reports.window.tab()) = false;
 }
 
 void fillCell(Collection& reports, const PageGrid& grid, GridCell cell) {
   const Session& session = reports.fit.session;
   const int report = reports.window.tab();
   reports.window.pasteThumbnail(slotOf(reports), grid.left(cell.column), grid.above(cell.row));
-  reports.tables.cellused(cell.row, cell.column, report) = 1;
+  reports.tables.cellused(cell.row, cell.column, report) = true;
   reports.tables.celldir(cell.row, cell.column, report) = session.curdir;
   reports.tables.cellvar(cell.row, cell.column, report) =
       toInt16(static_cast<double>(session.curvar));
@@ -55,7 +55,7 @@ void showCell(Collection& reports, GridCell cell) {
   const ReportTables& tables = reports.tables;
   const Session& session = reports.fit.session;
   const int report = reports.window.tab();
-  if (tables.cellused(cell.row, cell.column, report) == 0) return reports.window.showLegend("", "");
+  if (!tables.cellused(cell.row, cell.column, report)) return reports.window.showLegend("", "");
   reports.window.showLegend(session.varname(tables.cellvar(cell.row, cell.column, report)),
                             session.dirname(tables.celldir(cell.row, cell.column, report)));
 }
@@ -99,7 +99,7 @@ void Command1_Click(Collection& reports) {
   reports.applied = reports.window.shownColumns();
   for (int column = 1; column <= reports.applied; ++column)
     for (int row = 1; row <= rowsFor(reports.tables, reports.applied); ++row)
-      reports.tables.cellused(row, column, reports.window.tab()) = 0;
+      reports.tables.cellused(row, column, reports.window.tab()) = false;
   grelha(reports);
 }
 

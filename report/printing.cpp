@@ -14,7 +14,7 @@ constexpr double kSideOffset = 100;
 void printCell(Collection& reports, int row, int column, int columns) {
   const ReportTables& tables = reports.tables;
   const int report = reports.window.tab();
-  if (tables.cellused(row, column, report) == 0) return;
+  if (!tables.cellused(row, column, report)) return;
   const double across = divide(kSheetWidth, columns) * kShare;
   const double down = across / kPlotAspect;
   imprimirvariograma(reports, reports.platewidth * kShare, (column - 1) * across + kSideOffset,

@@ -7,7 +7,7 @@ void resetReports(ReportTables& tables) {
   tables.rowsforcolumns(0) = 2;
   tables.rowsforcolumns(1) = 4;
   tables.rowsforcolumns(2) = 7;
-  tables.cellused.fill(0);
+  tables.cellused.fill(false);
 }
 
 }  // namespace zevfit

@@ -44,8 +44,8 @@ class CellTable {
 struct ReportTables {
   Table<std::int16_t, kReports> reportcolumns{"reportcolumns"};
   Table<std::int16_t, 4> rowsforcolumns{
-      "rowsforcolumns"};  ///< by columns minus 1; the last slot is never used
-  CellTable<std::int16_t> cellused{"cellused"};  ///< 1: the cell holds a plot
+      "rowsforcolumns"};                 ///< by columns minus 1; the last slot is never used
+  CellTable<bool> cellused{"cellused"};  ///< the cell holds a plot
   CellTable<std::int64_t> celldir{"celldir"};
   CellTable<std::int16_t> cellvar{"cellvar"};
 };

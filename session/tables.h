@@ -113,12 +113,6 @@ class LagTable {
     place = std::move(row);
   }
 
-  /// Makes room for classes up to `lag` at once; a hint, never a promise to hold values there.
-  void reserve(Pair pair, std::int64_t lag) {
-    const std::int64_t highest = std::clamp<std::int64_t>(lag, -1, last_);
-    rows_(pair).reserve(static_cast<std::size_t>(highest + 1));
-  }
-
   /// The slots of a row that may differ from T{}, from slot 0; empty when none was written.
   std::span<const T> written(Pair pair) const { return rows_(pair); }
 

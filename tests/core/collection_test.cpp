@@ -71,7 +71,7 @@ TEST_F(CollectionTest, TheSliderAloneChangesTheSmallPictureAndTheNumber) {
   EXPECT_EQ(bench_.page().operations, page);
   EXPECT_EQ(tables().reportcolumns(0), 1);
   EXPECT_EQ(bench_.reports.applied, 1);
-  EXPECT_EQ(bench_.used(1, 1), 1);
+  EXPECT_TRUE(bench_.used(1, 1));
 }
 
 // 602 / 2 = 301, over 1.7387: 173.118. (852 - 4 * 173.118) / 2 = 79.764.
@@ -93,7 +93,7 @@ TEST_F(CollectionTest, ADraggedThumbEmptiesThePageButNotTheCells) {
   EXPECT_EQ(bench_.reports.applied, 2);
   EXPECT_TRUE(thumbnails().empty());
   EXPECT_EQ(linesOn(bench_.page().operations), 7U);
-  EXPECT_EQ(bench_.used(1, 1), 1);
+  EXPECT_TRUE(bench_.used(1, 1));
   EXPECT_EQ(window().shown, 2);
 }
 
@@ -129,16 +129,16 @@ TEST_F(CollectionTest, OkEmptiesTheCellsOfItsOwnGridAlone) {
   bench_.clickCell(1, 1);
   bench_.selectTab(1);
   bench_.giveColumns(1);
-  EXPECT_EQ(bench_.used(1, 1), 0);
-  EXPECT_EQ(bench_.used(2, 1), 0);
-  EXPECT_EQ(bench_.used(3, 1), 1);
-  EXPECT_EQ(bench_.used(7, 3), 1);
-  EXPECT_EQ(bench_.used(1, 2), 1);
-  EXPECT_EQ(bench_.used(1, 1, 2), 1);
+  EXPECT_FALSE(bench_.used(1, 1));
+  EXPECT_FALSE(bench_.used(2, 1));
+  EXPECT_TRUE(bench_.used(3, 1));
+  EXPECT_TRUE(bench_.used(7, 3));
+  EXPECT_TRUE(bench_.used(1, 2));
+  EXPECT_TRUE(bench_.used(1, 1, 2));
   bench_.giveColumns(3);
   for (int row = 1; row <= 7; ++row)
-    for (int column = 1; column <= 3; ++column) EXPECT_EQ(bench_.used(row, column), 0);
-  EXPECT_EQ(bench_.used(1, 1, 2), 1);
+    for (int column = 1; column <= 3; ++column) EXPECT_FALSE(bench_.used(row, column));
+  EXPECT_TRUE(bench_.used(1, 1, 2));
 }
 
 TEST_F(CollectionTest, AClickWithoutAPlotAsksForOne) {
@@ -147,7 +147,7 @@ TEST_F(CollectionTest, AClickWithoutAPlotAsksForOne) {
     session().setCurrent(pair);
     bench_.clickCell(1, 1);
     EXPECT_EQ(bench_.dialogs.shown, Calls{"plain: Please select variogram plot first!"});
-    EXPECT_EQ(bench_.used(1, 1), 0);
+    EXPECT_FALSE(bench_.used(1, 1));
     EXPECT_TRUE(bench_.page().operations.empty());
     EXPECT_TRUE(window().calls.empty());
   }
@@ -164,7 +164,7 @@ TEST_F(CollectionTest, AClickOnAPageWithoutAGridPlacesTheThumbnailAndDrawsTheGri
   EXPECT_EQ(bench_.page().operations.front(), Operation(placed[0]));
   EXPECT_EQ(window().thumbnailSize.x, 3147);
   EXPECT_NEAR(window().thumbnailSize.y, 1809.973, 0.001);
-  EXPECT_EQ(bench_.used(2, 1), 1);
+  EXPECT_TRUE(bench_.used(2, 1));
   EXPECT_EQ(tables().celldir(2, 1, 1), kDirection);
   EXPECT_EQ(tables().cellvar(2, 1, 1), kVariable);
   EXPECT_EQ(window().calls, (Calls{"busy", "refresh 0", "ready"}));
@@ -179,7 +179,7 @@ TEST_F(CollectionTest, AClickBesideTheGridIsOneOnTheFirstRowOfItsColumn) {
   for (const auto& row : rows) {
     bench_.giveColumns(2);
     Picture1_MouseDown(bench_.reports, row.x, row.y);
-    EXPECT_EQ(bench_.used(1, row.column), 1) << row.x << " " << row.y;
+    EXPECT_TRUE(bench_.used(1, row.column)) << row.x << " " << row.y;
   }
 }
 
@@ -190,7 +190,7 @@ TEST_F(CollectionTest, AClickOnAFullCellReplacesIt) {
   EXPECT_EQ(tables().cellvar(1, 1, 1), 2);
   EXPECT_EQ(tables().celldir(1, 1, 1), 1);
   EXPECT_EQ(thumbnails().size(), 2U);
-  EXPECT_EQ(bench_.used(1, 1), 1);
+  EXPECT_TRUE(bench_.used(1, 1));
 }
 
 TEST_F(CollectionTest, DeleteEmptiesACell) {
@@ -199,7 +199,7 @@ TEST_F(CollectionTest, DeleteEmptiesACell) {
   bench_.page(0).operations.clear();
   window().ticked = true;
   bench_.clickCell(2, 2);
-  EXPECT_EQ(bench_.used(2, 2), 0);
+  EXPECT_FALSE(bench_.used(2, 2));
   const auto boxes = only<BoxOf>(bench_.page().operations);
   ASSERT_EQ(boxes.size(), 1U);
   EXPECT_EQ(boxes[0].at.x, 1573.5);
@@ -217,8 +217,8 @@ TEST_F(CollectionTest, DeleteOnAnEmptyCellChangesNothingElse) {
   bench_.clickCell(2, 1);
   window().ticked = true;
   bench_.clickCell(1, 1);
-  EXPECT_EQ(bench_.used(1, 1), 0);
-  EXPECT_EQ(bench_.used(2, 1), 1);
+  EXPECT_FALSE(bench_.used(1, 1));
+  EXPECT_TRUE(bench_.used(2, 1));
   EXPECT_EQ(thumbnails().size(), 1U);
   EXPECT_EQ(only<BoxOf>(bench_.page().operations).size(), 1U);
 }
@@ -226,7 +226,7 @@ TEST_F(CollectionTest, DeleteOnAnEmptyCellChangesNothingElse) {
 TEST_F(CollectionTest, AFaultInAThumbnailLeavesWhatWasDrawnAndTheCellInUse) {
   session().ymax(kPair) = session().ymin(kPair);
   bench_.clickCell(1, 1);
-  EXPECT_EQ(bench_.used(1, 1), 1);
+  EXPECT_TRUE(bench_.used(1, 1));
   EXPECT_EQ(window().calls.back(), "ready");
   EXPECT_TRUE(bench_.dialogs.shown.empty());
 }

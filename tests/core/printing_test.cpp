@@ -122,7 +122,7 @@ TEST_F(Printing, PrintsTheSelectedReport) {
 TEST_F(Printing, KeepsTheWidthOfTheFormerGridBehindAnOk) {
   prepare(2);
   bench_.giveColumns(1);
-  bench_.reports.tables.cellused(2, 1, 1) = 1;
+  bench_.reports.tables.cellused(2, 1, 1) = true;
   bench_.reports.tables.celldir(2, 1, 1) = 2;
   bench_.reports.tables.cellvar(2, 1, 1) = 1;
   print();

@@ -128,18 +128,6 @@ TEST(LagTable, HoldsWhatWasWrittenUpToTheHighestClass) {
   EXPECT_TRUE(table.written({2, 1}).empty());
 }
 
-TEST(LagTable, ReservingHoldsNothing) {
-  LagTable<double> table{"gam"};
-  table.create(10);
-  table.reserve({1, 1}, 10);
-  table.reserve({1, 1}, kHuge);
-  table.reserve({1, 1}, -1);
-  table.reserve({1, 1}, kLowest);
-  EXPECT_TRUE(table.written({1, 1}).empty());
-  EXPECT_THROW(table.reserve({42, 1}, 1), Fault);
-  LagTable<double>("gam").reserve({1, 1}, 5);
-}
-
 TEST(LagTable, ClearsAndCopiesWholeRows) {
   LagTable<double> table{"gam"};
   table.create(5);

@@ -110,7 +110,7 @@ struct ReportBench : PlotBench {
     const auto [x, y] = middleOf(row, column);
     Picture1_MouseMove(reports, x, y);
   }
-  int used(int row, int column, int report = 1) const {
+  bool used(int row, int column, int report = 1) const {
     return reports.tables.cellused(row, column, report);
   }
   RecordingSurface& page(int slot = 0) { return reportWindow.page(slot); }
