@@ -10,6 +10,7 @@
 
 #include "tests/support/coreg_sample.h"
 #include "tests/support/program.h"
+#include "tests/support/run_to_end.h"
 #include "windows/testcruz.h"
 
 namespace zevfit::test {
@@ -94,15 +95,6 @@ class TestDialog : public testing::Test {
                       item->data(0, kNodeImageRole).toString().toStdString());
     }
     return lines;
-  }
-
-  /// The exit code of the program after an action that must end it; 0 when it did not.
-  static int runToEnd(const std::function<void()>& action) {
-    QTimer::singleShot(0, [&] {
-      action();
-      QTimer::singleShot(0, [] { QCoreApplication::exit(0); });
-    });
-    return QApplication::exec();
   }
 
   QTemporaryDir folder_;
