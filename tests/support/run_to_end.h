@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QObject>
 #include <QTimer>
 #include <functional>
 
@@ -9,9 +10,11 @@ namespace zevfit::test {
 /// Runs the event loop for one action that must end the program; the exit code, 0 when the action
 /// did not end it.
 inline int runToEnd(const std::function<void()>& action) {
-  QTimer::singleShot(0, [&] {
+  // What it leaves behind must not end a later loop of events.
+  QObject alive;
+  QTimer::singleShot(0, &alive, [&] {
     action();
-    QTimer::singleShot(0, [] { QCoreApplication::exit(0); });
+    QTimer::singleShot(0, &alive, [] { QCoreApplication::exit(0); });
   });
   return QApplication::exec();
 }

@@ -324,10 +324,6 @@ TEST_F(PanelError, OfEnterInAFieldEndsTheProgram) {
   }
 }
 
-TEST_F(PanelError, OfABoxEndsTheProgram) {
-  expectToEnd([this] { find<QCheckBox>("psill")->click(); });
-}
-
 TEST_F(PanelError, AFaultInItsPlaceIsDropped) {
   plotter.onDraw = [] { throw Fault("Division by zero"); };
   EXPECT_EQ(test::runToEnd([this] { click("Labelvariance"); }), 0);
