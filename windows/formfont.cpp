@@ -65,7 +65,7 @@ void Formfont::open() {
   before_ = parentWidget()->focusWidget();
   parentWidget()->setEnabled(false);
   setEnabled(true);
-  // What follows stands for the activation that comes later.
+  // The call of activated() stands for the activation that comes later.
   ownAbove_ = true;
   show();
   raise();
