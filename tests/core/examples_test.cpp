@@ -125,7 +125,7 @@ struct Fitted {
   std::array<const char*, 4> ranges;
 };
 
-constexpr const char* kNothing = "0 0 0 - 0 0.0001 0 - 0 0.0001 0 - 0 0.0001";
+const std::string kNothing = test::unusedModelText();
 constexpr std::array<const char*, 4> kRanges{"1250", "1800", "1000", "750"};
 
 const Fitted kFitted[] = {
@@ -188,7 +188,7 @@ TEST(MeuseFitted, IsWhatASaveWrites) {
   acceptLoad(session, file);
   test::ScriptedDialogs dialogs;
   ModelSaver(folder.path()).gravando(session, 7, dialogs);
-  ASSERT_EQ(dialogs.shown.back(), "plain: Models saved to file:" + file.string());
+  ASSERT_EQ(dialogs.shown.back(), test::savedBox(file.string()));
   EXPECT_EQ(contentOf(file), contentOf(example("meuse-fitted.zvm")));
 }
 

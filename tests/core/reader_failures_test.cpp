@@ -9,14 +9,8 @@
 #include "session/numbers.h"
 #include "tests/support/variogram_text.h"
 
-namespace zevfit {
+namespace zevfit::test {
 namespace {
-
-using test::classText;
-using test::kResetModel;
-using test::lines;
-using test::modelText;
-using test::sampleFile;
 
 /// One variable, direction and class in eleven tokens, before each of which the end is tested.
 const std::vector<std::string> kTokens = {"t",   "zevra1", "1",   "zinc", "1", "1",
@@ -246,4 +240,4 @@ TEST(ReaderText, InPlaceOfACountLeavesTheCount) {
 }
 
 }  // namespace
-}  // namespace zevfit
+}  // namespace zevfit::test

@@ -3,14 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
-#include <fstream>
 
 #include "tests/support/coreg_sample.h"
 #include "tests/support/program.h"
 #include "tests/support/run_to_end.h"
+#include "tests/support/temporary_folder.h"
 #include "windows/testcruz.h"
 
 namespace zevfit::test {
@@ -22,15 +21,9 @@ inline const std::vector<const char*> kVariableLists{"combovarp", "combovarsec",
 inline const std::vector<const char*> kDirectionLists{"Combodmain", "Combodminor1", "Combodminor2"};
 
 /// The whole program with the dialog of the test of coregionalization.
-class TestDialog : public testing::Test {
+class TestDialog : public testing::Test, protected TemporaryFolder {
  protected:
-  TestDialog() : program_(folder_.path().toStdString()) {}
-
-  std::string write(const char* name, const std::string& bytes) {
-    std::string path = folder_.filePath(name).toStdString();
-    std::ofstream(path, std::ios::binary) << bytes;
-    return path;
-  }
+  TestDialog() : program_(folder()) {}
 
   /// Three variables with good models in three directions, for the sample choice.
   void openFile() {
@@ -97,7 +90,6 @@ class TestDialog : public testing::Test {
     return lines;
   }
 
-  QTemporaryDir folder_;
   Program program_;
 };
 
