@@ -7,7 +7,7 @@
 
 #include "files/variogram_reader.h"
 #include "session/numbers.h"
-#include "tests/support/variogram_text.h"
+#include "tests/support/writing.h"
 
 namespace zevfit::test {
 namespace {
@@ -24,8 +24,7 @@ std::string firstTokens(std::size_t count) {
 
 /// A session with a model from a file before.
 Session loaded() {
-  Session session;
-  EXPECT_TRUE(readVariogramBytes(sampleFile("zevra"), session));
+  Session session = sessionOf(sampleFile("zevra"));
   acceptLoad(session, "before.zvm");
   session.c0({1, 1}) = 8;
   session.setPlotted({2, 2});
