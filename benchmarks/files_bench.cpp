@@ -88,7 +88,7 @@ void BM_Read(benchmark::State& state) {
 void BM_Compose(benchmark::State& state) {
   Session session = fullSession();
   const std::vector<double> numbers = numbersOf(session);
-  Memory memory;
+  MemorySink memory;
   memory.bytes = fileOf(session);
   compare(
       state,

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <utility>
 
+#include "files/output_file.h"
 #include "files/variogram_writer.h"
 
 namespace zevfit::bench {
@@ -55,14 +56,8 @@ inline Session fullSession() {
   return session;
 }
 
-class Memory : public ByteSink {
- public:
-  std::string bytes;
-  void write(std::string_view more) override { bytes += more; }
-};
-
 inline std::string fileOf(Session& session) {
-  Memory memory;
+  MemorySink memory;
   composeVariogramFile(session, kVariables, kOldFile, memory);
   return std::move(memory.bytes);
 }

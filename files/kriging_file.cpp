@@ -79,8 +79,8 @@ int countOf(const AxisTexts& axis) {
   return count;
 }
 
-/// The sills of the row joined without a separator are no number but 0. The "-" of a missing first
-/// structure makes them so whatever stands behind it, also where a sign and digits would.
+/// The sills of the row, joined without a separator, read as 0. A "-" in front, of a missing first
+/// structure, makes them 0 whatever stands behind it, even digits that would read as a number.
 bool rowIsEmpty(const KrigingModel& model) {
   if (model.rowcells.at(3) == "-") return true;
   std::string joined;

@@ -76,7 +76,7 @@ bool flushed(int descriptor) {
 /// the file system knows of them.
 void takeOver(const fs::path& from, const struct stat& old) {
   const bool owned = ::chown(from.c_str(), old.st_uid, old.st_gid) == 0;
-  // The bits that lend the owner's rights don't go to somebody else's file.
+  // A file that stays somebody else's gets no bits that let it run with its owner's rights.
   const mode_t bits = old.st_mode & (owned ? 07777 : 0777);
   ::chmod(from.c_str(), bits);
 }

@@ -19,7 +19,7 @@ Answer decide(std::int32_t p, std::int32_t q, Messages& messages) {
   return messages.question(kSaveQuestion);
 }
 
-/// The name stands in capitals in the message, and behind a backslash, whatever the file's own.
+/// The message names the file in capitals and behind a backslash, whatever its real name.
 void save(const GraphStyle& style, std::string_view inputPath, const fs::path& folder,
           Messages& messages) {
   attempt(

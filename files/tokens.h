@@ -27,7 +27,7 @@ class TokenStream {
  public:
   explicit TokenStream(std::string_view bytes) : bytes_(bytes) {}
 
-  /// The end-of-file test: not a byte is left, be it blank.
+  /// The end-of-file test: not a byte is left, not even a blank.
   bool atEnd() const { return at_ == bytes_.size(); }
   std::size_t bytesLeft() const { return bytes_.size() - at_; }
 

@@ -20,7 +20,8 @@ namespace {
 /// Shortest line of a class in a file: three digits and their delimiters.
 constexpr std::size_t kShortestClass = 6;
 
-/// What is kept of a letter: a cut block puts the last one into every place that it leaves empty.
+/// The bytes kept of a letter. A block that ends early repeats its last letter in all places
+/// behind, so a long one would cost memory many times over.
 constexpr std::size_t kLongestLetter = 255;
 
 /// The stream ended at one of the tests.

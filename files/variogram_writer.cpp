@@ -16,7 +16,7 @@ namespace zevfit {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
-/// Classes that no file has filled are written as noughts up to this number; a claim beyond it does
+/// Classes that no file has filled are written as zeros up to this number; a claim beyond it does
 /// not fit the tables.
 constexpr std::int64_t kClassesOnTrust = 1'000;
 
@@ -101,7 +101,7 @@ void Writer::header(std::string& filetag, std::int64_t& nvar) {
   const auto count = old_.number();
   const auto value = count ? numberOf(*count) : std::nullopt;
   if (!value) throw Fault("Type mismatch");
-  // The count of the old file, not of the one that is written: on purpose.
+  // The old file's count, not the one that is written: sums count as the file's only once loaded.
   nvar = toCount(*value);
   number(static_cast<double>(variables_));
   for (std::int64_t v = 1; v <= variables_; ++v) {
@@ -240,7 +240,7 @@ bool composeVariogramFile(Session& session, std::int64_t variables, std::string_
 
 void composeWhole(const Session& session, std::int64_t variables, std::string_view title,
                   ByteSink& out) {
-  // Nothing is read from the old file; one byte is what its tests look for.
+  // There is no old file to read; the tests for its end only ask whether a byte is left.
   Writer writer(session, variables, ".", out);
   writer.fitCounts();
   writer.wholeHeader(title);

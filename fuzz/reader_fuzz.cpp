@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "files/output_file.h"
 #include "files/variogram_reader.h"
 #include "files/variogram_writer.h"
 #include "fuzz/require.h"
@@ -21,12 +22,6 @@ constexpr double kLargest = 1.79769313486231e308;
 constexpr float kLargestPairs = 3.402822e38F;
 // Claims from here on have more digits than are written.
 constexpr std::int64_t kLargestCount = 999'999'999'999'999;
-
-class Memory : public ByteSink {
- public:
-  std::string bytes;
-  void write(std::string_view more) override { bytes += more; }
-};
 
 // Written on a line of its own it is one text token.
 bool isOneToken(std::string_view text) {
@@ -74,7 +69,7 @@ bool isWritable(const Session& session) {
   return true;
 }
 
-bool compose(Session& session, std::string_view old, Memory& out) {
+bool compose(Session& session, std::string_view old, MemorySink& out) {
   try {
     return composeVariogramFile(session, session.nvar, old, out);
   } catch (const Fault&) {
@@ -91,7 +86,7 @@ void checkReadBack(Session& session, std::int64_t variables, const std::string& 
   test::dropUnused(session);
   if (again.hasmodel)
     require(test::modelTexts(again) == test::modelTexts(session), "the models read back");
-  Memory twice;
+  MemorySink twice;
   require(compose(again, bytes, twice) && twice.bytes == bytes, "a second save changes nothing");
 }
 
@@ -100,7 +95,7 @@ void check(std::string_view bytes) {
   if (!readVariogramBytes(bytes, session)) return;
   acceptLoad(session, "file.zvm");
   const std::int64_t variables = session.nvar;
-  Memory out;
+  MemorySink out;
   const std::string old = "t\n" + session.filetag + "\n1\n.";
   const bool composed = compose(session, isOneToken(session.filetag) ? old : bytes, out);
   session.nvar = variables;

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "files/family_file.h"
+#include "files/output_file.h"
 #include "files/parameter_file.h"
 #include "files/rescue.h"
 #include "files/saveini.h"
@@ -28,12 +29,6 @@ namespace zevfit {
 namespace {
 
 namespace fs = std::filesystem;
-
-class Memory : public ByteSink {
- public:
-  std::string bytes;
-  void write(std::string_view more) override { bytes += more; }
-};
 
 /// A folder of the program and one of the user.
 struct Desk {
@@ -82,7 +77,7 @@ std::optional<std::string> expectedSave(Session& session, std::int16_t listed,
                                         const std::string& old) {
   const std::int64_t variables = session.nvar;
   const std::string tag = session.filetag;
-  Memory out;
+  MemorySink out;
   bool whole = false;
   endSilently([&] { whole = composeVariogramFile(session, listed, old, out); });
   session.nvar = variables;

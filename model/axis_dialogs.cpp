@@ -21,7 +21,7 @@ Pair chosenPair(const Fit& fit) {
 bool hasFloor(const Session& session, Pair pair) { return session.ymin(pair) < 0; }
 
 /// A distance maximum that is set already leaves the field with what it showed last, also where
-/// that was another plot's; on purpose.
+/// that was another plot's: OK then gives this plot that maximum.
 void showDistance(Session& session, ScaleTexts& texts) {
   const Pair pair = session.plotted();
   if (session.xmax(pair) == 0) {
@@ -31,7 +31,7 @@ void showDistance(Session& session, ScaleTexts& texts) {
   texts.Labelxm = formatNumber(session.hmax(pair), kSeenPattern);
 }
 
-/// The real limit is that of the current pair, which need not be the one of the lists; on purpose.
+/// The real limit is that of the current pair, whose axis OK changes; the lists may show another.
 void showLimit(const Session& session, ScaleTexts& texts) {
   const Pair pair = session.plotted();
   const bool floor = hasFloor(session, pair);
@@ -66,7 +66,7 @@ bool cutgraph_Command2_Click(Session& session, Messages& messages, const ScaleTe
   const double variance = session.variance(pair.variable).number();
   const bool floor = hasFloor(session, pair);
   if (floor ? limit >= variance : limit <= variance) {
-    // The text asks for a greater value also where a smaller one is needed; on purpose.
+    // The text asks for a greater value also where a smaller one is needed; the manual quotes it.
     messages.warning("Illegal value ymax ! Note:  legal value >  " +
                      session.variance(pair.variable).toText());
     return false;
@@ -80,7 +80,7 @@ bool Command4_Click(Fit& fit, std::string& caption) {
   if (!requireFile(fit)) return false;
   Session& session = fit.session;
   session.setCurrent(chosenPair(fit));
-  // The direction is that of the last drawing, not the one just taken; on purpose.
+  // The caption tells of the plot drawn last, while the legend goes to the pair just taken.
   caption = "Variogram  (" + session.dirname(session.plotdir) + ")";
   return true;
 }

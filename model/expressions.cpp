@@ -14,8 +14,8 @@ struct ExpressionRow {
   std::string_view byTipo;  ///< written by tipo1 to tipo4, which never choose "-"
 };
 
-// The two columns differ on purpose, blanks, squares and "(h3/a)" included: what is read tells how
-// the line was reached. The curve never depends on them.
+// The two columns differ, blanks, squares and "(h3/a)" included: what is read tells how the line
+// was reached. The curve never depends on them.
 constexpr std::array<ExpressionRow, 15> kExpressions{{
     {Line::first, "-", "Model  expression", ""},
     {Line::first, "E", "C1*(1-exp(-3h/a1))", "C1*(1-exp(-3h/a1))"},

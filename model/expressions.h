@@ -8,7 +8,7 @@
 namespace zevfit {
 
 /// Who writes the expression: the option of the line or the option of the model. Their texts
-/// differ on purpose.
+/// differ, so that what is read tells how the line was reached.
 enum class ExpressionBy { est, tipo };
 
 /// The expression of a structure with a letter; nothing for a pair that has none.

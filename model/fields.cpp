@@ -12,7 +12,7 @@ namespace zevfit {
 namespace {
 
 constexpr const char* kTotalPattern = "#####.###";
-/// A boolean in words is no number of a sill; as a whole text it is refused.
+/// This word as the whole text is refused as a sill.
 constexpr const char* kRefusedWord = "False";
 /// No handler writes this caption, so the check of the field stays silent; the limit that works is
 /// the one of the sampled model.

@@ -19,8 +19,8 @@ namespace zevfit {
 void keepFormat(Session& session);
 /// Puts them back.
 void restoreFormat(Session& session);
-/// The button for the default options; its patterns are not those of the program's start, on
-/// purpose.
+/// The button for the default options. Its patterns are its own, not those of the program's start,
+/// so that plots tell which of the two was used.
 void setDefaultFormat(Session& session);
 
 /// Asks for the font of row 0 to 2 until it is a legal one, and takes it; false on Cancel, at which
@@ -34,7 +34,7 @@ std::optional<std::string> patternFault(const std::array<std::string, 2>& patter
 /// The swatch that option 1 to 5 of the colours stands for.
 Colour& swatch(ColourSwatches& cores, std::size_t option);
 /// Asks for a colour and gives what the colour dialog then holds to the swatch of an option: after
-/// a Cancel the colour that it held before, on purpose.
+/// a Cancel the colour that it held before, so that a Cancel repeats the last choice.
 void chooseColour(ColourSwatches& cores, std::size_t option, StyleChooser& chooser, Colour& held);
 
 }  // namespace zevfit

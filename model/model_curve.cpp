@@ -32,7 +32,8 @@ constexpr std::array kFillRows{fillRow<spherical>, fillRow<exponential>, fillRow
                                fillRow<power>};
 
 /// What happens when the exponent of a power structure is above 2; the warnings count the lines
-/// from the nugget. The reset values, the order and the slider differ on purpose.
+/// from the nugget. Reset values, order and slider differ: on the order depends whether a drawing
+/// that the new text runs still sees a handle held.
 struct PowerRefusal {
   const char* warning;
   const char* resetText;
@@ -63,7 +64,8 @@ bool fillStructure(Fit& fit, Pair pair, Line structure) {
   const LineRef at = line(session, pair, structure);
   if (!at.isOn()) return true;
   const std::optional<Form> form = formOf(at.letter());
-  // The row of any other letter stays as it was, on purpose, and counts in the sum.
+  // The row of any other letter stays as it was and counts in the sum: the curve shows that line
+  // with the form that it had last.
   if (!form) return true;
   const bool isPower = form == Form::power;
   const double range = at.range().number();

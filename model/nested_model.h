@@ -33,7 +33,7 @@ inline double gaussian(double h, double sill, double range) {
   return sill * (1 - std::exp(-3 * std::pow(h / range, 2)));
 }
 
-/// h^a. The sill takes no part, on purpose: the panel shows this expression.
+/// h^a. The sill takes no part: this is the expression that the panel and the manual show.
 inline double power(double h, double /*sill*/, double exponent) { return std::pow(h, exponent); }
 
 struct Structure {

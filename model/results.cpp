@@ -63,7 +63,7 @@ class Filler {
 
   const Session& session_;
   std::int64_t variable_;
-  /// Never set back between directions, on purpose: one without structure 1 starts from it.
+  /// Never set back between directions: the last column of one without structure 1 starts from it.
   std::optional<Cell> largest_;
 };
 

@@ -16,7 +16,7 @@ namespace {
 
 struct LineRow {
   const char* sillLabel;       ///< Label18 by the line's option, and by models but the power one
-  const char* powerSillLabel;  ///< Label18 by the power model; its blanks differ on purpose
+  const char* powerSillLabel;  ///< Label18 by the power model; its blanks are part of it
   const char* rangeLabel;      ///< Label21
   Box box;
 };
@@ -50,7 +50,8 @@ void selectNugget(Fit& fit) {
   FitPanel& panel = fit.panel;
   panel.setCaption(Caption::label10, "C0");
   panel.setCaption(Caption::Label18, rowOf(Line::nugget).sillLabel);
-  // The slider of the sill is not touched: after a power structure it stays disabled, on purpose.
+  // The slider of the sill is not touched: after a power structure it stays disabled, and the
+  // nugget is typed or dragged until a structure with a sill is selected.
   panel.setEnabled(Control::Textc0, true);
   enableRange(panel, false);
   fit.session.sel = Line::nugget;
@@ -99,7 +100,7 @@ void giveForm(Fit& fit, Line structure, Form form) {
 }
 
 /// The boxes of structures 2 and 3 are not read: each click flips a state that all variables and
-/// directions share, so a flag can end opposite to its box. On purpose.
+/// directions share, so a flag can end opposite to its box. What is drawn and saved is the flag.
 int flipped(bool& state) {
   state = !state;
   return state ? 1 : 0;

@@ -12,7 +12,8 @@ namespace zevfit {
 
 namespace {
 
-// One map subtracts another constant than the other on purpose.
+// The two maps subtract different constants. On both depends on what value a range settles when its
+// line is shown, and so what a save writes.
 constexpr double kForwardOffset = 1e-05;
 constexpr double kBackwardOffset = 0.0001;
 

@@ -31,7 +31,7 @@ std::int16_t rangePosition(const RangeScale& scale, std::string_view text);
 /// The whole part of the same, as a drawing places the slider for a typed range.
 std::int16_t rangePositionWhole(const RangeScale& scale, std::string_view text);
 /// ((20 hmax - 1e-05) p) / ascale with the pattern "####.###". The way back subtracts 0.0001
-/// instead: the two are not exact inverses on purpose.
+/// instead, so the two are not exact inverses: both decide on what value a shown range settles.
 std::string rangeText(const RangeScale& scale, int position);
 
 /// Maximum of the range slider for a direction: Int(|20 hmax - 1e-05| 32000), within 1 to 32000.

@@ -13,7 +13,7 @@ EndSignals::EndSignals() {
   for (const int signal : {SIGTERM, SIGHUP, SIGINT}) sigaddset(&ends, signal);
   pthread_sigmask(SIG_BLOCK, &ends, &before_);
   descriptor_ = ::signalfd(-1, &ends, SFD_NONBLOCK | SFD_CLOEXEC);
-  // Without it nobody would take the signals up.
+  // Without the descriptor nobody would handle the signals: they end the process as before.
   if (descriptor_ < 0) pthread_sigmask(SIG_SETMASK, &before_, nullptr);
 }
 

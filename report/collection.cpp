@@ -50,7 +50,7 @@ void fillCell(Collection& reports, const PageGrid& grid, GridCell cell) {
       toInt16(static_cast<double>(session.curvar));
 }
 
-/// Nothing of the legend stays when a cell is empty, or is none.
+/// The legend is empty for an empty cell, and where there is no cell.
 void showCell(Collection& reports, GridCell cell) {
   const ReportTables& tables = reports.tables;
   const Session& session = reports.fit.session;

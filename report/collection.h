@@ -19,7 +19,7 @@ struct Collection {
   ReportTables tables{};
   int applied = 1;  ///< the number of columns that `grelha` draws (Label1)
   /// Width of the sheet over the columns of the report last selected or clicked; not over those
-  /// that "OK" has given it since, on purpose: plots then keep the width of the former grid.
+  /// that "OK" has given it since: until the next click plots are as wide as in the former grid.
   double platewidth = 0;
   PenState pen{};  ///< of the sheet under work
 };

@@ -42,7 +42,7 @@ class Cell {
   [[noreturn]] static void throwTypeMismatch();
 
   double number_ = 0;
-  /// Behind a pointer of its own, as a shared one by itself takes the room of two.
+  /// A pointer to a shared pointer, since that one alone takes the room of two.
   std::unique_ptr<const SharedText> text_;
 };
 

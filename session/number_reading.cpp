@@ -43,7 +43,7 @@ std::string_view unsignedPrefix(std::string_view text) {
   return text.substr(0, static_cast<std::size_t>(skipExponent(at, last) - first));
 }
 
-// The exponent of a number text as written, held back to what no text can make up for.
+// The exponent of a number text as written, cut where no text has the digits to outweigh it.
 std::int64_t writtenExponent(std::string_view exponent) {
   constexpr std::int64_t kBeyond = std::numeric_limits<std::int64_t>::max() / 2;
   if (exponent.empty()) return 0;

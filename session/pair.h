@@ -9,7 +9,7 @@ namespace zevfit {
 struct Pair {
   std::int64_t variable = 0, direction = 0;
 
-  /// The two subscripts the other way round, for the few reads that want them so on purpose.
+  /// The two subscripts the other way round, for reads that look at the cell of another pair.
   constexpr Pair exchanged() const { return {direction, variable}; }
   constexpr bool operator==(const Pair&) const = default;
 };

@@ -78,7 +78,8 @@ void addClasses(Session& session, std::int64_t slot, std::int64_t k, std::int64_
                     finite(session.gam({slot, direction}, lag) + added[at]));
   }
   session.hlag.copy({k, direction}, {slot, direction});
-  // Whichever variables are added, the numbers of pairs are those of the first one, on purpose.
+  // Whichever variables are added, the numbers of pairs are those of variable 1: they decide which
+  // classes of the sum a plot shows, and what its tags say.
   session.npairs.copy({1, direction}, {slot, direction});
 }
 
@@ -91,7 +92,8 @@ void addVariable(Session& session, std::int64_t slot, std::int64_t k, RunningBou
   session.variance(slot) = finite(session.variance(slot).number() + session.variance(k).number());
 }
 
-// The axis limits, the smallest semivariance and the fit state stay with their slots, on purpose.
+// The axis limits, the smallest semivariance and the fit state stay with their slots: a variable
+// that moves down takes over the axes and the models of the slot, and a save writes these for it.
 void moveSlot(Session& session, std::int64_t from, std::int64_t to) {
   for (std::int64_t direction = 1; direction <= session.ndir; ++direction) {
     session.hlag.copy({from, direction}, {to, direction});

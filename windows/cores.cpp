@@ -108,7 +108,7 @@ void cores::reject() {
   leave();
 }
 
-// The key that closes other windows does nothing here, since the close loses the colours.
+// Escape does nothing here: closing the window loses the colours.
 void cores::keyPressEvent(QKeyEvent* event) {
   if (event->key() != Qt::Key_Escape) QDialog::keyPressEvent(event);
 }

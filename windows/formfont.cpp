@@ -29,7 +29,7 @@ Formfont::Formfont(Fit& fit, PlotWindows& windows, StyleChooser& chooser, const 
 }
 
 Formfont::~Formfont() {
-  // No windows of its own are left whose end would call back.
+  // The end of the windows over this one must not call it any more.
   help_->closed = nullptr;
   colours_->closed = nullptr;
 }
@@ -65,7 +65,7 @@ void Formfont::open() {
   before_ = parentWidget()->focusWidget();
   parentWidget()->setEnabled(false);
   setEnabled(true);
-  // What follows stands for the activation that comes later.
+  // The call of activated() stands for the activation that comes later.
   ownAbove_ = true;
   show();
   raise();

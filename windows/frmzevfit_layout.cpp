@@ -113,7 +113,7 @@ void frmzevfit::layOut() {
   auto* classes = new QVBoxLayout(gridcabeca);
   classes->addWidget(gridresults);
   gridresults->setMinimumHeight(kLeastTable.height());
-  // Of its own, so that a long file name in the heading does not widen the window.
+  // Its own least width, so that a long file name in the heading does not widen the window.
   gridcabeca->setMinimumWidth(kLeastTable.width());
 
   auto* leaving = new QHBoxLayout;

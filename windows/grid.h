@@ -20,11 +20,11 @@ class Grid : public QTableWidget {
   /// a column without aligned points.
   qsizetype indent(int column, const QString& text) const;
   void setHeading(std::initializer_list<const char*> texts);
-  /// Shows a text in a row that the table has; no row, no text.
+  /// Shows a text in a row of the table; nothing for a row that it does not have.
   void setText(int row, int column, const QString& text);
   /// Shows a picture in the middle of a cell, with the words that stand for it.
   void setPicture(int row, int column, const QIcon& picture, const QString& words);
-  /// What a cell keeps under a role; a cell that never had anything keeps nothing.
+  /// The value of a cell under a role; an invalid one where none was ever set.
   QVariant data(int row, int column, int role) const;
   void setData(int row, int column, int role, const QVariant& value);
 

@@ -7,8 +7,8 @@
 
 namespace zevfit {
 
-/// Runs the handler with the entry at each choice: once where another entry comes on show, by whom
-/// ever, and where the user chooses the one on show again.
+/// Runs the handler with the entry at each choice: once where another entry comes on show, whoever
+/// changed it, and where the user chooses the one on show again.
 inline void onChoice(QComboBox& list, const std::function<void(int)>& handler) {
   // A user's change is told by both signals, one behind the other.
   const auto ran = std::make_shared<bool>(false);

@@ -199,7 +199,7 @@ void mdimod::mnuvoltar() {
 
 void mdimod::closeEvent(QCloseEvent* event) {
   event->ignore();
-  // Some window systems offer to close a window that takes no input.
+  // Some window systems let the user close a disabled window.
   if (!isEnabled()) return;
   guarded(faults_, [&] {
     saver_.closeFiles();

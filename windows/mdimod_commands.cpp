@@ -71,7 +71,7 @@ void mdimod::makeToolbar() {
     action->setObjectName(command.key);
     action->setToolTip(command.tip);
     action->setShortcuts(QKeySequence::listFromString(command.keys));
-    // By Tab alone: a click leaves the focus where it is.
+    // Tab reaches the button; a click leaves the focus where it is.
     if (QWidget* button = Toolbar1->widgetForAction(action); button && !action->isSeparator()) {
       button->setFocusPolicy(Qt::TabFocus);
       button->setAccessibleName(command.tip);
@@ -92,7 +92,7 @@ void mdimod::makeButtons() {
             [this, action = action] { guarded(faults_, [&] { (this->*action)(); }); });
 }
 
-// The toolkit has Ctrl+Tab alone.
+// Qt itself only has Ctrl+Tab.
 void mdimod::makeShortcuts() {
   connect(new QShortcut(QKeySequence("Ctrl+F6"), this), &QShortcut::activated, area_,
           &QMdiArea::activateNextSubWindow);

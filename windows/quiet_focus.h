@@ -16,8 +16,8 @@ inline bool isRealFocus(Qt::FocusReason reason) {
          reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
 }
 
-/// Keeps the keyboard focus where it is while plot windows come and go: a slider that is moved or a
-/// field that is typed in stays the one, also in a main window that is not the active one just now.
+/// Keeps the keyboard focus where it is while plot windows come and go: the slider that is moved or
+/// the field that is typed in keeps it, also while the main window is not the active one.
 class QuietFocus {
  public:
   explicit QuietFocus(const QWidget& window) : before_(window.window()->focusWidget()) {}

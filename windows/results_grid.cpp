@@ -113,7 +113,7 @@ class ResultsDelegate : public QStyledItemDelegate {
     option->displayAlignment = Qt::AlignVCenter | (name     ? Qt::AlignLeft
                                                    : number ? Qt::AlignRight
                                                             : Qt::AlignHCenter);
-    // Off the frame.
+    // A blank keeps the number off the frame around the cell.
     if (isButton(index)) option->text += kBlank;
     if (const auto marks = grid_->marks(index.row()); !marks.empty()) styleMarked(*option, marks);
   }

@@ -61,7 +61,7 @@ void testcruz::start() {
   focusBefore_ = mainWindow_.focusWidget();
   show();
   mainWindow_.setEnabled(false);
-  // What lies over a window is disabled with it.
+  // A window that lies over the main one is disabled with it.
   setEnabled(true);
   activateWindow();
   combovarp->setFocus();

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kDivisions = 5;
 constexpr double kTickBelow = 10, kTickAbove = 10;
-// A tick of the semivariance axis reaches further into the box than out of it, on purpose.
+// A tick of the semivariance axis reaches less far out of the box, where the numbers stand.
 constexpr double kTickOut = 5, kTickIn = 10;
 constexpr double kOriginShift = 50;
 constexpr double kSemivarianceRise = 80;

@@ -3,8 +3,8 @@
 namespace zevfit {
 
 /// Counts the drawings under way, one within the other by way of the fields and sliders that each
-/// sets. A slider whose one position is worth about the last decimal of its field may push itself
-/// on without end, which this ends with a Fault.
+/// sets. A slider whose one position is worth about the last decimal of its field may move itself
+/// again and again; this ends it with a Fault.
 class DrawingDepth {
  public:
   /// One drawing, for as long as it lives.

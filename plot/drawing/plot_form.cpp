@@ -3,8 +3,8 @@
 namespace zevfit {
 namespace {
 
-// On purpose not the pair's own cell: the legend looks at (direction, variable), while the line
-// itself follows (variable, direction).
+// Not the pair's own cell: the legend looks at (direction, variable), while the line itself follows
+// (variable, direction). A legend can so name a sill without a line, and leave one without a name.
 bool exchangedShowsSill(const Session& session, Pair pair) {
   return session.showsill(pair.exchanged());
 }

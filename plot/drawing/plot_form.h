@@ -15,8 +15,8 @@ struct TextForm {
 /// What one kind of picture of a plot has different from another.
 struct PlotForm {
   double discRadius = 0;  ///< data points and their legend symbol
-  /// Of the variable's name, which is centred by it; 0: the name ends where it would have its
-  /// middle, as wide as it is.
+  /// By this width the variable's name is centred; 0: the name, as wide as it really is, ends where
+  /// its middle would be.
   double nameCharacterWidth = 0;
   /// Whether the legend shows the sill.
   bool (*legendShowsSill)(const Session& session, Pair pair) = nullptr;

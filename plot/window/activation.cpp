@@ -8,15 +8,15 @@
 namespace zevfit {
 namespace {
 
-// The border goes to the nugget's handle alone, on purpose: the others keep the one they had.
+// The border goes to the nugget's handle alone: one of another line that was held still looks so.
 void freeHandles(Session& session, PlotWindow& window) {
   session.dragsel = {};
   window.setHandleBorder(Line::nugget, true);
   window.hideGuides();
 }
 
-// The two sides of the frame are exchanged on purpose: a window fits its picture so only where the
-// user has made it wider and lower by their difference, so that every other activation redraws.
+// The two sides of the frame are exchanged, so that a window fits its picture only where the user
+// has made it wider and lower by their difference: every other activation redraws.
 bool isUpToDate(const PlotWindow& window) {
   return window.width() - kFrameHeight == window.pictureWidth() &&
          window.height() - kFrameWidth == window.pictureHeight();

@@ -60,8 +60,8 @@ void estru_MouseDown(Session& session, FitPanel& panel, DirectionWindow& window,
   panel.selectLine(handle);
 }
 
-// A release of a handle that its press has freed takes it up again, on purpose: so a handle can be
-// held without a button down. The guides keep the lengths of the last press.
+// A release of a handle that its press has freed takes it up again: so a handle can be held without
+// a button down. The guides keep the lengths of the last press.
 void estru_MouseUp(Session& session, FitPanel& panel, DirectionWindow& window, Line handle,
                    MouseButton button) {
   if (held(session, handle)) {

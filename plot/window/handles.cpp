@@ -12,8 +12,8 @@ constexpr const char* kSillPattern = "#####.###";
 constexpr const char* kRangePattern = "####.###";
 
 // The nugget has no range and stands at three left margins. Structure 1 alone stands to the left of
-// its place, and structures 2 and 3 alone are placed on an axis that ends a margin earlier; all of
-// it on purpose: they jump to the mouse at the first move.
+// its place, and structures 2 and 3 alone are placed on an axis that ends a margin earlier. Only
+// the look depends on it: the first move of a drag takes each handle to the mouse.
 constexpr std::array<HandleForm, kLines.size()> kHandleForms{{
     {3 * PlotBox::xleft, PlotBox::xmargin, false},
     {std::nullopt, PlotBox::xmargin, true},

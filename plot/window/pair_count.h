@@ -20,7 +20,7 @@ bool isNearBox(const PlotBox& box, double x, double y);
 /// there is none. Throws Fault for a box of no width and for a distance that is a text.
 std::int64_t classAt(const Session& session, const PlotBox& box, double x, Pair pair);
 
-/// The text of the tag for a class: its number of pairs. Throws Fault for no class of the table.
+/// The tag's text for a class: its number of pairs. Throws Fault for a class outside the table.
 std::string pairCountText(const Session& session, Pair pair, std::int64_t lag);
 
 /// Tags a data point under the mouse with its number of pairs; redraws in every case. A fault

@@ -9,8 +9,9 @@
 namespace zevfit {
 namespace {
 
-/// The semivariance axis is that of the last drawing's pair, on purpose, the distance axis that of
-/// the current one. The picture counts with its border, as it does for the drawing.
+/// The semivariance axis is that of the last drawing's pair, the distance axis that of the current
+/// one: behind a change of plots a handle's height still follows the former plot. The picture
+/// counts with its border, as it does for the drawing.
 PlotMap placingMap(const Session& session, const DirectionWindow& window) {
   return {{window.pictureWidth(), window.pictureHeight()},
           session.xmax(session.current()),
@@ -28,7 +29,7 @@ void placeHandle(const Session& session, DirectionWindow& window, const PlotMap&
 
 void bringOutHandles(Session& session, Plotter& plotter, DirectionWindow& window) {
   hideHandles(window);
-  // Of the pair that was current until now, on purpose: a redraw keeps its typed range.
+  // Of the pair that was current until now: a redraw of it keeps its range.
   session.atyped(session.current()) = true;
   window.hideGuides();
   takeKey(session, window);

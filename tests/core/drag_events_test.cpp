@@ -16,12 +16,14 @@ using CellTable = PairTable<Cell> Session::*;
 constexpr CellTable kCells[] = {&Session::c0, &Session::c1, &Session::c2, &Session::c3,
                                 &Session::a1, &Session::a2, &Session::a3};
 
-/// A handle of the selected line is held.
-void hold(DragBench& bench, Line handle, DragAxis axis) {
-  bench.select(handle);
-  bench.held(handle) = true;
-  bench.window().drag.dragaxis = axis;
-}
+/// The handle of the selected line is held.
+struct HeldBench : DragBench {
+  HeldBench(Line handle, DragAxis axis) {
+    select(handle);
+    held(handle) = true;
+    window().drag.dragaxis = axis;
+  }
+};
 
 TEST(Drag, WritesTheOneParameterOfItsHandleAndAxis) {
   struct {
@@ -39,8 +41,7 @@ TEST(Drag, WritesTheOneParameterOfItsHandleAndAxis) {
   for (const auto& row : rows) {
     const std::string name = "handle " + std::to_string(indexOf(row.handle)) + ", axis " +
                              std::to_string(static_cast<int>(row.dragaxis));
-    DragBench bench;
-    hold(bench, row.handle, row.dragaxis);
+    HeldBench bench(row.handle, row.dragaxis);
     const Session before = bench.session;
     // (2868 - 3120) / (600 - 3120) * 10 = 1, (3234 - 800) / 4868 * 100 = 50.
     bench.moveTo(3234, 2868);
@@ -73,8 +74,7 @@ TEST(Drag, StopsAtTheEdgesOfTheBox) {
   };
   for (const auto& row : rows) {
     for (const DragAxis axis : {DragAxis::range, DragAxis::sill}) {
-      DragBench bench;
-      hold(bench, Line::first, axis);
+      HeldBench bench(Line::first, axis);
       bench.moveTo(row.x, row.y);
       const double written =
           axis == DragAxis::range ? bench.range(Line::first) : bench.sill(Line::first);
@@ -92,10 +92,9 @@ TEST(Drag, StopsAtTheEdgesOfTheBox) {
 
 TEST(Drag, ReachesTheEndsOfAnAxisBelowZeroExactly) {
   for (const double y : {1e6, -1e6}) {
-    DragBench bench;
+    HeldBench bench(Line::first, DragAxis::sill);
     bench.session.ymin(kPair) = -4.4321;
     bench.session.ymax(kPair) = 12.9876;
-    hold(bench, Line::first, DragAxis::sill);
     bench.moveTo(3234, y);
     // The texts are "-4.432", which is taken, and "12.988", which is above the axis: then the cell
     // stays, and the field shows it.
@@ -120,8 +119,7 @@ TEST(Drag, CellTakesTheValueAndTheFieldItsText) {
       {DragAxis::range, true, &Session::a1, 25.062, Field::a, "25.062"},
   };
   for (const auto& row : rows) {
-    DragBench bench;
-    hold(bench, Line::first, row.dragaxis);
+    HeldBench bench(Line::first, row.dragaxis);
     // The field's own handler stores what it reads for the selected line.
     if (!row.selected) bench.session.sel.reset();
     bench.moveTo(2020, 2489);
@@ -131,9 +129,7 @@ TEST(Drag, CellTakesTheValueAndTheFieldItsText) {
 }
 
 TEST(Drag, GivesZeroAsABarePoint) {
-  DragBench bench;
-  bench.select(Line::nugget);
-  bench.held(Line::nugget) = true;
+  HeldBench bench(Line::nugget, DragAxis::unset);
   bench.moveTo(2400, 4000);
   EXPECT_EQ(bench.panel.text(Field::c0), ".");
   EXPECT_EQ(bench.sill(Line::nugget), 0);
@@ -152,9 +148,8 @@ TEST(Drag, MovesPassAFreeHandleBy) {
 }
 
 TEST(Drag, MovesRedrawsAndShowsTheHandleInThisOrder) {
-  DragBench bench;
+  HeldBench bench(Line::second, DragAxis::range);
   bench.session.atyped(kPair) = true;
-  hold(bench, Line::second, DragAxis::range);
   bench.moveTo(3234, 1860);
   EXPECT_EQ(bench.window().calls, (Calls{"move 2 3234 1860", "draw", "Line1 at 3234",
                                          "Line2 at 1860", "handle 2 shown"}));
@@ -163,8 +158,7 @@ TEST(Drag, MovesRedrawsAndShowsTheHandleInThisOrder) {
 }
 
 TEST(Drag, KeepsShowmodelFromWritingBack) {
-  DragBench bench;
-  hold(bench, Line::first, DragAxis::sill);
+  HeldBench bench(Line::first, DragAxis::sill);
   bench.panel.setText(Field::a, "33");
   bench.session.a1(kPair) = 44;
   bench.moveTo(3234, 1860);
@@ -173,8 +167,7 @@ TEST(Drag, KeepsShowmodelFromWritingBack) {
 }
 
 TEST(Drag, MoveOverAHandleCountsFromItsCorner) {
-  DragBench bench;
-  hold(bench, Line::first, DragAxis::range);
+  HeldBench bench(Line::first, DragAxis::range);
   bench.window().handles[1].left = 2000;
   bench.window().handles[1].top = 1500;
   estru_MouseMove(bench.fit, bench.windows, bench.window(), Line::first, 17, 30.5);
@@ -189,8 +182,7 @@ TEST(Drag, MoveOverAHandleCountsFromItsCorner) {
 }
 
 TEST(Drag, AHandleOverWhichTheMouseMovesNeedNotBeTheHeldOne) {
-  DragBench bench;
-  hold(bench, Line::first, DragAxis::range);
+  HeldBench bench(Line::first, DragAxis::range);
   bench.window().handles[3].left = 3000;
   bench.window().handles[3].top = 1500;
   estru_MouseMove(bench.fit, bench.windows, bench.window(), Line::third, 234, 0);
@@ -217,8 +209,7 @@ TEST(Drag, AllHeldHandlesFollow) {
 }
 
 TEST(Drag, OfASillIsSeenAtOnceAfterOneWasTyped) {
-  DragBench bench;
-  hold(bench, Line::first, DragAxis::sill);
+  HeldBench bench(Line::first, DragAxis::sill);
   bench.session.c0typed(kPair) = true;
   bench.moveTo(3234, 1860);
   EXPECT_EQ(bench.sill(Line::first), 5);
@@ -229,8 +220,7 @@ TEST(Drag, OfASillIsSeenAtOnceAfterOneWasTyped) {
 }
 
 TEST(Drag, BoxIsInsideTheBorderOfThePicture) {
-  DragBench bench;
-  hold(bench, Line::first, DragAxis::range);
+  HeldBench bench(Line::first, DragAxis::range);
   bench.window().pictureBorder = 30;  // the box ends at 6408 - 800 and at 3660 - 600
   bench.moveTo(90000, 90000);
   EXPECT_EQ(bench.window().handles[1].left, 5608);
@@ -239,7 +229,7 @@ TEST(Drag, BoxIsInsideTheBorderOfThePicture) {
 }
 
 TEST(Drag, BoxAndParameterAreThoseOfTheCurrentPair) {
-  DragBench bench;
+  HeldBench bench(Line::first, DragAxis::range);
   constexpr Pair kOther{2, 1};
   MemoryPlotWindow& other = bench.window(kOther);
   other.setPictureSize(2000, 1700);  // its box goes from 800 to 1200 and from 600 to 1100
@@ -247,7 +237,6 @@ TEST(Drag, BoxAndParameterAreThoseOfTheCurrentPair) {
   bench.session.setCurrent(kOther);
   bench.session.xmax(kOther) = 40;
   bench.session.atyped(kOther) = bench.session.atyped(kPair) = true;
-  hold(bench, Line::first, DragAxis::range);
   bench.moveTo(900, 5000);
   EXPECT_EQ(bench.session.a1(kOther).number(), 10);  // 100 / 400 * 40
   EXPECT_EQ(bench.range(Line::first), 25);
@@ -260,8 +249,7 @@ TEST(Drag, BoxAndParameterAreThoseOfTheCurrentPair) {
 }
 
 TEST(Drag, HandleStaysHiddenInABoxOfNoSize) {
-  DragBench bench;
-  hold(bench, Line::first, DragAxis::range);
+  HeldBench bench(Line::first, DragAxis::range);
   bench.session.atyped(kPair) = true;
   bench.panel.setText(Field::a, "1");
   bench.window().setPictureSize(1500, 3720);  // from 800 to 700
@@ -282,9 +270,7 @@ TEST(Drag, FaultsPassToTheCaller) {
       {"overflow", [](DragBench& bench) { bench.session.xmax(kPair) = HUGE_VAL; }},
   };
   for (const auto& row : rows) {
-    DragBench bench;
-    bench.held(Line::first) = true;
-    bench.window().drag.dragaxis = DragAxis::range;
+    HeldBench bench(Line::first, DragAxis::range);
     row.spoil(bench);
     EXPECT_THROW(bench.moveTo(3000, 2000), Fault) << row.name;
   }

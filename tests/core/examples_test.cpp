@@ -188,7 +188,7 @@ TEST(MeuseFitted, IsWhatASaveWrites) {
   acceptLoad(session, file);
   test::ScriptedDialogs dialogs;
   ModelSaver(folder.path()).gravando(session, 7, dialogs);
-  ASSERT_EQ(dialogs.shown.back(), "plain: Models saved to file:" + file.string());
+  ASSERT_EQ(dialogs.shown.back(), test::savedBox(file.string()));
   EXPECT_EQ(contentOf(file), contentOf(example("meuse-fitted.zvm")));
 }
 

@@ -17,7 +17,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-const std::vector<std::string> kNoFile{"plain: Please select input data file (*.ZVM) first!"};
+const std::vector<std::string> kNoFile{test::kNoFileBox};
 
 class Fields : public testing::Test, protected FitFixture {
  protected:

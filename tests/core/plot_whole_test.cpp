@@ -3,111 +3,29 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/plot_bench.h"
+#include "tests/support/whole_plot.h"
 
 namespace zevfit {
 namespace {
 
-constexpr Stroke kFirstAxis{kText, 1, LineStyle::solid};
-constexpr Stroke kDotted{kGrid, 1, LineStyle::dotted};
-constexpr Stroke kTick{kText, 2, LineStyle::solid};
-
-void append(Operations& all, const Operations& more) {
-  all.insert(all.end(), more.begin(), more.end());
-}
-
-/// `width` is that of the pen that the picture had before; `titleX` depends on its earlier size.
-/// The legend is at 1080, 2280, 960, 1680, 2160, 2040, 1560, 1440 of 3012 parts of 3720.
-Operations legend(double titleX, int width) {
-  return {
-      ClearOf{kBackground},
-      TextOf{{titleX, 100}, "Semivariogram (45 0 NE)", kTitleFont, kText},
-      TextOf{{5868, 1333.865}, "Data", kLegendFont, kText},
-      TextOf{{5818, 2815.936}, "Model", kLegendFont, kText},
-      TextOf{{100, 300}, "g", kGammaFont, kText},
-      TextOf{{220, 300}, "(h)", kLegendFont, kText},
-      TextOf{{5668, 3270}, "h( )", kLegendFont, kText},
-      DiscOf{{6018, 1185.657}, 27, {kData, width, LineStyle::solid}, kData},
-      TextOf{{5718, 2074.9}, "   Sill", kLegendFont, kText},
-      // Four characters: 6468 - 400 - 4 * 75.
-      TextOf{{5768, 350}, "zinc", kLegendFont, kData},
-      LineOf{{5868, 2667.729}, {6168, 2519.522}, {kCurve, width, LineStyle::solid}},
-      LineOf{{5868, 1926.693}, {6168, 1778.486}, {kSill, width, LineStyle::solid}},
-  };
-}
-
-Operations axesAndGrid() {
-  return {
-      LineOf{{800, 600}, {800, 3120}, kFirstAxis},
-      LineOf{{800, 3120}, {5668, 3120}, kFirstAxis},
-      LineOf{{1773.6, 600}, {1773.6, 3120}, kDotted},
-      LineOf{{2747.2, 600}, {2747.2, 3120}, kDotted},
-      LineOf{{3720.8, 600}, {3720.8, 3120}, kDotted},
-      LineOf{{4694.4, 600}, {4694.4, 3120}, kDotted},
-      LineOf{{5668, 600}, {5668, 3120}, kDotted},
-      LineOf{{800, 600}, {5668, 600}, kDotted},
-      LineOf{{800, 1104}, {5668, 1104}, kDotted},
-      LineOf{{800, 1608}, {5668, 1608}, kDotted},
-      LineOf{{800, 2112}, {5668, 2112}, kDotted},
-      LineOf{{800, 2616}, {5668, 2616}, kDotted},
-      LineOf{{1773.6, 3110}, {1773.6, 3130}, kTick},
-      LineOf{{2747.2, 3110}, {2747.2, 3130}, kTick},
-      LineOf{{3720.8, 3110}, {3720.8, 3130}, kTick},
-      LineOf{{4694.4, 3110}, {4694.4, 3130}, kTick},
-      LineOf{{5668, 3110}, {5668, 3130}, kTick},
-      LineOf{{795, 600}, {810, 600}, kTick},
-      LineOf{{795, 1104}, {810, 1104}, kTick},
-      LineOf{{795, 1608}, {810, 1608}, kTick},
-      LineOf{{795, 2112}, {810, 2112}, kTick},
-      LineOf{{795, 2616}, {810, 2616}, kTick},
-  };
-}
-
-/// Patterns "####.#0" and "#0.#0 "; a number of n characters is n * 75 to the left of its place.
-Operations numbers() {
-  return {
-      TextOf{{750, 3120}, "0", kNumberFont, kText},
-      TextOf{{1398.6, 3120}, "20.00", kNumberFont, kText},
-      TextOf{{2372.2, 3120}, "40.00", kNumberFont, kText},
-      TextOf{{3345.8, 3120}, "60.00", kNumberFont, kText},
-      TextOf{{4319.4, 3120}, "80.00", kNumberFont, kText},
-      TextOf{{5218, 3120}, "100.00", kNumberFont, kText},
-      TextOf{{350, 520}, "10.00 ", kNumberFont, kText},
-      TextOf{{425, 1024}, "8.00 ", kNumberFont, kText},
-      TextOf{{425, 1528}, "6.00 ", kNumberFont, kText},
-      TextOf{{425, 2032}, "4.00 ", kNumberFont, kText},
-      TextOf{{425, 2536}, "2.00 ", kNumberFont, kText},
-  };
-}
-
-/// x = 800 + 48.68 h, y = 3120 - 252 gamma.
-Operations data() {
-  constexpr Stroke outline{kData, 2, LineStyle::solid};
-  return {
-      LineOf{{5668, 1860}, {800, 1860}, {kSill, 2, LineStyle::solid}},
-      DiscOf{{1286.8, 2616}, 27, outline, kData},
-      DiscOf{{2017, 2112}, 27, outline, kData},
-      DiscOf{{3234, 1104}, 27, outline, kData},
-      DiscOf{{4451, 1608}, 27, outline, kData},
-  };
-}
-
-/// The nugget of 2 at 100 distances; the first piece has no length.
-Operations curve() {
-  Operations pieces;
-  double from = 848.68;
-  for (int i = 1; i <= 100; ++i) {
-    const double to = 800 + 48.68 * i;
-    pieces.push_back(LineOf{{from, 2616}, {to, 2616}, {kCurve, 2, LineStyle::solid}});
-    from = to;
-  }
-  return pieces;
-}
-
-Operations wholePlot(double titleX, int width) {
-  Operations all = legend(titleX, width);
-  for (const Operations& part : {axesAndGrid(), numbers(), data(), curve()}) append(all, part);
-  return all;
+/// `pen` is the width of the pen that the picture had before; `titleX` depends on its earlier size.
+Operations wholePlot(double titleX, int pen) {
+  return operationsOf({.left = 0,
+                       .top = 0,
+                       .width = 6468,
+                       .height = 3720,
+                       .pen = pen,
+                       .ground = ClearOf{kBackground},
+                       .titleX = titleX,
+                       // Four characters: 6468 - 400 - 4 * 75.
+                       .nameX = 5768,
+                       .nameColour = kData,
+                       .title = kTitleFont,
+                       .caption = kLegendFont,
+                       .gamma = kGammaFont,
+                       .argument = kLegendFont,
+                       .distance = kLegendFont,
+                       .number = kNumberFont});
 }
 
 TEST(WholePlot, IsDrawnInItsOrder) {
@@ -115,6 +33,31 @@ TEST(WholePlot, IsDrawnInItsOrder) {
   bench.draw();
   // The title's 23 characters of 120 are centred on the width of the loaded picture, 5436.
   expectOperations(bench.operations(), wholePlot(1338, 1));
+}
+
+/// The places of some of them, worked out without the builder: the legend is at parts of 3012 of
+/// 3720, x = 800 + 48.68 h, y = 3120 - 252 gamma.
+TEST(WholePlot, HasItsPlaces) {
+  PlotBench bench;
+  bench.draw();
+  const Operations& all = bench.operations();
+  const std::vector<std::pair<std::size_t, Operation>> rows{
+      {2, TextOf{{5868, 1333.865}, "Data", kLegendFont, kText}},
+      {6, TextOf{{5668, 3270}, "h( )", kLegendFont, kText}},
+      {7, DiscOf{{6018, 1185.657}, 27, {kData, 1, LineStyle::solid}, kData}},
+      {11, LineOf{{5868, 1926.693}, {6168, 1778.486}, {kSill, 1, LineStyle::solid}}},
+      {14, LineOf{{1773.6, 600}, {1773.6, 3120}, {kGrid, 1, LineStyle::dotted}}},
+      {23, LineOf{{800, 2616}, {5668, 2616}, {kGrid, 1, LineStyle::dotted}}},
+      {28, LineOf{{5668, 3110}, {5668, 3130}, {kText, 2, LineStyle::solid}}},
+      {33, LineOf{{795, 2616}, {810, 2616}, {kText, 2, LineStyle::solid}}},
+      {35, TextOf{{1398.6, 3120}, "20.00", kNumberFont, kText}},
+      {40, TextOf{{350, 520}, "10.00 ", kNumberFont, kText}},
+      {45, LineOf{{5668, 1860}, {800, 1860}, {kSill, 2, LineStyle::solid}}},
+      {49, DiscOf{{4451, 1608}, 27, {kData, 2, LineStyle::solid}, kData}},
+      {51, LineOf{{848.68, 2616}, {897.36, 2616}, {kCurve, 2, LineStyle::solid}}},
+      {149, LineOf{{5619.32, 2616}, {5668, 2616}, {kCurve, 2, LineStyle::solid}}},
+  };
+  for (const auto& [at, expected] : rows) EXPECT_EQ(all.at(at), expected) << "operation " << at;
 }
 
 TEST(WholePlot, ComesAgainWithTheThickerPenAndItsTitleCentred) {

@@ -17,8 +17,7 @@ TEST(PlotGuard, SaysAtEachCallThatThereIsNoFile) {
   bench.session.loaded = false;
   bench.plotvariogram();
   bench.plotvariogram();
-  EXPECT_EQ(bench.dialogs.shown,
-            (std::vector<std::string>(2, {"plain: Please select input data file (*.ZVM) first!"})));
+  EXPECT_EQ(bench.dialogs.shown, (std::vector<std::string>(2, {test::kNoFileBox})));
   EXPECT_TRUE(bench.windows.windows.empty());
   EXPECT_EQ(bench.session.plotvar, 0);
   EXPECT_FALSE(bench.panel.ticked(Box::plot1));

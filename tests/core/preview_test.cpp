@@ -179,7 +179,7 @@ TEST(Preview, WithoutAFileSaysSoAndCountsAsFailed) {
   PreviewBench bench;
   bench.session.loaded = false;
   bench.show();
-  EXPECT_EQ(bench.dialogs.shown, Boxes{"plain: Please select input data file (*.ZVM) first!"});
+  EXPECT_EQ(bench.dialogs.shown, Boxes{test::kNoFileBox});
   EXPECT_TRUE(bench.running);
   EXPECT_TRUE(bench.picture.surface.operations.empty());
 }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "tests/support/report_bench.h"
+#include "tests/support/whole_plot.h"
 
 namespace zevfit {
 namespace {
@@ -20,109 +21,38 @@ constexpr double kWidth = 6954.8;
 /// What differs between a sheet of one or two columns and one of three.
 struct Type {
   float title, caption, argument, distance, numbers;
-  double argumentX, argumentY, distanceX, originX;
+  double argumentRight, argumentDown, distanceRight, originRight;
   double nameX;  ///< 100 + 6954.8 - 400 less 4 bold characters of 24 a point
 };
-const Type kLarge{11, 7, 7, 7, 8, 320, 1300, 6254.8, 800, 5982.8};
-const Type kSmall{7, 6, 4, 4, 5, 290, 1370, 6154.8, 850, 6078.8};
+const Type kLarge{11, 7, 7, 7, 8, 0, 0, 0, -50, 5982.8};
+const Type kSmall{7, 6, 4, 4, 5, -30, 70, -100, 0, 6078.8};
 
 Font face(const Font& of, float size) { return {of.name, size, true}; }
 
-void append(Operations& all, const Operations& more) {
-  all.insert(all.end(), more.begin(), more.end());
-}
-
-/// The legend is at 1080, 2280, 960, 1680, 2160, 2040, 1560, 1440 of 3012 parts of 4000.
-Operations legend(const Type& type, int width) {
-  const Font caption = face(kLegendFont, type.caption);
-  return {
-      BoxOf{{100, 1000}, kWidth, 4000, kWhite},
-      // The title's 23 characters of 120 in the window's label: 100 + 3477.4 - 1380.
-      TextOf{{2197.4, 1100}, "Semivariogram (45 0 NE)", face(kTitleFont, type.title), kText},
-      TextOf{{6454.8, 2434.263}, "Data", caption, kText},
-      TextOf{{6404.8, 4027.888}, "Model", caption, kText},
-      TextOf{{200, 1300}, "g", face(kGammaFont, type.caption), kText},
-      TextOf{{type.argumentX, type.argumentY}, "(h)", face(kLegendFont, type.argument), kText},
-      // 1000 + 4000 - 450 + 50
-      TextOf{{type.distanceX, 4600}, "h( )", face(kLegendFont, type.distance), kText},
-      DiscOf{{6604.8, 2274.9}, 27, {kData, width, LineStyle::solid}, kData},
-      TextOf{{6304.8, 3231.076}, "   Sill", caption, kText},
-      TextOf{{type.nameX, 1350}, "zinc", caption, kText},
-      LineOf{{6454.8, 3868.526}, {6754.8, 3709.163}, {kCurve, width, LineStyle::solid}},
-      LineOf{{6454.8, 3071.713}, {6754.8, 2912.351}, {kSill, width, LineStyle::solid}},
-  };
-}
-
-Operations axesAndGrid() {
-  constexpr Stroke axis{kText, 1, LineStyle::solid}, dotted{kGrid, 1, LineStyle::dotted},
-      tick{kText, 2, LineStyle::solid};
-  return {
-      LineOf{{900, 1600}, {900, 4400}, axis},
-      LineOf{{900, 4400}, {6254.8, 4400}, axis},
-      LineOf{{1970.96, 1600}, {1970.96, 4400}, dotted},
-      LineOf{{3041.92, 1600}, {3041.92, 4400}, dotted},
-      LineOf{{4112.88, 1600}, {4112.88, 4400}, dotted},
-      LineOf{{5183.84, 1600}, {5183.84, 4400}, dotted},
-      LineOf{{6254.8, 1600}, {6254.8, 4400}, dotted},
-      LineOf{{900, 1600}, {6254.8, 1600}, dotted},
-      LineOf{{900, 2160}, {6254.8, 2160}, dotted},
-      LineOf{{900, 2720}, {6254.8, 2720}, dotted},
-      LineOf{{900, 3280}, {6254.8, 3280}, dotted},
-      LineOf{{900, 3840}, {6254.8, 3840}, dotted},
-      LineOf{{1970.96, 4390}, {1970.96, 4410}, tick},
-      LineOf{{3041.92, 4390}, {3041.92, 4410}, tick},
-      LineOf{{4112.88, 4390}, {4112.88, 4410}, tick},
-      LineOf{{5183.84, 4390}, {5183.84, 4410}, tick},
-      LineOf{{6254.8, 4390}, {6254.8, 4410}, tick},
-      LineOf{{895, 1600}, {910, 1600}, tick},
-      LineOf{{895, 2160}, {910, 2160}, tick},
-      LineOf{{895, 2720}, {910, 2720}, tick},
-      LineOf{{895, 3280}, {910, 3280}, tick},
-      LineOf{{895, 3840}, {910, 3840}, tick},
-  };
-}
-
-/// A number of n characters is n * 75 to the left of its place, whatever its size; those of the
-/// distances are 20 below the axis.
-Operations numbers(const Type& type) {
-  const Font font = face(kNumberFont, type.numbers);
-  return {
-      TextOf{{type.originX, 4420}, "0", font, kText}, TextOf{{1595.96, 4420}, "20.00", font, kText},
-      TextOf{{2666.92, 4420}, "40.00", font, kText},  TextOf{{3737.88, 4420}, "60.00", font, kText},
-      TextOf{{4808.84, 4420}, "80.00", font, kText},  TextOf{{5804.8, 4420}, "100.00", font, kText},
-      TextOf{{450, 1520}, "10.00 ", font, kText},     TextOf{{525, 2080}, "8.00 ", font, kText},
-      TextOf{{525, 2640}, "6.00 ", font, kText},      TextOf{{525, 3200}, "4.00 ", font, kText},
-      TextOf{{525, 3760}, "2.00 ", font, kText},
-  };
-}
-
-Operations data() {
-  constexpr Stroke outline{kData, 2, LineStyle::solid};
-  return {
-      LineOf{{6254.8, 3000}, {900, 3000}, {kSill, 2, LineStyle::solid}},
-      DiscOf{{1435.48, 3840}, 27, outline, kData},
-      DiscOf{{2238.7, 3280}, 27, outline, kData},
-      DiscOf{{3577.4, 2160}, 27, outline, kData},
-      DiscOf{{4916.1, 2720}, 27, outline, kData},
-  };
-}
-
-/// The nugget of 2 at 100 distances; the first piece has no length.
-Operations curve() {
-  Operations pieces;
-  double from = 953.548;
-  for (int i = 1; i <= 100; ++i) {
-    const double to = 900 + 53.548 * i;
-    pieces.push_back(LineOf{{from, 3840}, {to, 3840}, {kCurve, 2, LineStyle::solid}});
-    from = to;
-  }
-  return pieces;
-}
-
-Operations wholePlot(const Type& type, int width) {
-  Operations all = legend(type, width);
-  for (const Operations& part : {axesAndGrid(), numbers(type), data(), curve()}) append(all, part);
-  return all;
+Operations wholePlot(const Type& type, int pen) {
+  return operationsOf({.left = 100,
+                       .top = 1000,
+                       .width = kWidth,
+                       .height = 4000,
+                       .pen = pen,
+                       .ground = BoxOf{{100, 1000}, kWidth, 4000, kWhite},
+                       // 23 characters of 120 in the window's label: 100 + 3477.4 - 1380.
+                       .titleX = 2197.4,
+                       .nameX = type.nameX,
+                       // Behind the legend's sill it keeps that colour.
+                       .nameColour = kText,
+                       .title = face(kTitleFont, type.title),
+                       .caption = face(kLegendFont, type.caption),
+                       .gamma = face(kGammaFont, type.caption),
+                       .argument = face(kLegendFont, type.argument),
+                       .distance = face(kLegendFont, type.distance),
+                       .number = face(kNumberFont, type.numbers),
+                       .argumentRight = type.argumentRight,
+                       .argumentDown = type.argumentDown,
+                       .distanceRight = type.distanceRight,
+                       .distanceDown = 50,
+                       .originRight = type.originRight,
+                       .numberDown = 20});
 }
 
 class PrintedPlot : public testing::Test {
@@ -146,6 +76,38 @@ class PrintedPlot : public testing::Test {
 
 TEST_F(PrintedPlot, OfOneColumnIsDrawnInItsOrder) {
   expectOperations(print(), wholePlot(kLarge, 1));
+}
+
+/// Places worked out without the builder: the legend is at parts of 3012 of 4000.
+TEST_F(PrintedPlot, HasItsPlaces) {
+  const Operations& all = print();
+  const Font caption = face(kLegendFont, 7), number = face(kNumberFont, 8);
+  const std::vector<std::pair<std::size_t, Operation>> rows{
+      {2, TextOf{{6454.8, 2434.263}, "Data", caption, kText}},
+      {5, TextOf{{320, 1300}, "(h)", caption, kText}},
+      // 1000 + 4000 - 450 + 50
+      {6, TextOf{{6254.8, 4600}, "h( )", caption, kText}},
+      {7, DiscOf{{6604.8, 2274.9}, 27, {kData, 1, LineStyle::solid}, kData}},
+      {11, LineOf{{6454.8, 3071.713}, {6754.8, 2912.351}, {kSill, 1, LineStyle::solid}}},
+      {14, LineOf{{1970.96, 1600}, {1970.96, 4400}, {kGrid, 1, LineStyle::dotted}}},
+      {28, LineOf{{6254.8, 4390}, {6254.8, 4410}, {kText, 2, LineStyle::solid}}},
+      {33, LineOf{{895, 3840}, {910, 3840}, {kText, 2, LineStyle::solid}}},
+      {34, TextOf{{800, 4420}, "0", number, kText}},
+      {35, TextOf{{1595.96, 4420}, "20.00", number, kText}},
+      {40, TextOf{{450, 1520}, "10.00 ", number, kText}},
+      {45, LineOf{{6254.8, 3000}, {900, 3000}, {kSill, 2, LineStyle::solid}}},
+      {49, DiscOf{{4916.1, 2720}, 27, {kData, 2, LineStyle::solid}, kData}},
+      {51, LineOf{{953.548, 3840}, {1007.096, 3840}, {kCurve, 2, LineStyle::solid}}},
+  };
+  for (const auto& [at, expected] : rows) EXPECT_EQ(all.at(at), expected) << "operation " << at;
+}
+
+TEST_F(PrintedPlot, OfThreeColumnsHasItsPlaces) {
+  bench_.giveColumns(3);
+  const Operations& all = print();
+  EXPECT_EQ(all.at(5), Operation(TextOf{{290, 1370}, "(h)", face(kLegendFont, 4), kText}));
+  EXPECT_EQ(all.at(6), Operation(TextOf{{6154.8, 4600}, "h( )", face(kLegendFont, 4), kText}));
+  EXPECT_EQ(all.at(34), Operation(TextOf{{850, 4420}, "0", face(kNumberFont, 5), kText}));
 }
 
 TEST_F(PrintedPlot, OfTwoColumnsIsDrawnAsThatOfOne) {
@@ -264,8 +226,7 @@ TEST_F(PrintedPlot, SelectsTheFirstStructureBehindALoadWithModels) {
 TEST_F(PrintedPlot, WithoutAFileSaysSo) {
   session().loaded = false;
   EXPECT_TRUE(print().empty());
-  EXPECT_EQ(bench_.dialogs.shown,
-            std::vector<std::string>{"plain: Please select input data file (*.ZVM) first!"});
+  EXPECT_EQ(bench_.dialogs.shown, std::vector<std::string>{test::kNoFileBox});
 }
 
 struct FaultRow {

@@ -20,8 +20,7 @@ TEST_F(RangeField, AsksForAFile) {
   select(Line::first);
   session.loaded = false;
   panel.setText(Field::a, "3");
-  EXPECT_EQ(dialogs.shown,
-            (std::vector<std::string>{"plain: Please select input data file (*.ZVM) first!"}));
+  EXPECT_EQ(dialogs.shown, (std::vector<std::string>{test::kNoFileBox}));
   EXPECT_EQ(number(&Session::a1), 1e-05);
   EXPECT_EQ(panel.text(Field::a), "3");
 }

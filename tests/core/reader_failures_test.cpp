@@ -7,16 +7,10 @@
 
 #include "files/variogram_reader.h"
 #include "session/numbers.h"
-#include "tests/support/variogram_text.h"
+#include "tests/support/writing.h"
 
-namespace zevfit {
+namespace zevfit::test {
 namespace {
-
-using test::classText;
-using test::kResetModel;
-using test::lines;
-using test::modelText;
-using test::sampleFile;
 
 /// One variable, direction and class in eleven tokens, before each of which the end is tested.
 const std::vector<std::string> kTokens = {"t",   "zevra1", "1",   "zinc", "1", "1",
@@ -30,8 +24,7 @@ std::string firstTokens(std::size_t count) {
 
 /// A session with a model from a file before.
 Session loaded() {
-  Session session;
-  EXPECT_TRUE(readVariogramBytes(sampleFile("zevra"), session));
+  Session session = sessionOf(sampleFile("zevra"));
   acceptLoad(session, "before.zvm");
   session.c0({1, 1}) = 8;
   session.setPlotted({2, 2});
@@ -246,4 +239,4 @@ TEST(ReaderText, InPlaceOfACountLeavesTheCount) {
 }
 
 }  // namespace
-}  // namespace zevfit
+}  // namespace zevfit::test

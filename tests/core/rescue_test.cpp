@@ -11,17 +11,10 @@
 #include "tests/support/scratch_folder.h"
 #include "tests/support/variogram_text.h"
 
-namespace zevfit {
+namespace zevfit::test {
 namespace {
 
 namespace fs = std::filesystem;
-using test::contentOf;
-using test::lines;
-using test::modelText;
-using test::putFile;
-using test::sampleFile;
-using test::ScratchFolder;
-
 /// A program folder, and a loaded file beside it.
 struct Desk {
   explicit Desk(const std::string& content = sampleFile("zevra")) {
@@ -46,12 +39,9 @@ TEST(Rescue, IsAWholeVariogramFile) {
   desk.session.use0({1, 2}) = 1;
   desk.session.c0({1, 2}) = 0.25;
   EXPECT_EQ(desk.rescue(), desk.kept);
-  const std::string unused =
-      lines({" 0 ", " 0 ", " 0 ", "-", " 0 ", " 1E-05 ", " 0 ", "-", " 0 ", " 1E-05 ",  //
-             " 0 ", "-", " 0 ", " 1E-05 "});
-  const std::string nugget =
-      lines({" 1 ", " 0.25 ", " 0 ", "-", " 0 ", " 1E-05 ", " 0 ", "-", " 0 ", " 1E-05 ",  //
-             " 0 ", "-", " 0 ", " 1E-05 "});
+  const std::string structures = times(lines({" 0 ", "-", " 0 ", " 1E-05 "}), 3);
+  const std::string unused = lines({" 0 ", " 0 "}) + structures;
+  const std::string nugget = lines({" 1 ", " 0.25 "}) + structures;
   const std::string bytes = contentOf(desk.kept);
   EXPECT_TRUE(bytes.starts_with("Flood plain\r\nzevRA1\r\n 2 \r\nzinc\r\nlead\r\n 2 \r\n 2 \r\n"));
   EXPECT_TRUE(bytes.ends_with(unused + nugget + unused + unused)) << bytes;
@@ -74,8 +64,8 @@ TEST(Rescue, BringsBackTheSessionWithWhatASaveDrops) {
   EXPECT_EQ(modelText(again, {2, 1}), "0 0 0 S 3.5 900 2 - 0 1E-05 0 - 0 1E-05");
   EXPECT_EQ(modelText(again, {1, 1}), "yes 0 0 - 0 1E-05 0 - 0 1E-05 0 - 0 1E-05");
   again.filetag = s.filetag;
-  EXPECT_EQ(test::dataText(again), test::dataText(s));
-  EXPECT_EQ(test::modelTexts(again), test::modelTexts(s));
+  EXPECT_EQ(dataText(again), dataText(s));
+  EXPECT_EQ(modelTexts(again), modelTexts(s));
 }
 
 TEST(Rescue, HoldsVariablesBeyondThoseOfTheFile) {
@@ -189,4 +179,4 @@ TEST(Rescue, IsToldOnce) {
 }
 
 }  // namespace
-}  // namespace zevfit
+}  // namespace zevfit::test

@@ -12,18 +12,10 @@
 #include "tests/support/scripted_dialogs.h"
 #include "tests/support/variogram_text.h"
 
-namespace zevfit {
+namespace zevfit::test {
 namespace {
 
 namespace fs = std::filesystem;
-using test::contentOf;
-using test::lines;
-using test::modelText;
-using test::putFile;
-using test::sampleFile;
-using test::ScratchFolder;
-using test::ScriptedDialogs;
-
 using Boxes = std::vector<std::string>;
 
 /// A program folder, and a loaded file in another one.
@@ -53,16 +45,16 @@ struct Desk {
   ModelSaver saver{folder / "program"};
 
   std::string question = "confirm: Save  current models to file: " + file.string();
-  std::string saved = "plain: Models saved to file:" + file.string();
-  std::string failed = "plain: Cannot save  models to file:\n-" + file.string();
-  std::string bad = "warning: Invalid Input Data File Format or empty File!";
+  std::string saved = savedBox(file.string());
+  std::string failed = notSavedBox(file.string());
+  std::string bad = kBadFileBox;
 };
 
 TEST(Save, WithoutAFileRefuses) {
   Desk desk;
   for (const char* name : {"", " ", "   "}) {
     desk.session.inputfile = name;
-    EXPECT_EQ(desk.save(), Boxes{"plain: Please select input data file (*.ZVM) first!"});
+    EXPECT_EQ(desk.save(), Boxes{kNoFileBox});
   }
   EXPECT_FALSE(fs::exists(desk.temporary));
 }
@@ -111,7 +103,7 @@ TEST(Save, ReloadGivesTheModelsInUse) {
   ASSERT_TRUE(readVariogramFile(desk.file, again));
   EXPECT_TRUE(again.hasmodel);
   EXPECT_EQ(modelText(again, {2, 1}), "1 0.125 0 - 0 0.0001 1 G 3.25 450 0 - 0 0.0001");
-  EXPECT_EQ(modelText(again, {1, 1}), "0 0 0 - 0 0.0001 0 - 0 0.0001 0 - 0 0.0001");
+  EXPECT_EQ(modelText(again, {1, 1}), unusedModelText());
 }
 
 TEST(Save, UnknownTagStaysAndHidesTheModels) {
@@ -123,7 +115,7 @@ TEST(Save, UnknownTagStaysAndHidesTheModels) {
   ASSERT_TRUE(readVariogramFile(desk.file, again));
   EXPECT_EQ(again.filetag, "mine");
   EXPECT_FALSE(again.hasmodel);
-  EXPECT_EQ(modelText(again, {1, 1}), test::kResetModel);
+  EXPECT_EQ(modelText(again, {1, 1}), kResetModel);
 }
 
 TEST(Save, DropsTheOldModelBlock) {
@@ -136,7 +128,7 @@ TEST(Save, DropsTheOldModelBlock) {
   desk.save();
   Session again;
   ASSERT_TRUE(readVariogramFile(desk.file, again));
-  EXPECT_EQ(modelText(again, {1, 1}), "0 0 0 - 0 0.0001 0 - 0 0.0001 0 - 0 0.0001");
+  EXPECT_EQ(modelText(again, {1, 1}), unusedModelText());
   EXPECT_EQ(modelText(again, {2, 2}), "1 5 1 S 6 7 1 E 8 9 1 G 10 11");
   EXPECT_TRUE(contentOf(desk.file).ends_with(" 1 \r\nG\r\n 10 \r\n 11 \r\n"));
 }
@@ -282,7 +274,7 @@ TEST(Save, OfTheTemporaryFileItselfLeavesIt) {
   desk.file = desk.temporary;
   desk.load(sampleFile("zevra"));
   const Boxes boxes = desk.save();
-  EXPECT_EQ(boxes.back(), "plain: Cannot save  models to file:\n-" + desk.temporary.string());
+  EXPECT_EQ(boxes.back(), notSavedBox(desk.temporary.string()));
   EXPECT_EQ(contentOf(desk.temporary), sampleFile("zevra"));
 }
 
@@ -313,7 +305,7 @@ TEST(Save, ThatCannotReplaceTheFileKeepsTheModelsInTheTemporaryFile) {
   fs::remove_all(folder);
   EXPECT_TRUE(whole);
   EXPECT_EQ(boxes, (Boxes{"confirm: Save  current models to file: " + file.string(),
-                          "plain: Cannot save  models to file:\n-" + file.string()}));
+                          notSavedBox(file.string())}));
   EXPECT_TRUE(contentOf(desk.temporary).starts_with("Flood plain\r\nzevRA1\r\n 2 \r\nzinc"));
 }
 
@@ -345,4 +337,4 @@ TEST(Save, KeepsALinkAndItsPermissions) {
 }
 
 }  // namespace
-}  // namespace zevfit
+}  // namespace zevfit::test

@@ -52,8 +52,8 @@ struct Desk {
   fs::path file = folder / "data/meuse.zvm";
   Session session;
   test::ScriptedDialogs dialogs;
-  std::string saved = "plain: Models saved to file:" + file.string();
-  std::string failed = "plain: Cannot save  models to file:\n-" + file.string();
+  std::string saved = test::savedBox(file.string());
+  std::string failed = test::notSavedBox(file.string());
 };
 
 /// Whether `check` holds in a process of a user whom permissions bind, as they don't bind root.
@@ -107,7 +107,7 @@ TEST(SaveInTheWorld, GoesThroughLinksOfLinks) {
   fs::create_symlink("data/second.zvm", first);
   fs::create_symlink("meuse.zvm", second);
   desk.session.inputfile = first;
-  EXPECT_EQ(desk.save(), "plain: Models saved to file:" + first.string());
+  EXPECT_EQ(desk.save(), test::savedBox(first.string()));
   EXPECT_TRUE(desk.isNew());
   EXPECT_EQ(fs::read_symlink(first), "data/second.zvm");
   EXPECT_EQ(fs::read_symlink(second), "meuse.zvm");

@@ -91,9 +91,7 @@ TEST(Saveini, TellsOfAFileThatCannotBeWrittenAndEnds) {
   for (const char* name : {"none", "taken"}) {
     ScriptedDialogs dialogs;
     EXPECT_TRUE(saveini(GraphStyle(), kPath, folder / name, 1, 1, dialogs)) << name;
-    EXPECT_EQ(dialogs.shown, (Boxes{"plain: Cannot save  session parameters to " +
-                                    (folder / name).string() + "\\zevFIT.INI"}))
-        << name;
+    EXPECT_EQ(dialogs.shown, (Boxes{test::noParametersBox((folder / name).string())})) << name;
   }
 }
 
@@ -102,8 +100,7 @@ TEST(Saveini, TellsOfItBehindTheQuestionToo) {
   ScriptedDialogs dialogs;
   dialogs.answers = {Answer::yes};
   EXPECT_TRUE(saveini(GraphStyle(), kPath, folder / "none", 0, 0, dialogs));
-  EXPECT_EQ(dialogs.shown, (Boxes{kQuestion, "plain: Cannot save  session parameters to " +
-                                                 (folder / "none").string() + "\\zevFIT.INI"}));
+  EXPECT_EQ(dialogs.shown, (Boxes{kQuestion, test::noParametersBox((folder / "none").string())}));
 }
 
 std::string family(const std::string& lastTwo) { return "1 2 3\r\n4,5,6\n-7.5 8E3 0 " + lastTwo; }

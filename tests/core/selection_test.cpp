@@ -226,9 +226,7 @@ TEST(SelectionGuards, AskForAFileAndDoNothingElse) {
       EXPECT_TRUE(fresh.dialogs.shown.empty()) << guard.name;
       continue;
     }
-    EXPECT_EQ(fresh.dialogs.shown,
-              (std::vector<std::string>{"plain: Please select input data file (*.ZVM) first!"}))
-        << guard.name;
+    EXPECT_EQ(fresh.dialogs.shown, (std::vector<std::string>{test::kNoFileBox})) << guard.name;
     EXPECT_TRUE(fresh.panel.calls.empty()) << guard.name;
     EXPECT_EQ(fresh.plotter.drawings, 0) << guard.name;
     EXPECT_EQ(fresh.session.sel, Line::first) << guard.name;

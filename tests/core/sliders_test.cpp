@@ -180,15 +180,31 @@ TEST_F(Sliders, AnEmptyAxisPassesToTheCaller) {
   EXPECT_THROW(showmodel(fit, kPair), Fault);
 }
 
-TEST_F(Sliders, MovingTheSillWritesItsFieldAndItsCell) {
-  for (const Line which : kLines) {
+TEST_F(Sliders, MovingOneWritesItsFieldAndItsCell) {
+  const auto expectWritten = [&](Slider slider, Field field, int position, const char* text,
+                                 Line which, const Cell& written) {
     select(which);
-    panel.setPosition(Slider::c0, 0);
+    panel.setPosition(slider, 0);
     plotter.drawings = 0;
-    panel.setPosition(Slider::c0, 8000);
-    EXPECT_EQ(panel.text(Field::c0), "2.5") << indexOf(which);
-    EXPECT_EQ(sill(which).number(), 2.5) << indexOf(which);
+    panel.setPosition(slider, position);
+    EXPECT_EQ(panel.text(field), text) << indexOf(which);
+    EXPECT_EQ(written.toText(), text) << indexOf(which);
     EXPECT_EQ(plotter.drawings, 1) << indexOf(which);
+  };
+  for (const Line which : kLines)
+    expectWritten(Slider::c0, Field::c0, 8000, "2.5", which, sill(which));
+  for (const Line which : kStructures)
+    expectWritten(Slider::a, Field::a, 200, "12.5", which, range(which));
+}
+
+TEST_F(Sliders, MovingOneDoesNothingWhileItsFieldDrives) {
+  select(Line::first);
+  typedSill() = typedRange() = true;
+  for (const auto& [slider, field] :
+       {std::pair(Slider::c0, Field::c0), std::pair(Slider::a, Field::a)}) {
+    panel.setText(field, "3");
+    panel.setPosition(slider, slider == Slider::c0 ? 8000 : 200);
+    EXPECT_EQ(panel.text(field), "3");
   }
 }
 
@@ -233,14 +249,6 @@ TEST_F(Sliders, MovingTheSillReachesBelowNoughtOnSuchAnAxis) {
   EXPECT_EQ(number(&Session::c1), -1.5);
 }
 
-TEST_F(Sliders, MovingTheSillDoesNothingWhileTheFieldDrives) {
-  select(Line::first);
-  typedSill() = true;
-  panel.setText(Field::c0, "3");
-  panel.setPosition(Slider::c0, 8000);
-  EXPECT_EQ(panel.text(Field::c0), "3");
-}
-
 TEST_F(Sliders, MovingTheSillAsksForNoFileItself) {
   session.loaded = false;
   panel.setPosition(Slider::c0, 8000);
@@ -257,18 +265,6 @@ TEST_F(Sliders, MovingTheSillFailsSilently) {
   EXPECT_TRUE(dialogs.shown.empty());
 }
 
-TEST_F(Sliders, MovingTheRangeWritesItsFieldAndItsCell) {
-  for (const Line which : kStructures) {
-    select(which);
-    panel.setPosition(Slider::a, 0);
-    plotter.drawings = 0;
-    panel.setPosition(Slider::a, 200);
-    EXPECT_EQ(panel.text(Field::a), "12.5") << indexOf(which);
-    EXPECT_EQ(range(which).number(), 12.5) << indexOf(which);
-    EXPECT_EQ(plotter.drawings, 1) << indexOf(which);
-  }
-}
-
 TEST_F(Sliders, TheRangeGoesFromNoughtToTheVeryEnd) {
   select(Line::first);
   panel.setPosition(Slider::a, 32000);
@@ -283,16 +279,7 @@ TEST_F(Sliders, MovingTheRangeAsksForAFile) {
   session.loaded = false;
   panel.setPosition(Slider::a, 200);
   EXPECT_EQ(panel.text(Field::a), "");
-  EXPECT_EQ(dialogs.shown,
-            (std::vector<std::string>{"plain: Please select input data file (*.ZVM) first!"}));
-}
-
-TEST_F(Sliders, MovingTheRangeDoesNothingWhileTheFieldDrives) {
-  select(Line::first);
-  typedRange() = true;
-  panel.setText(Field::a, "3");
-  panel.setPosition(Slider::a, 200);
-  EXPECT_EQ(panel.text(Field::a), "3");
+  EXPECT_EQ(dialogs.shown, (std::vector<std::string>{test::kNoFileBox}));
 }
 
 TEST_F(Sliders, MovingTheRangeFailsSilently) {

@@ -113,8 +113,7 @@ TEST_F(Thumbnail, EndsSilentlyAtAFault) {
 TEST_F(Thumbnail, WithoutAFileSaysSo) {
   session().loaded = false;
   EXPECT_TRUE(draw().empty());
-  EXPECT_EQ(bench_.dialogs.shown,
-            std::vector<std::string>{"plain: Please select input data file (*.ZVM) first!"});
+  EXPECT_EQ(bench_.dialogs.shown, std::vector<std::string>{test::kNoFileBox});
 }
 
 }  // namespace

@@ -25,6 +25,11 @@ Tokens all(TokenStream in, Take take) {
   return tokens;
 }
 
+template <std::size_t N, class Take>
+void expectTokens(const Case (&cases)[N], Take take) {
+  for (const Case& c : cases) EXPECT_EQ(all(TokenStream(c.bytes), take), c.tokens) << c.name;
+}
+
 TEST(TextToken, RunsToACommaOrALineEnd) {
   const Case cases[] = {
       {"nothing", "", {}},
@@ -50,8 +55,7 @@ TEST(TextToken, RunsToACommaOrALineEnd) {
       {"bytes above 127 and zero", std::string("\xE9\0\xFF", 3), {std::string("\xE9\0\xFF", 3)}},
       {"a number is a text too", " 1.5 2\n", {"1.5 2"}},
   };
-  for (const Case& c : cases)
-    EXPECT_EQ(all(TokenStream(c.bytes), &TokenStream::text), c.tokens) << c.name;
+  expectTokens(cases, &TokenStream::text);
 }
 
 TEST(TextToken, InQuotesRunsToTheNextQuote) {
@@ -71,8 +75,7 @@ TEST(TextToken, InQuotesRunsToTheNextQuote) {
       {"behind blanks", "  \"a\"", {"a"}},
       {"a quote inside a field is a letter", "a\"b,c\"", {"a\"b", "c\""}},
   };
-  for (const Case& c : cases)
-    EXPECT_EQ(all(TokenStream(c.bytes), &TokenStream::text), c.tokens) << c.name;
+  expectTokens(cases, &TokenStream::text);
 }
 
 TEST(NumberToken, EndsAtABlankCommaOrLineEnd) {
@@ -97,8 +100,7 @@ TEST(NumberToken, EndsAtABlankCommaOrLineEnd) {
       {"a text", "abc def", {"abc", "def"}},
       {"blanks alone", " \t \r\n", {}},
   };
-  for (const Case& c : cases)
-    EXPECT_EQ(all(TokenStream(c.bytes), &TokenStream::number), c.tokens) << c.name;
+  expectTokens(cases, &TokenStream::number);
 }
 
 TEST(TokenStream, EndsOnlyBehindTheLastByte) {

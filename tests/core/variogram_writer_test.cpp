@@ -10,19 +10,8 @@
 #include "tests/support/model_lines.h"
 #include "tests/support/writing.h"
 
-namespace zevfit {
+namespace zevfit::test {
 namespace {
-
-using test::kUnusedNugget;
-using test::kUnusedStructure;
-using test::lines;
-using test::MemorySink;
-using test::oldHeader;
-using test::oneClass;
-using test::sampleFile;
-using test::sessionOf;
-using test::times;
-using test::written;
 
 /// What is written behind the data of one class.
 std::string writtenModel(Session& from) {
@@ -42,95 +31,21 @@ TEST(Writer, TheNuggetHasNoLetter) {
 
 TEST(Writer, WritesTheWholeFile) {
   Session from = sessionOf(sampleFile("zevra"));
-  from.use0({1, 1}) = 1;
-  from.c0({1, 1}) = 0.25;
-  from.use1({1, 1}) = 1;
-  from.model1({1, 1}) = "S";
-  from.c1({1, 1}) = 4.5;
-  from.a1({1, 1}) = 300;
-  from.use2({2, 2}) = 1;
-  from.model2({2, 2}) = "E";
-  from.c2({2, 2}) = -0.5;
-  from.a2({2, 2}) = 1e-05;
-  from.use3({2, 2}) = 1;
-  from.model3({2, 2}) = "G";
-  from.c3({2, 2}) = 1e15;
-  from.a3({2, 2}) = 0.1 + 0.2;
-  EXPECT_EQ(written(from, 2), lines({"Flood plain",
-                                     "zevRA1",
-                                     " 2 ",
-                                     "zinc",
-                                     "lead",
-                                     " 2 ",
-                                     " 2 ",
-                                     "0;0",
-                                     "45;0",   //
-                                     " 5.5 ",  //
-                                     " 10            1             100 ",
-                                     " 20            7             200 ",  //
-                                     " 11            3             300 ",
-                                     " 21            2             400 ",  //
-                                     " 6.5 ",                              //
-                                     " 12            5             500 ",
-                                     " 22            6             600 ",  //
-                                     " 13            8             700 ",
-                                     " 23            9             800 ",  //
-                                     " 1 ",
-                                     " 0.25 ",
-                                     " 1 ",
-                                     "S",
-                                     " 4.5 ",
-                                     " 300 ",  //
-                                     " 0 ",
-                                     "-",
-                                     "0",
-                                     "0.0001",
-                                     " 0 ",
-                                     "-",
-                                     "0",
-                                     "0.0001",  //
-                                     " 0 ",
-                                     "0",
-                                     " 0 ",
-                                     "-",
-                                     "0",
-                                     "0.0001",  //
-                                     " 0 ",
-                                     "-",
-                                     "0",
-                                     "0.0001",
-                                     " 0 ",
-                                     "-",
-                                     "0",
-                                     "0.0001",  //
-                                     " 0 ",
-                                     "0",
-                                     " 0 ",
-                                     "-",
-                                     "0",
-                                     "0.0001",  //
-                                     " 0 ",
-                                     "-",
-                                     "0",
-                                     "0.0001",
-                                     " 0 ",
-                                     "-",
-                                     "0",
-                                     "0.0001",  //
-                                     " 0 ",
-                                     "0",
-                                     " 0 ",
-                                     "-",
-                                     "0",
-                                     "0.0001",  //
-                                     " 1 ",
-                                     "E",
-                                     "-0.5 ",
-                                     " 1E-05 ",
-                                     " 1 ",
-                                     "G",
-                                     " 1E+15 ",
-                                     " 0.3 "}));
+  setNugget(from, {1, 1}, 0.25);
+  setStructure(from, {1, 1}, Line::first, "S", 4.5, 300);
+  setStructure(from, {2, 2}, Line::second, "E", -0.5, 1e-05);
+  setStructure(from, {2, 2}, Line::third, "G", 1e15, 0.1 + 0.2);
+  const std::string data =
+      lines({"Flood plain", "zevRA1", " 2 ", "zinc", "lead", " 2 ", " 2 ", "0;0", "45;0", " 5.5 ",
+             " 10            1             100 ", " 20            7             200 ",
+             " 11            3             300 ", " 21            2             400 ", " 6.5 ",
+             " 12            5             500 ", " 22            6             600 ",
+             " 13            8             700 ", " 23            9             800 "});
+  const std::string first =
+      lines({" 1 ", " 0.25 ", " 1 ", "S", " 4.5 ", " 300 "}) + times(kUnusedStructure, 2);
+  const std::string last = std::string(kUnusedNugget) + kUnusedStructure +
+                           lines({" 1 ", "E", "-0.5 ", " 1E-05 ", " 1 ", "G", " 1E+15 ", " 0.3 "});
+  EXPECT_EQ(written(from, 2), data + first + unusedModel() + unusedModel() + last);
 }
 
 TEST(Writer, StartsFieldsInPrintZones) {
@@ -242,4 +157,4 @@ TEST(Writer, TextAsAFlagFails) {
 }
 
 }  // namespace
-}  // namespace zevfit
+}  // namespace zevfit::test

@@ -10,19 +10,8 @@
 #include "session/fault.h"
 #include "tests/support/writing.h"
 
-namespace zevfit {
+namespace zevfit::test {
 namespace {
-
-using test::kUnusedNugget;
-using test::kUnusedStructure;
-using test::lines;
-using test::MemorySink;
-using test::oldHeader;
-using test::oneClass;
-using test::sampleFile;
-using test::sessionOf;
-using test::times;
-using test::written;
 
 TEST(WriterOldFile, TagBecomesThatOfModelsWhereItIsKnown) {
   struct Row {
@@ -112,7 +101,7 @@ TEST(WriterOldFile, WritesTheVariablesListed) {
   EXPECT_EQ(three.substr(0, three.find(" 5.5 ")),
             lines({"Flood plain", "zevRA1", " 3 ", "zinc", "lead", "sum, of both", " 2 ", " 2 ",
                    "0;0", "45;0"}));
-  // Classes that were never filled are noughts.
+  // Classes that were never filled are zeros.
   EXPECT_NE(three.find(lines(
                 {" 12 ", " 10            6             100 ", " 20            13            200 ",
                  " 0             0             0 ", " 0             0             0 ", " 0 "})),
@@ -133,7 +122,7 @@ TEST(WriterOldFile, WithoutClassesWritesVariancesAndModels) {
   from.nclass = -5;
   EXPECT_EQ(written(from, 1),
             lines({"Flood plain", "zevRA1", " 1 ", "zinc", " 1 ", "-5 ", "0;0", " 2.5 "}) +
-                kUnusedNugget + times(kUnusedStructure, 3));
+                unusedModel());
 }
 
 TEST(WriterOldFile, CountsBeyondTheTablesFail) {
@@ -158,7 +147,7 @@ TEST(WriterOldFile, CountsBeyondTheTablesFail) {
   }
 }
 
-// A claim of a million classes over an empty file once filled the disk with noughts.
+// A claim of a million classes over an empty file once filled the disk with zeros.
 TEST(WriterOldFile, WritesAThousandClassesThatNoFileHasFilled) {
   Session from = oneClass();
   from.hlag.create(1000);
@@ -214,4 +203,4 @@ TEST(WriterOldFile, OldFileOfABlankMoreFailsOrPasses) {
 }
 
 }  // namespace
-}  // namespace zevfit
+}  // namespace zevfit::test

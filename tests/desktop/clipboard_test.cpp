@@ -6,9 +6,9 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <fstream>
 
 #include "tests/support/program.h"
+#include "tests/support/small_files.h"
 #include "windows/formod.h"
 
 namespace zevfit::test {
@@ -31,10 +31,8 @@ QByteArray foundByAnother(const char* form) {
 
 TEST(Clipboard, AnotherProgramPastesThePlot) {
   const QTemporaryDir folder;
-  const std::string path = folder.filePath("small.zvm").toStdString();
-  std::ofstream(path) << "small\nzevra\n1\nzinc\n1\n3\n0;0\n1\n10 0.5 9\n20 1.5 8\n30 2 7\n";
   Program program(folder.path().toStdString());
-  program.open(path);
+  program.openBytes(kOneDirection);
   program.trigger("k8");
   auto* plot = dynamic_cast<Formod*>(program.control<QMdiArea>("Area").activeSubWindow());
   ASSERT_NE(plot, nullptr);

@@ -7,16 +7,13 @@
 #include <QApplication>
 #include <iostream>
 
-#include "platform/end_signals.h"
-#include "tests/support/program.h"
+#include "tests/support/ended_program.h"
 
 int main(int count, char** values) {
   const zevfit::EndSignals signals;
   QApplication application(count, values);
   if (count != 3) return 2;
-  zevfit::test::Program program(values[1]);
-  const auto delivery =
-      signals.deliverTo([&](int signal) { program.window().endBySignal(signal); });
+  zevfit::test::EndedProgram program(values[1], signals);
   program.open(values[2]);
   program.session().use0({1, 1}) = 1;
   program.session().c0({1, 1}) = 0.25;

@@ -150,10 +150,3 @@ TEST_F(LongUse, PlotWindows) {
 
 }  // namespace
 }  // namespace zevfit::test
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
-}

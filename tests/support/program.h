@@ -12,6 +12,7 @@
 
 #include "files/orthogonality.h"
 #include "tests/support/recording_printer.h"
+#include "tests/support/scratch_folder.h"
 #include "tests/support/scripted_dialogs.h"
 #include "windows/mdimod.h"
 
@@ -27,7 +28,7 @@ class Program {
  public:
   /// Prints on `printer` or, without one, on a printer in memory.
   explicit Program(const std::filesystem::path& folder, Printer* printer = nullptr)
-      : window_(dialogs_, printer ? *printer : printer_, angleTest_, folder) {
+      : folder_(folder), window_(dialogs_, printer ? *printer : printer_, angleTest_, folder) {
     window_.loadIcons();
     window_.show();
     QApplication::processEvents();
@@ -75,6 +76,12 @@ class Program {
     if (!met) throw std::runtime_error("no modal window came up");
   }
 
+  /// Opens a file of these bytes, made in the program's folder.
+  void openBytes(const std::string& bytes) {
+    const std::filesystem::path path = folder_ / "small.zvm";
+    putFile(path, bytes);
+    open(path.string());
+  }
   /// Opens a file through the toolbar and accepts it in the data structure window.
   void open(const std::string& path) {
     dialogs_.files.push_back(path);
@@ -84,6 +91,7 @@ class Program {
   }
 
  private:
+  std::filesystem::path folder_;
   ScriptedDialogs dialogs_;
   RecordingPrinter printer_;
   AngleTest angleTest_;

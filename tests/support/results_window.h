@@ -8,7 +8,6 @@
 #include <QLineEdit>
 #include <QTableWidget>
 #include <QTest>
-#include <fstream>
 #include <functional>
 #include <string>
 #include <vector>
@@ -84,11 +83,9 @@ class OpenResults {
 class ResultsBench : public testing::Test {
  protected:
   ResultsBench() : program_(folder_.path()) {
-    const std::string path = (folder_ / "a.zvm").string();
-    std::ofstream(path, std::ios::binary)
-        << "t\nzevra\n2\nzinc\nlead\n3\n1\n0;0\n90;0\n0;90\n"
-           "1.5\n10 1 9\n10 1 9\n10 1 9\n2\n10 1 9\n10 1 9\n10 1 9\n";
-    program_.open(path);
+    program_.openBytes(
+        "t\nzevra\n2\nzinc\nlead\n3\n1\n0;0\n90;0\n0;90\n"
+        "1.5\n10 1 9\n10 1 9\n10 1 9\n2\n10 1 9\n10 1 9\n10 1 9\n");
     const double ranges[] = {100, 40, 25};
     for (int direction = 1; direction <= 3; ++direction) fit(direction, ranges[direction - 1]);
     shown().clear();

@@ -10,6 +10,19 @@
 
 namespace zevfit::test {
 
+// Boxes as they are kept, of which many tests meet one.
+inline const std::string kNoFileBox = "plain: Please select input data file (*.ZVM) first!";
+inline const std::string kBadFileBox = "warning: Invalid Input Data File Format or empty File!";
+inline std::string savedBox(const std::string& path) {
+  return "plain: Models saved to file:" + path;
+}
+inline std::string notSavedBox(const std::string& path) {
+  return "plain: Cannot save  models to file:\n-" + path;
+}
+inline std::string noParametersBox(const std::string& folder) {
+  return "plain: Cannot save  session parameters to " + folder + "\\zevFIT.INI";
+}
+
 /// Boxes that answer by a script and keep what they were asked, one line each: the kind, a colon
 /// and the text.
 class ScriptedDialogs : public Dialogs {

@@ -10,15 +10,17 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
-#include <QTimer>
 
 #include "files/variogram_reader.h"
 #include "tests/support/recording_host.h"
+#include "tests/support/run_to_end.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/support/structure_sample.h"
 #include "windows/frmzevfit.h"
 
 namespace zevfit {
+
+using test::runToEnd;
 
 /// The data structure window over the structure sample, with its controls by name.
 class StructureWindow {
@@ -98,16 +100,6 @@ class StructureWindow {
   /// The boxes shown since the last call.
   std::vector<std::string> shown() { return std::exchange(dialogs.shown, {}); }
   std::vector<std::string> calls() { return std::exchange(host.calls, {}); }
-
-  /// Runs the event loop for one action that must end the program; the exit code.
-  int runToEnd(const std::function<void()>& action) {
-    QTimer::singleShot(0, &window, [&] {
-      action();
-      // Reached with code 0 when the action did not end the program.
-      QTimer::singleShot(0, &window, [] { QCoreApplication::exit(0); });
-    });
-    return QApplication::exec();
-  }
 
   Session session = structureSample();
   test::ScriptedDialogs dialogs;

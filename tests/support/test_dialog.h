@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
-#include <fstream>
 
 #include "tests/support/coreg_sample.h"
 #include "tests/support/program.h"
+#include "tests/support/run_to_end.h"
+#include "tests/support/temporary_folder.h"
 #include "windows/testcruz.h"
 
 namespace zevfit::test {
@@ -21,15 +21,9 @@ inline const std::vector<const char*> kVariableLists{"combovarp", "combovarsec",
 inline const std::vector<const char*> kDirectionLists{"Combodmain", "Combodminor1", "Combodminor2"};
 
 /// The whole program with the dialog of the test of coregionalization.
-class TestDialog : public testing::Test {
+class TestDialog : public testing::Test, protected TemporaryFolder {
  protected:
-  TestDialog() : program_(folder_.path().toStdString()) {}
-
-  std::string write(const char* name, const std::string& bytes) {
-    std::string path = folder_.filePath(name).toStdString();
-    std::ofstream(path, std::ios::binary) << bytes;
-    return path;
-  }
+  TestDialog() : program_(folder()) {}
 
   /// Three variables with good models in three directions, for the sample choice.
   void openFile() {
@@ -96,16 +90,6 @@ class TestDialog : public testing::Test {
     return lines;
   }
 
-  /// The exit code of the program after an action that must end it; 0 when it did not.
-  static int runToEnd(const std::function<void()>& action) {
-    QTimer::singleShot(0, [&] {
-      action();
-      QTimer::singleShot(0, [] { QCoreApplication::exit(0); });
-    });
-    return QApplication::exec();
-  }
-
-  QTemporaryDir folder_;
   Program program_;
 };
 

@@ -2,14 +2,14 @@
 
 #include <QLabel>
 #include <QMdiArea>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
 #include <array>
-#include <fstream>
 
 #include "tests/support/model_lines.h"
 #include "tests/support/program.h"
+#include "tests/support/small_files.h"
+#include "tests/support/temporary_folder.h"
 #include "windows/formod.h"
 
 namespace zevfit::test {
@@ -17,23 +17,14 @@ namespace zevfit::test {
 /// The program with the plots of two directions, one below the other, the first one active; and a
 /// mouse that goes through the main window. Both have a nugget of 0.5 and a spherical structure of
 /// 1 and 15, on axes to 30 and 2.12.
-class TwoPlots {
+class TwoPlots : public TemporaryFolder {
  public:
-  TwoPlots() : program_(folder_.path().toStdString()) {
-    const std::string path = write("small.zvm",
-                                   "small\nzevra\n1\nzinc\n2\n3\n0;0\n90;0\n1\n10 0.5 9\n20 1.5 8\n"
-                                   "30 2 7\n10 0.25 9\n20 0.75 9\n30 1 9\n");
-    program_.open(path);
+  TwoPlots() : program_(folder()) {
+    program_.openBytes(kTwoDirections);
     for (const std::int64_t direction : {2, 1}) plotDirection(direction);
     for (QMdiSubWindow* window : area().subWindowList())
       plots_.at(window->windowTitle().startsWith("01,01") ? 0 : 1) = dynamic_cast<Formod*>(window);
     program_.trigger("k7");
-  }
-
-  std::string write(const char* name, const std::string& bytes) {
-    std::string path = folder_.filePath(name).toStdString();
-    std::ofstream(path, std::ios::binary) << bytes;
-    return path;
   }
 
   Program& program() { return program_; }
@@ -93,7 +84,6 @@ class TwoPlots {
     program_.window().plotvariogram();
   }
 
-  QTemporaryDir folder_;
   Program program_;
   std::array<Formod*, 2> plots_{};
 };

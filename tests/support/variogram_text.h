@@ -39,6 +39,21 @@ inline std::string modelText(const Session& session, Pair pair) {
   return text;
 }
 
+inline std::string times(std::string_view text, int count) {
+  std::string all;
+  for (int i = 0; i < count; ++i) all += text;
+  return all;
+}
+
+/// What a save writes for lines that are not used, with its line ends.
+inline constexpr const char* kUnusedNugget = " 0 \r\n0\r\n";
+inline constexpr const char* kUnusedStructure = " 0 \r\n-\r\n0\r\n0.0001\r\n";
+inline std::string unusedModel() { return kUnusedNugget + times(kUnusedStructure, 3); }
+
+/// The same as `modelText` has it: so many structures behind others, and a whole model.
+inline std::string unusedText(int structures) { return times(" 0 - 0 0.0001", structures); }
+inline std::string unusedModelText() { return "0 0" + unusedText(3); }
+
 /// The model of a pair after the reset.
 inline constexpr const char* kResetModel = "0 0 0 - 0 1E-05 0 - 0 1E-05 0 - 0 1E-05";
 

@@ -5,19 +5,12 @@
 #include <string>
 #include <string_view>
 
+#include "files/output_file.h"
 #include "files/variogram_reader.h"
 #include "files/variogram_writer.h"
 #include "tests/support/variogram_text.h"
 
 namespace zevfit::test {
-
-/// Keeps the bytes of a new file.
-class MemorySink : public ByteSink {
- public:
-  std::string bytes;
-
-  void write(std::string_view more) override { bytes += more; }
-};
 
 inline Session sessionOf(const std::string& bytes) {
   Session session;
@@ -39,15 +32,6 @@ inline std::string written(Session& session, std::int64_t variables,
   MemorySink sink;
   EXPECT_TRUE(composeVariogramFile(session, variables, old, sink));
   return sink.bytes;
-}
-
-inline constexpr const char* kUnusedNugget = " 0 \r\n0\r\n";
-inline constexpr const char* kUnusedStructure = " 0 \r\n-\r\n0\r\n0.0001\r\n";
-
-inline std::string times(std::string_view text, int count) {
-  std::string all;
-  for (int i = 0; i < count; ++i) all += text;
-  return all;
 }
 
 }  // namespace zevfit::test

@@ -98,10 +98,3 @@ INSTANTIATE_TEST_SUITE_P(Seeds, Users,
 
 }  // namespace
 }  // namespace zevfit::test
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
-}

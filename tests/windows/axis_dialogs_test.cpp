@@ -7,7 +7,6 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
-#include <fstream>
 
 #include "tests/support/program.h"
 #include "windows/formod.h"
@@ -20,10 +19,9 @@ using Boxes = std::vector<std::string>;
 class AxisWindows : public testing::Test {
  protected:
   AxisWindows() : program_(folder_.path().toStdString()) {
-    const std::string path = folder_.filePath("small.zvm").toStdString();
-    std::ofstream(path) << "small\nzevra\n1\nzinc\n2\n3\n0;0\n90;0\n"
-                           "1\n10 0.5 9\n20 1.5 9\n30 2 9\n10 0.25 9\n20 0.75 9\n40 1 9\n";
-    program_.open(path);
+    program_.openBytes(
+        "small\nzevra\n1\nzinc\n2\n3\n0;0\n90;0\n"
+        "1\n10 0.5 9\n20 1.5 9\n30 2 9\n10 0.25 9\n20 0.75 9\n40 1 9\n");
     program_.dialogs().shown.clear();
   }
 

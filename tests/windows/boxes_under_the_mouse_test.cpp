@@ -15,10 +15,10 @@
 #include <QWheelEvent>
 #include <QWindow>
 #include <cmath>
-#include <fstream>
 
 #include "tests/support/model_lines.h"
 #include "tests/support/program.h"
+#include "tests/support/small_files.h"
 #include "windows/formod.h"
 
 namespace zevfit::test {
@@ -29,9 +29,7 @@ using Boxes = std::vector<std::string>;
 class BoxesUnderTheMouse : public testing::Test {
  protected:
   BoxesUnderTheMouse() : program_(folder_.path().toStdString()) {
-    const std::string path = folder_.filePath("small.zvm").toStdString();
-    std::ofstream(path) << "small\nzevra\n1\nzinc\n1\n3\n0;0\n1\n10 0.5 9\n20 1.5 8\n30 2 7\n";
-    program_.open(path);
+    program_.openBytes(kOneDirection);
     program_.dialogs().shown.clear();
   }
 

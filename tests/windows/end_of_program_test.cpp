@@ -3,14 +3,14 @@
 #include <sys/resource.h>
 
 #include <QComboBox>
-#include <QTemporaryDir>
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 
 #include "files/output_file.h"
 #include "tests/support/program.h"
+#include "tests/support/small_files.h"
+#include "tests/support/temporary_folder.h"
 
 namespace zevfit::test {
 namespace {
@@ -37,19 +37,12 @@ class FullDisk {
   rlimit limit_{};
 };
 
-class EndOfProgram : public testing::Test {
+class EndOfProgram : public testing::Test, protected TemporaryFolder {
  protected:
-  std::string path(const char* name) { return folder_.filePath(name).toStdString(); }
-  std::string folder() { return folder_.path().toStdString(); }
-  void write(const char* name, const std::string& bytes) {
-    std::ofstream(path(name), std::ios::binary) << bytes;
-  }
   std::ptrdiff_t filesInFolder() {
     return std::distance(std::filesystem::directory_iterator(folder()), {});
   }
   bool kept() { return std::filesystem::exists(path("zevfit.ini")); }
-
-  QTemporaryDir folder_;
 };
 
 TEST_F(EndOfProgram, CancelKeepsTheProgramAsItWas) {
@@ -100,7 +93,7 @@ TEST_F(EndOfProgram, TheMenuEntryAsksWhateverTheFamilyFileSays) {
 }
 
 TEST_F(EndOfProgram, WhatIsKeptComesBackAtTheNextStart) {
-  write("small.zvm", "t\nzevra\n1\nv\n1\n1\n0;0\n1\n10 1 9\n");
+  write("small.zvm", kOneClass);
   {
     Program program(folder());
     program.open(path("small.zvm"));
@@ -127,9 +120,7 @@ TEST_F(EndOfProgram, AFolderInThePlaceOfItsFileIsToldAndTheProgramEnds) {
   Program program(folder());
   program.dialogs().answers = {Answer::yes};
   EXPECT_TRUE(program.window().close());
-  EXPECT_EQ(program.dialogs().shown,
-            (std::vector{kQuestion, "plain: Cannot save  session parameters to " + folder() +
-                                        "\\zevFIT.INI"}));
+  EXPECT_EQ(program.dialogs().shown, (std::vector{kQuestion, noParametersBox(folder())}));
   EXPECT_TRUE(std::filesystem::is_directory(path("zevfit.ini/full")));
 }
 
@@ -138,10 +129,7 @@ TEST_F(EndOfProgram, AFolderThatCannotBeWrittenIsToldAndTheProgramEnds) {
   Program program("/proc");
   program.dialogs().answers = {Answer::yes};
   EXPECT_TRUE(program.window().close());
-  EXPECT_EQ(
-      program.dialogs().shown,
-      (std::vector{kQuestion,
-                   std::string("plain: Cannot save  session parameters to /proc\\zevFIT.INI")}));
+  EXPECT_EQ(program.dialogs().shown, (std::vector{kQuestion, noParametersBox("/proc")}));
 }
 
 TEST_F(EndOfProgram, AFullDiskIsToldAndTheOldFileStaysWhole) {
@@ -157,9 +145,7 @@ TEST_F(EndOfProgram, AFullDiskIsToldAndTheOldFileStaysWhole) {
       else
         program.window().close();
     }
-    EXPECT_EQ(program.dialogs().shown,
-              (std::vector{kQuestion, "plain: Cannot save  session parameters to " + folder() +
-                                          "\\zevFIT.INI"}));
+    EXPECT_EQ(program.dialogs().shown, (std::vector{kQuestion, noParametersBox(folder())}));
     EXPECT_FALSE(program.window().isVisible()) << "the program ends all the same";
     EXPECT_EQ(readWhole(path("zevfit.ini")), old);
     EXPECT_EQ(filesInFolder(), 1) << "nothing half written beside it";
@@ -173,8 +159,7 @@ TEST_F(EndOfProgram, AFullDiskIsToldWithoutAQuestionToo) {
     const FullDisk full;
     EXPECT_TRUE(program.window().close());
   }
-  EXPECT_EQ(program.dialogs().shown,
-            std::vector{"plain: Cannot save  session parameters to " + folder() + "\\zevFIT.INI"});
+  EXPECT_EQ(program.dialogs().shown, std::vector{noParametersBox(folder())});
 }
 
 // Devices end neither the start nor the close in a wait, and a parameter file is not written into
@@ -190,9 +175,7 @@ TEST_F(EndOfProgram, DevicesInThePlaceOfBothFilesAreHarmless) {
     EXPECT_EQ(program.session().style.Formfont.formato[1], "####.#0") << device;
     program.dialogs().answers = {Answer::yes};
     EXPECT_TRUE(program.window().close());
-    EXPECT_EQ(program.dialogs().shown,
-              (std::vector{kQuestion, "plain: Cannot save  session parameters to " + folder() +
-                                          "\\zevFIT.INI"}))
+    EXPECT_EQ(program.dialogs().shown, (std::vector{kQuestion, noParametersBox(folder())}))
         << device;
     EXPECT_TRUE(std::filesystem::is_symlink(path("zevfit.ini"))) << device;
   }
@@ -209,21 +192,20 @@ TEST_F(EndOfProgram, AFolderInThePlaceOfTheFamilyFileLeavesTheQuestion) {
 // makes the next save fail; the request to close the program closes all files, also when cancelled.
 TEST_F(EndOfProgram, ClosingClosesWhatASaveLeftOpen) {
   for (const bool byMenu : {false, true}) {
-    write("small.zvm", "t\nzevra\n1\nv\n1\n1\n0;0\n1\n10 1 9\n");
+    write("small.zvm", kOneClass);
     Program program(folder());
     program.open(path("small.zvm"));
     write("small.zvm", "t\n");
     program.trigger("k11");
-    EXPECT_EQ(program.dialogs().shown.back(),
-              "warning: Invalid Input Data File Format or empty File!");
+    EXPECT_EQ(program.dialogs().shown.back(), kBadFileBox);
     if (byMenu)
       program.trigger("mnuvoltar");
     else
       EXPECT_FALSE(program.window().close());
     EXPECT_EQ(program.dialogs().shown.back(), kQuestion);
-    write("small.zvm", "t\nzevra\n1\nv\n1\n1\n0;0\n1\n10 1 9\n");
+    write("small.zvm", kOneClass);
     program.trigger("k11");
-    EXPECT_EQ(program.dialogs().shown.back(), "plain: Models saved to file:" + path("small.zvm"));
+    EXPECT_EQ(program.dialogs().shown.back(), savedBox(path("small.zvm")));
   }
 }
 

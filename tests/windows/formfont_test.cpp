@@ -9,9 +9,9 @@
 #include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
-#include <fstream>
 
 #include "tests/support/program.h"
+#include "tests/support/small_files.h"
 #include "windows/formod.h"
 
 namespace zevfit::test {
@@ -22,9 +22,7 @@ using Boxes = std::vector<std::string>;
 class FormatWindows : public testing::Test {
  protected:
   FormatWindows() : program_(folder_.path().toStdString()) {
-    const std::string path = folder_.filePath("small.zvm").toStdString();
-    std::ofstream(path) << "small\nzevra\n1\nzinc\n1\n3\n0;0\n1\n10 0.5 9\n20 1.5 9\n30 2 9\n";
-    program_.open(path);
+    program_.openBytes(kOneDirection);
     program_.dialogs().shown.clear();
   }
 

@@ -7,11 +7,11 @@
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
-#include <fstream>
 
 #include "platform/picture_box.h"
 #include "tests/support/model_lines.h"
 #include "tests/support/program.h"
+#include "tests/support/small_files.h"
 #include "windows/formod.h"
 
 namespace zevfit::test {
@@ -24,9 +24,7 @@ constexpr double kHighest = 2.12;  ///< of the axis
 class LongDrag : public testing::Test {
  protected:
   LongDrag() : program_(folder_.path().toStdString()) {
-    const std::string path = folder_.filePath("small.zvm").toStdString();
-    std::ofstream(path) << "small\nzevra\n1\nzinc\n1\n3\n0;0\n1\n10 0.5 9\n20 1.5 8\n30 2 7\n";
-    program_.open(path);
+    program_.openBytes(kOneDirection);
     setStructure(program_.session(), {1, 1}, Line::first, "S", 1, 15);
     program_.window().plotvariogram();
   }

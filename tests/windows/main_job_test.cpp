@@ -128,7 +128,7 @@ TEST_F(MainJob, OpensFitsSavesAndOpensAgain) {
   program_.dialogs().shown.clear();
   program_.trigger("k11");
   const std::vector<std::string> boxes{"confirm: Save  current models to file: " + path(),
-                                       "plain: Models saved to file:" + path()};
+                                       savedBox(path())};
   EXPECT_EQ(program_.dialogs().shown, boxes);
   EXPECT_EQ(firstDifference(readWhole(path()), expectedFile()), "");
 

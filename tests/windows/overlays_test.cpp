@@ -7,10 +7,10 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
-#include <fstream>
 
 #include "tests/support/model_lines.h"
 #include "tests/support/program.h"
+#include "tests/support/small_files.h"
 #include "windows/formod.h"
 
 namespace zevfit::test {
@@ -21,9 +21,7 @@ namespace {
 class Overlays : public testing::Test {
  protected:
   Overlays() : program_(folder_.path().toStdString()) {
-    const std::string path = folder_.filePath("small.zvm").toStdString();
-    std::ofstream(path) << "small\nzevra\n1\nzinc\n1\n3\n0;0\n1\n10 0.5 9\n20 1.5 8\n30 2 7\n";
-    program_.open(path);
+    program_.openBytes(kOneDirection);
     setNugget(session(), {1, 1}, 0.5);
     setStructure(session(), {1, 1}, Line::first, "S", 1, 15);
     program_.window().plotvariogram();

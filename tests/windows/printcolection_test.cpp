@@ -9,11 +9,11 @@
 #include <QProgressBar>
 #include <QSignalSpy>
 #include <QTabBar>
-#include <QTemporaryDir>
-#include <fstream>
 
 #include "platform/picture_box.h"
 #include "tests/support/full_report.h"
+#include "tests/support/small_files.h"
+#include "tests/support/temporary_folder.h"
 
 namespace zevfit::test {
 namespace {
@@ -22,21 +22,12 @@ using Boxes = std::vector<std::string>;
 
 /// The program with a file of two variables and two directions, the first pair plotted, and the
 /// print collection on show.
-class PrintCollection : public testing::Test {
+class PrintCollection : public testing::Test, protected TemporaryFolder {
  protected:
-  PrintCollection() : program_(folder_.path().toStdString()) {
-    program_.open(write("small.zvm",
-                        "small\nzevra\n2\nzinc\nlead\n2\n3\n0;0\n90;0\n"
-                        "1\n10 0.5 9\n20 1.5 9\n30 2 9\n10 0.25 9\n20 0.75 9\n30 1 9\n"
-                        "4\n10 1 9\n20 2 9\n30 3 9\n10 1 9\n20 2 9\n30 8 9\n"));
+  PrintCollection() : program_(folder()) {
+    program_.openBytes(kTwoVariables);
     reports_ = &openReports(program_);
     program_.dialogs().shown.clear();
-  }
-
-  std::string write(const char* name, const std::string& bytes) {
-    std::string path = folder_.filePath(name).toStdString();
-    std::ofstream(path, std::ios::binary) << bytes;
-    return path;
   }
 
   template <class Widget = QWidget>
@@ -69,7 +60,6 @@ class PrintCollection : public testing::Test {
   static constexpr QPoint kFirst{100, 80}, kSecond{100, 200};
   static constexpr QRect kFirstCell{3, 31, 200, 112}, kSecondCell{3, 152, 200, 112};
 
-  QTemporaryDir folder_;
   Program program_;
   QWidget* reports_;
 };

@@ -8,10 +8,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
-#include <fstream>
 
 #include "tests/support/model_lines.h"
 #include "tests/support/program.h"
+#include "tests/support/small_files.h"
 #include "windows/formod.h"
 
 namespace zevfit::test {
@@ -23,10 +23,7 @@ namespace {
 class RealMouse : public testing::Test {
  protected:
   RealMouse() : program_(folder_.path().toStdString()) {
-    const std::string path = folder_.filePath("small.zvm").toStdString();
-    std::ofstream(path) << "small\nzevra\n1\nzinc\n2\n3\n0;0\n90;0\n"
-                           "1\n10 0.5 9\n20 1.5 8\n30 2 7\n10 0.25 9\n20 0.75 9\n30 1 9\n";
-    program_.open(path);
+    program_.openBytes(kTwoDirections);
     for (const std::int64_t direction : {1, 2}) {
       setNugget(session(), {1, direction}, 0.5);
       setStructure(session(), {1, direction}, Line::first, "S", 1, 15);

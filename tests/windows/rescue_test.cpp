@@ -10,8 +10,7 @@
 
 #include "files/rescue.h"
 #include "files/variogram_reader.h"
-#include "platform/end_signals.h"
-#include "tests/support/program.h"
+#include "tests/support/ended_program.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/support/variogram_text.h"
 
@@ -86,10 +85,9 @@ TEST_F(Rescue, TakesTheVariablesOfTheDataStructureWindowWhileThatIsUp) {
 TEST_F(Rescue, SignalsEndTheProgramInTheEventLoop) {
   for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
     const EndSignals signals;
-    Program program(program_);
+    EndedProgram program(program_, signals);
     program.open(file_);
     program.session().c1({1, 1}) = signal;
-    const auto delivery = signals.deliverTo([&](int by) { program.window().endBySignal(by); });
     std::raise(signal);
     EXPECT_FALSE(keptAny()) << "outside the event loop nothing happens";
     QTimer::singleShot(kPatience, [] { QCoreApplication::exit(0); });
@@ -101,9 +99,8 @@ TEST_F(Rescue, SignalsEndTheProgramInTheEventLoop) {
 
 TEST_F(Rescue, ASignalEndsAlsoBehindAModalWindow) {
   const EndSignals signals;
-  Program program(program_);
+  EndedProgram program(program_, signals);
   program.open(file_);
-  const auto delivery = signals.deliverTo([&](int by) { program.window().endBySignal(by); });
   QTimer::singleShot(0, [&] { program.trigger("k2"); });
   QTimer::singleShot(0, [] { std::raise(SIGTERM); });
   EXPECT_EQ(QApplication::exec(), 128 + SIGTERM);

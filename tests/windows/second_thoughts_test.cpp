@@ -8,14 +8,14 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSlider>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
-#include <fstream>
 
 #include "files/output_file.h"
 #include "tests/support/model_lines.h"
 #include "tests/support/program.h"
+#include "tests/support/small_files.h"
+#include "tests/support/temporary_folder.h"
 #include "windows/formod.h"
 
 namespace zevfit::test {
@@ -23,22 +23,11 @@ namespace {
 
 using Boxes = std::vector<std::string>;
 
-class SecondThoughts : public testing::Test {
+class SecondThoughts : public testing::Test, protected TemporaryFolder {
  protected:
-  SecondThoughts() : program_(folder_.path().toStdString()) {}
+  SecondThoughts() : program_(folder()) {}
 
-  std::string write(const char* name, const std::string& bytes) {
-    std::string path = folder_.filePath(name).toStdString();
-    std::ofstream(path, std::ios::binary) << bytes;
-    return path;
-  }
-  /// Two variables, two directions and three classes; variances 1 and 4.
-  std::string smallFile() {
-    return write("small.zvm",
-                 "small\nzevra\n2\nzinc\nlead\n2\n3\n0;0\n90;0\n"
-                 "1\n10 0.5 9\n20 1.5 9\n30 2 9\n10 0.25 9\n20 0.75 9\n30 1 9\n"
-                 "4\n10 1 9\n20 2 9\n30 3 9\n10 1 9\n20 2 9\n30 8 9\n");
-  }
+  std::string smallFile() { return write("small.zvm", kTwoVariables); }
   /// One variable and direction, a class at `last`.
   std::string fileTo(const char* last) {
     return write("one.zvm", std::string("one\nzevra\n1\nv\n1\n1\n0;0\n1\n") + last + " 0.5 9\n");
@@ -83,7 +72,6 @@ class SecondThoughts : public testing::Test {
   Boxes& shown() { return program_.dialogs().shown; }
   Session& session() { return program_.session(); }
 
-  QTemporaryDir folder_;
   Program program_;
 };
 
@@ -92,7 +80,7 @@ TEST_F(SecondThoughts, ASumIsSavedByTheListAndIsOneOfTheFileAfterReload) {
   openWithSum(path);
   ASSERT_EQ(program_.control<QComboBox>("Combo2").count(), 3);
   program_.trigger("k11");
-  EXPECT_EQ(shown().back(), "plain: Models saved to file:" + path);
+  EXPECT_EQ(shown().back(), savedBox(path));
   const std::vector<std::string> lines = linesOf(path);
   // Title, tag, count, three names, directions and classes and their names, then for each variable
   // its variance and two times three classes.
@@ -131,7 +119,7 @@ TEST_F(SecondThoughts, ASaveBehindAFileThatWasNotAcceptedWritesNoVariable) {
   Boxes bytes;
   program_.dialogs().meanwhile = [&] { bytes.push_back(readWhole(path)); };
   program_.trigger("k11");
-  EXPECT_EQ(shown().back(), "plain: Models saved to file:" + path);
+  EXPECT_EQ(shown().back(), savedBox(path));
   EXPECT_EQ(bytes, (Boxes{old, saved})) << "asked, and told";
   EXPECT_EQ(readWhole(path), saved);
 }
@@ -149,8 +137,7 @@ TEST_F(SecondThoughts, ABadFileLeavesTheControlsAsTheyWere) {
     shown().clear();
     program_.dialogs().files = {write("bad.zvm", bytes)};
     program_.trigger("k1");
-    EXPECT_EQ(shown(), (Boxes{"open: Input Data File (*.ZVM)|*.ZVM",
-                              "warning: Invalid Input Data File Format or empty File!"}));
+    EXPECT_EQ(shown(), (Boxes{"open: Input Data File (*.ZVM)|*.ZVM", kBadFileBox}));
     const auto& variables = program_.control<QComboBox>("Combo2");
     ASSERT_EQ(variables.count(), 2) << bytes;
     EXPECT_EQ(variables.itemText(0), "zinc") << bytes;

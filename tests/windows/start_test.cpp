@@ -6,23 +6,17 @@
 #include <QLabel>
 #include <QMdiArea>
 #include <QRadioButton>
-#include <QTemporaryDir>
-#include <fstream>
 
 #include "tests/support/program.h"
+#include "tests/support/temporary_folder.h"
 #include "windows/formod.h"
 #include "windows/greeting.h"
 
 namespace zevfit::test {
 namespace {
 
-class Start : public testing::Test {
+class Start : public testing::Test, protected TemporaryFolder {
  protected:
-  std::string write(const char* name, const std::string& bytes) {
-    std::string path = folder_.filePath(name).toStdString();
-    std::ofstream(path, std::ios::binary) << bytes;
-    return path;
-  }
   /// zevfit.ini with a path and the first colour.
   void writeParameters(const std::string& path, const std::string& colour) {
     write("zevfit.ini", path + "\r\n" + colour +
@@ -30,9 +24,6 @@ class Start : public testing::Test {
                             "*####.#0*\r\nA\r\nTimes New Roman\r\n 10 \r\nB\r\nTimes New Roman\r\n"
                             " 7.8 \r\nC\r\nTimes New Roman\r\n 7.8 \r\n");
   }
-  std::string folder() { return folder_.path().toStdString(); }
-
-  QTemporaryDir folder_;
 };
 
 TEST_F(Start, GreetsOverTheMainWindow) {

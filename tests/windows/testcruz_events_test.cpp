@@ -172,16 +172,14 @@ TEST_F(TestDialog, AFileWithoutDirectionsEndsTheProgramToo) {
   openFile();
   session().ndir = 0;
   EXPECT_EQ(runToEnd([&] { openDialog(); }), kFatalExitCode);
-  EXPECT_EQ(program_.dialogs().shown.back(),
-            fatalBox("Invalid list position", folder_.path().toStdString()));
+  EXPECT_EQ(program_.dialogs().shown.back(), fatalBox("Invalid list position", folder()));
 }
 
 TEST_F(TestDialog, AFaultOfTheTestEndsTheProgram) {
   openFile();
   session().use0({1, 1}) = Cell::ofText("yes");
   EXPECT_EQ(runToEnd([&] { openDialog(); }), kFatalExitCode);
-  EXPECT_EQ(program_.dialogs().shown.back(),
-            fatalBox("Type mismatch", folder_.path().toStdString()));
+  EXPECT_EQ(program_.dialogs().shown.back(), fatalBox("Type mismatch", folder()));
   EXPECT_TRUE(program_.window().isEnabled());
   session().use0({1, 1}) = 1;
   openDialog();
