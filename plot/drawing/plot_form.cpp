@@ -4,9 +4,10 @@ namespace zevfit {
 namespace {
 
 // On purpose not the pair's own cell: the legend looks at (direction, variable), while the line
-// itself follows (variable, direction).
+// itself follows (variable, direction). Variables beyond the directions of the table have no such
+// cell: their legend shows no sill.
 bool exchangedShowsSill(const Session& session, Pair pair) {
-  return session.showsill(pair.exchanged());
+  return pair.variable < kDirectionSlots && session.showsill(pair.exchanged());
 }
 
 bool ownShowsSill(const Session& session, Pair pair) { return session.showsill(pair); }
