@@ -5,6 +5,8 @@
 #include <QScrollBar>
 #include <functional>
 
+#include "windows/quiet_focus.h"
+
 namespace zevfit {
 
 namespace {
@@ -30,15 +32,17 @@ class WithoutScrollBars {
   QMdiArea& area_;
 };
 
-Plots shownPlots(const QMdiArea& area) {
+Plots shownPlots(const QMdiArea& area, QMdiArea::WindowOrder order) {
   Plots shown;
-  for (QMdiSubWindow* window : area.subWindowList())
+  for (QMdiSubWindow* window : area.subWindowList(order))
     if (window->isVisible() && !window->isMinimized()) shown.append(window);
   return shown;
 }
 
-void arrange(QMdiArea& area, const std::function<void(const Plots&)>& layOut) {
-  Plots shown = shownPlots(area);
+void arrange(QMdiArea& area, QMdiArea::WindowOrder order,
+             const std::function<void(const Plots&)>& layOut) {
+  const QuietFocus focus(area);
+  Plots shown = shownPlots(area, order);
   QMdiSubWindow* active = area.currentSubWindow();
   {
     const WithoutScrollBars whole(area);
@@ -51,12 +55,19 @@ void arrange(QMdiArea& area, const std::function<void(const Plots&)>& layOut) {
 }  // namespace
 
 void cascadePlots(QMdiArea& area) {
-  arrange(area, [&area](const Plots& /*shown*/) { area.cascadeSubWindows(); });
+  // The active plot comes last, in front of the others.
+  constexpr auto kOrder = QMdiArea::ActivationHistoryOrder;
+  arrange(area, kOrder, [&area](const Plots& /*shown*/) {
+    const auto before = area.activationOrder();
+    area.setActivationOrder(kOrder);
+    area.cascadeSubWindows();
+    area.setActivationOrder(before);
+  });
 }
 
 void tilePlots(QMdiArea& area, Qt::Orientation along) {
   const bool sideBySide = along == Qt::Horizontal;
-  arrange(area, [&](const Plots& shown) {
+  arrange(area, QMdiArea::CreationOrder, [&](const Plots& shown) {
     const QSize room = area.viewport()->size();
     for (qsizetype i = 0; i < shown.size(); ++i) {
       const int count = static_cast<int>(shown.size());

@@ -29,7 +29,8 @@ void PlotWindowTable::showDrawn(Pair drawn) {
   const QuietFocus focus(area_);
   for (const auto& [pair, window] : std::exchange(waiting_, {})) {
     if (!window || !window->loaded() || window->isVisible()) continue;
-    if (pair == drawn) {
+    // One without a caption has not got far enough to have a pair.
+    if (pair == drawn && !window->caption().empty()) {
       window->appear();
     } else {
       waiting_.emplace_back(pair, window);
