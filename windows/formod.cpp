@@ -236,7 +236,7 @@ void Formod::takeSize() {
 void Formod::follow() {
   takeSize();
   if (fitting_ || !appeared() || !isVisible() || isMinimized()) return;
-  if (mdiArea()->currentSubWindow() != this) return;
+  if (!mdiArea() || mdiArea()->currentSubWindow() != this) return;
   if (Picture4->size() == form_->size()) return;
   guarded(faults_, [this] { activatePlotWindow(fit_, *this); });
 }
