@@ -47,6 +47,8 @@ bool counts(const QEvent& event, const QObject& on) {
   if (event.type() == QEvent::MouseButtonRelease)
     return isClick(event, static_cast<const QWidget&>(on));
   if (event.type() == QEvent::MouseButtonDblClick) return isOptionDoubleClick(event, on);
+  // In a window that is not the active one the wheel gives the focus without an event.
+  if (event.type() == QEvent::Wheel) return !static_cast<const QWidget&>(on).isActiveWindow();
   if (event.type() == QEvent::FocusIn)
     return isRealFocus(static_cast<const QFocusEvent&>(event).reason());
   return true;
@@ -67,6 +69,9 @@ void FitPanelWidgets::run(void (*handler)(Fit&)) {
 }
 
 void FitPanelWidgets::connectValues() {
+  // What the user changes in a field counts as a click into it, before the change is taken.
+  connect(Textc0, &QLineEdit::textEdited, this, [this] { run(Textc0_Click); });
+  connect(Texta, &QLineEdit::textEdited, this, [this] { run(Texta_Click); });
   connect(Textc0, &QLineEdit::textChanged, this, [this] { run(Textc0_Change); });
   connect(Texta, &QLineEdit::textChanged, this, [this] { run(Texta_Change); });
   connect(HScrollc0, &QSlider::valueChanged, this, [this] { run(HScrollc0_Change); });
@@ -105,6 +110,8 @@ void FitPanelWidgets::connectReactions() {
       {Labelvariance, QEvent::MouseButtonRelease, Labelvariance_Click},
       {HScrollc0, QEvent::FocusIn, HScrollc0_GotFocus},
       {HScrolla, QEvent::FocusIn, HScrolla_GotFocus},
+      {HScrollc0, QEvent::Wheel, HScrollc0_GotFocus},
+      {HScrolla, QEvent::Wheel, HScrolla_GotFocus},
       {Command5, QEvent::FocusIn, Command5_GotFocus},
       {est[0], QEvent::MouseMove, est1_MouseMove},
       {tipo[0], QEvent::MouseMove, tipo1_MouseMove},

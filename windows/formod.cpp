@@ -6,9 +6,11 @@
 #include <QLabel>
 #include <QLayout>
 #include <QMdiArea>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <utility>
 
+#include "plot/window/activation.h"
 #include "plot/window/direction_events.h"
 #include "windows/guide_line.h"
 #include "windows/quiet_focus.h"
@@ -68,9 +70,12 @@ Formod::Formod(Fit& fit, DirectionWindows& windows, const FaultReport& faults,
   for (QLabel* handle : estru) handle->setMouseTracking(true);
   keepFocusOnPicture();
   connect(this, &QMdiSubWindow::windowStateChanged, this, [this](auto /*before*/, auto now) {
-    if (now.testFlag(Qt::WindowActive)) return;
-    cut_ = std::exchange(down_, nullptr);
-    pressed_ = nullptr;
+    if (!now.testFlag(Qt::WindowActive)) {
+      cut_ = std::exchange(down_, nullptr);
+      pressed_ = nullptr;
+    }
+    // The toolkit sizes a window of another state while it is hidden.
+    follow();
   });
   for (QWidget* watched : std::initializer_list<QWidget*>{form_, Picture4, Label1, estru[0],
                                                           estru[1], estru[2], estru[3]})
@@ -109,6 +114,7 @@ GuideLine* Formod::makeGuide(const QString& name) {
 
 void Formod::load() {
   loaded_ = true;
+  appeared_ = false;
   setWindowState(Qt::WindowNoState);
   Picture4->move(0, 0);
   Form_Load(*this);
@@ -116,6 +122,8 @@ void Formod::load() {
 
 // The close of the window has closed its content too, which its own showing does not bring back.
 void Formod::appear() {
+  appeared_ = true;
+  const QScopedValueRollback fitting(fitting_, true);
   form_->show();
   show();
   fitFrame();
@@ -123,7 +131,11 @@ void Formod::appear() {
 
 void Formod::restore() {
   const QuietFocus focus(*this);
-  showNormal();
+  {
+    const QScopedValueRollback fitting(fitting_, true);
+    showNormal();
+  }
+  takeSize();
 }
 
 QSize Formod::nominalContent() const {
@@ -131,6 +143,7 @@ QSize Formod::nominalContent() const {
 }
 
 void Formod::setSize(double width, double height) {
+  const QScopedValueRollback fitting(fitting_, true);
   if (isMaximized() || isMinimized()) showNormal();
   width_ = std::max(width, kLeastContent.width() * kTwipsPerPixel + kFrameWidth);
   height_ = std::max(height, kLeastContent.height() * kTwipsPerPixel + kFrameHeight);
@@ -140,12 +153,11 @@ void Formod::setSize(double width, double height) {
 void Formod::fitFrame() {
   const QSize wanted = nominalContent();
   static_cast<Content*>(form_)->wanted = wanted;
-  fitting_ = true;
+  const QScopedValueRollback fitting(fitting_, true);
   adjustSize();
   layout()->activate();
   resize(size() + wanted - form_->size());
   layout()->activate();
-  fitting_ = false;
 }
 
 std::string Formod::caption() const { return caption_; }
@@ -210,11 +222,23 @@ void Formod::activateFormer() {
 
 void Formod::resizeEvent(QResizeEvent* event) {
   QMdiSubWindow::resizeEvent(event);
-  if (fitting_ || !isVisible() || isMinimized()) return;
+  follow();
+}
+
+void Formod::takeSize() {
+  if (fitting_ || !appeared() || isMinimized()) return;
   layout()->activate();
   if (form_->size() == nominalContent()) return;
   width_ = form_->width() * kTwipsPerPixel + kFrameWidth;
   height_ = form_->height() * kTwipsPerPixel + kFrameHeight;
+}
+
+void Formod::follow() {
+  takeSize();
+  if (fitting_ || !appeared() || !isVisible() || isMinimized()) return;
+  if (!mdiArea() || mdiArea()->currentSubWindow() != this) return;
+  if (Picture4->size() == form_->size()) return;
+  guarded(faults_, [this] { activatePlotWindow(fit_, *this); });
 }
 
 }  // namespace zevfit

@@ -30,11 +30,13 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
 
   /// The state of a window just loaded: nominal size, picture, pen and overlays as at the start.
   void load();
-  /// Loaded and not closed since; such a window is to be on show.
+  /// Loaded and not closed since.
   bool loaded() const { return loaded_; }
 
   /// Shows a loaded window in its nominal size.
   void appear();
+  /// Has appeared and was not closed since.
+  bool appeared() const { return loaded_ && appeared_; }
 
   bool visible() const override { return isVisible(); }
   bool minimised() const override { return isMinimized(); }
@@ -99,6 +101,11 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
   /// Gives the window the frame that leaves the content its nominal size.
   void fitFrame();
   QSize nominalContent() const;
+  /// Another size of the content, of whatever cause, becomes the nominal one.
+  void takeSize();
+  /// The same, and the picture of the current window follows; that of another one does so when it
+  /// is activated.
+  void follow();
 
   Fit& fit_;
   DirectionWindows& windows_;
@@ -115,7 +122,8 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
 
   double width_ = 0, height_ = 0;
   bool loaded_ = false;
-  bool fitting_ = false;
+  bool appeared_ = false;
+  bool fitting_ = false;  ///< the frame follows the nominal size, not the other way round
   PenState pen_;
   DragState drag_;
   std::array<double, 2> guideAt_{}, guideFrom_{}, guideTo_{};

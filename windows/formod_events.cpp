@@ -30,6 +30,22 @@ bool endsClick(const QMouseEvent& mouse, const QWidget& on, const QWidget* press
   return pressed == &on && on.rect().contains(mouse.position().toPoint());
 }
 
+/// Events of the content end there: those of a handle that its own move has shifted would reach the
+/// frame at a wrong place, and a drag would go on over the edge. The frame alone sees the mouse
+/// pass over the rest, at which its buttons lose their look.
+bool endsInContent(const QEvent& event, bool onHandle) {
+  switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonRelease:
+      return true;
+    case QEvent::MouseMove:
+      return onHandle || static_cast<const QMouseEvent&>(event).buttons() != Qt::NoButton;
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 bool Formod::eventFilter(QObject* watched, QEvent* event) {
@@ -41,8 +57,7 @@ bool Formod::eventFilter(QObject* watched, QEvent* event) {
     if (watched == form_ && event->type() == QEvent::MouseButtonRelease)
       Form_Click(fit_.session, *this);
   });
-  // A release ends here, so that the ground below does not take it for a click on itself.
-  if (watched != form_ && event->type() == QEvent::MouseButtonRelease) return true;
+  if (endsInContent(*event, handle != estru.end())) return true;
   return QMdiSubWindow::eventFilter(watched, event);
 }
 

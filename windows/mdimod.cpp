@@ -24,6 +24,7 @@
 #include "plot/window/zoom.h"
 #include "session/numbers.h"
 #include "session/policy.h"
+#include "windows/arrangement.h"
 #include "windows/controls.h"
 #include "windows/cutgraph.h"
 #include "windows/fit_panel_widgets.h"
@@ -281,27 +282,11 @@ void mdimod::showReports() { reports().open(); }
 
 void mdimod::mnuabout2() { about().showCentred(); }
 
-void mdimod::mnucascade() { area_->cascadeSubWindows(); }
+void mdimod::mnucascade() { cascadePlots(*area_); }
 
-void mdimod::mnuvertical() { tile(true); }
+void mdimod::mnuvertical() { tilePlots(*area_, Qt::Horizontal); }
 
-void mdimod::mnuhorizontal() { tile(false); }
-
-void mdimod::tile(bool sideBySide) {
-  QList<QMdiSubWindow*> shown;
-  for (QMdiSubWindow* window : area_->subWindowList())
-    if (window->isVisible() && !window->isMinimized()) shown.append(window);
-  const QSize room = area_->viewport()->size();
-  for (qsizetype i = 0; i < shown.size(); ++i) {
-    const int count = static_cast<int>(shown.size());
-    const int at = static_cast<int>(i);
-    const QSize part = sideBySide ? QSize(room.width() / count, room.height())
-                                  : QSize(room.width(), room.height() / count);
-    shown[i]->showNormal();
-    shown[i]->setGeometry(
-        QRect(sideBySide ? QPoint(at * part.width(), 0) : QPoint(0, at * part.height()), part));
-  }
-}
+void mdimod::mnuhorizontal() { tilePlots(*area_, Qt::Vertical); }
 
 void mdimod::clearVariables() { panel_->fillList(List::Combo2, {}); }
 
@@ -337,8 +322,9 @@ void mdimod::plotvariogram() {
   // A window appears once it is loaded, also when its drawing fails.
   struct Appearance {
     PlotWindowTable& windows;
-    ~Appearance() { windows.showLoaded(); }
-  } const appearance{*windows_};
+    Pair subject;
+    ~Appearance() { windows.showDrawn(subject); }
+  } const appearance{*windows_, session_.current()};
   const DrawingDepth::Level level(depth_);
   zevfit::plotvariogram(*fit_, *windows_);
 }

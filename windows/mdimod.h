@@ -111,7 +111,6 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   void openFormat();
   void openTest();
   printcolection& reports();
-  void tile(bool sideBySide);
   bool chooseFile(std::string& path);
   /// Writes the models into the program's folder, as a program that must end does; the path.
   std::optional<std::string> keepModels();

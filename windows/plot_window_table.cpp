@@ -15,24 +15,25 @@ Formod& PlotWindowTable::plotwin(Pair pair) {
   }
   if (!window->loaded()) {
     window->load();
-    waiting_.push_back(window);
+    waiting_.emplace_back(pair, window);
   }
   return *window;
 }
 
 bool PlotWindowTable::isOpen(Pair pair) const {
   const QPointer<Formod>& window = windows_(pair);
-  return window && window->loaded();
+  return window && window->appeared();
 }
 
-void PlotWindowTable::showLoaded() {
+void PlotWindowTable::showDrawn(Pair drawn) {
   const QuietFocus focus(area_);
-  for (const QPointer<Formod>& window : std::exchange(waiting_, {})) {
+  for (const auto& [pair, window] : std::exchange(waiting_, {})) {
     if (!window || !window->loaded() || window->isVisible()) continue;
-    if (window->caption().empty()) {
-      waiting_.push_back(window);
-    } else {
+    // One without a caption has not got far enough to have a pair.
+    if (pair == drawn && !window->caption().empty()) {
       window->appear();
+    } else {
+      waiting_.emplace_back(pair, window);
     }
   }
 }

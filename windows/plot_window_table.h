@@ -23,9 +23,9 @@ class PlotWindowTable : public DirectionWindows {
   Formod& plotwin(Pair pair) override;
   bool isOpen(Pair pair) const override;
 
-  /// Shows windows that were drawn and have not appeared; the focus stays where it is. One that has
-  /// served to measure a title alone has no caption yet, and waits for its drawing.
-  void showLoaded();
+  /// Shows the window of a pair that was drawn, unless it is on show; the focus stays where it is.
+  /// Those that have served a preview or the measuring of a title wait for a drawing of their own.
+  void showDrawn(Pair drawn);
 
  private:
   QMdiArea& area_;
@@ -33,7 +33,7 @@ class PlotWindowTable : public DirectionWindows {
   const FaultReport& faults_;
   std::function<void()> endDelete_;
   PairTable<QPointer<Formod>, kVariableSlots, kVariableSlots> windows_{"plotwin"};
-  std::vector<QPointer<Formod>> waiting_;
+  std::vector<std::pair<Pair, QPointer<Formod>>> waiting_;  ///< loaded, not on show
 };
 
 }  // namespace zevfit

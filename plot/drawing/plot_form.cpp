@@ -5,8 +5,9 @@ namespace {
 
 // Not the pair's own cell: the legend looks at (direction, variable), while the line itself follows
 // (variable, direction). A legend can so name a sill without a line, and leave one without a name.
+// Variables beyond the directions of the table have no such cell: their legend shows no sill.
 bool exchangedShowsSill(const Session& session, Pair pair) {
-  return session.showsill(pair.exchanged());
+  return pair.variable < kDirectionSlots && session.showsill(pair.exchanged());
 }
 
 bool ownShowsSill(const Session& session, Pair pair) { return session.showsill(pair); }

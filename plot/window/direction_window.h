@@ -56,7 +56,7 @@ class DirectionWindow : public PlotWindow {
 class DirectionWindows : public PlotWindows {
  public:
   DirectionWindow& plotwin(Pair pair) override = 0;
-  /// The pair has a window that was loaded and not closed since; loads none. Throws Fault outside 0
+  /// The pair has a window that was shown and not closed since; loads none. Throws Fault outside 0
   /// to 41, 0 to 41.
   virtual bool isOpen(Pair pair) const = 0;
 };

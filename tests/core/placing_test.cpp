@@ -152,11 +152,11 @@ TEST(Placing, AnyFaultFreesAndHidesAllHandles) {
 TEST(Placing, FaultOfTheDrawingHidesTheHandlesToo) {
   DragBench bench;
   bench.holdAll();
-  // The legend looks at (direction, variable), which no table has for this variable.
-  bench.window().title = "22,02";
-  setNugget(bench.session, {22, 2}, 5);
-  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
-  EXPECT_EQ(bench.drawings, 1);
+  setNugget(bench.session, kPair, 5);
+  struct : Plotter {
+    void plotvariogram() override { throw Fault("no drawing"); }
+  } plotter;
+  Picture4_MouseUp(bench.fit.session, plotter, bench.window());
   EXPECT_EQ(bench.window().handles[0].top, 1860);  // it had been placed
   EXPECT_FALSE(bench.window().handles[0].visible);
   EXPECT_EQ(bench.session.dragsel, kNoneHeld);

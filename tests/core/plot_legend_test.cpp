@@ -77,16 +77,21 @@ TEST(PlotLegend, ShowsTheSillSampleWithoutAModel) {
 }
 
 // There are 22 slots for a second subscript, and the legend has the variable there.
-TEST(PlotLegend, FaultsFromVariable22On) {
-  for (const std::int64_t variable : {22, 41}) {
+TEST(PlotLegend, ShowsNoSillBeyondTheTable) {
+  for (const std::int64_t variable : {22, 40, 41}) {
+    const Pair pair{variable, kDirection};
     PlotBench bench;
     bench.session.curvar = variable;
-    EXPECT_THROW(bench.plotvariogram(), Fault) << variable;
-    // The symbol of the data is the last thing on the picture.
-    const Operations& all = bench.window({variable, kDirection}).surface.operations;
-    ASSERT_FALSE(all.empty());
-    EXPECT_TRUE(std::holds_alternative<DiscOf>(all.back())) << variable;
-    EXPECT_EQ(bench.window({variable, kDirection}).fronted, 0);
+    bench.session.hmax(pair) = 100;
+    bench.session.ymax(pair) = 10;
+    bench.session.variance(variable) = 5;
+    bench.session.showsill(pair) = true;
+    EXPECT_NO_THROW(bench.plotvariogram()) << variable;
+    const Operations& all = bench.window(pair).surface.operations;
+    EXPECT_TRUE(textsNamed(all, "   Sill").empty()) << variable;
+    EXPECT_FALSE(hasSample(all, kSill)) << variable;
+    EXPECT_EQ(linesOf(all, kSill).size(), 1U) << "the line itself, " << variable;
+    EXPECT_EQ(bench.window(pair).fronted, 1) << variable;
   }
 }
 

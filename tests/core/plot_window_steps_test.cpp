@@ -219,10 +219,10 @@ TEST(PlotPen, StaysAtTwoAndSolid) {
 
 TEST(PlotPen, StaysAsAFaultOfTheFrameFindsIt) {
   PlotBench bench;
-  bench.session.curvar = 22;
-  bench.window({22, 2}).penState.width = 5;
+  bench.session.use0(kPair) = Cell::ofText("n.a.");
+  bench.window().penState.width = 5;
   EXPECT_THROW(bench.plotvariogram(), Fault);
-  EXPECT_EQ(bench.window({22, 2}).penState.width, 5);
+  EXPECT_EQ(bench.window().penState.width, 5);
 }
 
 TEST(PlotPen, KeepsItsStyleForTheAxes) {

@@ -259,7 +259,7 @@ TEST_F(PrintedPlot, EndsSilentlyAtAFaultBehindItsFrame) {
 }
 
 TEST_F(PrintedPlot, PassesAFaultOfItsFrameOn) {
-  EXPECT_THROW(print({22, 2}), Fault);
+  EXPECT_THROW(print({42, 2}), Fault);
   session().use2(kPair) = Cell::ofText("x");
   EXPECT_THROW(print(), Fault);
 }

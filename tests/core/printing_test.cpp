@@ -166,6 +166,38 @@ TEST_F(Printing, LeavesTheVarianceOfTheLastPlotOnThePanel) {
   EXPECT_EQ(bench_.panel.caption(Caption::Labelvariance), "7.5");
 }
 
+// Black strokes of the legend are outlines; the sample of the model tells the width of the pen.
+TEST_F(Printing, DrawsTheLegendOfTheFirstPlotLikeThatOfTheNext) {
+  prepare(1);
+  fill(1, 1);
+  fill(2, 1);
+  for (int sheet = 1; sheet <= 2; ++sheet) {
+    bench_.printer.surface.operations.clear();
+    print();
+    // A plot has 101 lines in the colour of the model, of which the first is the legend's.
+    const std::vector<LineOf> lines = linesOf(bench_.sheet(), kCurve);
+    ASSERT_EQ(lines.size(), 202U);
+    for (const std::size_t sample : {std::size_t{0}, std::size_t{101}})
+      EXPECT_EQ(lines[sample].stroke.width, 2) << sheet << " " << sample;
+  }
+}
+
+TEST_F(Printing, LeavesTheCurrentPlotAndItsCurveAsTheyWere) {
+  prepare(1);
+  fill(1, 1, 2, 1);
+  session().setCurrent({1, 2});
+  bench_.draw();
+  const double middle = session().curvegam(50);
+  for (const char* refused : {"", "end"}) {
+    bench_.printer.refuses = refused;
+    session().c0({2, 1}) = 3;
+    print();
+    EXPECT_EQ(session().current(), (Pair{1, 2})) << refused;
+    EXPECT_EQ(session().plotted(), (Pair{1, 2})) << refused;
+    EXPECT_EQ(session().curvegam(50), middle) << refused;
+  }
+}
+
 struct Refusal {
   const char* name;
   const char* call;
@@ -207,8 +239,8 @@ TEST_F(Printing, AFaultInAFrameEndsTheSheetWithWhatStands) {
   prepare(1);
   fill(1, 1);
   fill(2, 1);
-  // The legend looks up its sill with exchanged subscripts, of which the second ends at 21.
-  bench_.reports.tables.cellvar(2, 1, 1) = 22;
+  bench_.reports.tables.cellvar(2, 1, 1) = 2;
+  session().use0({2, 2}) = Cell::ofText("n.a.");
   print();
   EXPECT_EQ(bench_.dialogs.shown, Calls{"plain: cannot print!"});
   EXPECT_EQ(bench_.printer.calls, (Calls{"dialog", "start 11907 16839.9", "end"}));

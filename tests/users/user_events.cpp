@@ -57,6 +57,14 @@ bool works(const QWidget& control) {
          name == "qt_scrollarea_viewport";
 }
 
+/// The plot in whose content a control lies; nothing for those of other windows and of its frame.
+QMdiSubWindow* plotAround(QWidget& control) {
+  for (QWidget* above = control.parentWidget(); above; above = above->parentWidget())
+    if (auto* plot = qobject_cast<QMdiSubWindow*>(above))
+      return plot->widget()->isAncestorOf(&control) ? plot : nullptr;
+  return nullptr;
+}
+
 /// A window that is hidden rather than taken away when it closes.
 bool lasts(const QWidget& window) {
   return window.windowType() != Qt::Popup && !window.objectName().isEmpty() &&
@@ -168,13 +176,22 @@ void User::dragOn(QWidget& control) {
   QPoint at = placeIn(control);
   note("drags " + nameOf(control));
   const QPointer<QWindow> window = on->windowHandle();
+  const QPointer<QMdiSubWindow> plot = plotAround(control);
+  const QSize size = plot ? plot->size() : QSize();
+  const int turns = turns_;
+  const auto button = chance_.inHundred(70) ? Qt::LeftButton : Qt::RightButton;
+  const int leap = chance_.inHundred(50) ? 60 : 180;
   QTest::mouseMove(window, at);
-  QTest::mousePress(window, Qt::LeftButton, {}, at);
+  QTest::mousePress(window, button, {}, at);
   for (int i = chance_.upTo(6); i > 0 && window; --i) {
-    at += QPoint(chance_.upTo(121) - 60, chance_.upTo(121) - 60);
+    at += QPoint(chance_.upTo(2 * leap + 1) - leap, chance_.upTo(2 * leap + 1) - leap);
     QTest::mouseMove(window, at);
   }
-  if (window) QTest::mouseRelease(window, Qt::LeftButton, {}, at);
+  if (window) QTest::mouseRelease(window, button, {}, at);
+  // Boxes that have come up in it let others do things to the plot.
+  if (!plot || turns != turns_ || plot->size() == size || !broken_.empty()) return;
+  broken_ = "a drag in a plot leaves its window as large as it was";
+  QCoreApplication::exit(1);
 }
 
 void User::wheel() {

@@ -80,6 +80,35 @@ TEST_F(Arrangement, CascadeShowsEveryTitle) {
   }
 }
 
+TEST_F(Arrangement, CascadeHasTheActivePlotInFront) {
+  open(3);
+  for (const int active : {1, 3, 2}) {
+    area().setActiveSubWindow(&plot(active));
+    program_.trigger("k5");
+    EXPECT_EQ(area().activeSubWindow(), &plot(active));
+    for (int i = 1; i <= 3; ++i) {
+      // A corner of the title, where nothing else lies over it.
+      const QPoint title = place(i).topLeft() + QPoint(60, 10);
+      EXPECT_EQ(area().viewport()->childAt(title), &plot(i)) << active << " " << i;
+    }
+  }
+}
+
+TEST_F(Arrangement, LeavesTheFocusWhereItIs) {
+  open(3);
+  for (const char* name : {"Combo2", "HScrollc0"}) {
+    QWidget& control = program_.control(name);
+    control.setFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(control.hasFocus()) << name;
+    program_.session().c0typed({1, 3}) = true;
+    for (const char* command : {"k5", "k6", "k7"}) {
+      program_.trigger(command);
+      EXPECT_TRUE(control.hasFocus()) << name << " " << command;
+      EXPECT_TRUE(program_.session().c0typed({1, 3})) << name << " " << command;
+    }
+  }
+}
+
 TEST_F(Arrangement, WindowsClosedOrMinimisedTakeNoRoom) {
   open(3);
   plot(1).close();

@@ -11,6 +11,7 @@
 #include <QRadioButton>
 #include <QSlider>
 #include <QTest>
+#include <QWheelEvent>
 #include <stdexcept>
 
 #include "model/sliders.h"
@@ -192,6 +193,97 @@ TEST_F(PanelOnScreen, TypedKeysReachTheCellAndEnterDraws) {
   EXPECT_EQ(plotter.drawings, 1);
   QTest::keyClick(find<QWidget>("Texta"), Qt::Key_Enter);
   EXPECT_EQ(plotter.drawings, 2);
+}
+
+// By Tab alone, while the sliders drive: a typed key is as good as a click into the field.
+TEST_F(PanelOnScreen, KeysTypedBehindATabLetTheFieldDrive) {
+  clickOption("est2");
+  typedSill() = typedRange() = false;
+  plotter.drawings = 0;
+  const std::pair<const char*, bool*> rows[] = {{"Textc0", &typedSill()}, {"Texta", &typedRange()}};
+  for (const auto& [name, typed] : rows) {
+    auto* field = find<QLineEdit>(name);
+    field->setFocus(Qt::TabFocusReason);
+    field->selectAll();
+    EXPECT_FALSE(*typed) << name << ": the focus alone";
+    QTest::keyClick(field, Qt::Key_Left);
+    EXPECT_FALSE(*typed) << name << ": a key that types nothing";
+    field->selectAll();
+    QTest::keyClicks(field, "7.5");
+    EXPECT_TRUE(*typed) << name;
+    EXPECT_EQ(field->text(), "7.5");
+  }
+  EXPECT_EQ(plotter.drawings, 0);
+  EXPECT_EQ(session.c1(kPair).number(), 7.5);
+  EXPECT_EQ(session.a1(kPair).number(), 7.5);
+  QTest::keyClick(find<QWidget>("Texta"), Qt::Key_Return);
+  EXPECT_EQ(plotter.drawings, 1);
+}
+
+TEST_F(PanelOnScreen, EveryKeyThatChangesAFieldCounts) {
+  clickOption("est2");
+  auto* field = find<QLineEdit>("Textc0");
+  field->setFocus(Qt::TabFocusReason);
+  struct {
+    Qt::Key key;
+    Qt::KeyboardModifiers with;
+  } const rows[] = {{Qt::Key_Backspace, Qt::NoModifier},
+                    {Qt::Key_Z, Qt::ControlModifier},
+                    {Qt::Key_X, Qt::ControlModifier},
+                    {Qt::Key_V, Qt::ControlModifier},
+                    {Qt::Key_Delete, Qt::NoModifier}};
+  for (const auto& row : rows) {
+    typedSill() = false;
+    plotter.drawings = 0;
+    field->selectAll();
+    QTest::keyClick(field, row.key, row.with);
+    EXPECT_TRUE(typedSill()) << row.key;
+    EXPECT_EQ(plotter.drawings, 0) << row.key;
+  }
+  typedSill() = false;
+  panel.setText(Field::c0, "3");
+  EXPECT_FALSE(typedSill()) << "a handler's text is none of the user's";
+}
+
+/// The window system turns the wheel over a control, which gives it the focus.
+void turnWheel(QWidget& control, int by) {
+  const QPointF at = control.rect().center();
+  QWheelEvent event(at, control.mapToGlobal(at), {}, QPoint(0, by), {}, {}, Qt::NoScrollPhase,
+                    false);
+  QSpontaneKeyEvent::setSpontaneous(&event);
+  qApp->notify(&control, &event);
+}
+
+TEST_F(PanelOnScreen, TheWheelTurnsASliderBehindAnotherProgramToo) {
+  clickOption("est2");
+  const std::pair<const char*, const char*> rows[] = {{"HScrollc0", "Textc0"},
+                                                      {"HScrolla", "Texta"}};
+  for (const auto& [name, text] : rows) {
+    auto* slider = find<QSlider>(name);
+    const auto* field = find<QLineEdit>(text);
+    panel.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
+    click(text);
+    EXPECT_TRUE(typedSill() || typedRange());
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    ASSERT_FALSE(panel.isActiveWindow());
+    const QString before = field->text();
+    turnWheel(*slider, 120);
+    const QString turned = field->text();
+    EXPECT_NE(turned, before) << name;
+    EXPECT_EQ(panel.focusWidget(), slider);
+    other.hide();
+    panel.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
+    ASSERT_TRUE(slider->hasFocus());
+    QTest::keyClick(slider, Qt::Key_PageUp);
+    EXPECT_NE(field->text(), turned) << name;
+  }
+  EXPECT_FALSE(typedSill());
+  EXPECT_FALSE(typedRange());
 }
 
 TEST_F(PanelOnScreen, AKeyOnTheSliderMovesTheSillByTheSmallStep) {

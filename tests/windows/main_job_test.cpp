@@ -243,6 +243,26 @@ TEST_F(MainJob, CurveFollowsEachEditAtOnce) {
   EXPECT_EQ(program_.session().a1({1, 1}).number(), 2114.573);
 }
 
+// As somebody without a mouse does it: the slider drives until the first key.
+TEST_F(MainJob, TabTypeEnterTakesTheWholeNumber) {
+  program_.open(path());
+  clickMark("est2");
+  clickMark("tipo2");
+  type("Textc0", "0.5");
+  pageUp("HScrolla");
+  auto& field = program_.control<QLineEdit>("Texta");
+  field.setFocus(Qt::TabFocusReason);
+  field.selectAll();
+  const QImage before = picture();
+  QTest::keyClicks(&field, "900");
+  EXPECT_EQ(field.text(), "900");
+  EXPECT_EQ(picture(), before);
+  QTest::keyClick(&field, Qt::Key_Return);
+  EXPECT_EQ(field.text(), "900");
+  EXPECT_EQ(program_.session().a1({1, 1}).number(), 900);
+  EXPECT_NE(picture(), before);
+}
+
 TEST_F(MainJob, TypingAloneDrawsOnlyWithEnter) {
   program_.open(path());
   clickMark("est2");

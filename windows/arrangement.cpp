@@ -1,0 +1,84 @@
+#include "windows/arrangement.h"
+
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QScrollBar>
+#include <functional>
+
+#include "windows/quiet_focus.h"
+
+namespace zevfit {
+
+namespace {
+
+using Plots = QList<QMdiSubWindow*>;
+
+/// The area at its origin and without its scroll bars, which may come back afterwards.
+class WithoutScrollBars {
+ public:
+  explicit WithoutScrollBars(QMdiArea& area) : area_(area) {
+    for (QScrollBar* bar : {area.horizontalScrollBar(), area.verticalScrollBar()}) bar->setValue(0);
+    setPolicies(Qt::ScrollBarAlwaysOff);
+  }
+  WithoutScrollBars(const WithoutScrollBars&) = delete;
+  WithoutScrollBars& operator=(const WithoutScrollBars&) = delete;
+  ~WithoutScrollBars() { setPolicies(Qt::ScrollBarAsNeeded); }
+
+ private:
+  void setPolicies(Qt::ScrollBarPolicy policy) {
+    area_.setHorizontalScrollBarPolicy(policy);
+    area_.setVerticalScrollBarPolicy(policy);
+  }
+  QMdiArea& area_;
+};
+
+Plots shownPlots(const QMdiArea& area, QMdiArea::WindowOrder order) {
+  Plots shown;
+  for (QMdiSubWindow* window : area.subWindowList(order))
+    if (window->isVisible() && !window->isMinimized()) shown.append(window);
+  return shown;
+}
+
+void arrange(QMdiArea& area, QMdiArea::WindowOrder order,
+             const std::function<void(const Plots&)>& layOut) {
+  const QuietFocus focus(area);
+  Plots shown = shownPlots(area, order);
+  QMdiSubWindow* active = area.currentSubWindow();
+  {
+    const WithoutScrollBars whole(area);
+    layOut(shown);
+  }
+  if (shown.contains(active)) shown.append(active);
+  for (QMdiSubWindow* window : shown) area.setActiveSubWindow(window);
+}
+
+}  // namespace
+
+void cascadePlots(QMdiArea& area) {
+  // The active plot comes last, in front of the others.
+  constexpr auto kOrder = QMdiArea::ActivationHistoryOrder;
+  arrange(area, kOrder, [&area](const Plots& /*shown*/) {
+    const auto before = area.activationOrder();
+    area.setActivationOrder(kOrder);
+    area.cascadeSubWindows();
+    area.setActivationOrder(before);
+  });
+}
+
+void tilePlots(QMdiArea& area, Qt::Orientation along) {
+  const bool sideBySide = along == Qt::Horizontal;
+  arrange(area, QMdiArea::CreationOrder, [&](const Plots& shown) {
+    const QSize room = area.viewport()->size();
+    for (qsizetype i = 0; i < shown.size(); ++i) {
+      const int count = static_cast<int>(shown.size());
+      const int at = static_cast<int>(i);
+      const QSize part = sideBySide ? QSize(room.width() / count, room.height())
+                                    : QSize(room.width(), room.height() / count);
+      shown[i]->showNormal();
+      shown[i]->setGeometry(
+          QRect(sideBySide ? QPoint(at * part.width(), 0) : QPoint(0, at * part.height()), part));
+    }
+  });
+}
+
+}  // namespace zevfit

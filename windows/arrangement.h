@@ -1,0 +1,18 @@
+#pragma once
+
+#include <Qt>
+
+class QMdiArea;
+
+namespace zevfit {
+
+// The plots of an area that are neither closed nor minimised are laid out over all of it. Then each
+// is activated in turn, which draws it in its new size; the active one among them is so again at
+// the end, and the focus stays where it is.
+
+/// One behind the other, each with its title in view, the active one in front.
+void cascadePlots(QMdiArea& area);
+/// In equal parts of the area, from the first opened plot on.
+void tilePlots(QMdiArea& area, Qt::Orientation along);
+
+}  // namespace zevfit
