@@ -90,12 +90,21 @@ std::optional<std::string> expectedSave(Session& session, std::int16_t listed,
   return whole ? std::optional(out.bytes) : std::nullopt;
 }
 
-void saveOnce(ModelSaver& saver, Session& session, std::int16_t listed, const Desk& desk) {
-  const std::string old = bytesOf(desk.file);
+fs::path keptName(const Desk& desk) { return desk.file.string() + kKeptSuffix; }
+
+/// True where the file was saved.
+bool saveOnce(ModelSaver& saver, Session& session, std::int16_t listed, const Desk& desk,
+              bool isFirst) {
+  const std::string old = bytesOf(desk.file), keptBefore = bytesOf(keptName(desk));
   const auto expected = expectedSave(session, listed, old);
   test::ScriptedDialogs dialogs;
-  saver.gravando(session, listed, dialogs);
+  const auto note = saver.gravando(session, listed, dialogs);
   const bool saved = says(dialogs, "plain: Models saved to file:");
+  require(saved || !note, "a save that fails tells of that alone");
+  require(listed > 0 || !saved, "without variables there is no file");
+  const std::string kept = bytesOf(keptName(desk));
+  if (saved && isFirst) require(note || kept == old, "the first save keeps the file, or says not");
+  if (!isFirst) require(!note && kept == keptBefore, "a later one leaves that alone");
   require(!saved || expected, "what was saved can be written");
   require(bytesOf(desk.file) == (saved ? *expected : old), "a file is the old one or the new one");
   require(saved || says(dialogs, "plain: Cannot save  models to file:") ||
@@ -104,10 +113,12 @@ void saveOnce(ModelSaver& saver, Session& session, std::int16_t listed, const De
           "and what it is was told");
   std::error_code missing;
   require(!saved || !fs::exists(desk.program / kTemporaryName, missing), "nothing else is left");
+  return saved;
 }
 
-/// Two saves, before the second of which the file may be cut. A line is the number of variables in
-/// the list, one whether the session has another file, one how much is cut off.
+/// Three saves, before the second of which the file may be cut. A line is the number of variables
+/// in the list, one whether the session has another file, one how much is cut off, one what stands
+/// in the place of the file that the first save keeps.
 void checkSave(Fields& in, const Desk& desk, Session& session) {
   const auto listed = static_cast<std::int16_t>(in.pick(kVariableSlots));
   const int path = in.pick(4);
@@ -115,13 +126,18 @@ void checkSave(Fields& in, const Desk& desk, Session& session) {
   if (path == 2) session.inputfile.clear();
   ModelSaver saver(desk.program);
   if (path == 0 || path == 3) {
-    saveOnce(saver, session, listed, desk);
-    std::error_code failed;
-    const auto size = fs::is_regular_file(desk.file, failed) ? fs::file_size(desk.file, failed) : 0;
     const auto cut = static_cast<std::uintmax_t>(in.pick(100));
-    if (path == 3 && cut < size) fs::resize_file(desk.file, size - cut, failed);
-    saveOnce(saver, session, listed, desk);
-    return saveOnce(saver, session, listed, desk);
+    put(keptName(desk), in.pick(kKinds), "kept before");
+    bool isFirst = true;
+    for (int save = 1; save <= 3; ++save) {
+      isFirst = !saveOnce(saver, session, listed, desk, isFirst) && isFirst;
+      if (save > 1 || path == 0) continue;
+      std::error_code failed;
+      const bool isFile = fs::is_regular_file(desk.file, failed);
+      const auto size = isFile ? fs::file_size(desk.file, failed) : 0;
+      if (cut < size) fs::resize_file(desk.file, size - cut, failed);
+    }
+    return;
   }
   test::ScriptedDialogs dialogs;
   saver.gravando(session, listed, dialogs);
