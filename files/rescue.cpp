@@ -14,17 +14,16 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Beside the rescue file until it was told of: the path of the file that the models belong to.
 struct Note {
   RescueReason reason;
   const char* name;
   const char* before;  ///< the path
   const char* behind;
 };
-constexpr Note kNotes[] = {
-    {RescueReason::earlyEnd, "rescue.txt", "The program had to end early. The models of ",
-     " are kept in "},
-    {RescueReason::unsaved, "unsaved.txt", "The models of ", " that were not saved are kept in "}};
+constexpr Note kNotes[] = {{RescueReason::earlyEnd, kRescueNoteName,
+                            "The program had to end early. The models of ", " are kept in "},
+                           {RescueReason::unsaved, kUnsavedNoteName, "The models of ",
+                            " that were not saved are kept in "}};
 
 /// The title of the loaded file, which the session does not keep; its name where it can't be read.
 std::string titleOf(const std::string& file) {

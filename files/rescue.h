@@ -14,6 +14,10 @@ namespace zevfit {
 inline constexpr const char* kRescueName = "rescue.zvm";
 /// The one before it.
 inline constexpr const char* kRescueBeforeName = "rescue-before.zvm";
+/// Beside it until it was told of, one or the other: the path of the file that the models belong
+/// to.
+inline constexpr const char* kRescueNoteName = "rescue.txt";
+inline constexpr const char* kUnsavedNoteName = "unsaved.txt";
 
 /// Why models go into the rescue file: the program had to end, or nobody has saved them.
 enum class RescueReason { earlyEnd, unsaved };

@@ -297,7 +297,7 @@ std::optional<std::string> ModelSaver::save(Session& session, std::int16_t liste
     return std::nullopt;
   }
   out->close();
-  const auto note = isKept_ ? std::nullopt : keepFile(session.inputfile);
+  auto note = isKept_ ? std::nullopt : keepFile(session.inputfile);
   replaceFile(temporary, session.inputfile);
   isKept_ = true;
   messages.plain("Models saved to file:" + session.inputfile);

@@ -14,6 +14,7 @@
 #include "files/parameter_file.h"
 #include "files/rescue.h"
 #include "files/saveini.h"
+#include "files/unsaved.h"
 #include "files/variogram_reader.h"
 #include "files/variogram_writer.h"
 #include "fuzz/fields.h"
@@ -155,7 +156,10 @@ bool areNamesKept(const Session& session) {
   return true;
 }
 
-void checkRescue(Fields& in, const Desk& desk, const Session& session) {
+void checkRescue(Fields& in, const Desk& desk, const Session& session, const std::string& bytes) {
+  Unsaved(desk.program).keep(session, session.nvar);
+  const auto unsaved = takeRescueNote(desk.program);
+  require(!unsaved || bytesOf(desk.file) != bytes, "what stands in the file is not kept");
   putSiblings(desk.program / kRescueName, in.pick(3));
   put(desk.program / kRescueNoteName, in.pick(kKinds), "an old note");
   const bool empty = session.inputfile.empty();
@@ -234,7 +238,7 @@ void check(Fields& in) {
   if (session.nvar >= kVariableSlots || session.ndir >= kDirectionSlots) return;
   acceptLoad(session, desk.file);
   if (what == 0) return checkSave(more, desk, session);
-  checkRescue(more, desk, session);
+  checkRescue(more, desk, session, bytes);
 }
 
 }  // namespace

@@ -33,6 +33,13 @@ class ExamplesInTheProgram : public TestDialog {
     program_.open(file);
     return file;
   }
+  void showUsedLines(Pair pair) {
+    for (const Line which : kLines) {
+      if (!line(session(), pair, which).isOn()) continue;
+      const std::string option = "est" + std::to_string(indexOf(which) + 1);
+      program_.control<QAbstractButton>(option.c_str()).click();
+    }
+  }
   void plotEveryPair() {
     auto& variables = program_.control<QComboBox>("Combo2");
     auto& directions = program_.control<QComboBox>("Combodirvar");
@@ -43,12 +50,13 @@ class ExamplesInTheProgram : public TestDialog {
         program_.control<QAbstractButton>("Command5").click();
         QApplication::processEvents();
         EXPECT_EQ(session().plotted(), (Pair{v + 1, d + 1}));
+        showUsedLines({v + 1, d + 1});
       }
     }
   }
 };
 
-TEST_F(ExamplesInTheProgram, StandStillWhenEveryPairIsSeenAndSaved) {
+TEST_F(ExamplesInTheProgram, StandStillWhenEveryPairAndItsLinesAreSeenAndSaved) {
   ASSERT_GE(examples().size(), 3U);
   for (const fs::path& example : examples()) {
     const std::string file = open(example);
