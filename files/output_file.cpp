@@ -81,26 +81,6 @@ void takeOver(const fs::path& from, const struct stat& old) {
   ::chmod(from.c_str(), bits);
 }
 
-/// Renames across volumes: a copy beside the target takes its place. `from` goes last.
-void moveAcross(const fs::path& from, const fs::path& target) {
-  struct stat mode {};
-  if (::stat(from.c_str(), &mode) != 0) fail("Cannot read", from);
-  const std::string bytes = readWhole(from);
-  const fs::path sibling = freeSibling(target);
-  OutputFile copy(sibling, OutputFile::Old::refused);
-  try {
-    copy.write(bytes);
-    copy.close();
-    takeOver(sibling, mode);
-    if (::rename(sibling.c_str(), target.c_str()) != 0) fail("Cannot replace", target);
-  } catch (...) {
-    ::unlink(sibling.c_str());
-    throw;
-  }
-  flushFolder(target.parent_path());
-  ::unlink(from.c_str());
-}
-
 int flagsFor(OutputFile::Old old) {
   return O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK |
          (old == OutputFile::Old::refused ? O_EXCL : O_TRUNC);
@@ -184,6 +164,24 @@ fs::path freeSibling(const fs::path& target) {
   throw Fault("No free name beside " + target.string());
 }
 
+void copyWhole(const fs::path& from, const fs::path& target) {
+  struct stat mode {};
+  if (::stat(from.c_str(), &mode) != 0) fail("Cannot read", from);
+  const std::string bytes = readWhole(from);
+  const fs::path sibling = freeSibling(target);
+  OutputFile copy(sibling, OutputFile::Old::refused);
+  try {
+    copy.write(bytes);
+    copy.close();
+    takeOver(sibling, mode);
+    if (::rename(sibling.c_str(), target.c_str()) != 0) fail("Cannot replace", target);
+  } catch (...) {
+    ::unlink(sibling.c_str());
+    throw;
+  }
+  flushFolder(target.parent_path());
+}
+
 void replaceFile(const fs::path& from, const fs::path& target) {
   std::error_code unknown;
   const fs::path real = fs::weakly_canonical(target, unknown);
@@ -196,7 +194,9 @@ void replaceFile(const fs::path& from, const fs::path& target) {
   }
   if (::rename(from.c_str(), to.c_str()) != 0) {
     if (errno != EXDEV) fail("Cannot replace", to);
-    moveAcross(from, to);
+    // On another volume a copy beside the target takes its place.
+    copyWhole(from, to);
+    ::unlink(from.c_str());
   }
   flushFolder(to.parent_path());
 }

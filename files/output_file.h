@@ -50,6 +50,11 @@ class OutputFile : public ByteSink {
 /// then as it was.
 void replaceFile(const std::filesystem::path& from, const std::filesystem::path& target);
 
+/// Makes a copy of a file under another name, in one step, with its permission bits and its owner
+/// as far as it may. A file or a link of that name gives way. Throws Fault on failure; what had
+/// that name is then as it was.
+void copyWhole(const std::filesystem::path& from, const std::filesystem::path& target);
+
 /// Writes a file whole, as `temporary`, and puts it in the place of the target as replaceFile does.
 /// Throws Fault on failure; the target is then as it was, and nothing of the new file is left.
 void writeWhole(const std::filesystem::path& target, std::string_view bytes,

@@ -29,11 +29,14 @@ struct EndOfFile {};
 
 class Reader {
  public:
-  Reader(std::string_view bytes, Session& session) : in_(bytes), session_(session) {}
+  Reader(std::string_view bytes, Session& session, const std::function<void()>& beforeStoring)
+      : in_(bytes), session_(session), beforeStoring_(beforeStoring) {}
 
   void header();
   void data();
   void models();
+  /// Something of the file stands in the tables.
+  bool hasStored() const { return hasStored_; }
 
  private:
   /// Reads the next number token into `number_`; false at the end of the stream, and the last one
@@ -59,8 +62,10 @@ class Reader {
 
   TokenStream in_;
   Session& session_;
+  const std::function<void()>& beforeStoring_;
   Cell number_;
   std::optional<std::string> letter_;
+  bool hasStored_ = false;
 };
 
 bool Reader::takeNumber() {
@@ -109,6 +114,8 @@ void Reader::header() {
   endTest();
   in_.text();
   endTest();
+  if (beforeStoring_) beforeStoring_();
+  hasStored_ = true;
   if (const auto tag = in_.text()) session_.filetag = *tag;
   if (lowered(trimmed(session_.filetag)) == kModelTag) session_.hasmodel = true;
   takeCount(session_.nvar);
@@ -226,6 +233,28 @@ void Reader::takeLetter(std::string& letter) {
   if (letter_) letter = *letter_;
 }
 
+Load load(std::string_view bytes, Session& session, const std::function<void()>& beforeStoring) {
+  session.setPlotted({1, 1});
+  session.hasmodel = false;
+  Reader reader(bytes, session, beforeStoring);
+  try {
+    reader.header();
+    resetFitState(session);
+    reader.data();
+  } catch (const EndOfFile&) {
+    return reader.hasStored() ? Load::halfWay : Load::refused;
+  }
+  if (session.hasmodel) reader.models();
+  return Load::good;
+}
+
+/// The bytes of a file; none where it can't be opened or read.
+std::string bytesOf(const std::filesystem::path& path) {
+  std::string bytes;
+  endSilently([&] { bytes = readWhole(path); });
+  return bytes;
+}
+
 }  // namespace
 
 bool hasVariogramExtension(std::string_view fileName) {
@@ -233,24 +262,11 @@ bool hasVariogramExtension(std::string_view fileName) {
 }
 
 bool readVariogramBytes(std::string_view bytes, Session& session) {
-  session.setPlotted({1, 1});
-  session.hasmodel = false;
-  Reader reader(bytes, session);
-  try {
-    reader.header();
-    resetFitState(session);
-    reader.data();
-  } catch (const EndOfFile&) {
-    return false;
-  }
-  if (session.hasmodel) reader.models();
-  return true;
+  return load(bytes, session, {}) == Load::good;
 }
 
 bool readVariogramFile(const std::filesystem::path& path, Session& session) {
-  std::string bytes;
-  endSilently([&] { bytes = readWhole(path); });
-  return readVariogramBytes(bytes, session);
+  return readVariogramBytes(bytesOf(path), session);
 }
 
 void acceptLoad(Session& session, const std::filesystem::path& path) {
@@ -264,10 +280,11 @@ void acceptLoad(Session& session, const std::filesystem::path& path) {
   session.loaded = true;
 }
 
-bool loadVariogramFile(const std::filesystem::path& path, Session& session) {
-  const bool good = readVariogramFile(path, session);
-  if (good) acceptLoad(session, path);
-  return good;
+Load loadVariogramFile(const std::filesystem::path& path, Session& session,
+                       const std::function<void()>& beforeStoring) {
+  const Load outcome = load(bytesOf(path), session, beforeStoring);
+  if (outcome == Load::good) acceptLoad(session, path);
+  return outcome;
 }
 
 }  // namespace zevfit

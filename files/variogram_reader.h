@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string_view>
 
 #include "session/session.h"
@@ -24,7 +25,13 @@ bool readVariogramFile(const std::filesystem::path& path, Session& session);
 /// cleared ticks, datavar and inputfile.
 void acceptLoad(Session& session, const std::filesystem::path& path);
 
-/// Reads a file and, where that was good, accepts it; false as readVariogramBytes has it.
-bool loadVariogramFile(const std::filesystem::path& path, Session& session);
+/// What a load has made of the tables: they hold the file, they are as they were, or they hold the
+/// beginning of the file and behind it what was there before.
+enum class Load { good, refused, halfWay };
+
+/// Reads a file and, where that was good, accepts it. Calls `beforeStoring`, if it is given, right
+/// before the first change of the tables.
+Load loadVariogramFile(const std::filesystem::path& path, Session& session,
+                       const std::function<void()>& beforeStoring = {});
 
 }  // namespace zevfit

@@ -1,5 +1,7 @@
 #include "files/variogram_writer.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <optional>
 #include <string>
@@ -94,7 +96,7 @@ std::string_view tagToWrite(std::string_view tag) {
 }
 
 void Writer::header(std::string& filetag, std::int64_t& nvar) {
-  text(oldToken());
+  token(oldToken());
   filetag = oldToken();
   text(tagToWrite(filetag));
   endTest();
@@ -106,7 +108,7 @@ void Writer::header(std::string& filetag, std::int64_t& nvar) {
   number(static_cast<double>(variables_));
   for (std::int64_t v = 1; v <= variables_; ++v) {
     endTest();
-    text(session_.varname(v));
+    token(session_.varname(v));
   }
   endTest();
   number(static_cast<double>(directions_));
@@ -114,7 +116,7 @@ void Writer::header(std::string& filetag, std::int64_t& nvar) {
   number(static_cast<double>(classes_));
   for (std::int64_t d = 1; d <= directions_; ++d) {
     endTest();
-    text(session_.dirname(d));
+    token(session_.dirname(d));
   }
 }
 
@@ -188,8 +190,8 @@ void Writer::wholeHeader(std::string_view title) {
   for (std::int64_t d = 1; d <= directions_; ++d) token(session_.dirname(d));
 }
 
-/// A line that the reader takes for one text, this one; only quotes beside a comma come back as
-/// apostrophes.
+/// A line that the reader takes for one text, this one: in double quotes where it needs them. Only
+/// quotes beside a comma come back as apostrophes, which no file can bring about.
 void Writer::token(std::string_view text) {
   const bool plain = !text.empty() && text.find_first_of(",\r\n") == std::string_view::npos &&
                      std::string_view(" \t\"").find(text.front()) == std::string_view::npos;
@@ -248,17 +250,39 @@ void composeWhole(const Session& session, std::int64_t variables, std::string_vi
   writer.wholeModels();
 }
 
-void ModelSaver::gravando(Session& session, std::int16_t listedVariables, Messages& messages) {
-  if (trimmed(session.inputfile).empty()) return messages.plain(kNoFileText);
-  if (!messages.confirm("Save  current models to file: " + session.inputfile)) return;
-  attempt([&] { save(session, listedVariables, messages); },
-          [&] {
-            messages.plain("Cannot save  models to file:\n-" + session.inputfile);
-            closeFiles();
-          });
+std::optional<std::string> ModelSaver::gravando(Session& session, std::int16_t listedVariables,
+                                                Messages& messages) {
+  if (trimmed(session.inputfile).empty() || listedVariables <= 0) {
+    messages.plain(kNoFileText);
+    return std::nullopt;
+  }
+  if (!messages.confirm("Save  current models to file: " + session.inputfile)) return std::nullopt;
+  return attempt([&] { return save(session, listedVariables, messages); },
+                 [&] {
+                   messages.plain("Cannot save  models to file:\n-" + session.inputfile);
+                   closeFiles();
+                   return std::optional<std::string>();
+                 });
 }
 
-void ModelSaver::save(Session& session, std::int16_t listedVariables, Messages& messages) {
+std::optional<std::string> ModelSaver::keepFile(const std::filesystem::path& file) const {
+  const std::filesystem::path beside = file.has_parent_path() ? file.parent_path() : ".";
+  const bool isBeside = ::access(beside.c_str(), W_OK) == 0;
+  std::filesystem::path kept = isBeside ? file : folder_ / file.filename();
+  kept += kKeptSuffix;
+  return attempt(
+      [&]() -> std::optional<std::string> {
+        copyWhole(file, kept);
+        return std::nullopt;
+      },
+      [&] {
+        return std::optional("The file as it was before this save could not be kept as " +
+                             kept.string());
+      });
+}
+
+std::optional<std::string> ModelSaver::save(Session& session, std::int16_t listedVariables,
+                                            Messages& messages) {
   if (leftOpen_) throw Fault("File already open");
   const std::filesystem::path temporary = folder_ / kTemporaryName;
   // The temporary file of a save that was cut short can be loaded, but not written over.
@@ -269,11 +293,15 @@ void ModelSaver::save(Session& session, std::int16_t listedVariables, Messages& 
   const std::string oldFile = readWhole(session.inputfile);
   if (!composeVariogramFile(session, listedVariables, oldFile, *out)) {
     leftOpen_ = std::move(out);
-    return messages.warning(kBadFileText);
+    messages.warning(kBadFileText);
+    return std::nullopt;
   }
   out->close();
+  auto note = isKept_ ? std::nullopt : keepFile(session.inputfile);
   replaceFile(temporary, session.inputfile);
+  isKept_ = true;
   messages.plain("Models saved to file:" + session.inputfile);
+  return note;
 }
 
 }  // namespace zevfit

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "files/output_file.h"
@@ -26,7 +28,8 @@ void composeWhole(const Session& session, std::int64_t variables, std::string_vi
                   ByteSink& out);
 
 /// Saves the models into the loaded file: builds the whole file in the temporary file of the
-/// program's folder and puts it in the place of the old one in one step.
+/// program's folder and puts it in the place of the old one in one step. The first save after a
+/// load keeps the old one.
 class ModelSaver {
  public:
   /// `folder`: the program's own, where the temporary file is made.
@@ -35,20 +38,32 @@ class ModelSaver {
   /// Asks, saves and reports, all through `messages`. `listedVariables` is the number of entries in
   /// the main window's list of variables, which is the count written. Changes `nvar` and `filetag`
   /// of the session to what the old file has. When the old file ends too early the temporary file
-  /// stays behind open, so that exactly the next save fails.
-  void gravando(Session& session, std::int16_t listedVariables, Messages& messages);
+  /// stays behind open, so that exactly the next save fails. With no variable listed there is no
+  /// file to save. Returns what is to be told of a file that was saved without being kept.
+  std::optional<std::string> gravando(Session& session, std::int16_t listedVariables,
+                                      Messages& messages);
+
+  /// A file was loaded: the next save that succeeds keeps it as it is then, beside it under its
+  /// name and a tilde or, where that folder can't be written, in the program's folder.
+  void startFile() { isKept_ = false; }
 
   /// Closes the temporary file that a save has left open.
   void closeFiles() { leftOpen_.reset(); }
 
  private:
-  void save(Session& session, std::int16_t listedVariables, Messages& messages);
+  std::optional<std::string> save(Session& session, std::int16_t listedVariables,
+                                  Messages& messages);
+  /// Keeps the file as it is; where it can't, what is to be told of that.
+  std::optional<std::string> keepFile(const std::filesystem::path& file) const;
 
   std::filesystem::path folder_;
+  bool isKept_ = false;
   std::unique_ptr<OutputFile> leftOpen_;
 };
 
 /// The name of the temporary file in the program's folder.
 inline constexpr const char* kTemporaryName = "temporario.zvm";
+/// Behind the name of a file: the file as it was before the first save.
+inline constexpr const char* kKeptSuffix = "~";
 
 }  // namespace zevfit

@@ -15,6 +15,7 @@
 #include "files/parameter_file.h"
 #include "files/rescue.h"
 #include "files/saveini.h"
+#include "files/unsaved.h"
 #include "files/variogram_reader.h"
 #include "files/variogram_writer.h"
 #include "fuzz/fields.h"
@@ -85,12 +86,21 @@ std::optional<std::string> expectedSave(Session& session, std::int16_t listed,
   return whole ? std::optional(out.bytes) : std::nullopt;
 }
 
-void saveOnce(ModelSaver& saver, Session& session, std::int16_t listed, const Desk& desk) {
-  const std::string old = bytesOf(desk.file);
+fs::path keptName(const Desk& desk) { return desk.file.string() + kKeptSuffix; }
+
+/// True where the file was saved.
+bool saveOnce(ModelSaver& saver, Session& session, std::int16_t listed, const Desk& desk,
+              bool isFirst) {
+  const std::string old = bytesOf(desk.file), keptBefore = bytesOf(keptName(desk));
   const auto expected = expectedSave(session, listed, old);
   test::ScriptedDialogs dialogs;
-  saver.gravando(session, listed, dialogs);
+  const auto note = saver.gravando(session, listed, dialogs);
   const bool saved = says(dialogs, "plain: Models saved to file:");
+  require(saved || !note, "a save that fails tells of that alone");
+  require(listed > 0 || !saved, "without variables there is no file");
+  const std::string kept = bytesOf(keptName(desk));
+  if (saved && isFirst) require(note || kept == old, "the first save keeps the file, or says not");
+  if (!isFirst) require(!note && kept == keptBefore, "a later one leaves that alone");
   require(!saved || expected, "what was saved can be written");
   require(bytesOf(desk.file) == (saved ? *expected : old), "a file is the old one or the new one");
   require(saved || says(dialogs, "plain: Cannot save  models to file:") ||
@@ -99,10 +109,12 @@ void saveOnce(ModelSaver& saver, Session& session, std::int16_t listed, const De
           "and what it is was told");
   std::error_code missing;
   require(!saved || !fs::exists(desk.program / kTemporaryName, missing), "nothing else is left");
+  return saved;
 }
 
-/// Two saves, before the second of which the file may be cut. A line is the number of variables in
-/// the list, one whether the session has another file, one how much is cut off.
+/// Three saves, before the second of which the file may be cut. A line is the number of variables
+/// in the list, one whether the session has another file, one how much is cut off, one what stands
+/// in the place of the file that the first save keeps.
 void checkSave(Fields& in, const Desk& desk, Session& session) {
   const auto listed = static_cast<std::int16_t>(in.pick(kVariableSlots));
   const int path = in.pick(4);
@@ -110,13 +122,18 @@ void checkSave(Fields& in, const Desk& desk, Session& session) {
   if (path == 2) session.inputfile.clear();
   ModelSaver saver(desk.program);
   if (path == 0 || path == 3) {
-    saveOnce(saver, session, listed, desk);
-    std::error_code failed;
-    const auto size = fs::is_regular_file(desk.file, failed) ? fs::file_size(desk.file, failed) : 0;
     const auto cut = static_cast<std::uintmax_t>(in.pick(100));
-    if (path == 3 && cut < size) fs::resize_file(desk.file, size - cut, failed);
-    saveOnce(saver, session, listed, desk);
-    return saveOnce(saver, session, listed, desk);
+    put(keptName(desk), in.pick(kKinds), "kept before");
+    bool isFirst = true;
+    for (int save = 1; save <= 3; ++save) {
+      isFirst = !saveOnce(saver, session, listed, desk, isFirst) && isFirst;
+      if (save > 1 || path == 0) continue;
+      std::error_code failed;
+      const bool isFile = fs::is_regular_file(desk.file, failed);
+      const auto size = isFile ? fs::file_size(desk.file, failed) : 0;
+      if (cut < size) fs::resize_file(desk.file, size - cut, failed);
+    }
+    return;
   }
   test::ScriptedDialogs dialogs;
   saver.gravando(session, listed, dialogs);
@@ -134,7 +151,10 @@ bool areNamesKept(const Session& session) {
   return true;
 }
 
-void checkRescue(Fields& in, const Desk& desk, const Session& session) {
+void checkRescue(Fields& in, const Desk& desk, const Session& session, const std::string& bytes) {
+  Unsaved(desk.program).keep(session, session.nvar);
+  const auto unsaved = takeRescueNote(desk.program);
+  require(!unsaved || bytesOf(desk.file) != bytes, "what stands in the file is not kept");
   putSiblings(desk.program / kRescueName, in.pick(3));
   put(desk.program / kRescueNoteName, in.pick(kKinds), "an old note");
   const bool empty = session.inputfile.empty();
@@ -213,7 +233,7 @@ void check(Fields& in) {
   if (session.nvar >= kVariableSlots || session.ndir >= kDirectionSlots) return;
   acceptLoad(session, desk.file);
   if (what == 0) return checkSave(more, desk, session);
-  checkRescue(more, desk, session);
+  checkRescue(more, desk, session, bytes);
 }
 
 }  // namespace

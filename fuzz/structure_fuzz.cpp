@@ -67,6 +67,7 @@ void create(Session& session, const std::string& name) {
   const auto refusal = createVariable(session, name, static_cast<double>(session.nvarfile));
   require(session.nvar == before + (refusal ? 0 : 1), "a refusal makes nothing");
   if (refusal) return require(!refusal->warning.empty(), "and says why");
+  require(name.find_first_of(",\"") == std::string::npos, "a file holds its name");
   checkMade(session, name);
 }
 

@@ -48,17 +48,20 @@ int ask(QMessageBox::Icon icon, const QString& title, std::string_view text,
   return box.exec();
 }
 
-/// Runs a file dialog that starts at the file that it took last; false on Cancel.
-bool choose(QFileDialog& dialog, std::string_view pattern, QString& last) {
+QFileInfo infoOf(const std::string& path) { return QFileInfo(QFile::decodeName(path.c_str())); }
+
+/// Runs a file dialog that starts at the file that it took last; nothing on Cancel.
+std::optional<std::string> choose(QFileDialog& dialog, std::string_view pattern,
+                                  std::string& last) {
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setNameFilter("(" + toShown(pattern) + ")");
-  if (!last.isEmpty()) {
-    dialog.setDirectory(QFileInfo(last).absolutePath());
-    dialog.selectFile(QFileInfo(last).fileName());
+  if (!last.empty()) {
+    dialog.setDirectory(infoOf(last).absolutePath());
+    dialog.selectFile(infoOf(last).fileName());
   }
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
-  last = dialog.selectedFiles().constFirst();
-  return true;
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  last = QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
+  return last;
 }
 
 }  // namespace
@@ -93,8 +96,7 @@ std::optional<std::string> QtDialogs::openFile(std::string_view title, std::stri
   dialog.setObjectName("Dialog1");
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setDefaultSuffix(kSuffix);
-  if (!choose(dialog, pattern, lastFile_)) return std::nullopt;
-  return heldFile();
+  return choose(dialog, pattern, lastFile_);
 }
 
 std::optional<std::string> QtDialogs::saveFile(std::string_view title, std::string_view pattern) {
@@ -104,10 +106,9 @@ std::optional<std::string> QtDialogs::saveFile(std::string_view title, std::stri
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setDefaultSuffix(toShown(pattern).section('.', -1));
   // At first beside the file that was read.
-  if (lastSaved_.isEmpty() && !lastFile_.isEmpty())
-    dialog.setDirectory(QFileInfo(lastFile_).absolutePath());
-  if (!choose(dialog, pattern, lastSaved_)) return std::nullopt;
-  return QFile::encodeName(lastSaved_).toStdString();
+  if (lastSaved_.empty() && !lastFile_.empty())
+    dialog.setDirectory(infoOf(lastFile_).absolutePath());
+  return choose(dialog, pattern, lastSaved_);
 }
 
 std::optional<FontChoice> QtDialogs::chooseFont(const FontChoice& start) {
@@ -129,10 +130,8 @@ std::optional<Colour> QtDialogs::chooseColour(Colour start) {
   return toColour(dialog.selectedColor());
 }
 
-std::string QtDialogs::heldFile() const { return QFile::encodeName(lastFile_).toStdString(); }
+std::string QtDialogs::heldFile() const { return lastFile_; }
 
-void QtDialogs::holdFile(std::string_view path) {
-  lastFile_ = QFile::decodeName(QByteArray(path.data(), static_cast<qsizetype>(path.size())));
-}
+void QtDialogs::holdFile(std::string_view path) { lastFile_ = path; }
 
 }  // namespace zevfit

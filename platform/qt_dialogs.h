@@ -23,10 +23,11 @@ class QtDialogs : public Dialogs {
   void holdFile(std::string_view path) override;
 
  private:
-  /// The whole path of the file that the file dialog took last.
-  QString lastFile_;
+  /// The whole path of the file that the file dialog took last, in the bytes that it was given in:
+  /// not all paths are texts.
+  std::string lastFile_;
   /// The same of the dialog that saves.
-  QString lastSaved_;
+  std::string lastSaved_;
 };
 
 }  // namespace zevfit

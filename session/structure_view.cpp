@@ -8,6 +8,8 @@ namespace zevfit {
 namespace {
 
 constexpr std::size_t kLongestName = 10;
+/// Characters that end a name in a file, or that a quoted one can't have.
+constexpr std::string_view kNotInNames = ",\"\t";
 constexpr std::int64_t kLastSlot = kVariableSlots - 1;
 
 std::int64_t tickedVariables(const Session& session) {
@@ -30,9 +32,11 @@ std::optional<Refusal> refusedTicks(const Session& session, double shownVariable
   return std::nullopt;
 }
 
-std::optional<Refusal> refusedName(const Session& session, std::string_view name) {
+std::optional<Refusal> refusedName(const Session& session, std::string_view name, bool isLatin1) {
   if (name.empty()) return Refusal{"Please choose a name for this new variable!", false};
   if (name.size() > kLongestName) return Refusal{"Name too long, choose another one!", true};
+  if (!isLatin1 || name.find_first_of(kNotInNames) != std::string_view::npos)
+    return Refusal{"Name has a character that the file cannot hold, choose another one!", true};
   if (!isTaken(session, name)) return std::nullopt;
   return Refusal{" Name  (" + std::string(name) + ")  already exists. Please choose another one.",
                  true};
@@ -110,10 +114,10 @@ void moveSlot(Session& session, std::int64_t from, std::int64_t to) {
 }  // namespace
 
 std::optional<Refusal> createVariable(Session& session, std::string_view typedName,
-                                      double shownVariables) {
+                                      double shownVariables, bool isLatin1) {
   const std::string_view name = trimmedLeft(typedName);
   if (auto refusal = refusedTicks(session, shownVariables)) return refusal;
-  if (auto refusal = refusedName(session, name)) return refusal;
+  if (auto refusal = refusedName(session, name, isLatin1)) return refusal;
   if (session.nvar >= kLastSlot) throwSubscript("varname", {session.nvar + 1});
 
   const std::int64_t slot = ++session.nvar;

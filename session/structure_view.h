@@ -17,10 +17,11 @@ struct Refusal {
 };
 
 /// Makes a new variable, the sum of the ticked ones, named by the typed text without its leading
-/// blanks. `shownVariables` is the number that the window shows as that of the file. Changes
-/// nothing on a refusal. Throws Fault when the tables are full.
+/// blanks. `shownVariables` is the number that the window shows as that of the file. `isLatin1`
+/// tells whether all that was typed is in `typedName`, since a file has no other characters.
+/// Changes nothing on a refusal. Throws Fault when the tables are full.
 std::optional<Refusal> createVariable(Session& session, std::string_view typedName,
-                                      double shownVariables);
+                                      double shownVariables, bool isLatin1 = true);
 
 /// Removes the variable on show (`datavar`), if it is not one of the file; those above move down by
 /// one, but for the axis limits and the fit state, which stay with their slots. `shownName` is the

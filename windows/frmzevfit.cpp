@@ -170,6 +170,13 @@ void frmzevfit::fillHeadings() {
   grid1->setHeading({"Variable ", " Add "});
 }
 
+void frmzevfit::reopen() {
+  session_.nvar = listed();
+  showModal();
+}
+
+std::int64_t frmzevfit::listed() const { return Combovar->count(); }
+
 void frmzevfit::showModal() {
   setWindowState(windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized));
   Combovar->setFocus();
@@ -221,7 +228,9 @@ void frmzevfit::refuse(const Refusal& refusal) {
 
 void frmzevfit::adicionar_Click() {
   const double shown = leadingNumber(toBytes(Labelnumerovar->text()));
-  if (const auto refusal = createVariable(session_, toBytes(Text2->text()), shown))
+  const std::string typed = toBytes(Text2->text());
+  const bool isLatin1 = toQString(typed) == Text2->text();
+  if (const auto refusal = createVariable(session_, typed, shown, isLatin1))
     return refuse(*refusal);
   const std::string& name = session_.varname(session_.nvar);
   const int row = static_cast<int>(session_.nvar);

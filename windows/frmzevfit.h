@@ -65,6 +65,11 @@ class frmzevfit : public QDialog {
 
   /// Shows the window in its normal size; returns when it is hidden again.
   void showModal();
+  /// The same for a file that was taken up before. A save may have left another count in `nvar`; it
+  /// becomes that of the listed variables again.
+  void reopen();
+  /// The variables of the file and those derived from them.
+  std::int64_t listed() const;
 
   /// Escape is the close button.
   void reject() override;

@@ -4,21 +4,16 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
-#include <QFile>
 #include <QHBoxLayout>
 #include <QIcon>
-#include <QLabel>
 #include <QMdiArea>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QStatusBar>
-#include <algorithm>
 
 #include "files/parameter_file.h"
 #include "files/rescue.h"
 #include "files/saveini.h"
-#include "files/variogram_reader.h"
 #include "plot/drawing/plot_variogram.h"
 #include "plot/window/activation.h"
 #include "plot/window/zoom.h"
@@ -28,6 +23,7 @@
 #include "windows/controls.h"
 #include "windows/cutgraph.h"
 #include "windows/fit_panel_widgets.h"
+#include "windows/foot.h"
 #include "windows/formabout.h"
 #include "windows/formfont.h"
 #include "windows/legenda.h"
@@ -42,6 +38,9 @@ namespace zevfit {
 namespace {
 
 constexpr QSize kStartSize(1180, 760);
+constexpr const char* kTwoFilesText =
+    "The last file could not be read to its end: the tables hold parts of two files. Open a good "
+    "file.";
 
 QStringList toQStrings(const std::vector<std::string>& texts) {
   QStringList made;
@@ -59,6 +58,7 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
       orthogonality_(orthogonality),
       folder_(std::move(folder)),
       saver_(folder_),
+      unsaved_(folder_),
       area_(new QMdiArea),
       panel_(new FitPanelWidgets) {
   setObjectName("mdimod");
@@ -139,20 +139,18 @@ void mdimod::loadIcons() {
 void mdimod::showAbout() { about().showAtStart(); }
 
 void mdimod::tellOfRescue() {
-  const auto note = takeRescueNote(folder_);
-  if (!note) return;
-  auto* label = new QLabel(QFile::decodeName(note->c_str()));
-  label->setObjectName("LabelRescue");
-  label->setTextFormat(Qt::PlainText);
-  label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  statusBar()->addWidget(label, 1);
+  if (const auto note = takeRescueNote(folder_)) tellAtFoot(*this, *note);
 }
 
+std::int64_t mdimod::variableCount() const {
+  // Neither the list of the panel nor, behind a save, the count of the session knows them all.
+  return structure_ ? structure_->listed() : 0;
+}
+
+void mdimod::keepUnsaved() { unsaved_.keep(session_, variableCount()); }
+
 std::optional<std::string> mdimod::keepModels() {
-  // The list falls behind while the data structure window is up, and the count behind a save.
-  const bool isListed = !structure_ || !structure_->isVisible();
-  const std::int64_t listed = isListed ? panel_->listCount(List::Combo2) : 0;
-  const auto kept = writeRescue(session_, std::max(listed, session_.nvar), folder_);
+  const auto kept = writeRescue(session_, variableCount(), folder_);
   return kept ? std::optional(kept->string()) : std::nullopt;
 }
 
@@ -206,6 +204,7 @@ void mdimod::closeEvent(QCloseEvent* event) {
     saver_.closeFiles();
     if (!ending_) ending_ = closeRequest(session_.style, dialogs_.heldFile(), folder_, dialogs_);
     if (!ending_) return;
+    keepUnsaved();
     event->accept();
     // Another window on show must not keep the program.
     QCoreApplication::exit(0);
@@ -236,19 +235,30 @@ bool mdimod::chooseFile(std::string& path) {
 void mdimod::mnudatprn() {
   std::string path;
   if (!chooseFile(path)) return;
-  bool good = false;
+  Load outcome = Load::refused;
   {
     const WaitCursor wait;
-    good = loadVariogramFile(path, session_);
-    if (good) structure().fill(path);
+    outcome = loadVariogramFile(path, session_, [this] { keepUnsaved(); });
+    if (outcome == Load::good) structure().fill(path);
   }
-  if (!good) return dialogs_.warning(kBadFileText);
+  if (outcome != Load::good) return tellOfBadFile(outcome);
   about().hide();
-  if (auto* told = findChild<QStatusBar*>()) told->hide();
+  saver_.startFile();
+  clearFoot(*this);
+  tellOfRescue();
   structure().showModal();
 }
 
-void mdimod::viewFile() { structure().showModal(); }
+void mdimod::tellOfBadFile(Load outcome) {
+  if (outcome == Load::halfWay && session_.loaded) {
+    unsaved_.disregard(session_, variableCount());
+    tellAtFoot(*this, kTwoFilesText);
+  }
+  tellOfRescue();
+  dialogs_.warning(kBadFileText);
+}
+
+void mdimod::viewFile() { structure().reopen(); }
 
 void mdimod::showResults() {
   // A failure ends without the window.
@@ -259,7 +269,8 @@ void mdimod::showResults() {
 }
 
 void mdimod::gravando() {
-  saver_.gravando(session_, toInt16(panel_->listCount(List::Combo2)), dialogs_);
+  const auto note = saver_.gravando(session_, toInt16(panel_->listCount(List::Combo2)), dialogs_);
+  if (note) tellAtFoot(*this, *note);
 }
 
 void mdimod::copyPlot() {

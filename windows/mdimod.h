@@ -6,6 +6,8 @@
 #include <memory>
 #include <vector>
 
+#include "files/unsaved.h"
+#include "files/variogram_reader.h"
 #include "files/variogram_writer.h"
 #include "model/fit.h"
 #include "plot/drawing/drawing_depth.h"
@@ -115,8 +117,13 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   /// Writes the models into the program's folder, as a program that must end does; the path.
   std::optional<std::string> keepModels();
   void reportFault(std::string_view fault);
-  /// Says, until a file is loaded, that the program before this one had to end.
+  /// The variables of the loaded file and those derived from them.
+  std::int64_t variableCount() const;
+  /// Keeps what differs from the loaded file.
+  void keepUnsaved();
+  /// Says, until a file is loaded, where the models of the last rescue are.
   void tellOfRescue();
+  void tellOfBadFile(Load outcome);
 
   Dialogs& dialogs_;
   /// Keeps the models and tells of a fault that ends the program.
@@ -126,6 +133,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   Session session_;
   std::filesystem::path folder_;
   ModelSaver saver_;
+  Unsaved unsaved_;
   QMdiArea* area_;
   FitPanelWidgets* panel_;
   QToolBar* Toolbar1;

@@ -67,6 +67,20 @@ TEST(CreateVariable, TakesNamesOfUpToTenCharacters) {
   EXPECT_EQ(session.varname(4), "1234567890");
 }
 
+TEST(CreateVariable, RefusesWhatTheFileCannotHold) {
+  const char* const kForeign =
+      "Name has a character that the file cannot hold, choose another one!";
+  Session session = structureSample();
+  tick(session, {1, 2});
+  for (const char* name : {"a,b", "a\"b", "\"a\"", "a\tb", "zinc,", " ,"})
+    expectRefused(createIn(session, name), kForeign, true);
+  // As a character beyond Latin-1 arrives here.
+  expectRefused(createVariable(session, "?", 3, false), kForeign, true);
+  expectRefused(createIn(session, "12345,67890"), kLongName, true);
+  EXPECT_EQ(session.nvar, 3);
+  EXPECT_FALSE(createIn(session, "S\xE3o 'x';?"));
+}
+
 TEST(CreateVariable, NeitherCountsNorKeepsLeadingBlanks) {
   Session session = structureSample();
   tick(session, {1, 2});

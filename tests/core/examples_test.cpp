@@ -126,13 +126,15 @@ struct Fitted {
 };
 
 constexpr const char* kNothing = "0 0 0 - 0 0.0001 0 - 0 0.0001 0 - 0 0.0001";
-constexpr std::array<const char*, 4> kRanges{"1250", "1800", "1000", "750"};
+/// On steps of the range slider, of which each direction has 32000 up to 20 times its hmax.
+constexpr std::array<const char*, 4> kRanges{"1249.979", "1799.627", "1000.371", "749.927"};
+constexpr std::array<const char*, 4> kShortRanges{"299.632", "299.769", "299.608", "300.377"};
 
 const Fitted kFitted[] = {
     {"1 0.09 1 S ", "0.66", "0.44", kRanges},
     {"1 0.09 1 S ", "0.54", "0.38", kRanges},
-    {"0 0 1 E 0.12 300 1 S ", "0.23", "0.1", kRanges},
-    {"1 0.65 1 S ", "1.4", "1.1", {"1400", "1800", "1200", nullptr}},
+    {"0 0 1 E 0.12 short 1 S ", "0.23", "0.1", kRanges},
+    {"1 0.65 1 S ", "1.4", "1.1", {"1400.299", "1799.627", "1200.445", nullptr}},
     {"1 0.075 1 S ", "0.59", "0.4", kRanges},
     {"1 0.05 1 S ", "0.42", "0.24", kRanges},
     {"", "", "", {nullptr, nullptr, nullptr, nullptr}},
@@ -143,6 +145,8 @@ std::string modelOf(const Fitted& fitted, std::int64_t direction) {
   const char* range = fitted.ranges.at(static_cast<std::size_t>(direction - 1));
   if (!range) return kNothing;
   std::string model = fitted.before;
+  if (const std::size_t at = model.find("short"); at != std::string::npos)
+    model.replace(at, 5, kShortRanges.at(static_cast<std::size_t>(direction - 1)));
   model += direction == 2 ? fitted.sillAt45 : fitted.sill;
   model += std::string(" ") + range;
   while (std::count(model.begin(), model.end(), ' ') < 13) model += " 0 - 0 0.0001";

@@ -58,7 +58,12 @@ const char* const kMessages[] = {
     "Save configuration data file to zevFIT.INI ?",
     "Cannot save  session parameters to ",
     "The program has met a fault and must end: ",
-    "The program had to end early. The models of "};
+    "The program had to end early. The models of ",
+    "Name has a character that the file cannot hold, choose another one!",
+    "| The models of ... that were not saved are kept in ... |",
+    "| The file as it was before this save could not be kept as ... |",
+    "The last file could not be read to its end: the tables hold parts of two files. Open a good "
+    "file."};
 
 TEST(ManualPage, TellsOfEveryMessage) {
   const std::string page = manual();

@@ -33,7 +33,7 @@ struct Desk {
   }
   Boxes save(std::int16_t variables = 2) {
     dialogs.shown.clear();
-    saver.gravando(session, variables, dialogs);
+    note = saver.gravando(session, variables, dialogs).value_or("");
     return dialogs.shown;
   }
 
@@ -43,6 +43,7 @@ struct Desk {
   Session session;
   ScriptedDialogs dialogs;
   ModelSaver saver{folder / "program"};
+  std::string note;  ///< of the last save
 
   std::string question = "confirm: Save  current models to file: " + file.string();
   std::string saved = savedBox(file.string());
@@ -309,18 +310,27 @@ TEST(Save, ThatCannotReplaceTheFileKeepsTheModelsInTheTemporaryFile) {
   EXPECT_TRUE(contentOf(desk.temporary).starts_with("Flood plain\r\nzevRA1\r\n 2 \r\nzinc"));
 }
 
-// An empty title is saved as an empty line, which the next load takes for no token at all.
-TEST(Save, OfAnEmptyTitleReadsBackOutOfStep) {
+// Neither would be a title on a line of its own.
+TEST(Save, OfATitleThatNeedsItsQuotesReadsBack) {
+  for (const std::string title : {"", "Flood, plain", " Flood plain"}) {
+    Desk desk;
+    std::string content = sampleFile("zevra");
+    content.replace(0, std::string("Flood plain").size(), '"' + title + '"');
+    desk.load(content);
+    EXPECT_EQ(desk.save(), (Boxes{desk.question, desk.saved}));
+    EXPECT_TRUE(contentOf(desk.file).starts_with('"' + title + "\"\r\nzevRA1\r\n 2 \r\nzinc\r\n"));
+    Session again;
+    EXPECT_TRUE(readVariogramFile(desk.file, again)) << title;
+    EXPECT_EQ(again.varname(2), "lead") << title;
+    EXPECT_TRUE(again.hasmodel) << title;
+  }
+}
+
+TEST(Save, WithNoVariableListedRefuses) {
   Desk desk;
-  std::string content = sampleFile("zevra");
-  content.replace(0, std::string("Flood plain").size(), "\"\"");
-  desk.load(content);
-  EXPECT_EQ(desk.save(), (Boxes{desk.question, desk.saved}));
-  EXPECT_TRUE(contentOf(desk.file).starts_with("\r\nzevRA1\r\n 2 \r\nzinc\r\n"));
-  Session again;
-  readVariogramFile(desk.file, again);
-  EXPECT_EQ(again.filetag, "2 ");
-  EXPECT_FALSE(again.hasmodel);
+  EXPECT_EQ(desk.save(0), Boxes{"plain: Please select input data file (*.ZVM) first!"});
+  EXPECT_EQ(contentOf(desk.file), sampleFile("zevra"));
+  EXPECT_FALSE(fs::exists(desk.temporary));
 }
 
 TEST(Save, KeepsALinkAndItsPermissions) {

@@ -51,8 +51,8 @@ TEST(WriterOldFile, TakesTheFirstTokenAsTitle) {
       {"blanks", "  A title  \r\nzevra\r\n1\r\n.", "A title  \r\nzevRA1\r\n"},
       {"a comma cuts it", "A title, cut\r\n1\r\n.", "A title\r\ncut\r\n"},
       {"quotes are lost", "\"A title\"\r\nzevra\r\n1\r\n.", "A title\r\nzevRA1\r\n"},
-      {"quoted with a comma", "\"A, title\"\r\nzevra\r\n1\r\n.", "A, title\r\nzevRA1\r\n"},
-      {"empty", "\"\"\nzevra\n1\n.", "\r\nzevRA1\r\n"},
+      {"but with a comma", "\"A, title\"\r\nzevra\r\n1\r\n.", "\"A, title\"\r\nzevRA1\r\n"},
+      {"and empty", "\"\"\nzevra\n1\n.", "\"\"\r\nzevRA1\r\n"},
       {"bytes above 127", "S\xE3o\nzevra\n1\n.", "S\xE3o\r\nzevRA1\r\n"},
   };
   for (const Row& row : rows) {
@@ -99,7 +99,7 @@ TEST(WriterOldFile, WritesTheVariablesListed) {
   const std::string three = written(from, 3);
   EXPECT_EQ(from.nvar, 2);
   EXPECT_EQ(three.substr(0, three.find(" 5.5 ")),
-            lines({"Flood plain", "zevRA1", " 3 ", "zinc", "lead", "sum, of both", " 2 ", " 2 ",
+            lines({"Flood plain", "zevRA1", " 3 ", "zinc", "lead", "\"sum, of both\"", " 2 ", " 2 ",
                    "0;0", "45;0"}));
   // Classes that were never filled are zeros.
   EXPECT_NE(three.find(lines(

@@ -96,6 +96,8 @@ class Desk {
   }
 
   fs::path target() const { return folder_ / kind_.target; }
+  /// The file as it was before a save of models.
+  fs::path kept() const { return folder_ / "data/meuse.zvm~"; }
 
   /// One save; with `fault` 0 without any.
   Outcome save(const Way& way, int fault) const {
@@ -116,7 +118,8 @@ class Desk {
     std::vector<std::string> names;
     for (const auto& entry : fs::directory_iterator(target().parent_path()))
       if (entry.path() != target() && entry.path().filename() != "rescue.txt" &&
-          entry.path().filename() != "rescue-before.zvm" && entry.path().filename() != "meuse.zvm")
+          entry.path().filename() != "rescue-before.zvm" &&
+          entry.path().filename() != "meuse.zvm" && entry.path().filename() != "meuse.zvm~")
         names.push_back(entry.path().filename().string());
     return names;
   }
@@ -148,6 +151,18 @@ std::string savedBytes(const Kind& kind) {
   return contentOf(desk.target());
 }
 
+/// The file as it was is whole wherever there is one; a save that goes on without it says so.
+void checkKept(const Desk& desk, const Outcome& outcome, bool isNew) {
+  const bool isKept = fs::exists(desk.kept());
+  const bool isTold = outcome.says("foot: The file as it was before this save could not be kept");
+  if (isKept) {
+    EXPECT_EQ(contentOf(desk.kept()), loadedFile());
+  }
+  if (isNew && !outcome.killed) {
+    EXPECT_TRUE(isKept || isTold) << outcome.output;
+  }
+}
+
 /// One save with a fault at a call; false when the save makes fewer calls.
 bool checkFault(const Kind& kind, const Way& way, int fault, const std::string& whole) {
   SCOPED_TRACE(std::string(kind.name) + ", call " + std::to_string(fault) + ": " + way.mode +
@@ -159,6 +174,7 @@ bool checkFault(const Kind& kind, const Way& way, int fault, const std::string& 
   EXPECT_TRUE(isNew || left == kind.old) << "the file is neither: " << left;
   EXPECT_EQ(outcome.killed, outcome.reached() && *way.name != 'e') << outcome.output;
   if (!outcome.killed) checkTold(kind, outcome, isNew);
+  if (kind.name == std::string("models")) checkKept(desk, outcome, isNew);
 
   // And whatever was left behind, the next save does its work.
   checkTold(kind, desk.save(way, 0), true);

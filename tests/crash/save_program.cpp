@@ -47,7 +47,8 @@ void saveModels(const std::string& folder, const std::string& file, zevfit::Dial
   zevfit::Session session = fitted(file);
   zevfit::ModelSaver saver(folder);
   arm();
-  saver.gravando(session, static_cast<std::int16_t>(session.nvar), dialogs);
+  const auto note = saver.gravando(session, static_cast<std::int16_t>(session.nvar), dialogs);
+  if (note) std::cout << "foot: " << *note << '\n';
 }
 
 void saveParameters(const std::string& folder, zevfit::Dialogs& dialogs) {

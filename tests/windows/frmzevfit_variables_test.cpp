@@ -61,6 +61,16 @@ const RefusedCreation kRefusedCreations[] = {
     {"no name", {1, 2}, "", "Please choose a name for this new variable!", false},
     {"blanks alone", {1, 2}, "   ", "Please choose a name for this new variable!", false},
     {"11 characters", {1, 2}, "12345678901", "Name too long, choose another one!", true},
+    {"a comma",
+     {1, 2},
+     "a,b",
+     "Name has a character that the file cannot hold, choose another one!",
+     true},
+    {"a double quote",
+     {1, 2},
+     "a\"b",
+     "Name has a character that the file cannot hold, choose another one!",
+     true},
     {"a name of the file",
      {1, 2},
      "zinc",
@@ -93,6 +103,20 @@ TEST_F(FrmzevfitVariables, RefusesToCreateWithAWarningAndTakesTheFocusAfterSome)
     EXPECT_EQ(grid("grid1")->rowCount(), 4) << refused.what;
     tickRows(refused.ticked);
   }
+}
+
+TEST_F(FrmzevfitVariables, RefusesCharactersThatNoFileHas) {
+  tickRows({1, 2});
+  for (const QString& name : {QString(QChar(0x03B3)), QString("a\tb"), QString(QChar(0x20AC))}) {
+    find<QLineEdit>("Text2")->setText(name);
+    press("adicionar");
+    EXPECT_EQ(shown(), (Boxes{"warning: Name has a character that the file cannot hold, choose "
+                              "another one!"}));
+  }
+  find<QLineEdit>("Text2")->setText(QString(QChar(0xE3)));
+  press("adicionar");
+  EXPECT_EQ(shown(), Boxes{});
+  EXPECT_EQ(session.varname(4), "\xE3");
 }
 
 TEST_F(FrmzevfitVariables, AFileOfOneVariableCanHaveNoOther) {

@@ -266,5 +266,16 @@ TEST(QtDialogs, HoldsTheFileNameThatTheFileDialogStartsWith) {
   EXPECT_EQ(dialogs.heldFile(), "/data/caf\xc3\xa9.zvm");
 }
 
+TEST(QtDialogs, APathKeepsBytesThatAreNoText) {
+  QtDialogs dialogs;
+  for (const char* path : {"/data/S\xE3o/\xFF.zvm", "/data/S\xC3\xA3o.zvm", ""}) {
+    dialogs.holdFile(path);
+    EXPECT_EQ(dialogs.heldFile(), path);
+    during<QFileDialog>([&] { EXPECT_FALSE(dialogs.openFile("Open", "*.ZVM")); },
+                        [](QFileDialog& dialog) { dialog.reject(); });
+    EXPECT_EQ(dialogs.heldFile(), path) << "a Cancel keeps it";
+  }
+}
+
 }  // namespace
 }  // namespace zevfit

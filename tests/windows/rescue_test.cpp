@@ -133,7 +133,7 @@ TEST_F(Rescue, TheNextStartSaysSoOnceAndUntilAFileIsLoaded) {
   }
   {
     Program program(program_);
-    auto& told = program.control<QLabel>("LabelRescue");
+    auto& told = program.control<QLabel>("LabelFoot");
     EXPECT_TRUE(told.isVisible());
     EXPECT_EQ(told.text().toStdString(), "The program had to end early. The models of " +
                                              file_.string() + " are kept in " +

@@ -1,0 +1,287 @@
+// What a save, a load and the end of the program keep of the user's work, and what the foot of the
+// window says of it.
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStatusBar>
+
+#include "files/rescue.h"
+#include "files/variogram_reader.h"
+#include "platform/qt_dialogs.h"
+#include "tests/support/model_lines.h"
+#include "tests/support/program.h"
+#include "tests/support/scratch_folder.h"
+#include "tests/support/variogram_text.h"
+
+namespace zevfit::test {
+namespace {
+
+namespace fs = std::filesystem;
+using Texts = std::vector<std::string>;
+
+constexpr const char* kTwoFiles =
+    "The last file could not be read to its end: the tables hold parts of two files. Open a good "
+    "file.";
+
+/// What stands at the foot of the window; nothing where it has none on show.
+std::string footOf(Program& program) {
+  auto* foot = program.window().findChild<QStatusBar*>();
+  if (!foot || !foot->isVisible()) return "";
+  return Program::find<QLabel>(*foot, "LabelFoot").text().toStdString();
+}
+
+class NothingLost : public testing::Test {
+ protected:
+  NothingLost() {
+    fs::create_directory(folder_ / "program");
+    putFile(file_, sampleFile("zevra"));
+    putFile(other_, sampleFile("zevra"));
+  }
+
+  /// What the program has kept, as the next one reads it.
+  Session kept() {
+    Session session;
+    EXPECT_TRUE(readVariogramFile(program_ / kRescueName, session));
+    return session;
+  }
+  bool keptAny() { return fs::exists(program_ / kRescueName); }
+  std::string keptNote(const fs::path& file) {
+    return "The models of " + file.string() + " that were not saved are kept in " +
+           (program_ / "rescue.zvm").string();
+  }
+  static void end(Program& program) {
+    program.dialogs().answers = {Answer::no};
+    program.dialogs().shown.clear();
+    EXPECT_TRUE(program.window().close());
+    EXPECT_EQ(program.dialogs().shown,
+              Texts{"question: Save configuration data file to zevFIT.INI ?"});
+  }
+  static void load(Program& program, const fs::path& file) {
+    program.dialogs().files = {file};
+    program.trigger("k1");
+  }
+  /// Opens the data structure window again, does something there and accepts it.
+  static void viewFile(Program& program, const std::function<void(QWidget&)>& steps = {}) {
+    Program::inModal([&] { program.trigger("k2"); },
+                     [&](QWidget& modal) {
+                       if (steps) steps(modal);
+                       Program::find<QAbstractButton>(modal, "Command2").click();
+                     });
+  }
+  static void addSum(Program& program, QWidget& structure, const char* name) {
+    program.session().addflag(1) = program.session().addflag(2) = true;
+    Program::find<QLineEdit>(structure, "Text2").setText(name);
+    Program::find<QAbstractButton>(structure, "adicionar").click();
+  }
+  /// The names in the file as the next load reads them.
+  Texts names() {
+    Session session;
+    EXPECT_TRUE(readVariogramFile(file_, session));
+    Texts all;
+    for (std::int64_t v = 1; v <= session.nvar; ++v) all.push_back(session.varname(v));
+    return all;
+  }
+
+  ScratchFolder folder_;
+  fs::path program_ = folder_ / "program";
+  fs::path file_ = folder_ / "meuse.zvm", other_ = folder_ / "other.zvm";
+};
+
+TEST_F(NothingLost, TheFirstSaveAfterALoadKeepsTheFileBesideIt) {
+  Program program(program_);
+  program.open(file_);
+  const fs::path before = folder_ / "meuse.zvm~";
+  setNugget(program.session(), {1, 1}, 0.5);
+  program.trigger("k11");
+  EXPECT_EQ(contentOf(before), sampleFile("zevra"));
+  const std::string saved = contentOf(file_);
+  setNugget(program.session(), {1, 1}, 0.25);
+  program.trigger("k11");
+  EXPECT_EQ(contentOf(before), sampleFile("zevra"));
+  EXPECT_NE(contentOf(file_), saved);
+  putFile(file_, saved);
+  program.open(file_);
+  program.trigger("k11");
+  EXPECT_EQ(contentOf(before), saved);
+  EXPECT_EQ(footOf(program), keptNote(file_)) << "the file lost the last nugget meanwhile";
+}
+
+TEST_F(NothingLost, AFileThatCannotBeKeptIsSavedAndToldAtTheFoot) {
+  fs::create_directory(folder_ / "meuse.zvm~");
+  Program program(program_);
+  program.open(file_);
+  program.trigger("k11");
+  EXPECT_EQ(program.dialogs().shown.back(), "plain: Models saved to file:" + file_.string());
+  EXPECT_EQ(footOf(program), "The file as it was before this save could not be kept as " +
+                                 (folder_ / "meuse.zvm~").string());
+  program.open(other_);
+  EXPECT_EQ(footOf(program), "");
+}
+
+TEST_F(NothingLost, TheEndKeepsModelsThatWereNotSavedAndTheNextStartSaysSoOnce) {
+  {
+    Program program(program_);
+    program.open(file_);
+    setNugget(program.session(), {2, 1}, 0.25);
+    end(program);
+  }
+  EXPECT_EQ(kept().c0({2, 1}).number(), 0.25);
+  EXPECT_EQ(contentOf(file_), sampleFile("zevra"));
+  {
+    Program program(program_);
+    EXPECT_EQ(footOf(program), keptNote(file_));
+    program.open(other_);
+    EXPECT_EQ(footOf(program), "");
+  }
+  Program program(program_);
+  EXPECT_EQ(footOf(program), "");
+}
+
+TEST_F(NothingLost, TheEndKeepsNothingOfWhatStandsInTheFile) {
+  for (const char* tag : {"zevra", "zevRA1", "mine"}) {
+    putFile(file_, sampleFile(tag));
+    Program program(program_);
+    program.open(file_);
+    program.control<QAbstractButton>("Command5").click();
+    end(program);
+    EXPECT_FALSE(keptAny()) << tag;
+  }
+  for (const char* tag : {"zevra", "zevRA1", "mine"}) {
+    putFile(file_, sampleFile(tag));
+    Program program(program_);
+    program.open(file_);
+    setNugget(program.session(), {2, 1}, 0.25);
+    program.session().c2({1, 1}) = 7;  // switched off
+    viewFile(program, [&](QWidget& modal) { addSum(program, modal, "sum"); });
+    program.trigger("k11");
+    end(program);
+    EXPECT_FALSE(keptAny()) << tag;
+  }
+  Program program(program_);
+  end(program);
+  EXPECT_FALSE(keptAny()) << "without a file";
+  EXPECT_EQ(footOf(program), "");
+}
+
+TEST_F(NothingLost, TheEndKeepsASumThatWasNotSaved) {
+  Program program(program_);
+  program.open(file_);
+  // Not accepted: neither the panel's list nor a save knows of it.
+  Program::inModal([&] { program.trigger("k2"); },
+                   [&](QWidget& modal) {
+                     addSum(program, modal, "sum");
+                     modal.close();
+                   });
+  end(program);
+  EXPECT_EQ(kept().nvar, 3);
+  EXPECT_EQ(kept().varname(3), "sum");
+}
+
+TEST_F(NothingLost, ALoadKeepsWhatItReplacesAndTheFootSaysSo) {
+  {
+    Program program(program_);
+    program.open(file_);
+    setNugget(program.session(), {2, 1}, 0.25);
+    program.open(other_);
+    EXPECT_EQ(footOf(program), keptNote(file_));
+    EXPECT_EQ(kept().c0({2, 1}).number(), 0.25);
+    EXPECT_EQ(program.dialogs().shown.size(), 2U) << "the two questions for a file";
+    program.open(file_);
+    EXPECT_EQ(footOf(program), "");
+    end(program);
+  }
+  Program program(program_);
+  EXPECT_EQ(footOf(program), "") << "told already";
+}
+
+TEST_F(NothingLost, ALoadThatFailsHalfWayIsToldUntilAGoodOne) {
+  const fs::path bad = folder_ / "bad.zvm", empty = folder_ / "empty.zvm";
+  putFile(bad, "bad\nzevra\n1\nx\n1\n1\n45;0\n1\n10 0.5");
+  putFile(empty, "");
+  Program program(program_);
+  load(program, bad);
+  EXPECT_EQ(footOf(program), "") << "there are no two files";
+  program.open(file_);
+  load(program, empty);
+  EXPECT_EQ(footOf(program), "") << "the tables are as they were";
+  setNugget(program.session(), {2, 1}, 0.25);
+  for (int time = 0; time < 2; ++time) {
+    load(program, bad);
+    EXPECT_EQ(footOf(program), kTwoFiles + ("\n" + keptNote(file_)));
+    EXPECT_EQ(program.dialogs().shown.back(),
+              "warning: Invalid Input Data File Format or empty File!");
+  }
+  program.open(other_);
+  EXPECT_EQ(footOf(program), "");
+  // What half a file has left is not worth keeping, nor does it push out what is.
+  EXPECT_EQ(kept().c0({2, 1}).number(), 0.25);
+  EXPECT_FALSE(fs::exists(program_ / kRescueBeforeName));
+}
+
+TEST_F(NothingLost, ASumStaysBehindASaveAndAnotherLookAtTheFile) {
+  Program program(program_);
+  program.open(file_);
+  viewFile(program, [&](QWidget& modal) { addSum(program, modal, "sum"); });
+  program.trigger("k11");
+  EXPECT_EQ(program.session().nvar, 2) << "the old file's count, until the window opens";
+  viewFile(program, [&](QWidget&) { EXPECT_EQ(program.session().nvar, 3); });
+  program.trigger("k11");
+  EXPECT_EQ(names(), (Texts{"zinc", "lead", "sum"}));
+}
+
+TEST_F(NothingLost, RemovingASavedSumLeavesTheVariablesOfTheFile) {
+  Program program(program_);
+  program.open(file_);
+  viewFile(program, [&](QWidget& modal) { addSum(program, modal, "sum"); });
+  program.trigger("k11");
+  viewFile(program, [&](QWidget& modal) {
+    Program::find<QComboBox>(modal, "Combovar").setCurrentIndex(2);
+    Program::find<QAbstractButton>(modal, "remove").click();
+  });
+  EXPECT_EQ(program.session().nvar, 2);
+  EXPECT_EQ(program.control<QComboBox>("Combo2").count(), 2);
+  program.trigger("k11");
+  EXPECT_EQ(names(), (Texts{"zinc", "lead"}));
+}
+
+TEST_F(NothingLost, ASecondSumStaysBesideASavedOne) {
+  Program program(program_);
+  program.open(file_);
+  viewFile(program, [&](QWidget& modal) { addSum(program, modal, "sum"); });
+  program.trigger("k11");
+  viewFile(program, [&](QWidget& modal) { addSum(program, modal, "second"); });
+  program.trigger("k11");
+  EXPECT_EQ(names(), (Texts{"zinc", "lead", "sum", "second"}));
+  Session session;
+  ASSERT_TRUE(readVariogramFile(file_, session));
+  EXPECT_EQ(session.variance(3).number(), 12) << "5.5 and 6.5";
+  EXPECT_EQ(session.variance(4).number(), 12);
+}
+
+// The program starts on the path and ends without a question.
+TEST_F(NothingLost, APathThatIsNoTextKeepsItsBytesInTheParameters) {
+  const std::string path = "/data/S\xE3o \xFF.zvm";
+  {
+    Program program(program_);
+    program.dialogs().held = path;
+    program.dialogs().answers = {Answer::yes};
+    EXPECT_TRUE(program.window().close());
+  }
+  const std::string parameters = contentOf(program_ / "zevfit.ini");
+  ASSERT_TRUE(parameters.starts_with(path + "\r\n"));
+  putFile(program_ / "zpam.pam", "1 2 3 4 5 6 7 8 9 1 1\r\n");
+  QtDialogs dialogs;
+  RecordingPrinter printer;
+  const AngleTest angleTest;
+  mdimod window(dialogs, printer, angleTest, program_);
+  window.show();
+  EXPECT_TRUE(window.close());
+  QTimer::singleShot(0, [] { QApplication::exit(0); });
+  QApplication::exec();
+  EXPECT_EQ(contentOf(program_ / "zevfit.ini"), parameters);
+}
+
+}  // namespace
+}  // namespace zevfit::test

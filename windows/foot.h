@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+class QMainWindow;
+
+namespace zevfit {
+
+/// Adds a line to what stands at the foot of a window; a line that stands there already stays one.
+void tellAtFoot(QMainWindow& window, const std::string& note);
+/// Takes away the foot of a window with all that it tells.
+void clearFoot(QMainWindow& window);
+
+}  // namespace zevfit
