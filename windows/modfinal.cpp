@@ -178,7 +178,7 @@ void modfinal::showOtherFields() {
 }
 
 QString modfinal::sourceText(const ResultSource& source) const {
-  const QString name = toQString(source.name).trimmed();
+  QString name = toQString(source.name).trimmed();
   if (source.file == shown_.file) return name;
   return name + " of " + QFileInfo(QFile::decodeName(source.file.c_str())).fileName();
 }
