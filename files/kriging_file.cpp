@@ -5,6 +5,7 @@
 
 #include "files/output_file.h"
 #include "session/fault.h"
+#include "session/illegal_value.h"
 #include "session/number_pattern.h"
 #include "session/number_reading.h"
 #include "session/numbers.h"
@@ -54,8 +55,29 @@ bool orthogonal(const Angles& a, const Orthogonality& routine) {
                               toSingle(a.minor2Dip)) != 0;
 }
 
+/// In single precision, as the test of right angles compares them.
 bool sameMinors(const Angles& a) {
-  return a.minor1Azimuth == double{a.minor2Azimuth} && a.minor1Dip == a.minor2Dip;
+  return toSingle(a.minor1Azimuth) == a.minor2Azimuth &&
+         toSingle(a.minor1Dip) == toSingle(a.minor2Dip);
+}
+
+struct AxisName {
+  AxisTexts KrigingModel::*fields;
+  const char* name;
+};
+constexpr std::array<AxisName, 3> kAxisNames{{{&KrigingModel::main, "Main"},
+                                              {&KrigingModel::minor1, "minor1"},
+                                              {&KrigingModel::minor2, "minor2"}}};
+constexpr std::array<const char*, 2> kAngleNames{"azimuth", "dip"};
+
+/// The number of a text fits single precision, in which angles are tested.
+bool isAngle(std::string_view text) {
+  return attempt(
+      [&] {
+        toSingle(leadingNumber(text));
+        return true;
+      },
+      [] { return false; });
 }
 
 double range(const AxisTexts& axis, int structure) {
@@ -139,6 +161,18 @@ Structures structuresOf(const KrigingModel& model) {
 
 }  // namespace
 
+std::optional<std::string> illegalAngle(const KrigingModel& model) {
+  for (const auto& [fields, axis] : kAxisNames) {
+    for (const std::size_t entry : {kAzimuth, kDip}) {
+      const std::string& text = (model.*fields).at(entry);
+      if (!isAngle(text))
+        return illegalValue(kAngleNames.at(entry) + (" of " + std::string(axis)) + " Direction",
+                            text);
+    }
+  }
+  return std::nullopt;
+}
+
 std::optional<std::string> angleRefusal(const KrigingModel& model,
                                         const Orthogonality& orthogonality) {
   const Angles angles = anglesOf(model);
@@ -182,18 +216,19 @@ std::string composeKrigingFile(const KrigingModel& model) {
 
 void saveKrigingFile(const KrigingModel& model, const Orthogonality& orthogonality,
                      Messages& messages, FileChooser& chooser) {
+  if (const auto illegal = illegalAngle(model)) return messages.warning(*illegal);
   if (const auto refused = angleRefusal(model, orthogonality)) return messages.plain(*refused);
   const std::optional<std::string> path = chooser.saveFile(kTitle, kPattern);
   if (!path) return;
   const std::string name = std::filesystem::path(*path).filename().string();
   if (const auto refused = structureRefusal(model, name)) return messages.warning(*refused);
   if (isNuggetAlone(model)) messages.warning(kNuggetAlone);
-  // A failure while the file is written ends without a word.
-  endSilently([&] {
-    writeWhole(*path, composeKrigingFile(model), freeSibling(*path));
-    messages.plain("File  ' " + name +
-                   " '  is saved, you can go on to simulation/kriging modules.");
-  });
+  messages.plain(attempt(
+      [&] {
+        saveWhole(*path, composeKrigingFile(model));
+        return "File  ' " + name + " '  is saved, you can go on to simulation/kriging modules.";
+      },
+      [&] { return "Cannot save file: " + name; }));
 }
 
 }  // namespace zevfit

@@ -36,8 +36,10 @@ struct KrigingModel {
   std::array<std::string, 13> rowcells;
 };
 
+/// An angle that overflows single precision, as a warning names it; nothing where there is none.
+std::optional<std::string> illegalAngle(const KrigingModel& model);
 /// Why the directions of a model make no file, as a box tells it; nothing where they are at right
-/// angles. Throws Fault for angles that overflow.
+/// angles. Throws Fault for what illegalAngle names.
 std::optional<std::string> angleRefusal(const KrigingModel& model,
                                         const Orthogonality& orthogonality);
 /// Why its structures make none, as a warning tells it; nothing where the directions have the same
@@ -49,9 +51,8 @@ bool isNuggetAlone(const KrigingModel& model);
 /// The bytes of the file, for a model that nothing refuses. Throws Fault for numbers that overflow.
 std::string composeKrigingFile(const KrigingModel& model);
 
-/// Checks the model, asks for the file, writes it and tells so. The file is replaced whole or left
-/// as it was; a failure to write it ends silently. Angles that overflow pass to the caller as a
-/// Fault.
+/// Checks the model, asks for the file, writes it as saveWhole does and tells so, or that it can't
+/// be written.
 void saveKrigingFile(const KrigingModel& model, const Orthogonality& orthogonality,
                      Messages& messages, FileChooser& chooser);
 

@@ -81,6 +81,38 @@ void takeOver(const fs::path& from, const struct stat& old) {
   ::chmod(from.c_str(), bits);
 }
 
+void writeAll(int descriptor, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written =
+        uninterrupted([&] { return ::write(descriptor, bytes.data(), bytes.size()); });
+    if (written < 0) fail("Cannot write", "");
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+/// No file can be made in the folder of a file, nor taken out of it.
+bool isClosedFolder(const fs::path& folder) {
+  return ::access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) != 0;
+}
+
+/// Writes into a file that is there, which keeps all but its bytes.
+void overwrite(const fs::path& path, std::string_view bytes) {
+  const Descriptor file(path, O_WRONLY | O_NONBLOCK);
+  const auto size = static_cast<off_t>(bytes.size());
+  // Room first, so that a full disk leaves the old bytes.
+  if (::posix_fallocate(file.number(), 0, size) == ENOSPC)
+    throw Fault("No room for " + path.string());
+  writeAll(file.number(), bytes);
+  if (::ftruncate(file.number(), size) != 0 || !flushed(file.number())) fail("Cannot write", path);
+}
+
+/// Where a symbolic link leads, or the path itself.
+fs::path realPath(const fs::path& path) {
+  std::error_code unknown;
+  const fs::path real = fs::weakly_canonical(path, unknown);
+  return unknown ? path : real;
+}
+
 int flagsFor(OutputFile::Old old) {
   return O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK |
          (old == OutputFile::Old::refused ? O_EXCL : O_TRUNC);
@@ -133,18 +165,9 @@ void OutputFile::write(std::string_view bytes) {
 }
 
 void OutputFile::flush() {
-  std::string_view left = buffer_;
-  while (!left.empty()) {
-    const ssize_t written =
-        uninterrupted([&] { return ::write(descriptor_, left.data(), left.size()); });
-    if (written < 0) {
-      // What failed once is not tried again when the file is closed.
-      buffer_.clear();
-      fail("Cannot write", "");
-    }
-    left.remove_prefix(static_cast<std::size_t>(written));
-  }
-  buffer_.clear();
+  // What failed once is not tried again when the file is closed.
+  const std::string bytes = std::exchange(buffer_, {});
+  writeAll(descriptor_, bytes);
 }
 
 void OutputFile::close() {
@@ -183,9 +206,7 @@ void copyWhole(const fs::path& from, const fs::path& target) {
 }
 
 void replaceFile(const fs::path& from, const fs::path& target) {
-  std::error_code unknown;
-  const fs::path real = fs::weakly_canonical(target, unknown);
-  const fs::path& to = unknown ? target : real;
+  const fs::path to = realPath(target);
   struct stat old {};
   if (::stat(to.c_str(), &old) == 0) {
     if (!S_ISREG(old.st_mode)) throw Fault("Not a file: " + to.string());
@@ -211,6 +232,15 @@ void writeWhole(const fs::path& target, std::string_view bytes, const fs::path& 
     ::unlink(temporary.c_str());
     throw;
   }
+}
+
+void saveWhole(const fs::path& target, std::string_view bytes) {
+  const fs::path real = realPath(target);
+  struct stat old {};
+  const bool isThere = ::stat(real.c_str(), &old) == 0 && S_ISREG(old.st_mode);
+  if (isThere && (isClosedFolder(real.parent_path()) || isClosedFolder(target.parent_path())))
+    return overwrite(real, bytes);
+  writeWhole(target, bytes, freeSibling(target));
 }
 
 std::string readWhole(const fs::path& path) {

@@ -59,6 +59,10 @@ void copyWhole(const std::filesystem::path& from, const std::filesystem::path& t
 /// Throws Fault on failure; the target is then as it was, and nothing of the new file is left.
 void writeWhole(const std::filesystem::path& target, std::string_view bytes,
                 const std::filesystem::path& temporary);
+/// Writes a file whole beside the target and puts it in its place. Where the folder may not be
+/// written the bytes go into the target itself, which is then no single step. Throws Fault on
+/// failure.
+void saveWhole(const std::filesystem::path& target, std::string_view bytes);
 /// A name beside the target that no file has; throws Fault when there is none.
 std::filesystem::path freeSibling(const std::filesystem::path& target);
 

@@ -141,7 +141,9 @@ void click(Session& session, const std::vector<ResultRow>& rows, Axis axis, std:
     const std::string& name = session.dirname(direction);
     const bool blank = trimmed(fields.text(axis, kAzimuth)).empty();
     require(blank || isAxis(fields, axis, name), "an axis is the direction that was clicked");
+    require(!rowRefusal(session, direction), "a row that is taken is not refused");
   } catch (const Fault&) {
+    require(rowRefusal(session, direction).has_value(), "a row that fails is refused");
     require(session.dirname(direction).find('-', 1) == std::string::npos ||
                 trimmed(session.dirname(direction)).find('-', 1) == std::string_view::npos,
             "a name without a separator alone fails");
@@ -238,7 +240,7 @@ void saveAndRead(const KrigingModel& model) {
   const std::filesystem::path path = folder / "out.ZVP";
   test::ScriptedDialogs dialogs;
   dialogs.saved.push_back(path.string());
-  endSilently([&] { saveKrigingFile(model, CheckedAngles(), dialogs, dialogs); });
+  saveKrigingFile(model, CheckedAngles(), dialogs, dialogs);
   const bool told =
       !dialogs.shown.empty() && dialogs.shown.back().find("is saved") != std::string::npos;
   std::error_code missing;
@@ -252,7 +254,10 @@ void saveAndRead(const KrigingModel& model) {
 /// the user types there.
 void checkResults(Fields& in, Session& session) {
   std::vector<ResultRow> rows = emptyResults(session);
-  endSilently([&] { fillResults(session, 1, rows); });
+  const auto illegal = fillResults(session, 1, rows);
+  require(!illegal || illegal->starts_with("Illegal value for "), "a text is named");
+  for (std::int64_t d = 1; d <= kDirections; ++d)
+    hasOtherTotal(session, {1, d}, rows.at(static_cast<std::size_t>(d - 1)));
   test::MemoryAxisFields fields;
   RowCells rowcells;
   for (const Axis axis : kAxes)

@@ -1,8 +1,12 @@
 #include "model/axis_dialogs.h"
 
+#include <optional>
+
+#include "session/illegal_value.h"
 #include "session/number_pattern.h"
 #include "session/number_reading.h"
 #include "session/numbers.h"
+#include "session/policy.h"
 
 namespace zevfit {
 namespace {
@@ -11,6 +15,7 @@ constexpr const char* kSeenPattern = "#.### ";
 constexpr const char* kNewDistancePattern = "####.##";
 /// Of a whole legend, with what stands around the user's text.
 constexpr std::size_t kLongestLegend = 10;
+constexpr const char* kDistanceName = "X-Maximum";
 constexpr const char* kTooLong = "Legend too long: Maximum 6 char.!";
 
 /// That of the two lists.
@@ -19,6 +24,28 @@ Pair chosenPair(const Fit& fit) {
 }
 
 bool hasFloor(const Session& session, Pair pair) { return session.ymin(pair) < 0; }
+
+const char* limitName(const Session& session, Pair pair) {
+  return hasFloor(session, pair) ? "Y-Minimum" : "Y-Maximum";
+}
+
+/// The number in a field; nothing where it overflows, which is warned of.
+std::optional<double> fieldValue(std::string_view text, const char* name, Messages& messages) {
+  return attempt([&] { return std::optional(leadingNumber(text)); },
+                 [&] {
+                   messages.warning(illegalValue(name, text));
+                   return std::optional<double>();
+                 });
+}
+
+/// The same of a variance, which a file may have left as a text.
+std::optional<double> varianceOf(const Session& session, std::int64_t variable,
+                                 Messages& messages) {
+  const Cell& variance = session.variance(variable);
+  if (!variance.isText()) return variance.number();
+  messages.warning(illegalValue("variance", variance.toText()));
+  return std::nullopt;
+}
 
 /// A distance maximum that is set already leaves the field with what it showed last, also where
 /// that was another plot's: OK then gives this plot that maximum.
@@ -57,22 +84,26 @@ bool Command1_Click(Fit& fit, ScaleTexts& texts) {
 }
 
 void cutgraph_Activate(const Session& session, ScaleTexts& texts) {
-  texts.Label3_1 = hasFloor(session, session.current()) ? "Y-Minimum" : "Y-Maximum";
+  texts.Label3_1 = limitName(session, session.current());
 }
 
 bool cutgraph_Command2_Click(Session& session, Messages& messages, const ScaleTexts& texts) {
   const Pair pair = session.current();
-  const double limit = leadingNumber(texts.novoymax);
-  const double variance = session.variance(pair.variable).number();
+  const auto limit = fieldValue(texts.novoymax, limitName(session, pair), messages);
+  if (!limit) return false;
+  const auto variance = varianceOf(session, pair.variable, messages);
+  if (!variance) return false;
   const bool floor = hasFloor(session, pair);
-  if (floor ? limit >= variance : limit <= variance) {
+  if (floor ? *limit >= *variance : *limit <= *variance) {
     // The text asks for a greater value also where a smaller one is needed; the manual quotes it.
     messages.warning("Illegal value ymax ! Note:  legal value >  " +
                      session.variance(pair.variable).toText());
     return false;
   }
-  session.xmax(pair) = leadingNumber(texts.novoxmax);
-  (floor ? session.ymin : session.ymax)(pair) = limit;
+  const auto distance = fieldValue(texts.novoxmax, kDistanceName, messages);
+  if (!distance) return false;
+  session.xmax(pair) = *distance;
+  (floor ? session.ymin : session.ymax)(pair) = *limit;
   return true;
 }
 

@@ -30,8 +30,9 @@ inline constexpr const char* kLegendCaption = "X-Axis  h [units]";
 bool Command1_Click(Fit& fit, ScaleTexts& texts);
 /// The window comes up: says which limit of the current pair it edits.
 void cutgraph_Activate(const Session& session, ScaleTexts& texts);
-/// Stores the texts in the current pair's axes. False when the limit lies on the wrong side of the
-/// variance: that is told, and nothing is stored.
+/// Stores the texts in the current pair's axes. False for a number that overflows, for a variance
+/// that is a text, and when the limit lies on the wrong side of the variance: that is told, and
+/// nothing is stored.
 bool cutgraph_Command2_Click(Session& session, Messages& messages, const ScaleTexts& texts);
 
 /// Opens the window for the distance legend: makes the pair of the lists the current one and gives

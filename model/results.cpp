@@ -6,8 +6,10 @@
 
 #include "session/fault.h"
 #include "session/form.h"
+#include "session/illegal_value.h"
 #include "session/line.h"
 #include "session/numbers.h"
+#include "session/policy.h"
 
 namespace zevfit {
 
@@ -35,10 +37,13 @@ class Filler {
     row[kLargestColumn] = used ? largestText() : kNone;
   }
 
+  /// The warning of the text that has ended a filling.
+  const std::optional<std::string>& illegal() const { return illegal_; }
+
  private:
-  bool showNugget(ResultRow& row, Pair pair) const {
+  bool showNugget(ResultRow& row, Pair pair) {
     const ConstLineRef nugget = line(session_, pair, Line::nugget);
-    const double used = nugget.used();
+    const double used = number(nugget.flag(), "flag of Nugget Effect", pair);
     if (used == 0) row[kNuggetColumn] = kNone;
     if (used == 1) row[kNuggetColumn] = nugget.sill().toText();
     return used == 1;
@@ -46,25 +51,44 @@ class Filler {
 
   bool showStructure(ResultRow& row, Pair pair, Line structure) {
     const ConstLineRef at = line(session_, pair, structure);
-    const double used = at.used();
+    const std::string order = std::to_string(indexOf(structure));
+    const double used = number(at.flag(), "flag of Structure " + order, pair);
     const std::size_t column = kLetterColumns.at(indexOf(structure) - 1);
     if (used == 0) std::fill_n(row.begin() + static_cast<std::ptrdiff_t>(column), 3, kNone);
     if (used != 1) return false;
     row.at(column) = at.letter();
     row.at(column + 1) = at.sill().toText();
     row.at(column + 2) = at.range().toText();
+    const Range range{at.range(), "range 'a" + order + "'", pair};
     // The range of structure 1 replaces what the direction before has left, the others extend it.
-    if (structure == Line::first || at.range().number() > (largest_ ? largest_->number() : 0))
-      largest_ = at.range();
+    if (structure == Line::first || number(range) > (largest_ ? number(*largest_) : 0))
+      largest_ = range;
     return true;
   }
 
-  std::string largestText() const { return largest_ ? largest_->toText() : std::string(); }
+  struct Range {
+    Cell cell;
+    std::string name;
+    Pair pair;
+  };
+  double number(const Range& range) { return number(range.cell, range.name, range.pair); }
+
+  /// The number of a cell; a text is kept for illegal() before the Fault goes on.
+  double number(const Cell& cell, const std::string& name, Pair pair) {
+    if (cell.isText())
+      illegal_ = illegalValue(
+          name + " in Direction (" + std::string(trimmed(session_.dirname(pair.direction))) + ")",
+          cell.toText());
+    return cell.number();
+  }
+
+  std::string largestText() const { return largest_ ? largest_->cell.toText() : std::string(); }
 
   const Session& session_;
   std::int64_t variable_;
   /// Never set back between directions: the last column of one without structure 1 starts from it.
-  std::optional<Cell> largest_;
+  std::optional<Range> largest_;
+  std::optional<std::string> illegal_;
 };
 
 void putRanges(const ResultRow& row, AxisFields& fields, Axis axis) {
@@ -113,21 +137,55 @@ std::vector<ResultRow> emptyResults(const Session& session) {
   return rows;
 }
 
-void fillResults(const Session& session, std::int64_t variable, std::vector<ResultRow>& rows) {
+std::optional<std::string> fillResults(const Session& session, std::int64_t variable,
+                                       std::vector<ResultRow>& rows) {
   Filler filler(session, variable);
-  std::int64_t direction = 0;
-  for (ResultRow& row : rows) filler.fill(row, ++direction);
+  std::vector<ResultRow> filled = rows;
+  try {
+    std::int64_t direction = 0;
+    for (ResultRow& row : filled) filler.fill(row, ++direction);
+  } catch (const Fault&) {
+    if (!filler.illegal()) throw;
+    return filler.illegal();
+  }
+  rows = std::move(filled);
+  return std::nullopt;
+}
+
+bool hasOtherTotal(const Session& session, Pair pair, const ResultRow& row) {
+  if (row[kTotalColumn] == kNone) return false;
+  double total = 0;
+  for (const Line which : kLines) {
+    const ConstLineRef at = line(session, pair, which);
+    if (at.flag().isText() || !at.isOn()) continue;
+    if (at.sill().isText()) return true;
+    total += at.sill().number();
+  }
+  return row[kTotalColumn] != generalText(total);
+}
+
+std::optional<std::string> rowRefusal(const Session& session, std::int64_t direction) {
+  const std::string_view name = trimmed(session.dirname(direction));
+  return attempt(
+      [&] {
+        directionAngles(name);
+        return std::optional<std::string>();
+      },
+      [&] {
+        return std::optional("Direction (" + std::string(name) +
+                             ") has no azimuth and dip, as in 0;0.");
+      });
 }
 
 void transferRow(const Session& session, const ResultRow& row, std::int64_t direction,
                  AxisFields& fields, RowCells& rowcells) {
   const std::optional<Axis> target = session.targetdir;
+  const DirectionAngles angles = directionAngles(session.dirname(direction));
   if (target) putRanges(row, fields, *target);
   if (target == Axis::main) {
     for (const Axis minor : {Axis::minor1, Axis::minor2})
       if (isUnset(fields, minor)) putRanges(row, fields, minor);
   }
-  const DirectionAngles angles = directionAngles(session.dirname(direction));
   if (target) putAngles(angles, fields, *target);
   if (target != Axis::main) return;
   for (const Axis minor : {Axis::minor1, Axis::minor2})

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,14 +24,21 @@ using RowCells = std::array<std::string, kResultColumns>;
 std::vector<ResultRow> emptyResults(const Session& session);
 
 /// Shows the models of a variable in the rows, of which the first is direction 1. A line whose flag
-/// is neither 0 nor 1 keeps what it shows. Throws Fault for a text in place of a flag or of a range
-/// that is compared; the rows are then filled up to there.
-void fillResults(const Session& session, std::int64_t variable, std::vector<ResultRow>& rows);
+/// is neither 0 nor 1 keeps what it shows. A text in place of a flag or of a range that is compared
+/// leaves all rows as they were: the result is the warning that names it, otherwise nothing.
+[[nodiscard]] std::optional<std::string> fillResults(const Session& session, std::int64_t variable,
+                                                     std::vector<ResultRow>& rows);
+/// CTOTAL of a row that shows the model of a pair is another number than the sum of the sills of
+/// its ticked lines; false for a row without a model.
+bool hasOtherTotal(const Session& session, Pair pair, const ResultRow& row);
 
+/// Why the row of a direction can't be taken for an axis, as a warning tells it: a name without
+/// azimuth and dip.
+std::optional<std::string> rowRefusal(const Session& session, std::int64_t direction);
 /// What a click on the row of a direction does: its ranges and angles go into the axis that
 /// `targetdir` names, a first pick for Main into the minor ones too, and the row of Main into
-/// `rowcells`. Throws Fault for a name without a separator, whatever the target; the ranges are
-/// then in their fields.
+/// `rowcells`. Throws Fault for what rowRefusal tells of, whatever the target, before anything
+/// has changed.
 void transferRow(const Session& session, const ResultRow& row, std::int64_t direction,
                  AxisFields& fields, RowCells& rowcells);
 

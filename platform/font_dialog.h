@@ -2,22 +2,47 @@
 
 #include <QFontDialog>
 
+#include "session/style.h"
+
 class QLineEdit;
+class QListView;
 
 namespace zevfit {
 
-/// Qt's font dialog with sizes such as 7.8, where Qt's own knows whole ones alone: it would round
-/// the size that it starts with, and take no other.
+/// Qt's font dialog for a face and a size. It takes sizes such as 7.8, where Qt's own knows whole
+/// ones alone, and starts with the face that it is given also where that is not installed: Qt's
+/// own would start with the first face of its list. Each of the two changes only by its own
+/// controls.
 class FontDialog : public QFontDialog {
  public:
-  FontDialog(const QFont& start, QWidget* parent);
+  /// `name` is the face of `start` as it is shown.
+  FontDialog(const FontChoice& start, const QString& name, QWidget* parent);
+
+  /// What the dialog stands at: the very start for what was not changed.
+  FontChoice choice() const;
 
  private:
-  /// Gives the sample, which is what the dialog answers with, the size that stands in the field.
+  void findControls();
+  /// Adds the face to the list where it is missing, and selects it.
+  void selectStart();
+  QString face() const;
+  /// Another face was chosen.
+  void takeFace();
+  /// A text in the field for the size.
   void takeSize();
+  /// Whatever has changed the sample shows the chosen face and size again.
+  void showChoice();
+  void showSize();
 
+  FontChoice start_;
+  QString name_;
+  QString shownFace_;
+  QString sizeText_;  ///< the last one that is a size
+  float chosenSize_;
   QLineEdit* size_ = nullptr;
   QLineEdit* sample_ = nullptr;
+  QListView* faces_ = nullptr;
+  QListView* sizes_ = nullptr;
 };
 
 }  // namespace zevfit

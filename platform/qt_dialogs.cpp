@@ -112,14 +112,10 @@ std::optional<std::string> QtDialogs::saveFile(std::string_view title, std::stri
 }
 
 std::optional<FontChoice> QtDialogs::chooseFont(const FontChoice& start) {
-  QFont font(toShown(start.name));
-  font.setPointSizeF(start.size);
-  FontDialog dialog(font, QApplication::activeWindow());
+  FontDialog dialog(start, toShown(start.name), QApplication::activeWindow());
   dialog.setObjectName("Dialog1");
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-  const QFont chosen = dialog.selectedFont();
-  return FontChoice{chosen.family().toLatin1().toStdString(),
-                    static_cast<float>(chosen.pointSizeF())};
+  return dialog.choice();
 }
 
 std::optional<Colour> QtDialogs::chooseColour(Colour start) {

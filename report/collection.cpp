@@ -35,8 +35,7 @@ class Hourglass {
 };
 
 void emptyCell(Collection& reports, const PageGrid& grid, GridCell cell) {
-  reports.window.page(slotOf(reports))
-      .box(grid.left(cell.column), grid.above(cell.row), grid.cellWidth, grid.cellHeight, kWhite);
+  reports.window.pasteBlank(slotOf(reports), grid.left(cell.column), grid.above(cell.row));
   reports.tables.cellused(cell.row, cell.column, reports.window.tab()) = false;
 }
 
@@ -91,20 +90,21 @@ void HScroll1_Change(Collection& reports) {
 }
 
 void HScroll1_Scroll(Collection& reports) {
-  reports.applied = reports.window.slider();
+  reports.window.applyColumns(reports.window.slider());
   grelha(reports);
 }
 
 void Command1_Click(Collection& reports) {
-  reports.applied = reports.window.shownColumns();
-  for (int column = 1; column <= reports.applied; ++column)
-    for (int row = 1; row <= rowsFor(reports.tables, reports.applied); ++row)
+  const int columns = reports.window.shownColumns();
+  reports.window.applyColumns(columns);
+  for (int column = 1; column <= columns; ++column)
+    for (int row = 1; row <= rowsFor(reports.tables, columns); ++row)
       reports.tables.cellused(row, column, reports.window.tab()) = false;
   grelha(reports);
 }
 
 void grelha(Collection& reports) {
-  const int columns = reports.applied;
+  const int columns = reports.window.appliedColumns();
   Surface& page = reports.window.page(slotOf(reports));
   page.clear(kWhite);
   drawGridLines(page, gridOf(reports, kPageWidth, kPageHeight, columns));

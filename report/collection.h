@@ -17,7 +17,6 @@ struct Collection {
   ReportWindow& window;
 
   ReportTables tables{};
-  int applied = 1;  ///< the number of columns that `grelha` draws (Label1)
   /// Width of the sheet over the columns of the report last selected or clicked; not over those
   /// that "OK" has given it since: until the next click plots are as wide as in the former grid.
   double platewidth = 0;
@@ -49,7 +48,7 @@ void showCollection(Collection& reports);
 
 /// The grid of the selected report's page.
 PageGrid selectedGrid(const Collection& reports);
-/// Clears the page of the selected report and draws its grid of `applied` columns, which become
+/// Clears the page of the selected report and draws its grid of its applied columns, which become
 /// those of the report.
 void grelha(Collection& reports);
 /// The same grid on the small picture, with the columns on show; changes no table.

@@ -24,6 +24,9 @@ class ReportWindow {
   /// The number that Label5 shows.
   virtual int shownColumns() const = 0;
   virtual void showColumns(int columns) = 0;
+  /// The number in Label1, out of sight: the columns that `grelha` draws.
+  virtual int appliedColumns() const = 0;
+  virtual void applyColumns(int columns) = 0;
   /// The box Check1.
   virtual bool deleteTicked() const = 0;
   virtual void setDeleteTicked(bool ticked) = 0;
@@ -35,10 +38,12 @@ class ReportWindow {
   virtual void refreshPage(int slot) = 0;
   /// Picture2, the small drawing of the grid.
   virtual Surface& settings() = 0;
-  /// Picture3 in that size, for a thumbnail.
+  /// Picture3 in that size, for a thumbnail; `apagar` takes the size too.
   virtual Surface& thumbnail(double width, double height) = 0;
   /// Copies Picture3 to a page, its top left corner to the place.
   virtual void pasteThumbnail(int slot, double left, double top) = 0;
+  /// The same of `apagar`, which is blank.
+  virtual void pasteBlank(int slot, double left, double top) = 0;
 
   /// Labelvar and Labeldir, refreshed at once.
   virtual void showLegend(std::string_view variable, std::string_view direction) = 0;

@@ -105,6 +105,8 @@ void cores::Command2_Click() {
 
 void cores::reject() {
   session_.style.cores = ColourSwatches();
+  Option[0]->setChecked(true);
+  held_ = kBlack;
   leave();
 }
 

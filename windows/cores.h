@@ -25,7 +25,8 @@ class cores : public QDialog {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  /// The close box: the swatches go with the window, and the defaults are back.
+  /// The close box: swatches, option and the colour of the dialog go with the window, and are next
+  /// as at the start.
   void reject() override;
 
  private:

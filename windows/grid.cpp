@@ -1,7 +1,9 @@
 #include "windows/grid.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QStyledItemDelegate>
 #include <algorithm>
 #include <numeric>
@@ -37,11 +39,27 @@ QString shortened(const QString& text) {
   return text.size() > kMostShown ? text.left(kMostShown - 1) + kEllipsis : text;
 }
 
-/// Puts a cell's picture in its middle, points one under the other, and sets the heading off from
+/// Paints a cell's picture in its middle, points one under the other, and sets the heading off from
 /// the rows.
 class CellDelegate : public QStyledItemDelegate {
  public:
   explicit CellDelegate(Grid* grid) : QStyledItemDelegate(grid), grid_(grid) {}
+
+  /// The picture is painted apart, in its own colours also where the cell is selected.
+  void paint(QPainter* painter, const QStyleOptionViewItem& given,
+             const QModelIndex& index) const override {
+    QStyleOptionViewItem option = given;
+    initStyleOption(&option, index);
+    const QIcon picture = std::exchange(option.icon, QIcon());
+    const QStyle* style = option.widget ? option.widget->style() : QApplication::style();
+    style->drawControl(QStyle::CE_ItemViewItem, &option, painter, option.widget);
+    if (picture.isNull()) return;
+    QRect place(QPoint(), option.decorationSize);
+    place.moveCenter(option.rect.center());
+    // On the ground that it has in a cell that is not selected.
+    if (option.state & QStyle::State_Selected) painter->fillRect(place, option.palette.base());
+    picture.paint(painter, place);
+  }
 
   QString displayText(const QVariant& value, const QLocale& locale) const override {
     return QStyledItemDelegate::displayText(shortened(value.toString()), locale);
@@ -50,8 +68,6 @@ class CellDelegate : public QStyledItemDelegate {
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
-    option->decorationPosition = QStyleOptionViewItem::Top;
-    option->decorationAlignment = Qt::AlignCenter;
     if (index.row() > 0) {
       option->text.prepend(QString(grid_->indent(index.column(), option->text), kFigureSpace));
       return;

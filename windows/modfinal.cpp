@@ -2,6 +2,8 @@
 
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -55,8 +57,10 @@ void modfinal::connectFields() {
     // An option that looks chosen from the last time, clicked anew.
     connect(option, &QRadioButton::clicked, this, chosen);
     for (std::size_t entry = 0; entry < kAxisEntries; ++entry)
-      connect(field(axis, entry), &QLineEdit::textChanged, this,
-              [this, axis] { guarded(faults_, [&] { fields_Change(axis); }); });
+      connect(field(axis, entry), &QLineEdit::textChanged, this, [this, axis, entry] {
+        sourceOfField(axis, entry) = shown_;
+        guarded(faults_, [&] { fields_Change(axis); });
+      });
   }
 }
 
@@ -68,9 +72,11 @@ void modfinal::prepare(int variables) {
   for (int i = 1; i <= variables; ++i) Combovarver->addItem(toQString(session_.varname(i)));
   rows_ = emptyResults(session_);
   gridsairmod->setResults(rows_);
+  shown_ = {};
+  Label29->clear();
   showMarks();
   // Without variables the table stays as it is.
-  if (Combovarver->count() == 0) return Label29->clear();
+  if (Combovarver->count() == 0) return;
   Combovarver->setCurrentIndex(0);
   Combovarver_Click();
 }
@@ -86,6 +92,8 @@ std::string modfinal::text(Axis axis, std::size_t entry) const {
 }
 
 void modfinal::setText(Axis axis, std::size_t entry, std::string_view text) {
+  // Also where the text stays the same, which is no change.
+  sourceOfField(axis, entry) = shown_;
   field(axis, entry)->setText(toQString(text));
 }
 
@@ -95,18 +103,27 @@ QLineEdit* modfinal::field(Axis axis, std::size_t entry) const {
 
 void modfinal::Combovarver_Click() {
   const int variable = Combovarver->currentIndex() + 1;
+  if (const auto illegal = fillResults(session_, variable, rows_)) {
+    messages_.warning(*illegal);
+    const QSignalBlocker quiet(Combovarver);
+    return Combovarver->setCurrentIndex(static_cast<int>(shown_.variable) - 1);
+  }
+  shown_ = sourceOf(session_, variable);
   Label29->setText(toQString(session_.variance(variable).toText()));
-  fillResults(session_, variable, rows_);
   gridsairmod->setResults(rows_);
+  showMarks();
   gridsairmod->setCurrentCell(gridsairmod->rowCount() - 1, 0);
 }
 
 void modfinal::gridsairmod_Click(int row, int column) {
   if (row < ResultsGrid::kHeadingRows || column != ResultsGrid::kClickColumn) return;
-  gridsairmod->setCurrentCell(row, 0);
   const int direction = row - ResultsGrid::kHeadingRows + 1;
+  if (const auto refused = rowRefusal(session_, direction)) return messages_.warning(*refused);
+  gridsairmod->setCurrentCell(row, 0);
   transferRow(session_, rows_.at(static_cast<std::size_t>(direction - 1)), direction, *this,
               rowcells);
+  if (session_.targetdir == Axis::main) sources_.row = shown_;
+  showMarks();
 }
 
 void modfinal::Option_Click(Axis axis) { session_.targetdir = axis; }
@@ -123,6 +140,64 @@ void modfinal::showMarks() {
       if (isAxis(*this, axis, session_.dirname(direction))) axes.push_back(axis);
     gridsairmod->setMarks(direction, axes);
   }
+  const bool otherTotals = showOtherTotals();
+  showOtherFields();
+  showNote(otherTotals);
+}
+
+bool modfinal::showOtherTotals() {
+  bool any = false;
+  for (int direction = 1; direction <= static_cast<int>(rows_.size()); ++direction) {
+    const ResultRow& row = rows_.at(static_cast<std::size_t>(direction - 1));
+    const bool other =
+        shown_.variable != 0 && hasOtherTotal(session_, {shown_.variable, direction}, row);
+    gridsairmod->setOtherTotal(direction, other);
+    any = any || other;
+  }
+  return any;
+}
+
+void modfinal::showOtherFields() {
+  for (const Axis axis : kAxes) {
+    for (std::size_t entry = 0; entry < kAxisEntries; ++entry) {
+      const ResultSource& source = sourceOfField(axis, entry);
+      const bool other = isOther(source, shown_);
+      QPalette colours;
+      if (other) colours.setColor(QPalette::Base, otherTint(colours.color(QPalette::Base)));
+      field(axis, entry)->setPalette(colours);
+      field(axis, entry)->setToolTip(other ? "From " + sourceText(source) : QString());
+    }
+  }
+  // The row that is written has no controls of its own.
+  QRadioButton* main = options_.at(static_cast<std::size_t>(Axis::main));
+  const bool other = isOther(sources_.row, shown_);
+  QPalette colours;
+  if (other) colours.setColor(QPalette::Window, otherTint(colours.color(QPalette::Window)));
+  main->setPalette(colours);
+  main->setAutoFillBackground(other);
+}
+
+QString modfinal::sourceText(const ResultSource& source) const {
+  QString name = toQString(source.name).trimmed();
+  if (source.file == shown_.file) return name;
+  return name + " of " + QFileInfo(QFile::decodeName(source.file.c_str())).fileName();
+}
+
+void modfinal::showNote(bool otherTotals) {
+  QStringList sentences;
+  if (otherTotals) sentences << "* CTOTAL is not the sum of the row's ticked sills.";
+  for (const OtherSource& other : otherSources(sources_, shown_)) {
+    QStringList parts;
+    for (const std::string& part : other.parts) parts << toQString(part);
+    sentences << QString("From %1, not from the variable on show: %2.")
+                     .arg(sourceText(other.source), parts.join(", "));
+  }
+  Labelnote->setText(sentences.join("  "));
+  Labelnote->setToolTip(Labelnote->text().toHtmlEscaped());
+}
+
+ResultSource& modfinal::sourceOfField(Axis axis, std::size_t entry) {
+  return sources_.fields.at(static_cast<std::size_t>(axis)).at(entry);
 }
 
 AxisTexts modfinal::textsOf(Axis axis) const {

@@ -7,6 +7,7 @@
 
 #include "files/kriging_file.h"
 #include "model/axis_fields.h"
+#include "model/result_sources.h"
 #include "model/results.h"
 #include "session/dialogs.h"
 #include "session/file_chooser.h"
@@ -69,6 +70,11 @@ class modfinal : public QDialog, private AxisFields {
   QLineEdit* field(Axis axis, std::size_t entry) const;
   AxisTexts textsOf(Axis axis) const;
   void showMarks();
+  bool showOtherTotals();
+  void showOtherFields();
+  void showNote(bool otherTotals);
+  ResultSource& sourceOfField(Axis axis, std::size_t entry);
+  QString sourceText(const ResultSource& source) const;
 
   Session& session_;
   Messages& messages_;
@@ -77,10 +83,13 @@ class modfinal : public QDialog, private AxisFields {
   const FaultReport& faults_;
   std::vector<ResultRow> rows_;
   RowCells rowcells;
+  ResultSource shown_;  ///< the variable of the table
+  ResultSources sources_;
 
   QComboBox* Combovarver;
   QLabel* Label29;
   ResultsGrid* gridsairmod;
+  QLabel* Labelnote;  ///< what the marks of table and fields mean
   /// `main`, `minor1` and `minor2`.
   std::array<std::array<QLineEdit*, kAxisEntries>, kAxes.size()> fields_;
   /// `Option3d4`, `Option3d5` and `Option3d6`.

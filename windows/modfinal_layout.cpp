@@ -63,6 +63,9 @@ void modfinal::makeControls() {
                       "Results from interactive fit for all directions of selected variable ");
   gridsairmod->setAccessibleName("Models of all directions");
   gridsairmod->setMinimumSize(kLeastTable);
+  Labelnote = named(makeLabel(QString()), "Labelnote");
+  // A long line neither widens the window nor pushes the table.
+  Labelnote->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   Command1 = makeIconButton("Command1", "back", "Back to the interactive Fit", {"Alt+Left"});
   Command2 = named(new QPushButton("Save As"), "Command2",
                    "Save kriging parameters to your output file *.ZVP");
@@ -76,6 +79,7 @@ void modfinal::makeFields() {
     const AxisControls& controls = kControls.at(at);
     options_.at(at) = named(new QRadioButton(controls.caption), controls.option, kOptionTip);
     options_.at(at)->setIcon(axisIcon(axis));
+    options_.at(at)->setBackgroundRole(QPalette::Window);
     for (std::size_t entry = 0; entry < kAxisEntries; ++entry) {
       QLineEdit* field = named(new QLineEdit, QString("%1_%2").arg(controls.fields).arg(entry));
       field->setAccessibleName(QString("%1, %2").arg(controls.caption, kColumns.at(entry)));
@@ -120,6 +124,7 @@ void modfinal::layOut() {
   all->addWidget(makeHeading("Results From Interactive Fit"));
   all->addLayout(choice);
   all->addWidget(gridsairmod, 1);
+  all->addWidget(Labelnote);
   all->addWidget(
       makeLabel("Select a direction below, then click the C0 of a row: the row's ranges, "
                 "azimuth and dip go into its fields."));

@@ -175,6 +175,10 @@ void printcolection::showColumns(int columns) {
   Label5->setNum(columns);
 }
 
+int printcolection::appliedColumns() const { return Label1->text().toInt(); }
+
+void printcolection::applyColumns(int columns) { Label1->setNum(columns); }
+
 bool printcolection::deleteTicked() const { return Check1->isChecked(); }
 
 void printcolection::setDeleteTicked(bool ticked) { Check1->setChecked(ticked); }
@@ -192,11 +196,17 @@ Surface& printcolection::settings() { return Picture2->surface(); }
 
 Surface& printcolection::thumbnail(double width, double height) {
   Picture3->setSizeTwips(width, height);
+  apagar->setSizeTwips(width, height);
+  apagar->surface().clear(kWhite);
   return Picture3->surface();
 }
 
 void printcolection::pasteThumbnail(int slot, double left, double top) {
   Picture1.at(toIndex(slot))->paste(Picture3->image(), left, top);
+}
+
+void printcolection::pasteBlank(int slot, double left, double top) {
+  Picture1.at(toIndex(slot))->paste(apagar->image(), left, top);
 }
 
 void printcolection::showLegend(std::string_view variable, std::string_view direction) {

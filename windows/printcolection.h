@@ -46,6 +46,8 @@ class printcolection : public QWidget, private ReportWindow {
   int slider() const override;
   int shownColumns() const override { return shown_; }
   void showColumns(int columns) override;
+  int appliedColumns() const override;
+  void applyColumns(int columns) override;
   bool deleteTicked() const override;
   void setDeleteTicked(bool ticked) override;
   void showPage(int slot, bool visible) override;
@@ -54,6 +56,7 @@ class printcolection : public QWidget, private ReportWindow {
   Surface& settings() override;
   Surface& thumbnail(double width, double height) override;
   void pasteThumbnail(int slot, double left, double top) override;
+  void pasteBlank(int slot, double left, double top) override;
   void showLegend(std::string_view variable, std::string_view direction) override;
   void setBarMaximum(int maximum) override;
   void setBarValue(int value) override;
@@ -87,14 +90,14 @@ class printcolection : public QWidget, private ReportWindow {
   std::array<PictureBox*, kReports> Picture1{};
   QRubberBand* keyMark_;
   QSlider* HScroll1;
-  QLabel *Label3, *Label5;
+  QLabel *Label1, *Label3, *Label5;
   PictureBox* Picture2;
   QPushButton* Command1;
   QCheckBox* Check1;
   QLabel *Labelvar, *Labeldir;
   QPushButton* printar;
   QProgressBar* Bar1;
-  PictureBox* Picture3;
+  PictureBox *Picture3, *apagar;
 };
 
 }  // namespace zevfit

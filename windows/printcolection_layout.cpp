@@ -100,6 +100,7 @@ void printcolection::makeControls() {
   Label3 = named(makeLabel("Columns:"), "Label3");
   Label3->setBuddy(HScroll1);
   Label5 = makeBold("Label5", "1");
+  Label1 = named(makeLabel("1"), "Label1");
   Command1 = named(new QPushButton("OK"), "Command1");
   Command1->setAutoDefault(false);
   Check1 = named(new QCheckBox("Delete"), "Check1");
@@ -118,7 +119,11 @@ void printcolection::makeControls() {
   Bar1->setFixedHeight(kBarHeight);
   Bar1->setAccessibleName("Printed columns");
   Picture3 = makePicture("Picture3", kPageWidth, kPageHeight, this);
-  Picture3->hide();
+  apagar = makePicture("apagar", kPageWidth, kPageHeight, this);
+  for (QWidget* outOfSight : std::initializer_list<QWidget*>{Label1, Picture3, apagar}) {
+    outOfSight->setParent(this);
+    outOfSight->hide();
+  }
 }
 
 QGroupBox* printcolection::makeSettings() {

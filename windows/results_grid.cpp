@@ -20,11 +20,17 @@ constexpr int kFreeWidth = 300;
 constexpr int kTwips = 15;
 
 constexpr int kMarksRole = Qt::UserRole;
+constexpr int kOtherTotalRole = Qt::UserRole + 1;
 constexpr int kMarkSize = 13;
 constexpr int kMarkSpace = 2;
 /// What a cell keeps free on both sides of its text.
 constexpr int kTextMargins = 8;
 constexpr int kTintAlpha = 48;
+constexpr QRgb kOtherColour = 0xFFFFB000;
+/// How much of it a ground takes.
+constexpr double kOtherShare = 0.3;
+/// Behind a total that is not the sum.
+constexpr const char* kOtherSign = " *";
 
 constexpr QChar kBlank(0x2002);
 
@@ -116,6 +122,7 @@ class ResultsDelegate : public QStyledItemDelegate {
     // A blank keeps the number off the frame around the cell.
     if (isButton(index)) option->text += kBlank;
     if (const auto marks = grid_->marks(index.row()); !marks.empty()) styleMarked(*option, marks);
+    if (index.data(kOtherTotalRole).toBool()) styleOther(*option);
   }
 
  private:
@@ -134,6 +141,11 @@ class ResultsDelegate : public QStyledItemDelegate {
     const int taken = static_cast<int>(marks.size()) * (kMarkSize + kMarkSpace) + kTextMargins;
     option.text =
         option.fontMetrics.elidedText(option.text, Qt::ElideRight, option.rect.width() - taken);
+  }
+
+  static void styleOther(QStyleOptionViewItem& option) {
+    option.text += kOtherSign;
+    option.backgroundBrush = otherTint(option.palette.color(QPalette::Base));
   }
 
   static void paintFrame(QPainter& painter, const QStyleOptionViewItem& option) {
@@ -171,12 +183,22 @@ constexpr Heading kHeadings[] = {
     {1, 6, "     C 2"},    {1, 7, "     a 2"},     {1, 8, "Model"},        {1, 9, "     C 3"},
     {1, 10, "     a 3"},   {1, 11, " CTOTAL"},     {1, 12, "     A"},
 };
+constexpr int kTotalColumn = 11;
 /// The first columns of the structures, whose headings stand over three each.
 constexpr int kStructureColumns[] = {2, 5, 8};
 
 }  // namespace
 
 QColor axisColour(Axis axis) { return QColor(look(axis).colour); }
+
+QColor otherTint(const QColor& ground) {
+  const QColor tint(kOtherColour);
+  const auto mixed = [](int under, int over) {
+    return static_cast<int>(under + (over - under) * kOtherShare);
+  };
+  return {mixed(ground.red(), tint.red()), mixed(ground.green(), tint.green()),
+          mixed(ground.blue(), tint.blue())};
+}
 
 QIcon axisIcon(Axis axis) { return QIcon(new MarkEngine(axis)); }
 
@@ -201,6 +223,15 @@ void ResultsGrid::setResults(const std::vector<ResultRow>& rows) {
     for (const std::string& text : texts) setText(row, column++, toQString(text));
     ++row;
   }
+}
+
+void ResultsGrid::setOtherTotal(int direction, bool other) {
+  const int row = kHeadingRows + direction - 1;
+  const QTableWidgetItem* total = item(row, kTotalColumn);
+  const QString shown = total ? total->text() : QString();
+  setData(row, kTotalColumn, kOtherTotalRole, other);
+  setData(row, kTotalColumn, Qt::AccessibleTextRole,
+          other ? shown + ", not the sum of the ticked sills" : QString());
 }
 
 void ResultsGrid::setMarks(int direction, const std::vector<Axis>& axes) {

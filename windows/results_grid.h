@@ -12,6 +12,8 @@ namespace zevfit {
 
 /// The colour and the picture that stand for an axis, in the table and beside its fields.
 QColor axisColour(Axis axis);
+/// A ground with the tint of what does not belong to the variable on show.
+QColor otherTint(const QColor& ground);
 QIcon axisIcon(Axis axis);
 
 /// The table of results: two heading rows, then a row for each direction, of which the cells of
@@ -25,6 +27,8 @@ class ResultsGrid : public Grid {
 
   /// Shows these rows; those that are there already keep their marks.
   void setResults(const std::vector<ResultRow>& rows);
+  /// Marks the total of the row of a direction, from 1, as another one than the sum of its sills.
+  void setOtherTotal(int direction, bool other);
   /// Marks the row of a direction, from 1, as the one of these axes.
   void setMarks(int direction, const std::vector<Axis>& axes);
   /// The axes that a row is marked with.

@@ -93,6 +93,46 @@ TEST_F(AxisDialogs, TheCaptionOfTheLimitFollowsThePairUnderWork) {
   EXPECT_EQ(texts.Label3_1, "Y-Minimum");
 }
 
+struct IllegalRow {
+  const char* novoxmax;
+  const char* novoymax;
+  const char* warning;
+};
+
+const IllegalRow kIllegal[] = {
+    {"1e400", "6", "warning: Illegal value for X-Maximum: 1e400!"},
+    {"-1e400", "6", "warning: Illegal value for X-Maximum: -1e400!"},
+    {"60", "1e400", "warning: Illegal value for Y-Maximum: 1e400!"},
+    {"1e400", "1e400", "warning: Illegal value for Y-Maximum: 1e400!"},
+};
+
+TEST_F(AxisDialogs, AScaleBeyondAllNumbersIsWarnedOfByName) {
+  for (const IllegalRow& row : kIllegal) {
+    dialogs.shown.clear();
+    cell(&Session::xmax) = 25;
+    cell(&Session::ymax) = 7;
+    texts.novoxmax = row.novoxmax;
+    texts.novoymax = row.novoymax;
+    EXPECT_FALSE(cutgraph_Command2_Click(session, dialogs, texts));
+    EXPECT_EQ(dialogs.shown, Boxes{row.warning});
+    EXPECT_EQ(cell(&Session::xmax), 25) << row.warning;
+    EXPECT_EQ(cell(&Session::ymax), 7) << row.warning;
+  }
+  dialogs.shown.clear();
+  cell(&Session::ymin) = -1;
+  EXPECT_FALSE(cutgraph_Command2_Click(session, dialogs, texts));
+  EXPECT_EQ(dialogs.shown, Boxes{"warning: Illegal value for Y-Minimum: 1e400!"});
+}
+
+TEST_F(AxisDialogs, AVarianceThatIsATextIsWarnedOf) {
+  session.variance(kVariable) = Cell::ofText("none");
+  cell(&Session::ymax) = 7;
+  texts.novoymax = "6";
+  EXPECT_FALSE(cutgraph_Command2_Click(session, dialogs, texts));
+  EXPECT_EQ(dialogs.shown, Boxes{"warning: Illegal value for variance: none!"});
+  EXPECT_EQ(cell(&Session::ymax), 7);
+}
+
 struct LimitRow {
   const char* what;
   double floor;

@@ -30,7 +30,7 @@ TEST_F(CollectionTest, IsLoadedWithOneColumnEachAndTheFirstPage) {
     EXPECT_TRUE(bench_.page(slot).operations.empty()) << slot;
   }
   EXPECT_EQ(bench_.reports.platewidth, 11907);
-  EXPECT_EQ(bench_.reports.applied, 1);
+  EXPECT_EQ(window().applied, 1);
   EXPECT_EQ(window().legend, "-|-");
 }
 
@@ -70,7 +70,7 @@ TEST_F(CollectionTest, TheSliderAloneChangesTheSmallPictureAndTheNumber) {
   EXPECT_EQ(linesOn(window().small.operations), 11U);
   EXPECT_EQ(bench_.page().operations, page);
   EXPECT_EQ(tables().reportcolumns(0), 1);
-  EXPECT_EQ(bench_.reports.applied, 1);
+  EXPECT_EQ(window().applied, 1);
   EXPECT_TRUE(bench_.used(1, 1));
 }
 
@@ -90,7 +90,7 @@ TEST_F(CollectionTest, ADraggedThumbEmptiesThePageButNotTheCells) {
   bench_.clickCell(1, 1);
   bench_.dragColumns(2);
   EXPECT_EQ(tables().reportcolumns(0), 2);
-  EXPECT_EQ(bench_.reports.applied, 2);
+  EXPECT_EQ(window().applied, 2);
   EXPECT_TRUE(thumbnails().empty());
   EXPECT_EQ(linesOn(bench_.page().operations), 7U);
   EXPECT_TRUE(bench_.used(1, 1));

@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "session/fault.h"
+#include "tests/support/plain_user.h"
 #include "tests/support/scratch_folder.h"
 
 namespace zevfit {
@@ -114,6 +115,29 @@ TEST(OutputFile, LeavesAnOldFileWhereItIsRefused) {
   EXPECT_THROW(OutputFile(folder / "link", OutputFile::Old::refused), Fault);
   EXPECT_EQ(contentOf(folder / "own"), "own");
   EXPECT_TRUE(fs::is_symlink(folder / "link"));
+}
+
+TEST(SaveWhole, PutsTheFileInItsPlaceOrIntoTheOldOne) {
+  const ScratchFolder folder;
+  saveWhole(folder / "a", "one");
+  EXPECT_EQ(contentOf(folder / "a"), "one");
+  fs::permissions(folder / "a", fs::perms(0666));
+  fs::create_symlink("a", folder / "link");
+  const std::string longer(100'000, 'y');
+  for (const char* name : {"a", "link"}) {
+    for (const std::string& bytes : {longer, std::string("short"), std::string()}) {
+      fs::permissions(folder.path(), fs::perms(0555));
+      EXPECT_TRUE(test::holdsForAPlainUser([&] {
+        saveWhole(folder / name, bytes);
+        return contentOf(folder / "a") == bytes;
+      })) << name
+          << " " << bytes.size();
+      fs::permissions(folder.path(), fs::perms(0755));
+    }
+  }
+  EXPECT_TRUE(fs::is_symlink(folder / "link"));
+  EXPECT_THROW(saveWhole(folder / "none/a", "x"), Fault);
+  EXPECT_THROW(saveWhole(folder.path(), "x"), Fault);
 }
 
 // A pipe or a device in the place of a file once kept the program waiting for ever.

@@ -47,7 +47,7 @@ Texts shown(const ResultRow& row) { return {row.begin(), row.end()}; }
 
 std::vector<ResultRow> filled(const Session& session, std::int64_t variable = kVariable) {
   std::vector<ResultRow> rows = emptyResults(session);
-  fillResults(session, variable, rows);
+  EXPECT_EQ(fillResults(session, variable, rows), std::nullopt);
   return rows;
 }
 
@@ -122,7 +122,7 @@ TEST(Results, TheLargestRangeIsNothingUntilAStructureHasOne) {
 TEST(Results, ADifferentVariableReplacesAllRows) {
   const Session session = sample();
   std::vector<ResultRow> rows = filled(session);
-  fillResults(session, 3, rows);
+  EXPECT_EQ(fillResults(session, 3, rows), std::nullopt);
   for (const ResultRow& row : rows)
     for (std::size_t column = 1; column < row.size(); ++column)
       EXPECT_EQ(row.at(column), "-") << row[0] << ", " << column;
@@ -133,7 +133,7 @@ TEST(Results, ALineWithAnotherFlagKeepsWhatItShows) {
   std::vector<ResultRow> rows = filled(session);
   session.use0({3, 1}) = 2;
   session.use2({3, 1}) = 2;
-  fillResults(session, 3, rows);
+  EXPECT_EQ(fillResults(session, 3, rows), std::nullopt);
   EXPECT_EQ(shown(rows[0]),
             (Texts{"0;0", "0.1", "-", "-", "-", "E", "0.25", "1400.5", "-", "-", "-", "-", "-"}));
 }
@@ -153,14 +153,61 @@ TEST(Results, TextsStandAsTheFileHasThem) {
   EXPECT_EQ(rows[1][12], "far");
 }
 
+struct TextRow {
+  const char* what;
+  PairTable<Cell> FitTables::*table;
+  std::int64_t direction;
+  const char* warning;
+};
+
+const TextRow kTexts[] = {
+    {"flag of the nugget", &FitTables::use0, 5,
+     "Illegal value for flag of Nugget Effect in Direction (-45;30): yes!"},
+    {"flag of a structure", &FitTables::use1, 2,
+     "Illegal value for flag of Structure 1 in Direction (45;0): yes!"},
+    {"flag of structure 2", &FitTables::use2, 3,
+     "Illegal value for flag of Structure 2 in Direction (90;0): yes!"},
+    {"range that is compared", &FitTables::a2, 1,
+     "Illegal value for range 'a2' in Direction (0;0): yes!"},
+    {"range that later ones are compared with", &FitTables::a1, 5,
+     "Illegal value for range 'a1' in Direction (-45;30): yes!"},
+};
+
 TEST(Results, ATextIsNoFlagAndCannotBeCompared) {
-  Session flagged = sample();
-  flagged.use1({kVariable, 2}) = Cell::ofText("yes");
-  EXPECT_THROW(filled(flagged), Fault);
-  Session compared = sample();
-  compared.a2({kVariable, 1}) = Cell::ofText("far");
-  EXPECT_THROW(filled(compared), Fault);
+  for (const TextRow& row : kTexts) {
+    Session session = sample();
+    (session.*row.table)({kVariable, row.direction}) = Cell::ofText("yes");
+    std::vector<ResultRow> rows = emptyResults(session);
+    rows[0][1] = "before";
+    const std::vector<ResultRow> before = rows;
+    EXPECT_EQ(fillResults(session, kVariable, rows), row.warning) << row.what;
+    EXPECT_EQ(rows, before) << row.what;
+  }
   EXPECT_THROW(filled(sample(), kVariableSlots), Fault);
+}
+
+TEST(Results, ATotalIsAnotherOneThanTheSumOfItsTickedSills) {
+  Session session = sample();
+  const auto other = [&] {
+    std::vector<bool> marks;
+    const std::vector<ResultRow> rows = filled(session);
+    for (std::int64_t direction = 1; direction <= 5; ++direction)
+      marks.push_back(hasOtherTotal(session, {kVariable, direction},
+                                    rows.at(static_cast<std::size_t>(direction - 1))));
+    return marks;
+  };
+  // 0.1 + 0.5 + 0.25 + 1 / 3 is not 1.25; direction 3 has no model; that of direction 4 is 0.
+  EXPECT_EQ(other(), (std::vector<bool>{true, false, false, true, false}));
+  session.ctotal({kVariable, 1}) = 0.1 + 0.5 + 0.25 + 1.0 / 3;
+  session.ctotal({kVariable, 4}) = 3;
+  EXPECT_EQ(other(), std::vector<bool>(5, false));
+  // A sill of a line that is not ticked takes no part, whatever it is.
+  session.c2({kVariable, 5}) = Cell::ofText("much");
+  EXPECT_FALSE(other()[4]);
+  session.c3({kVariable, 5}) = Cell::ofText("much");
+  EXPECT_TRUE(other()[4]);
+  session.use0({kVariable, 2}) = 2;
+  EXPECT_FALSE(other()[1]) << "no line is ticked, no total shown";
 }
 
 /// The session of the sample, its rows and the fields.
@@ -315,10 +362,14 @@ TEST(ResultsTransfer, ANameWithoutASeparatorIsAFaultWhateverTheTarget) {
   for (const std::optional<Axis> target : targets) {
     const int index = target ? static_cast<int>(*target) : -1;
     Window window;
-    window.session.dirname(1) = "Omni";
+    window.session.dirname(1) = " Omni ";
+    EXPECT_EQ(rowRefusal(window.session, 1), "Direction (Omni) has no azimuth and dip, as in 0;0.");
     EXPECT_THROW(window.click(1, target), Fault) << index;
     EXPECT_EQ(window.rowcells, RowCells()) << index;
+    for (const Axis axis : kAxes) EXPECT_EQ(window.fields.all(axis), kEmpty) << index;
   }
+  EXPECT_EQ(rowRefusal(sample(), 5), std::nullopt);
+  EXPECT_THROW(rowRefusal(sample(), kDirectionSlots), Fault);
 }
 
 }  // namespace

@@ -1,15 +1,14 @@
 // A save onto files as the world has them: linked, protected, owned by others, changed meanwhile.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <filesystem>
-#include <functional>
 #include <string>
 
 #include "files/variogram_reader.h"
 #include "files/variogram_writer.h"
+#include "tests/support/plain_user.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/support/variogram_text.h"
@@ -19,10 +18,9 @@ namespace {
 
 namespace fs = std::filesystem;
 using test::contentOf;
+using test::holdsForAPlainUser;
 using test::putFile;
 using test::sampleFile;
-
-constexpr uid_t kPlainUser = 65534;
 
 struct Desk {
   Desk() {
@@ -55,18 +53,6 @@ struct Desk {
   std::string saved = test::savedBox(file.string());
   std::string failed = test::notSavedBox(file.string());
 };
-
-/// Whether `check` holds in a process of a user whom permissions bind, as they don't bind root.
-bool holdsForAPlainUser(const std::function<bool()>& check) {
-  const pid_t child = ::fork();
-  if (child == 0) {
-    const bool plain = ::geteuid() != 0 || (::setgid(kPlainUser) == 0 && ::setuid(kPlainUser) == 0);
-    ::_exit(plain && check() ? 0 : 1);
-  }
-  int code = 0;
-  return child > 0 && ::waitpid(child, &code, 0) == child && WIFEXITED(code) &&
-         WEXITSTATUS(code) == 0;
-}
 
 void openToAll(const fs::path& path) { ::chmod(path.c_str(), 0777); }
 

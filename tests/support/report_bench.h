@@ -29,6 +29,8 @@ class MemoryReportWindow : public ReportWindow {
   int slider() const override { return sliderAt; }
   int shownColumns() const override { return shown; }
   void showColumns(int columns) override { shown = columns; }
+  int appliedColumns() const override { return applied; }
+  void applyColumns(int columns) override { applied = columns; }
   bool deleteTicked() const override { return ticked; }
   void setDeleteTicked(bool now) override { ticked = now; }
 
@@ -42,6 +44,10 @@ class MemoryReportWindow : public ReportWindow {
   }
   void pasteThumbnail(int slot, double left, double top) override {
     page(slot).text(left, top, kThumbnailText, {}, kBlack);
+  }
+
+  void pasteBlank(int slot, double left, double top) override {
+    page(slot).box(left, top, thumbnailSize.x, thumbnailSize.y, kWhite);
   }
 
   void showLegend(std::string_view variable, std::string_view direction) override {
@@ -60,6 +66,7 @@ class MemoryReportWindow : public ReportWindow {
   int selected = 1;
   int sliderAt = 1;
   int shown = 1;
+  int applied = 1;
   bool ticked = false;
   std::function<void()> onChange;
   std::array<bool, kReports> visiblePage{};

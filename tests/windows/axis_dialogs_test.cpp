@@ -92,6 +92,18 @@ TEST_F(AxisWindows, SavingStoresAndCloses) {
   EXPECT_EQ(shown(), Boxes{});
 }
 
+TEST_F(AxisWindows, AScaleBeyondAllNumbersKeepsTheWindowUp) {
+  openScales();
+  const double before = session().ymax({1, 1});
+  type(in<QLineEdit>(scales(), "novoxmax"), "1e400");
+  type(in<QLineEdit>(scales(), "novoymax"), "4");
+  QTest::mouseClick(&in<QWidget>(scales(), "Command2"), Qt::LeftButton);
+  EXPECT_EQ(shown(), Boxes{"warning: Illegal value for X-Maximum: 1e400!"});
+  EXPECT_TRUE(scales().isVisible());
+  EXPECT_EQ(session().xmax({1, 1}), 30);
+  EXPECT_EQ(session().ymax({1, 1}), before);
+}
+
 TEST_F(AxisWindows, ARefusedLimitKeepsTheWindowUp) {
   openScales();
   type(in<QLineEdit>(scales(), "novoymax"), "1");

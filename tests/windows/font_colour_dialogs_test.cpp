@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QColorDialog>
+#include <QFontDatabase>
 #include <QFontDialog>
 #include <QLineEdit>
 #include <QListView>
@@ -43,6 +44,106 @@ TEST(FontDialog, AcceptedAsItStandsGivesTheFontItStartedWith) {
     EXPECT_EQ(font->name, "Liberation Serif") << size;
     EXPECT_EQ(font->size, size);
   }
+}
+
+/// The list that has the installed faces, with the one that is shown.
+QListView& faceList(QWidget& dialog) {
+  for (auto* list : dialog.findChildren<QListView*>())
+    if (list->model()->rowCount() >= QFontDatabase::families().size()) return *list;
+  throw std::runtime_error("no list of faces");
+}
+
+QString shownFace(QWidget& dialog) { return faceList(dialog).currentIndex().data().toString(); }
+
+void chooseFace(QWidget& dialog, const QString& face) {
+  QListView& list = faceList(dialog);
+  const QModelIndexList found =
+      list.model()->match(list.model()->index(0, 0), Qt::DisplayRole, face, 1, Qt::MatchExactly);
+  ASSERT_EQ(found.size(), 1) << face.toStdString();
+  list.setCurrentIndex(found.constFirst());
+}
+
+const char* const kMissing = "No Face Of This Name";
+
+TEST(FontDialog, StartsWithAFaceThatIsNotInstalled) {
+  for (const float size : {7.8F, 10.0F}) {
+    const auto font = chooseFont({kMissing, size}, [&](QFontDialog& dialog) {
+      EXPECT_EQ(shownFace(dialog), kMissing);
+      EXPECT_EQ(sizeField(dialog).text().toFloat(), size);
+      const auto& sample = Program::find<QLineEdit>(dialog, "qt_fontDialog_sampleEdit");
+      EXPECT_EQ(sample.font().families(), (QStringList{kMissing, "Liberation Serif"}));
+      EXPECT_NEAR(sample.font().pointSizeF(), size, 1e-5);
+      dialog.accept();
+    });
+    ASSERT_TRUE(font) << size;
+    EXPECT_EQ(font->name, kMissing);
+    EXPECT_EQ(font->size, size);
+  }
+}
+
+TEST(FontDialog, SizesThatItCannotShowStayWhereNothingIsChanged) {
+  for (const float size : {0.5F, 7.8125F, 600.0F, 0.0F}) {
+    const auto font =
+        chooseFont({"Liberation Serif", size}, [](QFontDialog& dialog) { dialog.accept(); });
+    ASSERT_TRUE(font) << size;
+    EXPECT_EQ(font->name, "Liberation Serif");
+    EXPECT_EQ(font->size, size);
+  }
+}
+
+TEST(FontDialog, ANameKeepsItsBytes) {
+  const std::string latin = "Caf\xE9", utf8 = "Caf\xC3\xA9";
+  for (const std::string& name : {latin, utf8}) {
+    const auto font = chooseFont({name, 9}, [](QFontDialog& dialog) { dialog.accept(); });
+    ASSERT_TRUE(font);
+    EXPECT_EQ(font->name, name);
+  }
+}
+
+TEST(FontDialog, ASizeAloneNeverChangesTheFace) {
+  for (const char* face : {kMissing, "Liberation Serif"}) {
+    const auto typed = chooseFont({face, 10}, [](QFontDialog& dialog) {
+      sizeField(dialog).selectAll();
+      QTest::keyClicks(&sizeField(dialog), "8.5");
+      dialog.accept();
+    });
+    ASSERT_TRUE(typed) << face;
+    EXPECT_EQ(typed->name, face);
+    EXPECT_EQ(typed->size, 8.5F);
+    const auto listed = chooseFont({face, 10}, [](QFontDialog& dialog) {
+      for (auto* list : dialog.findChildren<QListView*>()) {
+        const auto found =
+            list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, "14", 1);
+        if (list != &faceList(dialog) && !found.isEmpty())
+          list->setCurrentIndex(found.constFirst());
+      }
+      EXPECT_EQ(sizeField(dialog).text(), "14");
+      dialog.accept();
+    });
+    ASSERT_TRUE(listed) << face;
+    EXPECT_EQ(listed->name, face);
+    EXPECT_EQ(listed->size, 14);
+  }
+}
+
+TEST(FontDialog, AFaceAloneNeverChangesTheSize) {
+  const auto there = chooseFont({kMissing, 7.8F}, [](QFontDialog& dialog) {
+    chooseFace(dialog, "Liberation Sans");
+    EXPECT_EQ(sizeField(dialog).text(), "7.8");
+    dialog.accept();
+  });
+  ASSERT_TRUE(there);
+  EXPECT_EQ(there->name, "Liberation Sans");
+  EXPECT_EQ(there->size, 7.8F);
+  const auto back = chooseFont({kMissing, 7.8F}, [](QFontDialog& dialog) {
+    chooseFace(dialog, "Liberation Sans");
+    chooseFace(dialog, kMissing);
+    EXPECT_EQ(sizeField(dialog).text(), "7.8");
+    dialog.accept();
+  });
+  ASSERT_TRUE(back);
+  EXPECT_EQ(back->name, kMissing);
+  EXPECT_EQ(back->size, 7.8F);
 }
 
 TEST(FontDialog, TakesTypedSizesWithAPoint) {

@@ -302,6 +302,25 @@ TEST_F(FormatWindows, TheCloseBoxOfTheColoursBringsTheDefaultsBack) {
   EXPECT_EQ(session().axiscolor, 99);
 }
 
+TEST_F(FormatWindows, TheCloseBoxOfTheColoursForgetsOptionAndColour) {
+  open();
+  click(button("Command5"));
+  in<QRadioButton>(colours(), "Option4").setChecked(true);
+  program_.dialogs().colours = {0x112233};
+  click(in<QPushButton>(colours(), "Command1"));
+  colours().close();
+  click(button("Command5"));
+  EXPECT_TRUE(in<QRadioButton>(colours(), "Option1").isChecked());
+  EXPECT_FALSE(in<QRadioButton>(colours(), "Option4").isChecked());
+  in<QRadioButton>(colours(), "Option3").setChecked(true);
+  click(in<QPushButton>(colours(), "Command1"));
+  EXPECT_EQ(session().style.cores.Label3, 0) << "a cancelled dialog is black as at first";
+  // Its other way out keeps both.
+  click(in<QPushButton>(colours(), "Command2"));
+  click(button("Command5"));
+  EXPECT_TRUE(in<QRadioButton>(colours(), "Option3").isChecked());
+}
+
 TEST_F(FormatWindows, TheyAreHiddenWhileTheMainWindowIsMinimised) {
   for (const bool withColours : {false, true}) {
     open();

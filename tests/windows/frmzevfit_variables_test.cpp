@@ -14,6 +14,23 @@ class FrmzevfitVariables : public testing::Test, protected StructureWindow {
   }
 };
 
+// The cell that was clicked is the selected one, on a ground like the tick's own colour.
+TEST_F(FrmzevfitVariables, ATickKeepsItsColoursInTheSelectedCell) {
+  QTableWidget& variables = *grid("grid1");
+  const auto picture = [&variables] {
+    QRect place(0, 0, 16, 16);
+    place.moveCenter(variables.visualItemRect(variables.item(2, 1)).center());
+    return variables.viewport()->grab(place).toImage();
+  };
+  const QImage unticked = picture();
+  tickRows({2});
+  ASSERT_TRUE(variables.item(2, 1)->isSelected());
+  const QImage selected = picture();
+  EXPECT_NE(selected, unticked);
+  variables.setCurrentCell(1, 0);
+  EXPECT_EQ(selected, picture());
+}
+
 TEST_F(FrmzevfitVariables, AClickTicksARowAndTheNextOneUnticksIt) {
   tickRows({2});
   EXPECT_EQ(pictures(), (Texts{"not ticked", "ticked", "not ticked"}));

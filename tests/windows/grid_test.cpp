@@ -131,5 +131,25 @@ TEST(Grid, ThePictureStandsInTheMiddleOfItsCell) {
   EXPECT_NEAR((left + right) / 2.0, shown.width() / 2.0, 2 * grid.devicePixelRatio());
 }
 
+TEST(Grid, APictureKeepsItsColoursWhereItsCellIsSelected) {
+  Grid grid({1});
+  grid.resize(200, 200);
+  grid.setAlternatingRowColors(false);
+  grid.setRowCount(3);
+  for (const int row : {1, 2}) grid.setPicture(row, 0, QIcon(":/icons/ticked.svg"), "ticked");
+  grid.show();
+  grid.setCurrentCell(2, 0);
+  const auto shown = [&grid](int row) {
+    QRect picture(QPoint(), grid.iconSize().isValid() ? grid.iconSize() : QSize(16, 16));
+    picture.moveCenter(grid.visualItemRect(grid.item(row, 0)).center());
+    return grid.viewport()->grab(picture).toImage();
+  };
+  EXPECT_EQ(shown(2), shown(1));
+  const QPoint corner = grid.visualItemRect(grid.item(2, 0)).topLeft() + QPoint(3, 3);
+  const QImage all = grid.viewport()->grab().toImage();
+  EXPECT_EQ(all.pixelColor(corner * grid.devicePixelRatio()),
+            grid.palette().color(QPalette::Highlight));
+}
+
 }  // namespace
 }  // namespace zevfit

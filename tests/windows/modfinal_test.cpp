@@ -242,17 +242,24 @@ TEST_F(Modfinal, MarksAreSeen) {
   });
 }
 
-TEST_F(Modfinal, ANameWithoutASeparatorEndsTheProgram) {
-  session().dirname(2) = "Omni";
-  QTimer::singleShot(0, &program_.window(), [&] { program_.trigger("k3"); });
-  QTimer::singleShot(0, &program_.window(), [&] {
-    OpenResults open(*QApplication::activeModalWidget());
-    QApplication::processEvents();
-    open.pick("Option3d4", 2);
+TEST_F(Modfinal, ANameWithoutASeparatorIsWarnedOfAndChangesNothing) {
+  session().dirname(2) = "omni";
+  const Texts warned{"warning: Direction (omni) has no azimuth and dip, as in 0;0."};
+  results([&](OpenResults& open) {
+    open.clickCell(3, 1);
+    EXPECT_EQ(shown(), warned) << "whatever the target";
+    open.pick("Option3d4", 1);
+    for (const char* option : {"Option3d4", "Option3d5", "Option3d6"}) {
+      shown().clear();
+      open.pick(option, 2);
+      EXPECT_EQ(shown(), warned) << option;
+      for (const char* axis : {"main", "minor1", "minor2"}) EXPECT_EQ(open.fields(axis), kFirst);
+    }
+    shown().clear();
+    open.pick("Option3d5", 3);
+    EXPECT_EQ(open.fields("minor1"), kThird);
+    EXPECT_EQ(shown(), Texts{});
   });
-  EXPECT_EQ(QApplication::exec(), 70);
-  EXPECT_EQ(shown(),
-            Texts{fatalBox("No azimuth and dip in the direction's name 'Omni'", folder_.path())});
 }
 
 TEST_F(Modfinal, ItIsHiddenByItsButtonTheKeyAndTheCloseBox) {
@@ -296,11 +303,36 @@ TEST_F(Modfinal, WithoutListedVariablesTheTableStaysWithItsDashes) {
   });
 }
 
+TEST_F(Modfinal, AFlagThatIsATextIsWarnedOfAndTheTableStays) {
+  session().use1({2, 2}) = Cell::ofText("yes");
+  const Texts warned{"warning: Illegal value for flag of Structure 1 in Direction (90;0): yes!"};
+  results([&](OpenResults& open) {
+    const Texts before = open.row(2);
+    auto& list = open.find<QComboBox>("Combovarver");
+    QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_EQ(shown(), warned);
+    EXPECT_EQ(list.currentText(), "zinc");
+    EXPECT_EQ(open.find<QLabel>("Label29").text(), "1.5");
+    EXPECT_EQ(open.row(2), before);
+  });
+  // Of the first variable: none is on show yet, and others can be chosen.
+  session().use1({1, 2}) = Cell::ofText("yes");
+  session().use1({2, 2}) = 0;
+  shown().clear();
+  results([&](OpenResults& open) {
+    EXPECT_EQ(shown(), warned);
+    auto& list = open.find<QComboBox>("Combovarver");
+    EXPECT_EQ(list.currentIndex(), -1);
+    EXPECT_EQ(open.cell(2, 1), "-");
+    QTest::keyClick(&list, Qt::Key_End);
+    EXPECT_EQ(list.currentText(), "lead");
+    EXPECT_EQ(open.find<QLabel>("Label29").text(), "2");
+    EXPECT_EQ(shown(), warned);
+  });
+}
+
 TEST_F(Modfinal, AFailureEndsWithoutTheWindow) {
   EXPECT_TRUE(opens());
-  session().use1({1, 2}) = Cell::ofText("yes");
-  EXPECT_FALSE(opens());
-  session().use1({1, 2}) = 1;
   session().ndir = 22;
   EXPECT_FALSE(opens());
   session().ndir = 3;
@@ -314,77 +346,6 @@ TEST_F(Modfinal, MinimizingTheMainWindowHidesIt) {
     QApplication::processEvents();
     EXPECT_FALSE(open.window().isVisible());
   });
-}
-
-TEST_F(Modfinal, SavesTheChosenAxes) {
-  const std::string target = (folder_ / "out.ZVP").string();
-  program_.dialogs().saved = {target};
-  results([](OpenResults& open) {
-    open.pick("Option3d4", 1);
-    open.pick("Option3d5", 2);
-    open.pick("Option3d6", 3);
-    open.click("Command2");
-  });
-  EXPECT_EQ(shown(),
-            (Texts{"save: Save Output File (*.ZVP)|*.ZVP",
-                   "plain: File  ' out.ZVP '  is saved, you can go on to simulation/kriging "
-                   "modules."}));
-  // 100 / 40 = 2.5 and 100 / 25 = 4.
-  EXPECT_EQ(contentOf(target),
-            "ZGRD\r\nzevra\r\nzinc\r\n 0 \r\n 0 \r\n 2 \r\n 0.1 \r\n0.6\r\n"
-            "1             0.5            100          2.5           4.\r\n"
-            " 90 \r\n 0 \r\n 0 \r\n 90 \r\n");
-}
-
-TEST_F(Modfinal, SavesOnlyOrthogonalAxes) {
-  program_.dialogs().saved = {(folder_ / "plane.ZVP").string()};
-  results([&](OpenResults& open) {
-    open.pick("Option3d4", 1);
-    open.click("Command2");
-    EXPECT_EQ(shown(), Texts{"plain: Main / Minor 1 directions are not orthogonals !"});
-    shown().clear();
-    open.pick("Option3d5", 2);
-    open.click("Command2");
-    EXPECT_EQ(shown(), Texts{"plain: Main / Minor 1 / Minor 2 directions are not orthogonals !"});
-    shown().clear();
-    // In the plane of Main and Minor 1.
-    open.pick("Option3d6", 2);
-    open.click("Command2");
-    EXPECT_EQ(shown().size(), 2U);
-  });
-  EXPECT_EQ(contentOf(folder_ / "plane.ZVP"),
-            "ZGRD\r\nzevra\r\nzinc\r\n 0 \r\n 0 \r\n 2 \r\n 0.1 \r\n0.6\r\n"
-            "1             0.5            100          2.5           2.5\r\n"
-            " 90 \r\n 0 \r\n 90 \r\n 0 \r\n");
-}
-
-// What Main was taken from is the file's, also when another variable or row is shown since; the
-// name is that of the variable on show.
-TEST_F(Modfinal, TheModelIsThatOfTheLastPickForMain) {
-  program_.dialogs().saved = {(folder_ / "out.ZVP").string()};
-  results([](OpenResults& open) {
-    open.pick("Option3d4", 1);
-    open.pick("Option3d5", 2);
-    open.pick("Option3d6", 3);
-    QTest::keyClick(&open.find<QComboBox>("Combovarver"), Qt::Key_Down);
-    open.click("Command2");
-  });
-  EXPECT_TRUE(
-      contentOf(folder_ / "out.ZVP")
-          .starts_with("ZGRD\r\nzevra\r\nlead\r\n 0 \r\n 0 \r\n 2 \r\n 0.1 \r\n0.6\r\n1  "));
-}
-
-TEST_F(Modfinal, AnAngleBeyondAllNumbersEndsTheProgram) {
-  QTimer::singleShot(0, &program_.window(), [&] { program_.trigger("k3"); });
-  QTimer::singleShot(0, &program_.window(), [&] {
-    OpenResults open(*QApplication::activeModalWidget());
-    open.type("main", 0, "1e999");
-    open.type("main", 2, "1e999");
-    EXPECT_EQ(shown(), Texts{});
-    open.click("Command2");
-  });
-  EXPECT_EQ(QApplication::exec(), 70);
-  EXPECT_EQ(shown(), Texts{fatalBox("Overflow", folder_.path())});
 }
 
 }  // namespace

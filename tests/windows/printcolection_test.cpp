@@ -193,6 +193,24 @@ TEST_F(PrintCollection, DeleteEmptiesACell) {
   EXPECT_EQ(text("Labelvar"), "");
 }
 
+TEST_F(PrintCollection, ControlsOutOfSightHoldTheAppliedColumnsAndABlankCell) {
+  EXPECT_EQ(text("Label1"), "1");
+  EXPECT_FALSE(control<QLabel>("Label1").isVisible());
+  auto& blank = control<PictureBox>("apagar");
+  EXPECT_FALSE(blank.isVisible());
+  control<QSlider>("HScroll1").setValue(3);
+  EXPECT_EQ(text("Label1"), "1") << "the slider alone applies nothing";
+  control<QPushButton>("Command1").click();
+  EXPECT_EQ(text("Label1"), "3");
+  press(kFirst);
+  // 3147 / 3 = 1049, over 1.7387: 603.32.
+  EXPECT_EQ(blank.widthTwips(), 1049);
+  EXPECT_NEAR(blank.heightTwips(), 603.32, 0.01);
+  QImage white = blank.image();
+  white.fill(Qt::white);
+  EXPECT_EQ(blank.image(), white);
+}
+
 TEST_F(PrintCollection, DeleteDoesNotOutliveAChangeOfPlot) {
   auto& box = control<QCheckBox>("Check1");
   box.setChecked(true);

@@ -1,0 +1,118 @@
+// The line below the table of results, and what it explains.
+#include "tests/support/results_window.h"
+#include "windows/results_grid.h"
+
+namespace zevfit::test {
+namespace {
+
+const char* const kOtherTotal = "* CTOTAL is not the sum of the row's ticked sills.";
+
+class ResultsNotes : public ResultsBench {
+ protected:
+  static std::string note(OpenResults& open) {
+    return open.find<QLabel>("Labelnote").text().toLatin1().toStdString();
+  }
+  static bool isMarked(QWidget& control, QPalette::ColorRole ground) {
+    return control.palette().color(ground) == otherTint(QPalette().color(ground));
+  }
+  static std::vector<bool> markedFields(OpenResults& open, const char* axis) {
+    std::vector<bool> marks;
+    for (int entry = 0; entry < 5; ++entry)
+      marks.push_back(isMarked(open.field(axis, entry), QPalette::Base));
+    return marks;
+  }
+  static void choose(OpenResults& open, int key) {
+    QTest::keyClick(&open.find<QComboBox>("Combovarver"), static_cast<Qt::Key>(key));
+  }
+};
+
+const std::vector<bool> kAll(5, true), kNone(5, false);
+
+// 0.1 + 0.5 = 0.6 is what the bench keeps as totals.
+TEST_F(ResultsNotes, TotalsThatAreNotTheSumAreMarked) {
+  results([](OpenResults& open) { EXPECT_EQ(note(open), ""); });
+  session().ctotal({1, 2}) = 0;
+  results([](OpenResults& open) {
+    EXPECT_EQ(note(open), kOtherTotal);
+    EXPECT_EQ(open.cell(3, 11), "0") << "the table's own text";
+    const auto told = [&open](int row) {
+      return open.grid().item(row, 11)->data(Qt::AccessibleTextRole).toString();
+    };
+    EXPECT_EQ(told(2), "");
+    EXPECT_EQ(told(3), "0, not the sum of the ticked sills");
+    const auto ground = [&open](int row) {
+      const QRect cell = open.grid().visualItemRect(open.grid().item(row, 11));
+      const QImage all = open.grid().viewport()->grab().toImage();
+      return all.pixelColor((cell.topLeft() + QPoint(3, 3)) * all.devicePixelRatio());
+    };
+    EXPECT_EQ(ground(3), otherTint(open.grid().palette().color(QPalette::Base)));
+    EXPECT_NE(ground(2), ground(3));
+    choose(open, Qt::Key_Down);
+    EXPECT_EQ(note(open), "") << "lead has no models";
+    EXPECT_EQ(told(3), "");
+  });
+}
+
+TEST_F(ResultsNotes, FieldsAndTheRowOfAnotherVariableAreMarked) {
+  results([](OpenResults& open) {
+    open.pick("Option3d4", 1);
+    EXPECT_EQ(note(open), "");
+    EXPECT_EQ(markedFields(open, "main"), kNone);
+    choose(open, Qt::Key_Down);
+    EXPECT_EQ(note(open),
+              "From zinc, not from the variable on show: Main, Minor 1, Minor 2, nugget, sills and "
+              "models.");
+    for (const char* axis : {"main", "minor1", "minor2"})
+      EXPECT_EQ(markedFields(open, axis), kAll) << axis;
+    EXPECT_TRUE(isMarked(open.find("Option3d4"), QPalette::Window));
+    auto& option = open.find("Option3d4");
+    const QImage seen = option.grab().toImage();
+    EXPECT_EQ(seen.pixelColor(seen.width() - 2, 1), otherTint(QPalette().color(QPalette::Window)));
+    EXPECT_EQ(open.field("main", 2).toolTip(), "From zinc");
+    // A pick for Minor 1 is of lead now, and so is what is typed.
+    open.pick("Option3d5", 2);
+    open.type("minor2", 2, "7");
+    EXPECT_EQ(markedFields(open, "minor1"), kNone);
+    EXPECT_EQ(markedFields(open, "minor2"), (std::vector<bool>{true, true, false, true, true}));
+    open.pick("Option3d4", 1);
+    EXPECT_EQ(markedFields(open, "main"), kNone);
+    EXPECT_FALSE(isMarked(open.find("Option3d4"), QPalette::Window));
+    EXPECT_EQ(note(open), "From zinc, not from the variable on show: Minor 2.");
+    choose(open, Qt::Key_Up);
+    EXPECT_EQ(note(open),
+              "From lead, not from the variable on show: Main, Minor 1, Minor 2, nugget, sills and "
+              "models.");
+  });
+}
+
+// The same texts, picked again for another variable, are no change of a field.
+TEST_F(ResultsNotes, APickOfTheSameTextsIsOfTheVariableOnShow) {
+  for (int direction = 1; direction <= 3; ++direction) {
+    setNugget(session(), {2, direction}, 0.1);
+    setStructure(session(), {2, direction}, Line::first, "S", 0.5, 100);
+    session().ctotal({2, direction}) = 0.6;
+  }
+  results([](OpenResults& open) {
+    open.pick("Option3d4", 1);
+    choose(open, Qt::Key_Down);
+    open.pick("Option3d4", 1);
+    EXPECT_EQ(markedFields(open, "main"), kNone);
+    EXPECT_EQ(note(open), "From zinc, not from the variable on show: Minor 1, Minor 2.");
+  });
+}
+
+TEST_F(ResultsNotes, FieldsOfAnotherFileAreMarked) {
+  results([](OpenResults& open) { open.pick("Option3d4", 1); });
+  const std::string path = (folder_ / "b.zvm").string();
+  std::ofstream(path, std::ios::binary) << contentOf(folder_ / "a.zvm");
+  program_.open(path);
+  results([](OpenResults& open) {
+    EXPECT_EQ(note(open),
+              "From zinc of a.zvm, not from the variable on show: Main, Minor 1, Minor 2, nugget, "
+              "sills and models.");
+    EXPECT_EQ(markedFields(open, "minor2"), kAll);
+  });
+}
+
+}  // namespace
+}  // namespace zevfit::test
