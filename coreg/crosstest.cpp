@@ -6,6 +6,7 @@
 #include <span>
 #include <utility>
 
+#include "session/illegal_value.h"
 #include "session/line.h"
 #include "session/number_pattern.h"
 #include "session/numbers.h"
@@ -46,6 +47,9 @@ class Models {
   }
   const std::string& directionName(std::size_t d) const {
     return session_.dirname(directions_.at(d));
+  }
+  const std::string& variableName(std::size_t v) const {
+    return session_.varname(variables_.at(v));
   }
 
  private:
@@ -222,7 +226,35 @@ std::vector<TestNode> detailTree(const Models& models, const Marks& ranges, cons
   return tree.take();
 }
 
+/// A line in words, as the results name it.
+std::string nameOf(Line which) {
+  return which == Line::nugget ? "Nugget Effect" : "Structure " + std::to_string(indexOf(which));
+}
+
+/// The cells of a line that the test asks for a number, with what they are.
+std::vector<std::pair<std::string, Cell>> numbersAsked(const ConstLineRef& line, Line which) {
+  std::vector<std::pair<std::string, Cell>> asked{{"flag", line.flag()}};
+  if (asked.front().second.isText() || !line.isOn()) return asked;
+  asked.emplace_back("sill", line.sill());
+  if (which != Line::nugget) asked.emplace_back("range", line.range());
+  return asked;
+}
+
 }  // namespace
+
+std::optional<std::string> illegalCell(const Session& session, const CrossChoice& choice) {
+  const Models models(session, choice);
+  for (std::size_t v = 0; v < kSlots; ++v)
+    for (std::size_t d = 0; d < kSlots; ++d)
+      for (const Line which : kLines)
+        for (const auto& [what, cell] : numbersAsked(models.at(which, v, d), which))
+          if (cell.isText())
+            return illegalValue(what + " of " + nameOf(which) + " in Direction (" +
+                                    std::string(trimmed(models.directionName(d))) + ") of " +
+                                    std::string(trimmed(models.variableName(v))),
+                                cell.toText());
+  return std::nullopt;
+}
 
 std::vector<TestNode> crosstest(const Session& session, const CrossChoice& choice) {
   const Models models(session, choice);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -49,5 +50,10 @@ struct TestNode {
 /// text in place of a flag, and for a text in place of a range or sill of a line that is on. Those
 /// of a line that is off are not looked at.
 std::vector<TestNode> crosstest(const Session& session, const CrossChoice& choice);
+
+/// The warning that names the first text in place of a flag, or of a sill or a range of a line that
+/// is on, in the nine models; nothing where there is none. Throws Fault for a position beyond the
+/// tables.
+std::optional<std::string> illegalCell(const Session& session, const CrossChoice& choice);
 
 }  // namespace zevfit

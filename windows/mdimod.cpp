@@ -180,7 +180,7 @@ void mdimod::openLegend() {
 }
 
 void mdimod::openTest() {
-  if (!test_) test_ = std::make_unique<testcruz>(session_, faults_, *this);
+  if (!test_) test_ = std::make_unique<testcruz>(session_, dialogs_, faults_, *this);
   test_->start();
 }
 

@@ -29,8 +29,13 @@ void fill(QComboBox& list, std::int64_t count, const auto& table) {
 
 }  // namespace
 
-testcruz::testcruz(Session& session, const FaultReport& faults, QWidget& mainWindow)
-    : QDialog(&mainWindow), session_(session), faults_(faults), mainWindow_(mainWindow) {
+testcruz::testcruz(Session& session, Messages& messages, const FaultReport& faults,
+                   QWidget& mainWindow)
+    : QDialog(&mainWindow),
+      session_(session),
+      messages_(messages),
+      faults_(faults),
+      mainWindow_(mainWindow) {
   setObjectName("testcruz");
   setWindowTitle("Test - Cross Semivariogram");
   setSizeGripEnabled(true);
@@ -85,10 +90,21 @@ void testcruz::choosePositions() {
   }
 }
 
+// A text in a model is warned of, and the tree stays as it was; any other fault goes on.
 void testcruz::run(const CrossChoice& choice) {
+  try {
+    showTree(crosstest(session_, choice));
+  } catch (const Fault&) {
+    const auto illegal = illegalCell(session_, choice);
+    if (!illegal) throw;
+    messages_.warning(*illegal);
+  }
+}
+
+void testcruz::showTree(const std::vector<TestNode>& nodes) {
   TreeView1->clear();
   std::map<std::string, QTreeWidgetItem*> items{{"", TreeView1->invisibleRootItem()}};
-  for (const TestNode& node : crosstest(session_, choice)) {
+  for (const TestNode& node : nodes) {
     auto* item = new QTreeWidgetItem(items.at(node.parent), {toQString(node.text)});
     item->setIcon(0, listaviso.at(imageIndex(node.image)));
     item->setData(0, kNodeKeyRole, toQString(node.key));

@@ -6,6 +6,7 @@
 #include <array>
 
 #include "coreg/crosstest.h"
+#include "session/messages.h"
 #include "session/session.h"
 #include "windows/boundary.h"
 
@@ -26,7 +27,7 @@ inline constexpr int kNodeImageRole = Qt::UserRole + 1;
 class testcruz : public QDialog {
  public:
   /// `mainWindow` becomes the parent.
-  testcruz(Session& session, const FaultReport& faults, QWidget& mainWindow);
+  testcruz(Session& session, Messages& messages, const FaultReport& faults, QWidget& mainWindow);
 
   /// Fills the lists, chooses what was chosen last, runs the test and shows the dialog. Throws
   /// Fault where there is nothing to choose from, as without a file; nothing is shown then.
@@ -56,8 +57,10 @@ class testcruz : public QDialog {
   void fillLists();
   void choosePositions();
   void run(const CrossChoice& choice);
+  void showTree(const std::vector<TestNode>& nodes);
 
   Session& session_;
+  Messages& messages_;
   const FaultReport& faults_;
   QWidget& mainWindow_;
   QPointer<QWidget> focusBefore_;  ///< of the main window

@@ -104,12 +104,13 @@ TEST_F(ResultsNotes, APickOfTheSameTextsIsOfTheVariableOnShow) {
 TEST_F(ResultsNotes, FieldsOfAnotherFileAreMarked) {
   results([](OpenResults& open) { open.pick("Option3d4", 1); });
   const std::string path = (folder_ / "b.zvm").string();
-  std::ofstream(path, std::ios::binary) << contentOf(folder_ / "a.zvm");
+  std::ofstream(path, std::ios::binary) << contentOf(folder_ / "small.zvm");
   program_.open(path);
   results([](OpenResults& open) {
-    EXPECT_EQ(note(open),
-              "From zinc of a.zvm, not from the variable on show: Main, Minor 1, Minor 2, nugget, "
-              "sills and models.");
+    EXPECT_EQ(
+        note(open),
+        "From zinc of small.zvm, not from the variable on show: Main, Minor 1, Minor 2, nugget, "
+        "sills and models.");
     EXPECT_EQ(markedFields(open, "minor2"), kAll);
   });
 }

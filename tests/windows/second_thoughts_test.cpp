@@ -108,17 +108,17 @@ TEST_F(SecondThoughts, ASumIsSavedByTheListAndIsOneOfTheFileAfterReload) {
 
 // The window left by its other button has emptied the list: a file of no variable is none.
 TEST_F(SecondThoughts, ASaveBehindAFileThatWasNotAcceptedAsksForAFile) {
-  const std::string path = smallFile();
-  program_.dialogs().files = {path};
+  const std::string file = smallFile();
+  program_.dialogs().files = {file};
   Program::inModal(
       [&] { program_.trigger("k1"); },
       [](QWidget& modal) { Program::find<QAbstractButton>(modal, "Command1").click(); });
-  const std::string old = readWhole(path);
+  const std::string old = readWhole(file);
   shown().clear();
   program_.trigger("k11");
   EXPECT_EQ(shown(), Boxes{kNoFileBox});
-  EXPECT_EQ(readWhole(path), old);
-  EXPECT_FALSE(std::filesystem::exists(folder_.filePath("temporario.zvm").toStdString()));
+  EXPECT_EQ(readWhole(file), old);
+  EXPECT_FALSE(std::filesystem::exists(path("temporario.zvm")));
 }
 
 TEST_F(SecondThoughts, ABadFileLeavesTheControlsAsTheyWere) {

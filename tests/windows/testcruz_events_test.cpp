@@ -175,16 +175,31 @@ TEST_F(TestDialog, AFileWithoutDirectionsEndsTheProgramToo) {
   EXPECT_EQ(program_.dialogs().shown.back(), fatalBox("Invalid list position", folder()));
 }
 
-TEST_F(TestDialog, AFaultOfTheTestEndsTheProgram) {
+TEST_F(TestDialog, ATextInAModelIsWarnedOfAndLeavesTheTree) {
+  openFile();
+  chooseSample();
+  openDialog();
+  const int shown = tree().topLevelItemCount();
+  const Pair pair = pairOf(primary, mainDirection);
+  line(session(), pair, Line::first).use(Cell::ofText("yes"));
+  press("Command1");
+  EXPECT_EQ(program_.dialogs().shown.back(),
+            "warning: Illegal value for flag of Structure 1 in Direction (" +
+                session().dirname(pair.direction) + ") of " + session().varname(pair.variable) +
+                ": yes!");
+  EXPECT_EQ(tree().topLevelItemCount(), shown);
+  EXPECT_TRUE(dialog().isVisible());
+}
+
+TEST_F(TestDialog, OpensWithAWarningOfATextInAModel) {
   openFile();
   session().use0({1, 1}) = Cell::ofText("yes");
-  EXPECT_EQ(runToEnd([&] { openDialog(); }), kFatalExitCode);
-  EXPECT_EQ(program_.dialogs().shown.back(), fatalBox("Type mismatch", folder()));
-  EXPECT_TRUE(program_.window().isEnabled());
-  session().use0({1, 1}) = 1;
   openDialog();
-  session().use0({1, 1}) = Cell::ofText("yes");
-  EXPECT_EQ(runToEnd([&] { press("Command1"); }), kFatalExitCode);
+  EXPECT_EQ(program_.dialogs().shown.back(),
+            "warning: Illegal value for flag of Nugget Effect in Direction (" +
+                session().dirname(1) + ") of " + session().varname(1) + ": yes!");
+  EXPECT_EQ(tree().topLevelItemCount(), 0);
+  EXPECT_TRUE(dialog().isVisible());
 }
 
 TEST_F(TestDialog, AVeryLongTextIsScrolledTo) {
