@@ -29,12 +29,13 @@ inline double rounded(double value) {
   return value;
 }
 
-inline void fillClasses(Session& session, int v, int d) {
+inline void fillClasses(Session& session, Pair pair) {
+  const auto v = static_cast<double>(pair.variable), d = static_cast<double>(pair.direction);
   for (int lag = 1; lag <= kClasses; ++lag) {
     const double h = 100 * lag + 30 * std::sin(lag * 1.7 + d * 0.37 + v * 0.0113);
-    session.hlag.set({v, d}, lag, rounded(h));
-    session.gam.set({v, d}, lag, rounded(1 - std::exp(-h / 30000) + v * 0.001));
-    session.npairs.set({v, d}, lag, static_cast<float>(20 + (lag * 37 + d) % 900));
+    session.hlag.set(pair, lag, rounded(h));
+    session.gam.set(pair, lag, rounded(1 - std::exp(-h / 30000) + v * 0.001));
+    session.npairs.set(pair, lag, static_cast<float>(20 + (lag * 37 + pair.direction) % 900));
   }
 }
 
@@ -51,7 +52,7 @@ inline Session fullSession() {
   for (int v = 1; v <= kVariables; ++v) {
     session.varname(v) = "variable " + std::to_string(v);
     session.variance(v) = 1;
-    for (int d = 1; d <= kDirections; ++d) fillClasses(session, v, d);
+    for (int d = 1; d <= kDirections; ++d) fillClasses(session, {v, d});
   }
   return session;
 }

@@ -98,10 +98,16 @@ bool isClosedFolder(const fs::path& folder) {
 /// Writes into a file that is there, which keeps all but its bytes.
 void overwrite(const fs::path& path, std::string_view bytes) {
   const Descriptor file(path, O_WRONLY | O_NONBLOCK);
+  struct stat old {};
+  if (::fstat(file.number(), &old) != 0) fail("Cannot read", path);
   const auto size = static_cast<off_t>(bytes.size());
-  // Room first, so that a full disk leaves the old bytes.
-  if (::posix_fallocate(file.number(), 0, size) == ENOSPC)
+  // Room first, so that a full disk leaves the old bytes; a file system that can't promise any, or
+  // no bytes at all, are left to the write.
+  const int room = ::posix_fallocate(file.number(), 0, size);
+  if (room != 0 && room != EOPNOTSUPP && room != EINVAL) {
+    if (::ftruncate(file.number(), old.st_size) != 0) fail("Cannot write", path);
     throw Fault("No room for " + path.string());
+  }
   writeAll(file.number(), bytes);
   if (::ftruncate(file.number(), size) != 0 || !flushed(file.number())) fail("Cannot write", path);
 }

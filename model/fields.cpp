@@ -99,15 +99,15 @@ void Texta_Change(Fit& fit) {
 }
 
 // These two catch no failure.
-void Textc0_Click(Fit& fit) { fit.session.c0typed(fit.session.current()) = true; }
+void Textc0_Click(Session& session) { session.c0typed(session.current()) = true; }
 
-void Texta_Click(Fit& fit) {
-  if (requireFile(fit)) fit.session.atyped(fit.session.current()) = true;
+void Texta_Click(Session& session, Messages& messages) {
+  if (requireFile(session, messages)) session.atyped(session.current()) = true;
 }
 
 // Failures are ignored.
-void Text_KeyDown(Fit& fit, int keyCode) {
-  if (keyCode == kEnterKeyCode) endSilently([&] { fit.plotter.plotvariogram(); });
+void Text_KeyDown(Plotter& plotter, int keyCode) {
+  if (keyCode == kEnterKeyCode) endSilently([&] { plotter.plotvariogram(); });
 }
 
 // Catches no failure of its own.

@@ -1,6 +1,7 @@
 #include "model/results.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <utility>
 
@@ -161,7 +162,7 @@ bool hasOtherTotal(const Session& session, Pair pair, const ResultRow& row) {
     if (at.sill().isText()) return true;
     total += at.sill().number();
   }
-  return row[kTotalColumn] != generalText(total);
+  return !std::isfinite(total) || row[kTotalColumn] != generalText(total);
 }
 
 std::optional<std::string> rowRefusal(const Session& session, std::int64_t direction) {

@@ -182,8 +182,8 @@ void Command5_Click(Fit& fit) {
 }
 
 // Failures are ignored.
-void Command5_GotFocus(Fit& fit) {
-  endSilently([&] { fit.plotter.plotvariogram(); });
+void Command5_GotFocus(Plotter& plotter) {
+  endSilently([&] { plotter.plotvariogram(); });
 }
 
 void est1_MouseMove(Fit& fit) {

@@ -28,7 +28,7 @@ void Command3_Click(Fit& fit);
 /// Takes the pair of the two lists and draws.
 void Command5_Click(Fit& fit);
 /// Draws, failures ignored.
-void Command5_GotFocus(Fit& fit);
+void Command5_GotFocus(Plotter& plotter);
 /// The pointer moves over est1, tipo1: their tips tell the current variable and direction.
 void est1_MouseMove(Fit& fit);
 void tipo1_MouseMove(Fit& fit);

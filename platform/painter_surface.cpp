@@ -39,7 +39,7 @@ QPen toPen(const Stroke& stroke) {
 }
 
 /// Held to a size whose sums and differences are finite.
-double toPixels(double twips) { return std::clamp(twips, -1e100, 1e100) / kTwipsPerPixel; }
+double inPixels(double twips) { return std::clamp(twips, -1e100, 1e100) / kTwipsPerPixel; }
 
 constexpr std::size_t kTextsKept = 256;
 constexpr std::size_t kStampsKept = 256;
@@ -126,7 +126,7 @@ PainterSurface::Face& PainterSurface::face(const Font& font) {
 
 void PainterSurface::text(double x, double y, std::string_view text, const Font& font,
                           Colour colour) {
-  if (!withinReach(toPixels(x)) || !withinReach(toPixels(y))) return;
+  if (!withinReach(inPixels(x)) || !withinReach(inPixels(y))) return;
   finish();
   Face& with = face(font);
   if (with.texts.size() > kTextsKept) with.texts.clear();
@@ -139,11 +139,11 @@ void PainterSurface::text(double x, double y, std::string_view text, const Font&
   QPainter& to = painter();
   to.setFont(with.face);
   to.setPen(toQColor(colour));
-  to.drawStaticText(QPointF(toPixels(x), toPixels(y)), laidOut);
+  to.drawStaticText(QPointF(inPixels(x), inPixels(y)), laidOut);
 }
 
 void PainterSurface::line(double x1, double y1, double x2, double y2, const Stroke& stroke) {
-  const auto drawn = clipped({toPixels(x1), toPixels(y1), toPixels(x2), toPixels(y2)});
+  const auto drawn = clipped({inPixels(x1), inPixels(y1), inPixels(x2), inPixels(y2)});
   if (!drawn) return;
   const QLineF& line = *drawn;
   if (x1 != x2 && y1 != y2) return slanted(line, stroke);
@@ -184,7 +184,7 @@ const QImage& PainterSurface::stamp(double radius, const Stroke& outline, Colour
         known.phaseX == phaseX && known.phaseY == phaseY)
       return known.image;
   const double ratio = painter().device()->devicePixelRatioF();
-  const double reach = toPixels(radius) + outline.width / 2.0;
+  const double reach = inPixels(radius) + outline.width / 2.0;
   const int side = 2 * static_cast<int>(std::ceil(reach * ratio)) + 2;
   QImage made(side, side, QImage::Format_ARGB32_Premultiplied);
   made.fill(Qt::transparent);
@@ -196,7 +196,7 @@ const QImage& PainterSurface::stamp(double radius, const Stroke& outline, Colour
   to.scale(ratio, ratio);
   to.setPen(toPen(outline));
   to.setBrush(toQColor(fill));
-  to.drawEllipse(QPointF(0, 0), toPixels(radius), toPixels(radius));
+  to.drawEllipse(QPointF(0, 0), inPixels(radius), inPixels(radius));
   to.end();
   made.setDevicePixelRatio(ratio);
   if (stamps_.size() > kStampsKept) stamps_.clear();
@@ -205,10 +205,10 @@ const QImage& PainterSurface::stamp(double radius, const Stroke& outline, Colour
 }
 
 void PainterSurface::disc(double x, double y, double radius, const Stroke& outline, Colour fill) {
-  if (!withinReach(toPixels(x)) || !withinReach(toPixels(y))) return;
+  if (!withinReach(inPixels(x)) || !withinReach(inPixels(y))) return;
   finish();
   const double ratio = painter().device()->devicePixelRatioF();
-  const double deviceX = toPixels(x) * ratio, deviceY = toPixels(y) * ratio;
+  const double deviceX = inPixels(x) * ratio, deviceY = inPixels(y) * ratio;
   const double wholeX = std::floor(deviceX), wholeY = std::floor(deviceY);
   const QImage& image = stamp(radius, outline, fill, static_cast<int>((deviceX - wholeX) * kPhases),
                               static_cast<int>((deviceY - wholeY) * kPhases));
@@ -217,7 +217,7 @@ void PainterSurface::disc(double x, double y, double radius, const Stroke& outli
 }
 
 void PainterSurface::box(double left, double top, double width, double height, Colour fill) {
-  const auto held = [](double twips) { return std::clamp(toPixels(twips), -kReach, kReach); };
+  const auto held = [](double twips) { return std::clamp(inPixels(twips), -kReach, kReach); };
   finish();
   painter().fillRect(
       QRectF(QPointF(held(left), held(top)), QPointF(held(left + width), held(top + height))),

@@ -30,7 +30,7 @@ void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
 
 void ClickLabel::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
-  if (key != Qt::Key_Space && !isEnter(key)) return QLabel::keyPressEvent(event);
+  if (!isPress(key)) return QLabel::keyPressEvent(event);
   if (clicked) clicked();
 }
 

@@ -99,7 +99,7 @@ void cores::Command3_Click() {
 }
 
 void cores::Command2_Click() {
-  session_.axiscolor = session_.style.cores.Label1;
+  session_.axiscolor = session_.style.cores.ink();
   leave();
 }
 

@@ -54,6 +54,11 @@ bool counts(const QEvent& event, const QObject& on) {
   return true;
 }
 
+// Handlers that take a part of what a reaction is given.
+void clickSill(Fit& fit) { Textc0_Click(fit.session); }
+void clickRange(Fit& fit) { Texta_Click(fit.session, fit.messages); }
+void focusPlot(Fit& fit) { Command5_GotFocus(fit.plotter); }
+
 }  // namespace
 
 void FitPanelWidgets::connectTo(Fit& fit, const FaultReport& faults) {
@@ -70,8 +75,8 @@ void FitPanelWidgets::run(void (*handler)(Fit&)) {
 
 void FitPanelWidgets::connectValues() {
   // What the user changes in a field counts as a click into it, before the change is taken.
-  connect(Textc0, &QLineEdit::textEdited, this, [this] { run(Textc0_Click); });
-  connect(Texta, &QLineEdit::textEdited, this, [this] { run(Texta_Click); });
+  connect(Textc0, &QLineEdit::textEdited, this, [this] { run(clickSill); });
+  connect(Texta, &QLineEdit::textEdited, this, [this] { run(clickRange); });
   connect(Textc0, &QLineEdit::textChanged, this, [this] { run(Textc0_Change); });
   connect(Texta, &QLineEdit::textChanged, this, [this] { run(Texta_Change); });
   connect(HScrollc0, &QSlider::valueChanged, this, [this] { run(HScrollc0_Change); });
@@ -105,14 +110,14 @@ void FitPanelWidgets::connectChoices() {
 
 void FitPanelWidgets::connectReactions() {
   reactions_ = {
-      {Textc0, QEvent::MouseButtonRelease, Textc0_Click},
-      {Texta, QEvent::MouseButtonRelease, Texta_Click},
+      {Textc0, QEvent::MouseButtonRelease, clickSill},
+      {Texta, QEvent::MouseButtonRelease, clickRange},
       {Labelvariance, QEvent::MouseButtonRelease, Labelvariance_Click},
       {HScrollc0, QEvent::FocusIn, HScrollc0_GotFocus},
       {HScrolla, QEvent::FocusIn, HScrolla_GotFocus},
       {HScrollc0, QEvent::Wheel, HScrollc0_GotFocus},
       {HScrolla, QEvent::Wheel, HScrolla_GotFocus},
-      {Command5, QEvent::FocusIn, Command5_GotFocus},
+      {Command5, QEvent::FocusIn, focusPlot},
       {est[0], QEvent::MouseMove, est1_MouseMove},
       {tipo[0], QEvent::MouseMove, tipo1_MouseMove},
       {est[0], QEvent::MouseButtonDblClick, [](Fit& fit) { est_Click(fit, Line::nugget); }},
@@ -158,7 +163,7 @@ void FitPanelWidgets::plotFocused(const QEvent& focus) {
 }
 
 void FitPanelWidgets::onKey(int key) {
-  guarded(*faults_, [&] { Text_KeyDown(*fit_, isEnter(key) ? kEnterKeyCode : 0); });
+  guarded(*faults_, [&] { Text_KeyDown(fit_->plotter, isEnter(key) ? kEnterKeyCode : 0); });
 }
 
 void FitPanelWidgets::fillList(List which, const QStringList& entries) {
@@ -258,7 +263,7 @@ void FitPanelWidgets::focusPlotButton() {
   Command5->setFocus(Qt::OtherFocusReason);
   // While another window is still active the event would come only with the window's activation,
   // which is no event of the button; the handler runs now.
-  if (!plotFocusRan_) run(Command5_GotFocus);
+  if (!plotFocusRan_) run(focusPlot);
 }
 
 }  // namespace zevfit

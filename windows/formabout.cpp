@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 
+#include "windows/keys.h"
+
 namespace zevfit {
 
 namespace {
@@ -108,16 +110,8 @@ bool formabout::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void formabout::keyPressEvent(QKeyEvent* event) {
-  switch (event->key()) {
-    case Qt::Key_Escape:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Space:
-      hide();
-      return;
-    default:
-      QWidget::keyPressEvent(event);
-  }
+  if (event->key() == Qt::Key_Escape || isPress(event->key())) return hide();
+  QWidget::keyPressEvent(event);
 }
 
 }  // namespace zevfit

@@ -56,8 +56,11 @@ class CellDelegate : public QStyledItemDelegate {
     if (picture.isNull()) return;
     QRect place(QPoint(), option.decorationSize);
     place.moveCenter(option.rect.center());
-    // On the ground that it has in a cell that is not selected.
-    if (option.state & QStyle::State_Selected) painter->fillRect(place, option.palette.base());
+    // In a selected cell it keeps the ground of the row.
+    const bool alternate = option.features & QStyleOptionViewItem::Alternate;
+    if (option.state & QStyle::State_Selected)
+      painter->fillRect(place,
+                        option.palette.brush(alternate ? QPalette::AlternateBase : QPalette::Base));
     picture.paint(painter, place);
   }
 

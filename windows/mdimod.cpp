@@ -253,6 +253,8 @@ void mdimod::tellOfBadFile(Load outcome) {
   if (outcome == Load::halfWay && session_.loaded) {
     unsaved_.disregard(session_, variableCount());
     tellAtFoot(*this, kTwoFilesText);
+    // A save would now write parts of two files over the former one: it is kept once more.
+    saver_.startFile();
   }
   tellOfRescue();
   dialogs_.warning(kBadFileText);

@@ -207,6 +207,8 @@ AxisTexts modfinal::textsOf(Axis axis) const {
 }
 
 void modfinal::Command2_Click() {
+  // No variable could be shown, which was warned of: there is none to save.
+  if (Combovarver->count() > 0 && Combovarver->currentIndex() < 0) return;
   saveKrigingFile({session_.filetag, toBytes(Combovarver->currentText()), textsOf(Axis::main),
                    textsOf(Axis::minor1), textsOf(Axis::minor2), rowcells},
                   orthogonality_, messages_, chooser_);

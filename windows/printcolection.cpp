@@ -17,6 +17,7 @@
 #include "platform/picture_box.h"
 #include "report/page_grid.h"
 #include "report/printing.h"
+#include "windows/keys.h"
 #include "windows/texts.h"
 
 namespace zevfit {
@@ -33,6 +34,13 @@ void showText(QLabel& label, std::string_view text) {
   label.setToolTip(label.text());
   label.repaint();
 }
+
+/// The keys that go from cell to cell.
+struct Arrow {
+  int key, rows, columns;
+};
+constexpr std::array<Arrow, 4> kArrows{
+    {{Qt::Key_Up, -1, 0}, {Qt::Key_Down, 1, 0}, {Qt::Key_Left, 0, -1}, {Qt::Key_Right, 0, 1}}};
 
 }  // namespace
 
@@ -110,29 +118,16 @@ bool printcolection::pageEvent(const QEvent& event) {
 }
 
 bool printcolection::pageKey(int key) {
-  switch (key) {
-    case Qt::Key_Up:
-      moveKeyCell(-1, 0);
-      return true;
-    case Qt::Key_Down:
-      moveKeyCell(1, 0);
-      return true;
-    case Qt::Key_Left:
-      moveKeyCell(0, -1);
-      return true;
-    case Qt::Key_Right:
-      moveKeyCell(0, 1);
-      return true;
-    case Qt::Key_Space:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      moveKeyCell(0, 0);
-      atKeyCell(Picture1_MouseDown);
-      atKeyCell(Picture1_MouseMove);
-      return true;
-    default:
-      return false;
+  if (isPress(key)) {
+    moveKeyCell(0, 0);
+    atKeyCell(Picture1_MouseDown);
+    atKeyCell(Picture1_MouseMove);
+    return true;
   }
+  const auto arrow = std::ranges::find(kArrows, key, &Arrow::key);
+  if (arrow == kArrows.end()) return false;
+  moveKeyCell(arrow->rows, arrow->columns);
+  return true;
 }
 
 void printcolection::moveKeyCell(int rows, int columns) {

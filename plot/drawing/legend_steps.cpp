@@ -32,7 +32,7 @@ constexpr double kSampleFromRight = 600, kSampleToRight = 300;
 constexpr double kSymbolFromRight = 450, kSymbolPart = 960;
 constexpr double kNameFromRight = 400, kNameTop = 350;
 constexpr double kGammaLeft = 100, kGammaArgumentLeft = 220, kGammaTop = 300;
-constexpr double kDistanceFromRight = 800, kDistanceFromBottom = 450;
+constexpr double kDistanceFromBottom = 450;
 
 void drawCaption(const Drawing& drawing, const LegendCaption& caption) {
   const PlotBox box = drawing.box();
@@ -79,8 +79,8 @@ void drawDistanceLegend(Drawing& drawing) {
   const PlotBox box = drawing.box();
   const Session& session = drawing.session();
   const std::string_view legend = trimmed(session.xlegend(session.plotted()));
-  drawing.text(kDistanceLegend, box.pictureW - kDistanceFromRight,
-               box.pictureH - kDistanceFromBottom, legend, drawing.colours().ink());
+  drawing.text(kDistanceLegend, box.xright(), box.pictureH - kDistanceFromBottom, legend,
+               drawing.colours().ink());
 }
 
 void drawDataSymbol(Drawing& drawing) {

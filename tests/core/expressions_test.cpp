@@ -17,7 +17,8 @@ struct Row {
   const char* byTipo;
 };
 
-// Blanks, squares and "(h3/a)" to the letter: the two columns differ on purpose.
+// Blanks, squares and "(h3/a)" to the letter: the two columns differ, so that what is read tells
+// how the line was reached.
 const std::vector<Row> kRows{
     {Line::first, "E", "C1*(1-exp(-3h/a1))", "C1*(1-exp(-3h/a1))"},
     {Line::first, "S", "C1*(3/2*(h/a1) -1/2*(h/a1)^3)", "C1*(3/2*(h/a1) -1/2*(h/a1)^3)"},

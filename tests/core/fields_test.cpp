@@ -27,7 +27,7 @@ class Fields : public testing::Test, protected FitFixture {
   std::string total() { return panel.caption(Caption::Labelc); }
   /// Types into the field without a drawing; the handlers then wait for Enter.
   void typeSill(const char* text) {
-    Textc0_Click(fit);
+    Textc0_Click(session);
     panel.setText(Field::c0, text);
   }
 };
@@ -253,10 +253,10 @@ TEST_F(Fields, ATextInTheVarianceFailsSilently) {
 }
 
 TEST_F(Fields, AClickIntoAFieldLetsItDrive) {
-  Textc0_Click(fit);
+  Textc0_Click(session);
   EXPECT_TRUE(cell(&Session::c0typed));
   EXPECT_FALSE(cell(&Session::atyped));
-  Texta_Click(fit);
+  Texta_Click(session, dialogs);
   EXPECT_TRUE(cell(&Session::atyped));
   EXPECT_FALSE(session.c0typed({1, 1})) << "other pairs keep theirs";
   EXPECT_FALSE(session.atyped({1, 1}));
@@ -264,10 +264,10 @@ TEST_F(Fields, AClickIntoAFieldLetsItDrive) {
 
 TEST_F(Fields, OnlyTheRangesClickAsksForAFile) {
   session.loaded = false;
-  Textc0_Click(fit);
+  Textc0_Click(session);
   EXPECT_TRUE(cell(&Session::c0typed));
   EXPECT_TRUE(dialogs.shown.empty());
-  Texta_Click(fit);
+  Texta_Click(session, dialogs);
   EXPECT_FALSE(cell(&Session::atyped));
   EXPECT_EQ(dialogs.shown, kNoFile);
 }
@@ -295,12 +295,12 @@ TEST_F(Fields, TheVarianceOnShowReachesThePowerStructureToo) {
 }
 
 TEST_F(Fields, EnterDrawsAndNoOtherKeyDoes) {
-  for (const int key : {0, 10, 12, 14, 27, 65}) Text_KeyDown(fit, key);
+  for (const int key : {0, 10, 12, 14, 27, 65}) Text_KeyDown(plotter, key);
   EXPECT_EQ(plotter.drawings, 0);
-  Text_KeyDown(fit, 13);
+  Text_KeyDown(plotter, 13);
   EXPECT_EQ(plotter.drawings, 1);
   plotter.onDraw = [] { throw Fault("frame"); };
-  EXPECT_NO_THROW(Text_KeyDown(fit, 13));
+  EXPECT_NO_THROW(Text_KeyDown(plotter, 13));
 }
 
 TEST_F(Fields, EnterBringsATypedValueToTheSlider) {
@@ -308,7 +308,7 @@ TEST_F(Fields, EnterBringsATypedValueToTheSlider) {
   drawForReal();
   typeSill("4");
   EXPECT_EQ(panel.position(Slider::c0), 0);
-  Text_KeyDown(fit, 13);
+  Text_KeyDown(plotter, 13);
   EXPECT_EQ(panel.position(Slider::c0), 12800);
   EXPECT_EQ(panel.text(Field::c0), "4");
 }

@@ -70,7 +70,7 @@ TEST_F(RangeField, DrawsUnlessItIsTyped) {
   EXPECT_EQ(plotter.drawings, 1);
   panel.setText(Field::a, "-1");
   EXPECT_EQ(plotter.drawings, 3) << "the inner run for 2000, then the outer one";
-  Texta_Click(fit);
+  Texta_Click(session, dialogs);
   panel.setText(Field::a, "4");
   EXPECT_EQ(plotter.drawings, 3);
   EXPECT_EQ(number(&Session::a1), 4);

@@ -208,6 +208,10 @@ TEST(Results, ATotalIsAnotherOneThanTheSumOfItsTickedSills) {
   EXPECT_TRUE(other()[4]);
   session.use0({kVariable, 2}) = 2;
   EXPECT_FALSE(other()[1]) << "no line is ticked, no total shown";
+  session.c0({kVariable, 4}) = 1e308;
+  session.c1({kVariable, 4}) = 1e308;
+  session.use0({kVariable, 4}) = session.use1({kVariable, 4}) = 1;
+  EXPECT_TRUE(other()[3]) << "a sum beyond all numbers";
 }
 
 /// The session of the sample, its rows and the fields.

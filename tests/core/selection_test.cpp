@@ -168,14 +168,14 @@ TEST_F(Selection, AListWithoutAChoiceLeavesNoPair) {
 }
 
 TEST_F(Selection, AClickComingFromElsewhereDrawsTwice) {
-  Command5_GotFocus(fit);
+  Command5_GotFocus(plotter);
   Command5_Click(fit);
   EXPECT_EQ(plotter.drawings, 2);
 }
 
 TEST_F(Selection, OnlyTheFocusIgnoresADrawingThatFails) {
   plotter.onDraw = [] { throw Fault("frame"); };
-  EXPECT_NO_THROW(Command5_GotFocus(fit));
+  EXPECT_NO_THROW(Command5_GotFocus(plotter));
   EXPECT_THROW(Command5_Click(fit), Fault);
 }
 
@@ -199,7 +199,7 @@ std::vector<Guard> guards() {
       {"Combodirvar", true, Combodirvar_Click},
       {"Command3", true, Command3_Click},
       {"Command5", true, Command5_Click},
-      {"Command5 focus", false, Command5_GotFocus},
+      {"Command5 focus", false, [](Fit& with) { Command5_GotFocus(with.plotter); }},
   };
   for (const Line which : kLines)
     all.push_back({"est" + std::to_string(indexOf(which) + 1), true,

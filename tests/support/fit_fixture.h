@@ -38,7 +38,7 @@ inline void connectPanel(MemoryPanel& panel, Fit& fit) {
   panel.events.listClicked = [&fit](List list) {
     list == List::Combo2 ? Combo2_Click(fit) : Combodirvar_Click(fit);
   };
-  panel.events.plotButtonFocused = [&fit] { Command5_GotFocus(fit); };
+  panel.events.plotButtonFocused = [&fit] { Command5_GotFocus(fit.plotter); };
 }
 
 /// What a drawing does to the controls and to the curve, without a picture. Ends silently.

@@ -5,6 +5,7 @@
 #include <QSlider>
 #include <QTest>
 
+#include "tests/support/model_lines.h"
 #include "tests/support/program.h"
 
 namespace zevfit::test {
@@ -33,14 +34,10 @@ inline QPoint middleOfThird(int row, int column) {
 }
 
 /// A nugget and a spherical structure that rise to the variance.
-inline void fitPair(Session& session, int variable, int direction) {
-  const double variance = session.variance(variable).number();
-  session.use0({variable, direction}) = 1;
-  session.c0({variable, direction}) = variance * 0.1;
-  session.use1({variable, direction}) = 1;
-  session.model1({variable, direction}) = "S";
-  session.c1({variable, direction}) = variance * 0.9;
-  session.a1({variable, direction}) = session.hmax({variable, direction}) * 0.7;
+inline void fitPair(Session& session, Pair pair) {
+  const double variance = session.variance(pair.variable).number();
+  setNugget(session, pair, variance * 0.1);
+  setStructure(session, pair, Line::first, "S", variance * 0.9, session.hmax(pair) * 0.7);
 }
 
 inline void giveColumns(QWidget& reports, int columns) {
@@ -48,9 +45,9 @@ inline void giveColumns(QWidget& reports, int columns) {
   Program::find<QPushButton>(reports, "Command1").click();
 }
 
-inline void plotPair(Program& program, int variable, int direction) {
-  program.control<QComboBox>("Combo2").setCurrentIndex(variable - 1);
-  program.control<QComboBox>("Combodirvar").setCurrentIndex(direction - 1);
+inline void plotPair(Program& program, Pair pair) {
+  program.control<QComboBox>("Combo2").setCurrentIndex(static_cast<int>(pair.variable) - 1);
+  program.control<QComboBox>("Combodirvar").setCurrentIndex(static_cast<int>(pair.direction) - 1);
   program.control<QAbstractButton>("Command5").click();
 }
 
@@ -60,8 +57,8 @@ inline void composeFullReport(Program& program) {
   giveColumns(reports, kReportColumns);
   for (int row = 1; row <= kReportRows; ++row)
     for (int column = 1; column <= kReportColumns; ++column) {
-      fitPair(program.session(), row, column);
-      plotPair(program, row, column);
+      fitPair(program.session(), {row, column});
+      plotPair(program, {row, column});
       pressPage(reports, 0, middleOfThird(row, column));
     }
 }

@@ -80,9 +80,9 @@ void Tour::choose(const char* option) {
   button.isChecked() ? hand_.doubleClickMark(button) : hand_.clickMark(button);
 }
 
-void Tour::choosePair(int variable, int direction) {
-  hand_.choose(panel<QComboBox>("Combo2"), variable - 1);
-  hand_.choose(panel<QComboBox>("Combodirvar"), direction - 1);
+void Tour::choosePair(Pair pair) {
+  hand_.choose(panel<QComboBox>("Combo2"), static_cast<int>(pair.variable) - 1);
+  hand_.choose(panel<QComboBox>("Combodirvar"), static_cast<int>(pair.direction) - 1);
   // Puts the pair's own nugget into the field: one that holds a sill beyond the axis of the pair
   // has no place on its slider, and nothing would be drawn.
   choose("est1");
@@ -157,7 +157,7 @@ void Tour::addUp(QWidget& structure) {
 void Tour::fitZinc() {
   album_.keep(window_, "mdimod-opened");
   for (int direction = 1; direction <= 4; ++direction) {
-    choosePair(kZinc, direction);
+    choosePair({kZinc, direction});
     fitNugget("0.09");
     fitStructure("tipo2", direction == kNorthEast ? "0.44" : "0.66", kRanges[direction - 1]);
     if (direction == 1) album_.keep(plot(), "Formod");
@@ -169,7 +169,7 @@ void Tour::fitZinc() {
 
 /// Sliders alone, by their pages.
 void Tour::fitCopperBySlider() {
-  choosePair(kCopper, kNorthEast);
+  choosePair({kCopper, kNorthEast});
   choose("est1");
   hand_.clickMark(panel("plot1"));
   pageUp("HScrollc0", 3);
@@ -184,7 +184,7 @@ void Tour::fitCopperBySlider() {
 /// left button takes the range, the right one the sill. In the end a click on a data point tells
 /// its pairs.
 void Tour::fitCopperByHandle() {
-  choosePair(kCopper, kNorth);
+  choosePair({kCopper, kNorth});
   choose("est1");
   hand_.clickMark(panel("plot1"));
   pageUp("HScrollc0", 2);
@@ -211,7 +211,7 @@ void Tour::fitTogether() {
   };
   for (const Fit& fit : {Fit{kLead, "0.09", "0.54", "0.38"}, {kZincLead, "0.075", "0.59", "0.45"}})
     for (int direction = 1; direction <= 4; ++direction) {
-      choosePair(fit.variable, direction);
+      choosePair({fit.variable, direction});
       fitNugget(fit.nugget);
       const bool at45 = direction == kNorthEast;
       const bool wrong = at45 && fit.variable == kZincLead;

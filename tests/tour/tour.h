@@ -65,7 +65,7 @@ class Tour {
   /// An option that is on already takes a double click.
   void choose(const char* option);
   /// Chooses a pair in the two lists, counted from 1, and plots it.
-  void choosePair(int variable, int direction);
+  void choosePair(Pair pair);
   void plotAgain();
   /// A press of a slider's groove, behind its handle.
   void pageUp(const char* slider, int times);

@@ -50,7 +50,7 @@ void Tour::testTogether() {
   album_.keep(test, "testcruz-failed");
   hand_.click(find(test, "Command2"));
 
-  choosePair(5, 2);
+  choosePair({5, 2});
   fitStructure("tipo2", "0.4", "1800");
   hand_.click(panel("Command2"));
   album_.keep(open(window_, "testcruz"), "testcruz");
@@ -59,7 +59,7 @@ void Tour::testTogether() {
 
 /// The model in another colour.
 void Tour::format() {
-  choosePair(1, 1);
+  choosePair({1, 1});
   press("k10");
   auto& format = open(window_, "Formfont");
   hand_.click(find(format, "Command4"));
@@ -85,7 +85,7 @@ void Tour::format() {
 /// A sum has the axis of its parts, which its values leave; a new scale shows them. The distance
 /// gets its unit.
 void Tour::scaleAndLegend() {
-  choosePair(8, 1);
+  choosePair({8, 1});
   hand_.click(panel("Command1"));
   auto& scales = open(window_, "cutgraph");
   hand_.type(find<QLineEdit>(scales, "novoxmax"), "1700");
@@ -140,7 +140,7 @@ void Tour::report() {
   for (int row = 1; row <= kReportRows; ++row)
     for (int column = 1; column <= kReportColumns; ++column) {
       const Pair& pair = kReport[row - 1][column - 1];
-      choosePair(pair.variable, pair.direction);
+      choosePair({pair.variable, pair.direction});
       hand_.clickAt(page, QPointF((grid.left(column) + grid.cellWidth / 2) / 15,
                                   (grid.above(row) + grid.cellHeight / 2) / 15)
                               .toPoint());

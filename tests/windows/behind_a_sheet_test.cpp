@@ -15,7 +15,7 @@ class BehindASheet : public testing::Test, protected TwoPlots {
  protected:
   /// The second plot stands on the sheet, the first one is active.
   BehindASheet() : reports_(openReports(program())) {
-    plotPair(program(), 1, 2);
+    plotPair(program(), {1, 2});
     pressPage(reports_, 0, {100, 80});
     area().setActiveSubWindow(&plot(1));
     program().control<QAbstractButton>("est2").click();

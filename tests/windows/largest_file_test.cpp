@@ -55,7 +55,7 @@ class LargestFile : public TestDialog {
 };
 
 TEST_F(LargestFile, PlotsItsLastPairWithoutTheSillInTheLegend) {
-  plotPair(program_, kVariables, kDirections);
+  plotPair(program_, {kVariables, kDirections});
   EXPECT_EQ(program_.dialogs().shown, Lines{});
   EXPECT_TRUE(lastPlot().isVisible());
   EXPECT_EQ(lastPlot().windowTitle(), "40,20  Variable: v40  Direction: 100;0");
@@ -67,7 +67,7 @@ TEST_F(LargestFile, PlotsItsLastPairWithoutTheSillInTheLegend) {
 }
 
 TEST_F(LargestFile, TakesTheSlidersAndBoxesForItsLastPair) {
-  plotPair(program_, kVariables, kDirections);
+  plotPair(program_, {kVariables, kDirections});
   program_.control<QAbstractButton>("est2").click();
   auto& slider = program_.control<QSlider>("HScrolla");
   slider.setFocus(Qt::TabFocusReason);
@@ -91,7 +91,7 @@ TEST_F(LargestFile, TestsItsLastVariables) {
 
 TEST_F(LargestFile, PrintsItsLastPair) {
   QWidget& reports = openReports(program_);
-  plotPair(program_, kVariables, kDirections);
+  plotPair(program_, {kVariables, kDirections});
   pressPage(reports, 0, {100, 80});
   Program::find<QPushButton>(reports, "printar").click();
   EXPECT_EQ(program_.dialogs().shown, Lines{});
@@ -105,7 +105,7 @@ TEST_F(LargestFile, PrintsItsLastPair) {
 }
 
 TEST_F(LargestFile, SavesItsLastPair) {
-  plotPair(program_, kVariables, kDirections);
+  plotPair(program_, {kVariables, kDirections});
   program_.trigger("k11");
   EXPECT_EQ(program_.dialogs().shown, (Lines{"confirm: Save  current models to file: " + path_,
                                              "plain: Models saved to file:" + path_}));

@@ -1,6 +1,7 @@
 // The results window: what it shows, and its events under the mouse and the keyboard.
 #include "windows/modfinal.h"
 
+#include <QPushButton>
 #include <QTimer>
 
 #include "tests/support/results_window.h"
@@ -324,6 +325,8 @@ TEST_F(Modfinal, AFlagThatIsATextIsWarnedOfAndTheTableStays) {
     auto& list = open.find<QComboBox>("Combovarver");
     EXPECT_EQ(list.currentIndex(), -1);
     EXPECT_EQ(open.cell(2, 1), "-");
+    open.find<QPushButton>("Command2").click();
+    EXPECT_EQ(shown(), warned) << "there is nothing to save";
     QTest::keyClick(&list, Qt::Key_End);
     EXPECT_EQ(list.currentText(), "lead");
     EXPECT_EQ(open.find<QLabel>("Label29").text(), "2");

@@ -220,6 +220,20 @@ TEST_F(NothingLost, ALoadThatFailsHalfWayIsToldUntilAGoodOne) {
   EXPECT_FALSE(fs::exists(program_ / kRescueBeforeName));
 }
 
+TEST_F(NothingLost, ASaveBehindALoadThatFailedHalfWayKeepsTheFileOnceMore) {
+  const fs::path bad = folder_ / "bad.zvm";
+  putFile(bad, "bad\nzevra\n1\nx\n1\n1\n45;0\n1\n10 0.5");
+  Program program(program_);
+  program.open(file_);
+  setNugget(program.session(), {1, 1}, 0.25);
+  program.trigger("k11");
+  const std::string saved = contentOf(file_);
+  load(program, bad);
+  program.trigger("k11");
+  EXPECT_NE(contentOf(file_), saved);
+  EXPECT_EQ(contentOf(fs::path(file_).concat("~")), saved);
+}
+
 TEST_F(NothingLost, ASumStaysBehindASaveAndAnotherLookAtTheFile) {
   Program program(program_);
   program.open(file_);

@@ -217,7 +217,7 @@ TEST_F(PrintCollection, DeleteDoesNotOutliveAChangeOfPlot) {
   selectTab(2);
   EXPECT_FALSE(box.isChecked());
   box.setChecked(true);
-  plotPair(program_, 2, 2);
+  plotPair(program_, {2, 2});
   EXPECT_FALSE(box.isChecked()) << "another window became the active one";
   box.setChecked(true);
   auto& picture =
@@ -234,7 +234,7 @@ TEST_F(PrintCollection, WithoutAPlotAClickAsksForOne) {
 }
 
 TEST_F(PrintCollection, ThePointerTellsWhatACellHolds) {
-  plotPair(program_, 2, 2);
+  plotPair(program_, {2, 2});
   press(kSecond);
   pointAt(kSecond);
   EXPECT_EQ(text("Labelvar"), "lead");
@@ -331,12 +331,12 @@ TEST_F(PrintCollection, AWindowThatServedToMeasureATitleStaysAway) {
   control<QPushButton>("printar").click();
   const auto windows = program_.control<QMdiArea>("Area").subWindowList();
   for (const QMdiSubWindow* window : windows) EXPECT_FALSE(window->isVisible());
-  plotPair(program_, 2, 2);
+  plotPair(program_, {2, 2});
   int visible = 0;
   for (const QMdiSubWindow* window : program_.control<QMdiArea>("Area").subWindowList())
     visible += window->isVisible() ? 1 : 0;
   EXPECT_EQ(visible, 1);
-  plotPair(program_, 1, 1);
+  plotPair(program_, {1, 1});
   EXPECT_EQ(program_.control<QMdiArea>("Area").activeSubWindow()->windowTitle(),
             "01,01  Variable: zinc  Direction: 0;0");
 }

@@ -62,7 +62,7 @@ TEST_F(UnaskedPlots, APreviewedPairTakesNoPartInAnArrangement) {
 
 TEST_F(UnaskedPlots, APrintedPairStaysClosedWhenAnotherIsDrawn) {
   QWidget& reports = openReports(program());
-  plotPair(program(), 1, 2);
+  plotPair(program(), {1, 2});
   pressPage(reports, 0, {100, 80});
   closeAll();
   Program::find<QPushButton>(reports, "printar").click();
@@ -76,7 +76,7 @@ TEST_F(UnaskedPlots, APreviewedPairComesUpWithItsOwnDrawing) {
   closeAll();
   openAndCancelFormat();
   drawFirst();
-  plotPair(program(), 1, 2);
+  plotPair(program(), {1, 2});
   EXPECT_TRUE(plot(2).isVisible());
   EXPECT_EQ(plot(2).width(), 6576) << "like any other first drawing";
   EXPECT_EQ(area().activeSubWindow(), &plot(2));
