@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "model/model_curve.h"
+#include "model/nested_model.h"
 #include "session/line.h"
 #include "tests/support/fit_fixture.h"
 #include "tests/support/model_lines.h"
@@ -79,6 +80,18 @@ void sampled(benchmark::State& state) {
   }
 }
 BENCHMARK(sampled)->DenseRange(0, 3);
+
+/// The same values of the pure model, without tables and panel.
+void evaluated(benchmark::State& state) {
+  const std::string_view letters = kChoices[state.range(0)];
+  state.SetLabel(std::string(letters));
+  FullModel full(letters);
+  const NestedModel model = modelOf(full.session, FitFixture::kPair);
+  for (auto _ : state)
+    for (int i = 1; i <= kSamples; ++i)
+      benchmark::DoNotOptimize(semivariance(model, kEnd / kSamples * i));
+}
+BENCHMARK(evaluated)->DenseRange(0, 3);
 
 void transcendentalsAlone(benchmark::State& state) {
   const std::string_view letters = kChoices[state.range(0)];

@@ -123,7 +123,7 @@ void fillRatios(const KrigingModel& model, int structure, Ratios& ratios) {
 
 void putLine(std::string& out, std::string_view text) {
   out += text;
-  out += "\r\n";
+  out += kLineEnd;
 }
 
 void putStructure(std::string& out, const KrigingModel& model, int structure,

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "files/orthogonality.h"
+#include "session/axis.h"
 #include "session/file_chooser.h"
 #include "session/messages.h"
 
@@ -23,8 +24,7 @@
 namespace zevfit {
 
 /// The fields of one direction: azimuth, dip, and the ranges of three structures.
-using AxisTexts = std::array<std::string, 5>;
-inline constexpr std::size_t kAzimuth = 0, kDip = 1, kFirstRange = 2;
+using AxisTexts = std::array<std::string, kAxisEntries>;
 
 /// What the file is made of; all texts as the results window shows them.
 struct KrigingModel {

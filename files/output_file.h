@@ -6,6 +6,9 @@
 
 namespace zevfit {
 
+/// How the program ends its lines.
+inline constexpr std::string_view kLineEnd = "\r\n";
+
 /// Where the bytes of a new file go, in order.
 class ByteSink {
  public:

@@ -15,7 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr const char* kTemporarySuffix = ".new";
 
 /// An empty first line is an empty path, not a blank in front of the first colour: so a run that

@@ -17,7 +17,6 @@ namespace zevfit {
 
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
 /// Classes that no file has filled are written as zeros up to this number; a claim beyond it does
 /// not fit the tables.
 constexpr std::int64_t kClassesOnTrust = 1'000;

@@ -14,8 +14,11 @@
 #include "model/expressions.h"
 #include "model/fields.h"
 #include "model/graph_format.h"
+#include "model/model_curve.h"
+#include "model/nested_model.h"
 #include "plot/drawing/preview.h"
 #include "plot/drawing/window_key.h"
+#include "session/form.h"
 #include "session/line.h"
 #include "session/number_pattern.h"
 #include "session/numbers.h"
@@ -187,6 +190,24 @@ void selectModel(Fields& in, FitFixture& with) {
     require(modelExpression(which, letter, ExpressionBy::est).has_value(), "est knows all of tipo");
 }
 
+/// The sampled curve is the pure model, where every line that is on has a form and none refuses.
+void checkCurve(FitFixture& with) {
+  const Session& session = with.session;
+  const Pair pair = session.current();
+  const auto isRefused = [&](Line structure) {
+    const ConstLineRef at = line(session, pair, structure);
+    const std::optional<Form> form = formOf(at.letter());
+    return at.isOn() && (!form || (form == Form::power && at.range().number() > 2));
+  };
+  endSilently([&] {
+    if (std::ranges::any_of(kStructures, isRefused)) return;
+    modelcurve(with.fit, pair, 100);
+    const NestedModel model = modelOf(session, pair);
+    for (int i = 1; i <= kCurvePoints; ++i)
+      require(session.curvegam(i) == semivariance(model, session.curveh(i)), "one model");
+  });
+}
+
 void typeFields(Fields& in, FitFixture& with) {
   with.panel.setText(Field::c0, in.next());
   checkModel(with);
@@ -202,6 +223,7 @@ void checkFields(Fields& in) {
   typeFields(in, with);
   Labelvariance_Click(with.fit);
   checkModel(with);
+  checkCurve(with);
 }
 
 void checkScales(Fields& in) {

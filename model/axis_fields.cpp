@@ -13,8 +13,6 @@ namespace zevfit {
 
 namespace {
 
-constexpr std::size_t kFirstRange = 2;
-
 /// The names of the axes in the warnings, of which only the first has a capital.
 constexpr std::array<const char*, kAxes.size()> kAxisNames{"Main", "minor1", "minor2"};
 

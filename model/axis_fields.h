@@ -9,9 +9,6 @@
 
 namespace zevfit {
 
-/// Fields of an axis: azimuth, dip, and the ranges of three structures.
-inline constexpr std::size_t kAxisEntries = 5;
-
 /// The fields of the three axes as the rules of the results window see them.
 class AxisFields {
  public:

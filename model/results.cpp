@@ -18,12 +18,9 @@ namespace {
 
 constexpr const char* kNone = "-";
 constexpr std::size_t kNuggetColumn = 1;
-constexpr std::size_t kTotalColumn = 11;
 constexpr std::size_t kLargestColumn = 12;
-constexpr std::size_t kAzimuth = 0, kDip = 1;
 /// The entries of the ranges and the columns that they come from.
 constexpr std::array<std::pair<std::size_t, std::size_t>, 3> kRanges{{{2, 4}, {3, 7}, {4, 10}}};
-constexpr std::array<std::size_t, 3> kLetterColumns{2, 5, 8};
 
 /// Fills the rows one after the other.
 class Filler {

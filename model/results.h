@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -15,6 +16,8 @@ inline constexpr int kResultColumns = 13;
 /// Columns of the table of results: the direction's name; the nugget; letter, sill and range of
 /// structures 1 to 3; total sill; largest range.
 using ResultRow = std::array<std::string, kResultColumns>;
+inline constexpr std::array<std::size_t, 3> kLetterColumns{2, 5, 8};
+inline constexpr std::size_t kTotalColumn = 11;
 /// Columns 1 to 12 of the row that Main was taken from, with codes for the model letters; slot 0 is
 /// not used.
 using RowCells = std::array<std::string, kResultColumns>;

@@ -183,9 +183,7 @@ constexpr Heading kHeadings[] = {
     {1, 6, "     C 2"},    {1, 7, "     a 2"},     {1, 8, "Model"},        {1, 9, "     C 3"},
     {1, 10, "     a 3"},   {1, 11, " CTOTAL"},     {1, 12, "     A"},
 };
-constexpr int kTotalColumn = 11;
-/// The first columns of the structures, whose headings stand over three each.
-constexpr int kStructureColumns[] = {2, 5, 8};
+constexpr int kTotal = static_cast<int>(kTotalColumn);
 
 }  // namespace
 
@@ -212,7 +210,8 @@ ResultsGrid::ResultsGrid(QWidget* parent) : Grid(std::vector<int>(kResultColumns
   for (int row = 0; row < kHeadingRows; ++row)
     for (int column = 0; column < kResultColumns; ++column) setText(row, column, QString());
   for (const Heading& heading : kHeadings) setText(heading.row, heading.column, heading.text);
-  for (const int column : kStructureColumns) setSpan(0, column, 1, 3);
+  // The heading of a structure stands over its three columns.
+  for (const std::size_t column : kLetterColumns) setSpan(0, static_cast<int>(column), 1, 3);
 }
 
 void ResultsGrid::setResults(const std::vector<ResultRow>& rows) {
@@ -227,10 +226,10 @@ void ResultsGrid::setResults(const std::vector<ResultRow>& rows) {
 
 void ResultsGrid::setOtherTotal(int direction, bool other) {
   const int row = kHeadingRows + direction - 1;
-  const QTableWidgetItem* total = item(row, kTotalColumn);
+  const QTableWidgetItem* total = item(row, kTotal);
   const QString shown = total ? total->text() : QString();
-  setData(row, kTotalColumn, kOtherTotalRole, other);
-  setData(row, kTotalColumn, Qt::AccessibleTextRole,
+  setData(row, kTotal, kOtherTotalRole, other);
+  setData(row, kTotal, Qt::AccessibleTextRole,
           other ? shown + ", not the sum of the ticked sills" : QString());
 }
 
