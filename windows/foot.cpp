@@ -9,12 +9,13 @@ namespace zevfit {
 
 namespace {
 
-constexpr const char* kLabelName = "LabelFoot";
+constexpr const char* kNotes = "LabelFoot";
+constexpr const char* kHint = "LabelHint";
 
-QLabel& footLabel(QMainWindow& window) {
-  if (auto* made = window.findChild<QLabel*>(kLabelName)) return *made;
+QLabel& footLabel(QMainWindow& window, const char* name) {
+  if (auto* made = window.findChild<QLabel*>(name)) return *made;
   auto* label = new QLabel;
-  label->setObjectName(kLabelName);
+  label->setObjectName(name);
   label->setTextFormat(Qt::PlainText);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   // A long path must not make the window wider.
@@ -26,7 +27,7 @@ QLabel& footLabel(QMainWindow& window) {
 }  // namespace
 
 void tellAtFoot(QMainWindow& window, const std::string& note) {
-  QLabel& label = footLabel(window);
+  QLabel& label = footLabel(window, kNotes);
   QStringList lines = label.text().split('\n', Qt::SkipEmptyParts);
   const QString line = QFile::decodeName(note.c_str());
   if (!lines.contains(line)) lines.append(line);
@@ -35,9 +36,17 @@ void tellAtFoot(QMainWindow& window, const std::string& note) {
   window.statusBar()->show();
 }
 
+void hintAtFoot(QMainWindow& window, const std::string& hint) {
+  QLabel& label = footLabel(window, kHint);
+  label.setText(QFile::decodeName(hint.c_str()));
+  label.setToolTip(label.text());
+  if (!hint.empty()) window.statusBar()->show();
+}
+
 void clearFoot(QMainWindow& window) {
   if (!window.findChild<QStatusBar*>()) return;
-  footLabel(window).clear();
+  footLabel(window, kNotes).clear();
+  footLabel(window, kHint).clear();
   window.statusBar()->hide();
 }
 
