@@ -27,8 +27,18 @@ constexpr int kMostSiblings = 1000;
 /// Bytes of a file's name, without room for the suffix and its number.
 constexpr std::size_t kLongestStem = 255 - 16;
 
+/// What the rights of a file or of its folder do not allow.
+class Refused : public Fault {
+ public:
+  using Fault::Fault;
+};
+
 [[noreturn]] void fail(const std::string& what, const fs::path& path) {
-  throw Fault(what + " " + path.string() + ": " + std::generic_category().message(errno));
+  const int error = errno;
+  const std::string text =
+      what + " " + path.string() + ": " + std::generic_category().message(error);
+  if (error == EACCES || error == EPERM || error == EROFS) throw Refused(text);
+  throw Fault(text);
 }
 
 /// Repeats a call that a signal has interrupted.
@@ -88,11 +98,6 @@ void writeAll(int descriptor, std::string_view bytes) {
     if (written < 0) fail("Cannot write", "");
     bytes.remove_prefix(static_cast<std::size_t>(written));
   }
-}
-
-/// No file can be made in the folder of a file, nor taken out of it.
-bool isClosedFolder(const fs::path& folder) {
-  return ::access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) != 0;
 }
 
 /// Writes into a file that is there, which keeps all but its bytes.
@@ -193,22 +198,32 @@ fs::path freeSibling(const fs::path& target) {
   throw Fault("No free name beside " + target.string());
 }
 
-void copyWhole(const fs::path& from, const fs::path& target) {
-  struct stat mode {};
-  if (::stat(from.c_str(), &mode) != 0) fail("Cannot read", from);
-  const std::string bytes = readWhole(from);
-  const fs::path sibling = freeSibling(target);
-  OutputFile copy(sibling, OutputFile::Old::refused);
+SiblingFile::SiblingFile(const fs::path& target, std::string_view bytes)
+    : target_(target), path_(freeSibling(target)) {
+  OutputFile out(path_, OutputFile::Old::refused);
   try {
-    copy.write(bytes);
-    copy.close();
-    takeOver(sibling, mode);
-    if (::rename(sibling.c_str(), target.c_str()) != 0) fail("Cannot replace", target);
+    out.write(bytes);
+    out.close();
   } catch (...) {
-    ::unlink(sibling.c_str());
+    ::unlink(path_.c_str());
     throw;
   }
-  flushFolder(target.parent_path());
+}
+
+SiblingFile::SiblingFile(const fs::path& target, const Copy& of)
+    : SiblingFile(target, readWhole(of.file)) {
+  struct stat mode {};
+  if (::stat(of.file.c_str(), &mode) == 0) takeOver(path_, mode);
+}
+
+SiblingFile::~SiblingFile() {
+  if (!path_.empty()) ::unlink(path_.c_str());
+}
+
+void SiblingFile::takeName() {
+  if (::rename(path_.c_str(), target_.c_str()) != 0) fail("Cannot replace", target_);
+  path_.clear();
+  flushFolder(target_.parent_path());
 }
 
 void replaceFile(const fs::path& from, const fs::path& target) {
@@ -222,7 +237,7 @@ void replaceFile(const fs::path& from, const fs::path& target) {
   if (::rename(from.c_str(), to.c_str()) != 0) {
     if (errno != EXDEV) fail("Cannot replace", to);
     // On another volume a copy beside the target takes its place.
-    copyWhole(from, to);
+    SiblingFile(to, SiblingFile::Copy{from}).takeName();
     ::unlink(from.c_str());
   }
   flushFolder(to.parent_path());
@@ -241,12 +256,15 @@ void writeWhole(const fs::path& target, std::string_view bytes, const fs::path& 
 }
 
 void saveWhole(const fs::path& target, std::string_view bytes) {
-  const fs::path real = realPath(target);
-  struct stat old {};
-  const bool isThere = ::stat(real.c_str(), &old) == 0 && S_ISREG(old.st_mode);
-  if (isThere && (isClosedFolder(real.parent_path()) || isClosedFolder(target.parent_path())))
-    return overwrite(real, bytes);
-  writeWhole(target, bytes, freeSibling(target));
+  try {
+    writeWhole(target, bytes, freeSibling(target));
+  } catch (const Refused&) {
+    // Such as a folder that is shut, or a file of somebody else's in one that all may write.
+    const fs::path real = realPath(target);
+    struct stat old {};
+    if (::stat(real.c_str(), &old) != 0 || !S_ISREG(old.st_mode)) throw;
+    overwrite(real, bytes);
+  }
 }
 
 std::string readWhole(const fs::path& path) {

@@ -53,18 +53,39 @@ class OutputFile : public ByteSink {
 /// then as it was.
 void replaceFile(const std::filesystem::path& from, const std::filesystem::path& target);
 
-/// Makes a copy of a file under another name, in one step, with its permission bits and its owner
-/// as far as it may. A file or a link of that name gives way. Throws Fault on failure; what had
-/// that name is then as it was.
-void copyWhole(const std::filesystem::path& from, const std::filesystem::path& target);
+/// A whole file, flushed to the disk, under a free name beside a target: it takes the target's name
+/// or goes.
+class SiblingFile {
+ public:
+  /// What a copy is made of.
+  struct Copy {
+    std::filesystem::path file;
+  };
+
+  /// Throws Fault on failure; then nothing is left of it.
+  SiblingFile(const std::filesystem::path& target, std::string_view bytes);
+  /// With the bytes of another file, and with its permission bits and its owner as far as it may.
+  SiblingFile(const std::filesystem::path& target, const Copy& of);
+  SiblingFile(const SiblingFile&) = delete;
+  SiblingFile& operator=(const SiblingFile&) = delete;
+  ~SiblingFile();
+
+  /// Takes the name of the target in one step; a file or a link of that name gives way. Throws
+  /// Fault on failure; what had that name is then as it was.
+  void takeName();
+
+ private:
+  std::filesystem::path target_;
+  std::filesystem::path path_;  ///< empty once the name is taken
+};
 
 /// Writes a file whole, as `temporary`, and puts it in the place of the target as replaceFile does.
 /// Throws Fault on failure; the target is then as it was, and nothing of the new file is left.
 void writeWhole(const std::filesystem::path& target, std::string_view bytes,
                 const std::filesystem::path& temporary);
-/// Writes a file whole beside the target and puts it in its place. Where the folder may not be
-/// written the bytes go into the target itself, which is then no single step. Throws Fault on
-/// failure.
+/// Writes a file whole beside the target and puts it in its place. Where the rights do not allow
+/// that, as in a folder that may not be written, the bytes go into the target itself, which is then
+/// no single step. Throws Fault on failure.
 void saveWhole(const std::filesystem::path& target, std::string_view bytes);
 /// A name beside the target that no file has; throws Fault when there is none.
 std::filesystem::path freeSibling(const std::filesystem::path& target);

@@ -264,20 +264,28 @@ std::optional<std::string> ModelSaver::gravando(Session& session, std::int16_t l
                  });
 }
 
-std::optional<std::string> ModelSaver::keepFile(const std::filesystem::path& file) const {
+std::filesystem::path ModelSaver::keptName(const std::filesystem::path& file) const {
   const std::filesystem::path beside = file.has_parent_path() ? file.parent_path() : ".";
   const bool isBeside = ::access(beside.c_str(), W_OK) == 0;
   std::filesystem::path kept = isBeside ? file : folder_ / file.filename();
   kept += kKeptSuffix;
-  return attempt(
-      [&]() -> std::optional<std::string> {
-        copyWhole(file, kept);
-        return std::nullopt;
-      },
-      [&] {
-        return std::optional("The file as it was before this save could not be kept as " +
-                             kept.string());
-      });
+  return kept;
+}
+
+std::optional<std::string> ModelSaver::replaceAndKeep(const std::filesystem::path& temporary,
+                                                      const std::filesystem::path& file) const {
+  const std::filesystem::path kept = keptName(file);
+  std::optional<SiblingFile> copy;
+  endSilently([&] { copy.emplace(kept, SiblingFile::Copy{file}); });
+  replaceFile(temporary, file);
+  bool isKept = false;
+  endSilently([&] {
+    if (!copy) return;
+    copy->takeName();
+    isKept = true;
+  });
+  if (isKept) return std::nullopt;
+  return "The file as it was before this save could not be kept as " + kept.string();
 }
 
 std::optional<std::string> ModelSaver::save(Session& session, std::int16_t listedVariables,
@@ -296,8 +304,11 @@ std::optional<std::string> ModelSaver::save(Session& session, std::int16_t liste
     return std::nullopt;
   }
   out->close();
-  auto note = isKept_ ? std::nullopt : keepFile(session.inputfile);
-  replaceFile(temporary, session.inputfile);
+  std::optional<std::string> note;
+  if (isKept_)
+    replaceFile(temporary, session.inputfile);
+  else
+    note = replaceAndKeep(temporary, session.inputfile);
   isKept_ = true;
   messages.plain("Models saved to file:" + session.inputfile);
   return note;

@@ -44,7 +44,8 @@ class ModelSaver {
                                       Messages& messages);
 
   /// A file was loaded: the next save that succeeds keeps it as it is then, beside it under its
-  /// name and a tilde or, where that folder can't be written, in the program's folder.
+  /// name and a tilde or, where that folder can't be written, in the program's folder. Until the
+  /// save has succeeded the copy has a name of its own, and an older one keeps its place.
   void startFile() { isKept_ = false; }
 
   /// Closes the temporary file that a save has left open.
@@ -53,8 +54,11 @@ class ModelSaver {
  private:
   std::optional<std::string> save(Session& session, std::int16_t listedVariables,
                                   Messages& messages);
-  /// Keeps the file as it is; where it can't, what is to be told of that.
-  std::optional<std::string> keepFile(const std::filesystem::path& file) const;
+  std::filesystem::path keptName(const std::filesystem::path& file) const;
+  /// Puts the new file in the place of the old one and keeps that; where it can't keep it, what is
+  /// to be told of that. Throws Fault where the file can't be replaced.
+  std::optional<std::string> replaceAndKeep(const std::filesystem::path& temporary,
+                                            const std::filesystem::path& file) const;
 
   std::filesystem::path folder_;
   bool isKept_ = false;

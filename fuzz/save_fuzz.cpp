@@ -100,6 +100,7 @@ bool saveOnce(ModelSaver& saver, Session& session, std::int16_t listed, const De
   require(listed > 0 || !saved, "without variables there is no file");
   const std::string kept = bytesOf(keptName(desk));
   if (saved && isFirst) require(note || kept == old, "the first save keeps the file, or says not");
+  require(saved || kept == keptBefore, "a save that fails leaves what was kept before");
   if (!isFirst) require(!note && kept == keptBefore, "a later one leaves that alone");
   require(!saved || expected, "what was saved can be written");
   require(bytesOf(desk.file) == (saved ? *expected : old), "a file is the old one or the new one");

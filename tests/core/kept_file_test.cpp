@@ -3,12 +3,14 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <iterator>
 #include <random>
 #include <string>
 
 #include "files/tokens.h"
 #include "files/variogram_reader.h"
 #include "files/variogram_writer.h"
+#include "tests/support/plain_user.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/support/variogram_text.h"
@@ -61,6 +63,32 @@ TEST(KeptFile, IsTheFileBeforeTheFirstSaveAfterALoad) {
   desk.load(saved);
   desk.save();
   EXPECT_EQ(contentOf(desk.kept), saved) << "a new load";
+}
+
+std::ptrdiff_t filesIn(const fs::path& folder) {
+  return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
+}
+
+// The copy once took the place of an older one before the file itself was replaced.
+TEST(KeptFile, AnOlderOneStaysUntilTheSaveHasSucceeded) {
+  Desk desk;
+  putFile(desk.kept, "older");
+  const fs::path target = desk.folder / "data/target.zvm";
+  fs::rename(desk.file, target);
+  fs::create_symlink("target.zvm", desk.file);
+  // Its file can be read, but not be replaced.
+  fs::permissions(target, fs::perms(0444));
+  fs::permissions(desk.folder / "data", fs::perms(0777));
+  fs::permissions(desk.folder / "program", fs::perms(0777));
+  EXPECT_TRUE(test::holdsForAPlainUser([&] {
+    const auto note = desk.saver.gravando(desk.session, 2, desk.dialogs);
+    return !note && desk.dialogs.shown.back().starts_with("plain: Cannot save  models to file:") &&
+           contentOf(desk.kept) == "older" && filesIn(desk.folder / "data") == 3;
+  }));
+  fs::permissions(target, fs::perms(0644));
+  EXPECT_EQ(desk.save(), "");
+  EXPECT_EQ(contentOf(desk.kept), sampleFile("zevra"));
+  EXPECT_EQ(filesIn(desk.folder / "data"), 3);
 }
 
 TEST(KeptFile, KeepsThePermissionsOfTheFile) {

@@ -140,6 +140,29 @@ TEST(SaveWhole, PutsTheFileInItsPlaceOrIntoTheOldOne) {
   EXPECT_THROW(saveWhole(folder.path(), "x"), Fault);
 }
 
+// In a sticky folder, such as /tmp, nobody may take somebody else's file out of its place; a file
+// that may be written was once refused there.
+TEST(SaveWhole, WritesIntoAFileOfSomebodyElseInAStickyFolder) {
+  const ScratchFolder folder;
+  fs::permissions(folder.path(), fs::perms(01777));
+  for (const char* name : {"out.zvp", "shut.zvp"}) putFile(folder / name, "an old file");
+  fs::permissions(folder / "out.zvp", fs::perms(0666));
+  fs::permissions(folder / "shut.zvp", fs::perms(0444));
+  EXPECT_TRUE(test::holdsForAPlainUser([&] {
+    saveWhole(folder / "out.zvp", "new");
+    return contentOf(folder / "out.zvp") == "new";
+  }));
+  EXPECT_TRUE(test::holdsForAPlainUser([&] {
+    try {
+      saveWhole(folder / "shut.zvp", "new");
+    } catch (const Fault&) {
+      return contentOf(folder / "shut.zvp") == "an old file";
+    }
+    return false;
+  }));
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()), 2);
+}
+
 // A pipe or a device in the place of a file once kept the program waiting for ever.
 TEST(ReadWhole, DoesNotWaitForPipesAndDevices) {
   const ScratchFolder folder;

@@ -85,6 +85,9 @@ std::vector<Way> ways() {
   return all;
 }
 
+/// What an earlier session has kept of the user's file.
+constexpr const char* kOlder = "an older file\r\n";
+
 /// A program folder and a data folder with the old file.
 class Desk {
  public:
@@ -93,6 +96,7 @@ class Desk {
     fs::create_directory(folder_ / "data");
     putFile(folder_ / "data/meuse.zvm", loadedFile());
     putFile(target(), kind.old);
+    putFile(kept(), kOlder);
   }
 
   fs::path target() const { return folder_ / kind_.target; }
@@ -151,16 +155,35 @@ std::string savedBytes(const Kind& kind) {
   return contentOf(desk.target());
 }
 
-/// The file as it was is whole wherever there is one; a save that goes on without it says so.
+/// What an earlier session has kept stays until the file has been replaced; then the old file has
+/// its name, or waits beside it under one of its own where the program was killed. A save that goes
+/// on without it says so.
 void checkKept(const Desk& desk, const Outcome& outcome, bool isNew) {
-  const bool isKept = fs::exists(desk.kept());
   const bool isTold = outcome.says("foot: The file as it was before this save could not be kept");
-  if (isKept) {
-    EXPECT_EQ(contentOf(desk.kept()), loadedFile());
+  const std::string kept = contentOf(desk.kept());
+  if (!isNew || isTold || (outcome.killed && kept == kOlder)) {
+    EXPECT_EQ(kept, kOlder);
+  } else {
+    EXPECT_EQ(kept, loadedFile());
   }
-  if (isNew && !outcome.killed) {
-    EXPECT_TRUE(isKept || isTold) << outcome.output;
+  if (isNew && outcome.killed && kept == kOlder) {
+    EXPECT_EQ(contentOf(desk.kept().string() + ".zevfit-new1"), loadedFile());
   }
+  if (isTold) {
+    EXPECT_TRUE(isNew);
+  }
+}
+
+/// The rescue from before is there under its name, or as the one before the new one, which then has
+/// its name or is whole beside it where the program was killed.
+void checkRescues(const Desk& desk, const Kind& kind, const std::string& whole) {
+  const std::string left = contentOf(desk.target());
+  const std::string before = contentOf(desk.target().parent_path() / "rescue-before.zvm");
+  if (left == kind.old) return;
+  EXPECT_EQ(before, kind.old);
+  if (left == whole) return;
+  EXPECT_FALSE(std::filesystem::exists(desk.target()));
+  EXPECT_EQ(contentOf(desk.target().string() + ".zevfit-new1"), whole);
 }
 
 /// One save with a fault at a call; false when the save makes fewer calls.
@@ -171,7 +194,10 @@ bool checkFault(const Kind& kind, const Way& way, int fault, const std::string& 
   const Outcome outcome = desk.save(way, fault);
   const std::string left = contentOf(desk.target());
   const bool isNew = left == whole;
-  EXPECT_TRUE(isNew || left == kind.old) << "the file is neither: " << left;
+  const bool isRescue = kind.name == std::string("rescue");
+  EXPECT_TRUE(isNew || left == kind.old || (isRescue && outcome.killed))
+      << "the file is neither: " << left;
+  if (isRescue) checkRescues(desk, kind, whole);
   EXPECT_EQ(outcome.killed, outcome.reached() && *way.name != 'e') << outcome.output;
   if (!outcome.killed) checkTold(kind, outcome, isNew);
   if (kind.name == std::string("models")) checkKept(desk, outcome, isNew);
