@@ -56,15 +56,17 @@ QStringList standardSizes() {
 
 }  // namespace
 
-FontDialog::FontDialog(const FontChoice& start, const QString& name, QWidget* parent)
+FontDialog::FontDialog(const FontChoice& start, const QString& name, QWidget* parent,
+                       Controls controls)
     : QFontDialog(startFont(start, name), parent),
       start_(start),
       name_(name),
       sizeText_(pointLocale().toString(static_cast<double>(start.size), 'g', kDigits)),
       chosenSize_(start.size) {
   setOption(DontUseNativeDialog);
-  findControls();
-  if (!size_ || !sample_ || !faces_ || !sizes_) return;
+  opened_ = currentFont();
+  if (controls == Controls::lists) findControls();
+  if (!hasControls()) return;
   size_->setValidator(makeValidator(this));
   selectStart();
   takeFace();
@@ -131,8 +133,17 @@ void FontDialog::showChoice() {
   sample_->setFont(font);
 }
 
+FontChoice FontDialog::plainChoice() const {
+  const QFont chosen = currentFont();
+  FontChoice choice = start_;
+  if (chosen.family() != opened_.family()) choice.name = chosen.family().toLatin1().toStdString();
+  if (chosen.pointSizeF() != opened_.pointSizeF())
+    choice.size = static_cast<float>(chosen.pointSizeF());
+  return choice;
+}
+
 FontChoice FontDialog::choice() const {
-  if (!faces_) return {selectedFont().family().toLatin1().toStdString(), start_.size};
+  if (!hasControls()) return plainChoice();
   const QString chosen = face();
   return {chosen == name_ ? start_.name : chosen.toLatin1().toStdString(), chosenSize_};
 }

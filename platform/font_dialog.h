@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QFontDialog>
 
 #include "session/style.h"
@@ -15,14 +16,23 @@ namespace zevfit {
 /// controls.
 class FontDialog : public QFontDialog {
  public:
+  /// What it works with: the lists and fields of Qt's dialog, or, as where they are not those that
+  /// this class knows, nothing but the dialog as it is.
+  enum class Controls { lists, none };
+
   /// `name` is the face of `start` as it is shown.
-  FontDialog(const FontChoice& start, const QString& name, QWidget* parent);
+  FontDialog(const FontChoice& start, const QString& name, QWidget* parent,
+             Controls controls = Controls::lists);
 
   /// What the dialog stands at: the very start for what was not changed.
   FontChoice choice() const;
 
  private:
   void findControls();
+  bool hasControls() const { return size_ && sample_ && faces_ && sizes_; }
+  /// What Qt's dialog stands at, but the start for what it has shown from the first: also the face
+  /// that it opened on in place of one that is not installed.
+  FontChoice plainChoice() const;
   /// Adds the face to the list where it is missing, and selects it.
   void selectStart();
   QString face() const;
@@ -36,6 +46,7 @@ class FontDialog : public QFontDialog {
 
   FontChoice start_;
   QString name_;
+  QFont opened_;  ///< what the dialog has made of the start
   QString shownFace_;
   QString sizeText_;  ///< the last one that is a size
   float chosenSize_;

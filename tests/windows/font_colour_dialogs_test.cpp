@@ -8,7 +8,9 @@
 #include <QListView>
 #include <QTest>
 #include <QValidator>
+#include <functional>
 
+#include "platform/font_dialog.h"
 #include "platform/qt_dialogs.h"
 #include "tests/support/program.h"
 
@@ -63,6 +65,14 @@ void chooseFace(QWidget& dialog, const QString& face) {
   list.setCurrentIndex(found.constFirst());
 }
 
+/// Chooses a size of the list of sizes.
+void chooseSize(QWidget& dialog, const QString& size) {
+  for (auto* list : dialog.findChildren<QListView*>()) {
+    const auto found = list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, size, 1);
+    if (list != &faceList(dialog) && !found.isEmpty()) list->setCurrentIndex(found.constFirst());
+  }
+}
+
 const char* const kMissing = "No Face Of This Name";
 
 TEST(FontDialog, StartsWithAFaceThatIsNotInstalled) {
@@ -111,12 +121,7 @@ TEST(FontDialog, ASizeAloneNeverChangesTheFace) {
     EXPECT_EQ(typed->name, face);
     EXPECT_EQ(typed->size, 8.5F);
     const auto listed = chooseFont({face, 10}, [](QFontDialog& dialog) {
-      for (auto* list : dialog.findChildren<QListView*>()) {
-        const auto found =
-            list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, "14", 1);
-        if (list != &faceList(dialog) && !found.isEmpty())
-          list->setCurrentIndex(found.constFirst());
-      }
+      chooseSize(dialog, "14");
       EXPECT_EQ(sizeField(dialog).text(), "14");
       dialog.accept();
     });
@@ -155,6 +160,34 @@ TEST(FontDialog, TakesTypedSizesWithAPoint) {
     });
     ASSERT_TRUE(font) << typed;
     EXPECT_EQ(font->size, size) << typed;
+  }
+}
+
+// Where Qt's dialog has other lists and fields than those that are known, a size once brought the
+// first face of the list with it.
+TEST(FontDialog, KeepsWhatIsNotChangedAlsoWithoutTheControlsItKnows) {
+  struct Row {
+    const char* face;
+    float size;
+    std::function<void(FontDialog&)> steps;
+    FontChoice chosen;
+  };
+  const auto nothing = [](FontDialog&) {};
+  const auto size14 = [](FontDialog& dialog) { chooseSize(dialog, "14"); };
+  const auto sans = [](FontDialog& dialog) { chooseFace(dialog, "Liberation Sans"); };
+  const Row rows[] = {{kMissing, 7.8F, nothing, {kMissing, 7.8F}},
+                      {kMissing, 7.8F, size14, {kMissing, 14}},
+                      {kMissing, 7.8F, sans, {"Liberation Sans", 7.8F}},
+                      {"Liberation Serif", 7.8F, nothing, {"Liberation Serif", 7.8F}},
+                      {"Liberation Serif", 10, size14, {"Liberation Serif", 14}},
+                      {"Liberation Serif", 10, sans, {"Liberation Sans", 10}}};
+  for (const Row& row : rows) {
+    FontDialog dialog({row.face, row.size}, row.face, nullptr, FontDialog::Controls::none);
+    dialog.show();
+    row.steps(dialog);
+    dialog.accept();
+    EXPECT_EQ(dialog.choice().name, row.chosen.name) << row.face << " " << row.chosen.size;
+    EXPECT_EQ(dialog.choice().size, row.chosen.size) << row.face << " " << row.chosen.name;
   }
 }
 
