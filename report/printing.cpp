@@ -1,5 +1,6 @@
 #include "report/printing.h"
 
+#include "plot/drawing/plot_kept.h"
 #include "report/collection.h"
 #include "report/printed_plot.h"
 #include "session/policy.h"
@@ -24,31 +25,6 @@ void printCell(Collection& reports, int row, int column, int columns) {
 
 /// The stroke of the legend on a sheet, from its first plot on.
 constexpr PenState kSheetPen{.width = 2};
-
-/// What printed plots set for themselves, put back at the end: the pairs and the curve of the plot
-/// on the screen, which controls and thumbnails go on with.
-class PlotKept {
- public:
-  explicit PlotKept(Session& session)
-      : session_(session),
-        current_(session.current()),
-        plotted_(session.plotted()),
-        curveh_(session.curveh),
-        curvegam_(session.curvegam) {}
-  PlotKept(const PlotKept&) = delete;
-  PlotKept& operator=(const PlotKept&) = delete;
-  ~PlotKept() {
-    session_.setCurrent(current_);
-    session_.setPlotted(plotted_);
-    session_.curveh = curveh_;
-    session_.curvegam = curvegam_;
-  }
-
- private:
-  Session& session_;
-  Pair current_, plotted_;
-  decltype(Session::curveh) curveh_, curvegam_;
-};
 
 /// Down the first column, then down the next, from the very top of the sheet.
 void printCells(Collection& reports) {

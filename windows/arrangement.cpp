@@ -44,12 +44,15 @@ void arrange(QMdiArea& area, QMdiArea::WindowOrder order,
   const QuietFocus focus(area);
   Plots shown = shownPlots(area, order);
   QMdiSubWindow* active = area.currentSubWindow();
+  const bool isAside = active && active->isVisible() && active->isMinimized();
   {
     const WithoutScrollBars whole(area);
     layOut(shown);
   }
-  if (shown.contains(active)) shown.append(active);
+  if (isAside || shown.contains(active)) shown.append(active);
   for (QMdiSubWindow* window : shown) area.setActiveSubWindow(window);
+  // It was brought back to be drawn.
+  if (isAside) active->showMinimized();
 }
 
 }  // namespace

@@ -7,8 +7,8 @@ class QMdiArea;
 namespace zevfit {
 
 // The plots of an area that are neither closed nor minimised are laid out over all of it. Then each
-// is activated in turn, which draws it in its new size; the active one among them is so again at
-// the end, and the focus stays where it is.
+// is activated in turn, which draws it in its new size; the one that was active is so again at the
+// end, minimised if it was, and the focus stays where it is.
 
 /// One behind the other, each with its title in view, the active one in front.
 void cascadePlots(QMdiArea& area);

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "plot/window/activation.h"
+#include "plot/drawing/plot_variogram.h"
 #include "plot/window/direction_events.h"
 #include "windows/guide_line.h"
 #include "windows/quiet_focus.h"
@@ -238,7 +238,7 @@ void Formod::follow() {
   if (fitting_ || !appeared() || !isVisible() || isMinimized()) return;
   if (!mdiArea() || mdiArea()->currentSubWindow() != this) return;
   if (Picture4->size() == form_->size()) return;
-  guarded(faults_, [this] { activatePlotWindow(fit_, *this); });
+  guarded(faults_, [this] { redrawPlot(fit_, *this); });
 }
 
 }  // namespace zevfit

@@ -2,6 +2,8 @@
 
 #include "plot/drawing/data_steps.h"
 #include "plot/drawing/frame.h"
+#include "plot/drawing/plot_kept.h"
+#include "plot/drawing/window_key.h"
 #include "plot/drawing/window_steps.h"
 #include "session/line.h"
 #include "session/policy.h"
@@ -56,6 +58,24 @@ void plotvariogram(Fit& fit, PlotWindows& windows) {
   writeCaption(session, window);
   drawWindowFrame(drawing, window);
   endSilently([&] { drawData(drawing, window); });
+}
+
+void redrawPlot(Fit& fit, PlotWindow& window) {
+  Session& session = fit.session;
+  const Pair pair = windowKey(window.caption());
+  if (!session.loaded || pair.variable < 1 || pair.direction < 1) return;
+  const PlotKept kept(session);
+  const bool hasCurve = pair == session.plotted();
+  session.setPlotted(pair);
+  Drawing drawing{fit, window, kScreenPlot};
+  sizeWindow(window);
+  clearPicture(drawing);
+  drawTitle(drawing);
+  drawFrame(drawing);
+  endSilently([&] {
+    if (!hasCurve) sampleModel(drawing);
+    drawContent(drawing);
+  });
 }
 
 }  // namespace zevfit

@@ -123,6 +123,22 @@ TEST_F(Arrangement, WindowsClosedOrMinimisedTakeNoRoom) {
   EXPECT_FALSE(plot(1).isVisible());
 }
 
+TEST_F(Arrangement, EndsWithTheActivePlotAlsoWhereThatIsMinimised) {
+  open(3);
+  for (const char* command : {"k5", "k6", "k7"}) {
+    area().setActiveSubWindow(&plot(2));
+    plot(2).showMinimized();
+    ASSERT_EQ(area().activeSubWindow(), &plot(2)) << command;
+    program_.trigger(command);
+    EXPECT_EQ(area().activeSubWindow(), &plot(2)) << command;
+    EXPECT_TRUE(plot(2).isMinimized()) << command;
+    EXPECT_EQ(program_.session().current(), (Pair{1, 2})) << command;
+    EXPECT_EQ(program_.control<QComboBox>("Combodirvar").currentIndex(), 1) << command;
+    EXPECT_EQ(place(1).intersects(place(3)), command == std::string("k5")) << command;
+    plot(2).showNormal();
+  }
+}
+
 TEST_F(Arrangement, AsksForNoFile) {
   for (const char* command : {"k5", "k6", "k7", "mnucascade", "mnuvertical", "mnuhorizontal"})
     program_.trigger(command);

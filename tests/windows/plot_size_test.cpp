@@ -1,6 +1,8 @@
 // A plot and its window follow each other, whatever makes the window larger or smaller.
 #include <gtest/gtest.h>
 
+#include <QComboBox>
+#include <QLineEdit>
 #include <QScrollBar>
 
 #include "platform/picture_box.h"
@@ -92,6 +94,50 @@ TEST_F(PlotSize, TheFrameTakesThePictureWithIt) {
     EXPECT_TRUE(isWhole(1)) << by.width();
   }
   EXPECT_EQ(session().current(), (Pair{1, 1}));
+}
+
+// A resize once ran all that an activation does: the lists went back to the plot's own pair.
+TEST_F(PlotSize, AResizeRedrawsThePictureAndNothingElse) {
+  auto& directions = program().control<QComboBox>("Combodirvar");
+  for (const int chosen : {1, 2}) {
+    directions.setCurrentIndex(chosen - 1);
+    setNugget(session(), {1, chosen}, 0.25);
+    session().ctotal({1, chosen}) = 7;
+    session().dragsel = {true, false, true, false};
+    session().dragging = true;
+    const QString sill = program().control<QLineEdit>("Textc0").text();
+    const Pair plotted = session().plotted();
+    const auto curve = session().curvegam;
+    plot(1).resize(static_cast<QWidget&>(plot(1)).size() - QSize(40, 30));
+    EXPECT_TRUE(isWhole(1)) << chosen;
+    plot(1).showMaximized();
+    EXPECT_TRUE(isWhole(1)) << chosen;
+    plot(1).showNormal();
+    EXPECT_TRUE(isWhole(1)) << chosen;
+    EXPECT_EQ(directions.currentIndex(), chosen - 1);
+    EXPECT_EQ(session().current(), (Pair{1, chosen}));
+    EXPECT_EQ(session().plotted(), plotted);
+    EXPECT_EQ(program().control<QLineEdit>("Textc0").text(), sill) << chosen;
+    EXPECT_EQ(session().ctotal({1, chosen}), 7);
+    EXPECT_TRUE(session().dragging && session().dragsel[0] && session().dragsel[2]);
+    for (int i = 1; i <= kCurvePoints; ++i) EXPECT_EQ(session().curvegam(i), curve(i)) << i;
+    session().dragging = false;
+    session().dragsel = {};
+  }
+}
+
+// The active plot is that of direction 1, the plotted pair that of direction 2.
+TEST_F(PlotSize, APlotBehindAnotherDrawingKeepsItsOwnCurve) {
+  setStructure(session(), {1, 2}, Line::first, "E", 0.5, 4);
+  session().setCurrent({1, 2});
+  program().window().plotvariogram();
+  area().setActiveSubWindow(&plot(1));
+  plot(1).resize(500, 400);
+  const QImage before = plot(1).clipboardImage();
+  session().setPlotted({1, 2});
+  plot(1).resize(501, 400);
+  plot(1).resize(500, 400);
+  EXPECT_EQ(plot(1).clipboardImage(), before);
 }
 
 TEST_F(PlotSize, AnotherPlotThanTheActiveOneFollowsWhenItsTurnComes) {
