@@ -1,5 +1,7 @@
 #include "files/unsaved.h"
 
+#include <system_error>
+
 #include "files/output_file.h"
 #include "files/rescue.h"
 #include "files/variogram_format.h"
@@ -47,26 +49,41 @@ bool isAsSaved(Session session, std::int64_t variables) {
       [] { return false; });
 }
 
-bool isInFile(const Session& session, const std::string& content) {
-  Session file;
-  return loadVariogramFile(session.inputfile, file) == Load::good &&
-         contentOf(file, file.nvar) == content;
-}
-
 }  // namespace
 
-void Unsaved::keep(const Session& session, std::int64_t variables) {
-  if (session.inputfile.empty()) return;
-  endSilently([&] {
-    std::string content = contentOf(session, variables);
-    if (content == settled_ || isInFile(session, content) || isAsSaved(session, variables)) return;
-    if (writeRescue(session, variables, folder_, RescueReason::unsaved))
-      settled_ = std::move(content);
-  });
+std::optional<std::string> Unsaved::keep(const Session& session, std::int64_t variables) {
+  if (session.inputfile.empty()) return std::nullopt;
+  const bool isSafe = attempt(
+      [&] {
+        std::string content = contentOf(session, variables);
+        if (isSettled(session.inputfile, content) || isInFile(session, content) ||
+            isAsSaved(session, variables))
+          return true;
+        if (!writeRescue(session, variables, folder_, RescueReason::unsaved)) return false;
+        settled_ = {session.inputfile, std::move(content), true};
+        return true;
+      },
+      [] { return false; });
+  if (isSafe) return std::nullopt;
+  return "The models of " + session.inputfile + " that were not saved could not be kept in " +
+         (folder_ / kRescueName).string();
 }
 
 void Unsaved::disregard(const Session& session, std::int64_t variables) {
-  endSilently([&] { settled_ = contentOf(session, variables); });
+  endSilently([&] { settled_ = {session.inputfile, contentOf(session, variables), false}; });
+}
+
+bool Unsaved::isInFile(const Session& session, const std::string& content) const {
+  Session file;
+  if (loadVariogramFile(session.inputfile, file) != Load::good) return false;
+  settle_(session, file);
+  return contentOf(file, file.nvar) == content;
+}
+
+bool Unsaved::isSettled(const std::string& file, const std::string& content) const {
+  std::error_code missing;
+  return settled_.file == file && settled_.content == content &&
+         (!settled_.isKept || std::filesystem::exists(folder_ / kRescueName, missing));
 }
 
 }  // namespace zevfit

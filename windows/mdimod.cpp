@@ -14,6 +14,7 @@
 #include "files/parameter_file.h"
 #include "files/rescue.h"
 #include "files/saveini.h"
+#include "model/settling.h"
 #include "plot/drawing/plot_variogram.h"
 #include "plot/window/activation.h"
 #include "plot/window/zoom.h"
@@ -58,7 +59,7 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
       orthogonality_(orthogonality),
       folder_(std::move(folder)),
       saver_(folder_),
-      unsaved_(folder_),
+      unsaved_(folder_, settleAsShown),
       area_(new QMdiArea),
       panel_(new FitPanelWidgets) {
   setObjectName("mdimod");
@@ -147,7 +148,9 @@ std::int64_t mdimod::variableCount() const {
   return structure_ ? structure_->listed() : 0;
 }
 
-void mdimod::keepUnsaved() { unsaved_.keep(session_, variableCount()); }
+std::optional<std::string> mdimod::keepUnsaved() {
+  return unsaved_.keep(session_, variableCount());
+}
 
 std::optional<std::string> mdimod::keepModels() {
   const auto kept = writeRescue(session_, variableCount(), folder_);
@@ -204,7 +207,8 @@ void mdimod::closeEvent(QCloseEvent* event) {
     saver_.closeFiles();
     if (!ending_) ending_ = closeRequest(session_.style, dialogs_.heldFile(), folder_, dialogs_);
     if (!ending_) return;
-    keepUnsaved();
+    // No foot would be read any more.
+    if (const auto lost = keepUnsaved()) dialogs_.plain(*lost);
     event->accept();
     // Another window on show must not keep the program.
     QCoreApplication::exit(0);
@@ -236,28 +240,35 @@ void mdimod::mnudatprn() {
   std::string path;
   if (!chooseFile(path)) return;
   Load outcome = Load::refused;
+  std::optional<std::string> lost;
   {
     const WaitCursor wait;
-    outcome = loadVariogramFile(path, session_, [this] { keepUnsaved(); });
+    outcome = loadVariogramFile(path, session_, [&] { lost = keepUnsaved(); });
     if (outcome == Load::good) structure().fill(path);
   }
-  if (outcome != Load::good) return tellOfBadFile(outcome);
-  about().hide();
-  saver_.startFile();
-  clearFoot(*this);
+  if (outcome == Load::good) takeFile();
+  if (outcome == Load::halfWay) tellOfHalf(path);
+  if (lost) tellAtFoot(*this, *lost);
   tellOfRescue();
+  if (outcome != Load::good) return dialogs_.warning(kBadFileText);
   structure().showModal();
 }
 
-void mdimod::tellOfBadFile(Load outcome) {
-  if (outcome == Load::halfWay && session_.loaded) {
-    unsaved_.disregard(session_, variableCount());
-    tellAtFoot(*this, kTwoFilesText);
-    // A save would now write parts of two files over the former one: it is kept once more.
-    saver_.startFile();
-  }
-  tellOfRescue();
-  dialogs_.warning(kBadFileText);
+void mdimod::takeFile() {
+  about().hide();
+  saver_.startFile();
+  clearFoot(*this);
+}
+
+void mdimod::tellOfHalf(const std::string& path) {
+  if (!session_.loaded)
+    return tellAtFoot(*this, "The file " + path +
+                                 " could not be read to its end: the tables hold a part of it. "
+                                 "Open a good file.");
+  unsaved_.disregard(session_, variableCount());
+  tellAtFoot(*this, kTwoFilesText);
+  // A save would now write parts of two files over the former one: it is kept once more.
+  saver_.startFile();
 }
 
 void mdimod::viewFile() { structure().reopen(); }

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "files/unsaved.h"
@@ -119,11 +121,14 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   void reportFault(std::string_view fault);
   /// The variables of the loaded file and those derived from them.
   std::int64_t variableCount() const;
-  /// Keeps what differs from the loaded file.
-  void keepUnsaved();
+  /// Keeps what differs from the loaded file; what is to be told where it can't.
+  std::optional<std::string> keepUnsaved();
   /// Says, until a file is loaded, where the models of the last rescue are.
   void tellOfRescue();
-  void tellOfBadFile(Load outcome);
+  /// A good load.
+  void takeFile();
+  /// Says, until a file is loaded, what a load that failed half way has left in the tables.
+  void tellOfHalf(const std::string& path);
 
   Dialogs& dialogs_;
   /// Keeps the models and tells of a fault that ends the program.

@@ -68,6 +68,8 @@ const char* const kMessages[] = {
     "Name has a character that the file cannot hold, choose another one!",
     "| The models of ... that were not saved are kept in ... |",
     "| The file as it was before this save could not be kept as ... |",
+    "| The models of ... that were not saved could not be kept in ... |",
+    "| The file ... could not be read to its end: the tables hold a part of it.",
     "The last file could not be read to its end: the tables hold parts of two files.",
     "Open a good file."};
 

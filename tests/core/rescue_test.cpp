@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "files/variogram_reader.h"
 #include "tests/support/same_tables.h"
@@ -146,18 +148,89 @@ TEST(Rescue, CutsCountsThatABadFileHasLeftToTheTables) {
   }
 }
 
-TEST(Rescue, KeepsTheOneBefore) {
+/// The names of the rescues, the newest first.
+const std::vector<std::string> kNames{
+    "rescue.zvm",          "rescue-before.zvm",   "rescue-before-2.zvm", "rescue-before-3.zvm",
+    "rescue-before-4.zvm", "rescue-before-5.zvm", "rescue-before-6.zvm", "rescue-before-7.zvm",
+    "rescue-before-8.zvm", "rescue-before-9.zvm"};
+
+/// The nuggets of the rescues by their names; 0 where there is none.
+std::vector<double> nuggets(const fs::path& program) {
+  std::vector<double> all;
+  for (const std::string& name : kNames) {
+    Session session;
+    const bool isThere = fs::exists(program / name);
+    EXPECT_EQ(isThere && readVariogramFile(program / name, session), isThere) << name;
+    all.push_back(isThere ? session.c0({1, 1}).number() : 0);
+  }
+  return all;
+}
+
+bool rescueNugget(Desk& desk, double nugget) {
+  desk.session.c0({1, 1}) = nugget;
+  return desk.rescue().has_value();
+}
+
+std::vector<std::string> filesIn(const fs::path& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(folder))
+    names.push_back(entry.path().filename().string());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+// Two ordinary ends once pushed the rescue of a fault out.
+TEST(Rescue, KeepsTheNineBefore) {
   Desk desk;
-  const fs::path before = desk.program / "rescue-before.zvm";
-  for (const double sill : {1, 2, 3}) {
-    desk.session.c0({1, 1}) = sill;
-    ASSERT_TRUE(desk.rescue());
-    Session last, older;
-    ASSERT_TRUE(readVariogramFile(desk.kept, last));
-    EXPECT_EQ(last.c0({1, 1}).number(), sill);
-    EXPECT_EQ(readVariogramFile(before, older), sill > 1);
-    if (sill == 1) continue;
-    EXPECT_EQ(older.c0({1, 1}).number(), sill - 1);
+  for (int nugget = 1; nugget <= 12; ++nugget) {
+    ASSERT_TRUE(rescueNugget(desk, nugget));
+    std::vector<double> wanted(10, 0.0);
+    for (int age = 0; age < 10; ++age)
+      wanted[static_cast<std::size_t>(age)] = std::max(nugget - age, 0);
+    EXPECT_EQ(nuggets(desk.program), wanted);
+  }
+  std::vector<std::string> wanted = kNames;
+  wanted.emplace_back("rescue.txt");
+  std::sort(wanted.begin(), wanted.end());
+  EXPECT_EQ(filesIn(desk.program), wanted);
+}
+
+TEST(Rescue, MovesOnOnlyAsFarAsThereIsNoFreeName) {
+  Desk desk;
+  for (const double nugget : {1, 2, 3, 4}) ASSERT_TRUE(rescueNugget(desk, nugget));
+  fs::remove(desk.program / "rescue-before-2.zvm");
+  ASSERT_TRUE(rescueNugget(desk, 5));
+  EXPECT_EQ(nuggets(desk.program), (std::vector<double>{5, 4, 3, 1, 0, 0, 0, 0, 0, 0}));
+}
+
+TEST(Rescue, PassesOverANameThatAFolderHas) {
+  Desk desk;
+  fs::create_directory(desk.program / "rescue-before.zvm");
+  for (const double nugget : {1, 2, 3}) ASSERT_TRUE(rescueNugget(desk, nugget));
+  fs::remove(desk.program / "rescue-before.zvm");
+  EXPECT_EQ(nuggets(desk.program), (std::vector<double>{3, 0, 2, 1, 0, 0, 0, 0, 0, 0}));
+}
+
+TEST(Rescue, OfTheSameContentIsNoNewOne) {
+  Desk desk;
+  ASSERT_TRUE(rescueNugget(desk, 1));
+  takeRescueNote(desk.program);
+  ASSERT_TRUE(rescueNugget(desk, 1));
+  EXPECT_EQ(nuggets(desk.program)[1], 0);
+  EXPECT_TRUE(takeRescueNote(desk.program)) << "told all the same";
+}
+
+// The one before was once removed before it was known whether the new one can be written.
+TEST(Rescue, ThatCannotBeWrittenLeavesTheOthersWhereTheyAre) {
+  for (const std::size_t count : {std::size_t{3}, kNames.size() - 1}) {
+    Desk desk;
+    fs::create_directory(desk.program / "rescue.zvm");
+    for (std::size_t age = 1; age <= count; ++age)
+      putFile(desk.program / kNames[age], "rescue " + std::to_string(age));
+    EXPECT_FALSE(rescueNugget(desk, 1));
+    for (std::size_t age = 1; age <= count; ++age)
+      EXPECT_EQ(contentOf(desk.program / kNames[age]), "rescue " + std::to_string(age));
+    EXPECT_EQ(filesIn(desk.program).size(), count + 1);
   }
 }
 

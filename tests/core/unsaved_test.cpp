@@ -17,6 +17,7 @@ namespace zevfit {
 namespace {
 
 namespace fs = std::filesystem;
+using test::contentOf;
 using test::putFile;
 using test::sampleFile;
 
@@ -29,7 +30,7 @@ struct Desk {
   }
   /// What is told of the rescue that was made; nothing where none was.
   std::string keep(std::int64_t variables = 2) {
-    unsaved.keep(session, variables);
+    EXPECT_EQ(unsaved.keep(session, variables), std::nullopt);
     return takeRescueNote(program).value_or("");
   }
 
@@ -126,12 +127,64 @@ TEST(Unsaved, IsAllWhereTheFileIsGone) {
   EXPECT_EQ(desk.keep(), desk.told);
 }
 
-TEST(Unsaved, IsNothingWithoutAFileOrAFolder) {
+TEST(Unsaved, IsKeptAgainWhereTheRescueIsGone) {
+  Desk desk;
+  setNugget(desk.session, {1, 1}, 0.5);
+  EXPECT_EQ(desk.keep(), desk.told);
+  fs::remove(desk.program / kRescueName);
+  EXPECT_EQ(desk.keep(), desk.told);
+  EXPECT_TRUE(fs::exists(desk.program / kRescueName));
+}
+
+TEST(Unsaved, OfAnotherFileIsKeptAlthoughItIsTheSame) {
+  for (const bool isDisregarded : {false, true}) {
+    Desk desk;
+    setNugget(desk.session, {1, 1}, 0.5);
+    if (isDisregarded)
+      desk.unsaved.disregard(desk.session, 2);
+    else
+      EXPECT_EQ(desk.keep(), desk.told);
+    const fs::path other = desk.folder / "other.zvm";
+    putFile(other, sampleFile("zevra"));
+    desk.session.inputfile = other.string();
+    EXPECT_EQ(desk.keep(), "The models of " + other.string() + " that were not saved are kept in " +
+                               (desk.program / "rescue.zvm").string());
+    EXPECT_EQ(desk.keep(), "");
+  }
+}
+
+TEST(Unsaved, OfARescueLeavesThatAsTheOneBefore) {
+  Desk desk;
+  setNugget(desk.session, {1, 1}, 0.5);
+  EXPECT_EQ(desk.keep(), desk.told);
+  const fs::path rescue = desk.program / "rescue.zvm", before = desk.program / "rescue-before.zvm";
+  const std::string opened = contentOf(rescue);
+  ASSERT_EQ(loadVariogramFile(rescue, desk.session), Load::good);
+  EXPECT_EQ(desk.keep(), "") << "nothing has changed";
+  setNugget(desk.session, {1, 1}, 0.25);
+  EXPECT_EQ(desk.keep(), "The models of " + rescue.string() + " that were not saved are kept in " +
+                             rescue.string());
+  EXPECT_EQ(contentOf(before), opened);
+  Session newest;
+  ASSERT_TRUE(readVariogramFile(rescue, newest));
+  EXPECT_EQ(newest.c0({1, 1}).number(), 0.25);
+}
+
+TEST(Unsaved, ThatCannotBeKeptIsToldEachTime) {
   Desk desk;
   setNugget(desk.session, {1, 1}, 0.5);
   fs::remove(desk.program);
-  EXPECT_EQ(desk.keep(), "");
+  for (int time = 0; time < 2; ++time)
+    EXPECT_EQ(desk.unsaved.keep(desk.session, 2), "The models of " + desk.file.string() +
+                                                      " that were not saved could not be kept in " +
+                                                      (desk.program / "rescue.zvm").string());
   fs::create_directory(desk.program);
+  EXPECT_EQ(desk.keep(), desk.told);
+}
+
+TEST(Unsaved, IsNothingWithoutAFile) {
+  Desk desk;
+  setNugget(desk.session, {1, 1}, 0.5);
   desk.session.inputfile.clear();
   EXPECT_EQ(desk.keep(), "");
   EXPECT_TRUE(fs::is_empty(desk.program));

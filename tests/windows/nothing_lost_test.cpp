@@ -51,6 +51,10 @@ class NothingLost : public testing::Test {
     return "The models of " + file.string() + " that were not saved are kept in " +
            (program_ / "rescue.zvm").string();
   }
+  std::string lostNote(const fs::path& file) {
+    return "The models of " + file.string() + " that were not saved could not be kept in " +
+           (program_ / "rescue.zvm").string();
+  }
   static void end(Program& program) {
     program.dialogs().answers = {Answer::no};
     program.dialogs().shown.clear();
@@ -196,14 +200,107 @@ TEST_F(NothingLost, ALoadKeepsWhatItReplacesAndTheFootSaysSo) {
   EXPECT_EQ(footOf(program), "") << "told already";
 }
 
+TEST_F(NothingLost, WhatCannotBeKeptBeforeALoadIsToldAtTheFoot) {
+  fs::create_directory(program_ / kRescueName);
+  const fs::path bad = folder_ / "bad.zvm";
+  putFile(bad, "bad\nzevra\n1\nx\n1\n1\n45;0\n1\n10 0.5");
+  Program program(program_);
+  program.open(file_);
+  setNugget(program.session(), {2, 1}, 0.25);
+  load(program, bad);
+  EXPECT_EQ(footOf(program), kTwoFiles + ("\n" + lostNote(file_)));
+  program.open(file_);
+  EXPECT_EQ(footOf(program), "");
+  setNugget(program.session(), {2, 1}, 0.25);
+  program.open(other_);
+  EXPECT_EQ(footOf(program), lostNote(file_));
+  program.open(file_);
+  EXPECT_EQ(footOf(program), "");
+}
+
+TEST_F(NothingLost, WhatCannotBeKeptAtTheEndIsToldInABox) {
+  fs::create_directory(program_ / kRescueName);
+  Program program(program_);
+  program.open(file_);
+  setNugget(program.session(), {2, 1}, 0.25);
+  program.dialogs().answers = {Answer::no};
+  program.dialogs().shown.clear();
+  EXPECT_TRUE(program.window().close());
+  EXPECT_EQ(program.dialogs().shown,
+            (Texts{"question: Save configuration data file to zevFIT.INI ?",
+                   "plain: " + lostNote(file_)}));
+}
+
+// Each line of it settles on the steps of the sliders once it is shown.
+TEST_F(NothingLost, TheEndKeepsNothingOfAFileThatWasOnlyLookedAt) {
+  {
+    Program program(program_);
+    program.open(file_);
+    for (const Pair pair : {Pair{1, 1}, Pair{2, 2}}) {
+      setNugget(program.session(), pair, 0.1234567);
+      setStructure(program.session(), pair, Line::first, "S", 1.2345678, 7.12345678);
+      setStructure(program.session(), pair, Line::second, "E", 0.7654321, 12.87654321);
+    }
+    program.trigger("k11");
+  }
+  for (const bool isChanged : {false, true}) {
+    Program program(program_);
+    program.open(file_);
+    bool isSettled = false;
+    for (const int variable : {0, 1}) {
+      program.control<QComboBox>("Combo2").setCurrentIndex(variable);
+      for (const int direction : {0, 1}) {
+        program.control<QComboBox>("Combodirvar").setCurrentIndex(direction);
+        for (const char* line : {"est1", "est2", "est3", "est2"}) {
+          program.control<QAbstractButton>(line).click();
+          program.control<QAbstractButton>("Command5").click();
+        }
+      }
+    }
+    for (const Pair pair : {Pair{1, 1}, Pair{2, 2}})
+      isSettled = isSettled || program.session().a1(pair).number() != 7.12345678;
+    EXPECT_TRUE(isSettled);
+    if (isChanged) program.session().c1({2, 2}) = 1.5;
+    end(program);
+    EXPECT_EQ(keptAny(), isChanged);
+  }
+}
+
+TEST_F(NothingLost, ARescueThatIsOpenedAndChangedStaysBesideTheNewOne) {
+  const fs::path rescue = program_ / kRescueName;
+  {
+    Program program(program_);
+    program.open(file_);
+    setNugget(program.session(), {2, 1}, 0.25);
+    end(program);
+  }
+  const std::string opened = contentOf(rescue);
+  {
+    Program program(program_);
+    program.open(rescue);
+    setNugget(program.session(), {2, 1}, 0.5);
+    end(program);
+  }
+  EXPECT_EQ(contentOf(program_ / "rescue-before.zvm"), opened);
+  EXPECT_EQ(kept().c0({2, 1}).number(), 0.5);
+  Program program(program_);
+  EXPECT_EQ(footOf(program), keptNote(rescue));
+}
+
 TEST_F(NothingLost, ALoadThatFailsHalfWayIsToldUntilAGoodOne) {
   const fs::path bad = folder_ / "bad.zvm", empty = folder_ / "empty.zvm";
   putFile(bad, "bad\nzevra\n1\nx\n1\n1\n45;0\n1\n10 0.5");
   putFile(empty, "");
   Program program(program_);
-  load(program, bad);
-  EXPECT_EQ(footOf(program), "") << "there are no two files";
+  for (int time = 0; time < 2; ++time) {
+    load(program, bad);
+    EXPECT_EQ(footOf(program), "The file " + bad.string() +
+                                   " could not be read to its end: the tables hold a part of it. "
+                                   "Open a good file.");
+  }
+  load(program, empty);
   program.open(file_);
+  EXPECT_EQ(footOf(program), "");
   load(program, empty);
   EXPECT_EQ(footOf(program), "") << "the tables are as they were";
   setNugget(program.session(), {2, 1}, 0.25);
@@ -217,7 +314,7 @@ TEST_F(NothingLost, ALoadThatFailsHalfWayIsToldUntilAGoodOne) {
   EXPECT_EQ(footOf(program), "");
   // What half a file has left is not worth keeping, nor does it push out what is.
   EXPECT_EQ(kept().c0({2, 1}).number(), 0.25);
-  EXPECT_FALSE(fs::exists(program_ / kRescueBeforeName));
+  EXPECT_FALSE(fs::exists(program_ / "rescue-before.zvm"));
 }
 
 TEST_F(NothingLost, ASaveBehindALoadThatFailedHalfWayKeepsTheFileOnceMore) {
