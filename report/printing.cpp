@@ -1,5 +1,8 @@
 #include "report/printing.h"
 
+#include <optional>
+#include <string>
+
 #include "report/collection.h"
 #include "report/printed_plot.h"
 #include "session/policy.h"
@@ -11,30 +14,54 @@ namespace {
 constexpr double kShare = 0.9;
 constexpr double kSideOffset = 100;
 
-void printCell(Collection& reports, int row, int column, int columns) {
+int columnsOf(const Collection& reports) {
+  return reports.tables.reportcolumns(reports.window.tab() - 1);
+}
+
+/// The pair of a cell of the selected report; nothing for an empty one.
+std::optional<Pair> pairIn(const Collection& reports, int row, int column) {
   const ReportTables& tables = reports.tables;
   const int report = reports.window.tab();
-  if (!tables.cellused(row, column, report)) return;
+  if (!tables.cellused(row, column, report)) return std::nullopt;
+  return Pair{tables.cellvar(row, column, report), tables.celldir(row, column, report)};
+}
+
+void printCell(Collection& reports, int row, int column, int columns) {
+  const std::optional<Pair> pair = pairIn(reports, row, column);
+  if (!pair) return;
   const double across = divide(kSheetWidth, columns) * kShare;
   const double down = across / kPlotAspect;
   imprimirvariograma(reports, reports.platewidth * kShare, (column - 1) * across + kSideOffset,
-                     (row - 1) * down,
-                     {tables.cellvar(row, column, report), tables.celldir(row, column, report)});
+                     (row - 1) * down, *pair);
+}
+
+/// True where each plot of the report has flags that are numbers; otherwise warns of the first that
+/// has not, before the user is asked for a printer: no sheet comes out that lacks a plot.
+bool requirePrintable(const Collection& reports) {
+  const int columns = columnsOf(reports);
+  for (int column = 1; column <= columns; ++column)
+    for (int row = 1; row <= reports.tables.rowsforcolumns(columns - 1); ++row) {
+      const std::optional<Pair> pair = pairIn(reports, row, column);
+      if (pair && !requireFlags(reports.fit.session, *pair, reports.fit.messages)) return false;
+    }
+  return true;
 }
 
 /// The stroke of the legend on a sheet, from its first plot on.
 constexpr PenState kSheetPen{.width = 2};
 
-/// What printed plots set for themselves, put back at the end: the pairs and the curve of the plot
-/// on the screen, which controls and thumbnails go on with.
+/// What printed plots set for themselves, put back at the end: the pairs, the curve and the
+/// variance on show of the plot on the screen, which controls and thumbnails go on with.
 class PlotKept {
  public:
-  explicit PlotKept(Session& session)
-      : session_(session),
-        current_(session.current()),
-        plotted_(session.plotted()),
-        curveh_(session.curveh),
-        curvegam_(session.curvegam) {}
+  explicit PlotKept(Fit& fit)
+      : session_(fit.session),
+        panel_(fit.panel),
+        current_(session_.current()),
+        plotted_(session_.plotted()),
+        curveh_(session_.curveh),
+        curvegam_(session_.curvegam),
+        variance_(panel_.caption(Caption::Labelvariance)) {}
   PlotKept(const PlotKept&) = delete;
   PlotKept& operator=(const PlotKept&) = delete;
   ~PlotKept() {
@@ -42,17 +69,20 @@ class PlotKept {
     session_.setPlotted(plotted_);
     session_.curveh = curveh_;
     session_.curvegam = curvegam_;
+    panel_.setCaption(Caption::Labelvariance, variance_);
   }
 
  private:
   Session& session_;
+  FitPanel& panel_;
   Pair current_, plotted_;
   decltype(Session::curveh) curveh_, curvegam_;
+  std::string variance_;
 };
 
 /// Down the first column, then down the next, from the very top of the sheet.
 void printCells(Collection& reports) {
-  const int columns = reports.tables.reportcolumns(reports.window.tab() - 1);
+  const int columns = columnsOf(reports);
   reports.window.setBarMaximum(columns);
   for (int column = 1; column <= columns; ++column) {
     reports.window.setBarValue(column);
@@ -66,7 +96,7 @@ void printReport(Collection& reports) {
   reports.window.setBusy(true);
   reports.printer.startDoc(kSheetWidth, kSheetHeight);
   reports.pen = kSheetPen;
-  const PlotKept kept(reports.fit.session);
+  const PlotKept kept(reports.fit);
   printCells(reports);
   reports.printer.endDoc();
 }
@@ -74,12 +104,15 @@ void printReport(Collection& reports) {
 }  // namespace
 
 void printar_Click(Collection& reports) {
-  attempt([&] { printReport(reports); },
-          [&] {
-            // What stands on the sheet is not withdrawn.
-            endSilently([&] { reports.printer.endDoc(); });
-            reports.fit.messages.plain("cannot print!");
-          });
+  attempt(
+      [&] {
+        if (requirePrintable(reports)) printReport(reports);
+      },
+      [&] {
+        // What stands on the sheet is not withdrawn.
+        endSilently([&] { reports.printer.endDoc(); });
+        reports.fit.messages.plain("cannot print!");
+      });
   reports.window.setBarValue(0);
   reports.window.setBusy(false);
 }

@@ -154,16 +154,32 @@ TEST_F(Printing, ShowsTheModelAsItIsNow) {
   EXPECT_NEAR(linesOf(bench_.sheet(), kCurve).at(1).to.y, 5563.398 - 4 * 496.340, 0.01);
 }
 
-TEST_F(Printing, LeavesTheVarianceOfTheLastPlotOnThePanel) {
+TEST_F(Printing, LeavesTheVarianceOfTheCurrentPlotOnThePanel) {
   prepare(1);
-  fill(1, 1, 2, 2);
-  fill(2, 1, 1, 2);
-  session().curvar = 2;
+  fill(1, 1, 1, 2);
+  fill(2, 1, 2, 2);
+  session().setCurrent({1, 2});
+  bench_.draw();
   print();
   EXPECT_EQ(bench_.panel.caption(Caption::Labelvariance), "5.");
-  fill(2, 1, 2, 1);
+  session().setCurrent({2, 2});
+  bench_.draw();
+  fill(2, 1, 1, 2);
+  session().setCurrent({2, 2});
   print();
   EXPECT_EQ(bench_.panel.caption(Caption::Labelvariance), "7.5");
+}
+
+TEST_F(Printing, RefusesAReportWithATextAsAFlagBeforeItAsksForAPrinter) {
+  prepare(1);
+  fill(1, 1, 1, 2);
+  fill(2, 1, 2, 1);
+  session().use2({2, 1}) = Cell::ofText("yes");
+  print();
+  EXPECT_EQ(bench_.dialogs.shown,
+            std::vector<std::string>{"warning: Illegal value for flag of Structure 2 in Direction "
+                                     "(0 0 N) of lead: yes!"});
+  EXPECT_EQ(bench_.printer.calls, std::vector<std::string>{});
 }
 
 // Black strokes of the legend are outlines; the sample of the model tells the width of the pen.
@@ -239,12 +255,13 @@ TEST_F(Printing, AFaultInAFrameEndsTheSheetWithWhatStands) {
   prepare(1);
   fill(1, 1);
   fill(2, 1);
-  bench_.reports.tables.cellvar(2, 1, 1) = 2;
-  session().use0({2, 2}) = Cell::ofText("n.a.");
+  bench_.printer.onSheet = [&] {
+    if (!grounds().empty()) throw Fault("out of paper");
+  };
   print();
   EXPECT_EQ(bench_.dialogs.shown, Calls{"plain: cannot print!"});
   EXPECT_EQ(bench_.printer.calls, (Calls{"dialog", "start 11907 16839.9", "end"}));
-  EXPECT_EQ(grounds().size(), 2U);
+  EXPECT_EQ(grounds().size(), 1U);
   EXPECT_EQ(window().calls.back(), "ready");
 }
 

@@ -295,6 +295,23 @@ TEST_F(PrintCollection, PrintsTheSelectedReport) {
   EXPECT_TRUE(shown().empty());
 }
 
+// Variances of 1 and 4.
+TEST_F(PrintCollection, BehindAPrintedPlotTheVarianceIsThatOfTheCurrentOneAgain) {
+  press(kFirst);
+  plotPair(program_, {2, 1});
+  program_.control<QAbstractButton>("est1").click();
+  auto& variance = program_.control<QLabel>("Labelvariance");
+  ASSERT_EQ(variance.text(), "4.");
+  control<QPushButton>("printar").click();
+  EXPECT_EQ(variance.text(), "4.");
+  QTest::mouseClick(&variance, Qt::LeftButton);
+  EXPECT_EQ(program_.session().c0({2, 1}).number(), 4);
+  // Neither does a plot that is only previewed leave its own.
+  program_.trigger("k10");
+  Program::find<QAbstractButton>(program_.control("Formfont"), "Command3").click();
+  EXPECT_EQ(variance.text(), "4.");
+}
+
 TEST_F(PrintCollection, ShowsTheHourglassAndTheBarMeanwhile) {
   giveColumns(*reports_, 3);
   press({30, 20});
