@@ -6,7 +6,7 @@
 #include <span>
 #include <utility>
 
-#include "session/illegal_value.h"
+#include "session/illegal_cell.h"
 #include "session/line.h"
 #include "session/number_pattern.h"
 #include "session/numbers.h"
@@ -34,8 +34,9 @@ class Models {
         variables_{subscript(choice.cross), subscript(choice.primary), subscript(choice.secondary)},
         directions_{subscript(choice.main), subscript(choice.minor1), subscript(choice.minor2)} {}
 
+  Pair pair(std::size_t v, std::size_t d) const { return {variables_.at(v), directions_.at(d)}; }
   ConstLineRef at(Line which, std::size_t v, std::size_t d) const {
-    return line(session_, {variables_.at(v), directions_.at(d)}, which);
+    return line(session_, pair(v, d), which);
   }
   /// The line is on in the cross variable; where the flags agree, in all three.
   bool on(Line which, std::size_t d) const { return at(which, kCross, d).isOn(); }
@@ -47,9 +48,6 @@ class Models {
   }
   const std::string& directionName(std::size_t d) const {
     return session_.dirname(directions_.at(d));
-  }
-  const std::string& variableName(std::size_t v) const {
-    return session_.varname(variables_.at(v));
   }
 
  private:
@@ -226,11 +224,6 @@ std::vector<TestNode> detailTree(const Models& models, const Marks& ranges, cons
   return tree.take();
 }
 
-/// A line in words, as the results name it.
-std::string nameOf(Line which) {
-  return which == Line::nugget ? "Nugget Effect" : "Structure " + std::to_string(indexOf(which));
-}
-
 /// The cells of a line that the test asks for a number, with what they are.
 std::vector<std::pair<std::string, Cell>> numbersAsked(const ConstLineRef& line, Line which) {
   std::vector<std::pair<std::string, Cell>> asked{{"flag", line.flag()}};
@@ -248,11 +241,8 @@ std::optional<std::string> illegalCell(const Session& session, const CrossChoice
     for (std::size_t d = 0; d < kSlots; ++d)
       for (const Line which : kLines)
         for (const auto& [what, cell] : numbersAsked(models.at(which, v, d), which))
-          if (cell.isText())
-            return illegalValue(what + " of " + nameOf(which) + " in Direction (" +
-                                    std::string(trimmed(models.directionName(d))) + ") of " +
-                                    std::string(trimmed(models.variableName(v))),
-                                cell.toText());
+          if (auto illegal = illegalCell(session, models.pair(v, d), which, what, cell))
+            return illegal;
   return std::nullopt;
 }
 

@@ -97,7 +97,7 @@ std::string_view tagToWrite(std::string_view tag) {
 void Writer::header(std::string& filetag, std::int64_t& nvar) {
   token(oldToken());
   filetag = oldToken();
-  text(tagToWrite(filetag));
+  token(tagToWrite(filetag));
   endTest();
   const auto count = old_.number();
   const auto value = count ? numberOf(*count) : std::nullopt;
@@ -163,7 +163,7 @@ void Writer::structure(Line which, Pair pair) {
     for (const char* unused : {kUnusedLetter, kUnusedSill, kUnusedRange}) text(unused);
     return;
   }
-  text(at.letter());
+  token(at.letter());
   number(at.sill());
   number(at.range());
 }

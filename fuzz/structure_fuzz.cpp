@@ -64,10 +64,13 @@ void checkMade(const Session& session, const std::string& name) {
 
 void create(Session& session, const std::string& name) {
   const std::int64_t before = session.nvar;
-  const auto refusal = createVariable(session, name, static_cast<double>(session.nvarfile));
+  const auto shown = static_cast<double>(session.nvarfile);
+  require(createVariable(session, name, shown, false) && session.nvar == before,
+          "a name beyond Latin-1 is refused");
+  const auto refusal = createVariable(session, name, shown);
   require(session.nvar == before + (refusal ? 0 : 1), "a refusal makes nothing");
   if (refusal) return require(!refusal->warning.empty(), "and says why");
-  require(name.find_first_of(",\"") == std::string::npos, "a file holds its name");
+  require(name.find_first_of(",\"\t") == std::string::npos, "a file holds its name");
   checkMade(session, name);
 }
 

@@ -18,4 +18,9 @@ struct Fit {
 bool requireFile(const Session& session, Messages& messages);
 inline bool requireFile(const Fit& fit) { return requireFile(fit.session, fit.messages); }
 
+/// True where the flags of the pair's model are numbers; otherwise warns of the first that is none.
+bool requireFlags(const Session& session, Pair pair, Messages& messages);
+/// Draws the current pair, or warns of a flag of its model. For handlers that catch no failure.
+void plotOrWarn(Fit& fit);
+
 }  // namespace zevfit

@@ -106,9 +106,8 @@ int flipped(bool& state) {
   return state ? 1 : 0;
 }
 
-void takePairOfLists(Fit& fit) {
-  fit.session.setCurrent(
-      {fit.panel.listPosition(List::Combo2) + 1, fit.panel.listPosition(List::Combodirvar) + 1});
+Pair pairOfLists(const Fit& fit) {
+  return {fit.panel.listPosition(List::Combo2) + 1, fit.panel.listPosition(List::Combodirvar) + 1};
 }
 
 }  // namespace
@@ -177,7 +176,9 @@ void Command3_Click(Fit& fit) {
 // Catches no failure.
 void Command5_Click(Fit& fit) {
   if (!requireFile(fit)) return;
-  takePairOfLists(fit);
+  const Pair chosen = pairOfLists(fit);
+  if (!requireFlags(fit.session, chosen, fit.messages)) return;
+  fit.session.setCurrent(chosen);
   fit.plotter.plotvariogram();
 }
 

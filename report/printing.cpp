@@ -1,5 +1,7 @@
 #include "report/printing.h"
 
+#include <optional>
+
 #include "plot/drawing/plot_kept.h"
 #include "report/collection.h"
 #include "report/printed_plot.h"
@@ -12,15 +14,37 @@ namespace {
 constexpr double kShare = 0.9;
 constexpr double kSideOffset = 100;
 
-void printCell(Collection& reports, int row, int column, int columns) {
+int columnsOf(const Collection& reports) {
+  return reports.tables.reportcolumns(reports.window.tab() - 1);
+}
+
+/// The pair of a cell of the selected report; nothing for an empty one.
+std::optional<Pair> pairIn(const Collection& reports, int row, int column) {
   const ReportTables& tables = reports.tables;
   const int report = reports.window.tab();
-  if (!tables.cellused(row, column, report)) return;
+  if (!tables.cellused(row, column, report)) return std::nullopt;
+  return Pair{tables.cellvar(row, column, report), tables.celldir(row, column, report)};
+}
+
+void printCell(Collection& reports, int row, int column, int columns) {
+  const std::optional<Pair> pair = pairIn(reports, row, column);
+  if (!pair) return;
   const double across = divide(kSheetWidth, columns) * kShare;
   const double down = across / kPlotAspect;
   imprimirvariograma(reports, reports.platewidth * kShare, (column - 1) * across + kSideOffset,
-                     (row - 1) * down,
-                     {tables.cellvar(row, column, report), tables.celldir(row, column, report)});
+                     (row - 1) * down, *pair);
+}
+
+/// True where each plot of the report has flags that are numbers; otherwise warns of the first that
+/// has not, before the user is asked for a printer: no sheet comes out that lacks a plot.
+bool requirePrintable(const Collection& reports) {
+  const int columns = columnsOf(reports);
+  for (int column = 1; column <= columns; ++column)
+    for (int row = 1; row <= reports.tables.rowsforcolumns(columns - 1); ++row) {
+      const std::optional<Pair> pair = pairIn(reports, row, column);
+      if (pair && !requireFlags(reports.fit.session, *pair, reports.fit.messages)) return false;
+    }
+  return true;
 }
 
 /// The stroke of the legend on a sheet, from its first plot on.
@@ -28,7 +52,7 @@ constexpr PenState kSheetPen{.width = 2};
 
 /// Down the first column, then down the next, from the very top of the sheet.
 void printCells(Collection& reports) {
-  const int columns = reports.tables.reportcolumns(reports.window.tab() - 1);
+  const int columns = columnsOf(reports);
   reports.window.setBarMaximum(columns);
   for (int column = 1; column <= columns; ++column) {
     reports.window.setBarValue(column);
@@ -50,12 +74,15 @@ void printReport(Collection& reports) {
 }  // namespace
 
 void printar_Click(Collection& reports) {
-  attempt([&] { printReport(reports); },
-          [&] {
-            // What stands on the sheet is not withdrawn.
-            endSilently([&] { reports.printer.endDoc(); });
-            reports.fit.messages.plain("cannot print!");
-          });
+  attempt(
+      [&] {
+        if (requirePrintable(reports)) printReport(reports);
+      },
+      [&] {
+        // What stands on the sheet is not withdrawn.
+        endSilently([&] { reports.printer.endDoc(); });
+        reports.fit.messages.plain("cannot print!");
+      });
   reports.window.setBarValue(0);
   reports.window.setBusy(false);
 }

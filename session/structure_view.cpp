@@ -1,6 +1,10 @@
 #include "session/structure_view.h"
 
-#include "session/fault.h"
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "session/illegal_value.h"
 #include "session/line.h"
 #include "session/numbers.h"
 
@@ -12,14 +16,17 @@ constexpr std::size_t kLongestName = 10;
 constexpr std::string_view kNotInNames = ",\"\t";
 constexpr std::int64_t kLastSlot = kVariableSlots - 1;
 
+/// The last variable of the tables: a file may claim more.
+std::int64_t lastVariable(const Session& session) { return std::min(session.nvar, kLastSlot); }
+
 std::int64_t tickedVariables(const Session& session) {
   std::int64_t ticked = 0;
-  for (std::int64_t k = 1; k <= session.nvar; ++k) ticked += session.addflag(k);
+  for (std::int64_t k = 1; k <= lastVariable(session); ++k) ticked += session.addflag(k);
   return ticked;
 }
 
 bool isTaken(const Session& session, std::string_view name) {
-  for (std::int64_t k = 1; k <= session.nvar; ++k) {
+  for (std::int64_t k = 1; k <= lastVariable(session); ++k) {
     if (trimmedLeft(session.varname(k)) == name) return true;
   }
   return false;
@@ -40,6 +47,53 @@ std::optional<Refusal> refusedName(const Session& session, std::string_view name
   if (!isTaken(session, name)) return std::nullopt;
   return Refusal{" Name  (" + std::string(name) + ")  already exists. Please choose another one.",
                  true};
+}
+
+std::vector<std::int64_t> ticked(const Session& session) {
+  std::vector<std::int64_t> variables;
+  for (std::int64_t k = 1; k <= session.nvar; ++k)
+    if (session.addflag(k)) variables.push_back(k);
+  return variables;
+}
+
+/// The variance of a summand is a text, or takes that of the sum beyond all numbers.
+std::optional<Refusal> refusedVariances(const Session& session) {
+  double sum = 0;
+  for (const std::int64_t k : ticked(session)) {
+    const Cell& variance = session.variance(k);
+    if (!variance.isText()) sum += variance.number();
+    if (!variance.isText() && std::isfinite(sum)) continue;
+    return Refusal{
+        illegalValue("variance of " + std::string(trimmed(session.varname(k))), variance.toText()),
+        true};
+  }
+  return std::nullopt;
+}
+
+/// The same of a class, whose semivariances are no texts.
+std::optional<Refusal> refusedClasses(const Session& session, std::int64_t direction) {
+  std::vector<double> sums;
+  for (const std::int64_t k : ticked(session)) {
+    const std::span<const double> added = session.gam.written({k, direction});
+    sums.resize(std::max(sums.size(), added.size()));
+    for (std::size_t at = 1; at < added.size(); ++at) {
+      sums[at] += added[at];
+      if (std::isfinite(sums[at])) continue;
+      const std::string what = "Gamma(h) of Class" + signedText(static_cast<std::int64_t>(at)) +
+                               " in Direction (" +
+                               std::string(trimmed(session.dirname(direction))) + ") of " +
+                               std::string(trimmed(session.varname(k)));
+      return Refusal{illegalValue(what, generalText(added[at])), true};
+    }
+  }
+  return std::nullopt;
+}
+
+std::optional<Refusal> refusedSums(const Session& session) {
+  if (auto refusal = refusedVariances(session)) return refusal;
+  for (std::int64_t direction = 1; direction <= session.ndir; ++direction)
+    if (auto refusal = refusedClasses(session, direction)) return refusal;
+  return std::nullopt;
 }
 
 void clearSlot(Session& session, std::int64_t slot) {
@@ -78,8 +132,7 @@ void addClasses(Session& session, std::int64_t slot, std::int64_t k, std::int64_
   const std::span<const double> added = session.gam.written({k, direction});
   for (std::size_t at = 1; at < added.size(); ++at) {
     const auto lag = static_cast<std::int64_t>(at);
-    session.gam.set({slot, direction}, lag,
-                    finite(session.gam({slot, direction}, lag) + added[at]));
+    session.gam.set({slot, direction}, lag, session.gam({slot, direction}, lag) + added[at]);
   }
   session.hlag.copy({k, direction}, {slot, direction});
   // Whichever variables are added, the numbers of pairs are those of variable 1: they decide which
@@ -93,7 +146,7 @@ void addVariable(Session& session, std::int64_t slot, std::int64_t k, RunningBou
     session.hmax({slot, direction}) = session.hmax({k, direction});
     addLimits(session, slot, k, direction, bounds);
   }
-  session.variance(slot) = finite(session.variance(slot).number() + session.variance(k).number());
+  session.variance(slot) = session.variance(slot).number() + session.variance(k).number();
 }
 
 // The axis limits, the smallest semivariance and the fit state stay with their slots: a variable
@@ -119,6 +172,7 @@ std::optional<Refusal> createVariable(Session& session, std::string_view typedNa
   if (auto refusal = refusedTicks(session, shownVariables)) return refusal;
   if (auto refusal = refusedName(session, name, isLatin1)) return refusal;
   if (session.nvar >= kLastSlot) throwSubscript("varname", {session.nvar + 1});
+  if (auto refusal = refusedSums(session)) return refusal;
 
   const std::int64_t slot = ++session.nvar;
   session.varname(slot) = name;

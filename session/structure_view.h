@@ -19,7 +19,8 @@ struct Refusal {
 /// Makes a new variable, the sum of the ticked ones, named by the typed text without its leading
 /// blanks. `shownVariables` is the number that the window shows as that of the file. `isLatin1`
 /// tells whether all that was typed is in `typedName`, since a file has no other characters.
-/// Changes nothing on a refusal. Throws Fault when the tables are full.
+/// A variance that is a text and a sum beyond all numbers are refused, too. Changes nothing on a
+/// refusal. Throws Fault when the tables are full.
 std::optional<Refusal> createVariable(Session& session, std::string_view typedName,
                                       double shownVariables, bool isLatin1 = true);
 

@@ -135,7 +135,7 @@ void Formfont::Command2_Click() {
     return fit_.messages.plain(*fault);
   }
   leave();
-  if (!previewrunning) fit_.plotter.plotvariogram();
+  if (!previewrunning) plotOrWarn(fit_);
 }
 
 void Formfont::Command3_Click() {

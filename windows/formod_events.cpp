@@ -93,7 +93,7 @@ void Formod::pictureMouse(const QMouseEvent& mouse) {
   }
   const bool click = endsClick(mouse, *Picture4, std::exchange(pressed_, nullptr));
   Picture4_MouseUp(fit_.session, fit_.plotter, *this);
-  if (click) Picture4_Click(fit_.session, fit_.plotter, *this);
+  if (click) Picture4_Click(fit_, *this);
 }
 
 void Formod::handleEvent(Line handle, const QEvent& event) {
@@ -125,7 +125,7 @@ void Formod::handleMouse(Line handle, const QMouseEvent& mouse) {
   if (std::exchange(cut_, nullptr) == &label) return;
   const bool click = std::exchange(pressed_, nullptr) == &label;
   estru_MouseUp(fit_.session, fit_.panel, *this, handle, toButton(mouse));
-  if (click) estru_Click(fit_.plotter);
+  if (click) estru_Click(fit_);
 }
 
 std::optional<Colour> Formod::colourAt(double x, double y) {

@@ -208,7 +208,8 @@ void frmzevfit::showClasses(Pair pair) {
 }
 
 void frmzevfit::grid1_Click(int row) {
-  if (row == 0) return;
+  // A file may claim more variables than the tables have.
+  if (row == 0 || row > kLastVariable) return;
   grid1->setCurrentCell(row, kTickColumn);
   const bool ticked = grid1->data(row, kTickColumn, kTickedRole).toBool();
   session_.addflag(row) = !ticked;
@@ -271,6 +272,9 @@ void frmzevfit::Command1_Click() {
 }
 
 void frmzevfit::Command2_Click() {
+  // The lists of a file that claims more than the tables have could not be filled.
+  if (session_.nvar > kLastVariable || session_.ndir > kLastDirection)
+    return messages_.warning(kBadFileText);
   session_.dragging = false;
   host_.enableMain();
   fillHostLists();

@@ -60,7 +60,7 @@ void legenda::save() {
   const std::string text = toBytes(Text1->text());
   if (legenda_Command2_Click(fit_.session, fit_.messages, text)) {
     hide();
-    return fit_.plotter.plotvariogram();
+    return plotOrWarn(fit_);
   }
   Text1->clear();
   Text1->setFocus();

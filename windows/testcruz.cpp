@@ -7,6 +7,7 @@
 #include <map>
 
 #include "session/fault.h"
+#include "session/messages.h"
 #include "windows/boundary.h"
 #include "windows/quiet_focus.h"
 #include "windows/texts.h"
@@ -57,7 +58,16 @@ const std::array<testcruz::Choice, 6>& testcruz::choices() {
   return table;
 }
 
+bool testcruz::requireEntries() const {
+  // Without a file the lists have no entry to choose, which is a fault.
+  const bool fits = session_.nvar >= 1 && session_.nvar < kVariableSlots && session_.ndir >= 1 &&
+                    session_.ndir < kDirectionSlots;
+  if (!fits && session_.loaded) messages_.warning(kBadFileText);
+  return fits || !session_.loaded;
+}
+
 void testcruz::start() {
+  if (!requireEntries()) return;
   TreeView1->clear();
   fillLists();
   choosePositions();

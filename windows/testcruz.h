@@ -56,6 +56,8 @@ class testcruz : public QDialog {
 
   void fillLists();
   void choosePositions();
+  /// True where the lists get entries; otherwise warns of a file that has none, or too many.
+  bool requireEntries() const;
   void run(const CrossChoice& choice);
   void showTree(const std::vector<TestNode>& nodes);
 

@@ -5,6 +5,8 @@
 #include "plot/drawing/plot_kept.h"
 #include "plot/drawing/window_key.h"
 #include "plot/drawing/window_steps.h"
+#include "session/fault.h"
+#include "session/illegal_cell.h"
 #include "session/line.h"
 #include "session/policy.h"
 
@@ -48,6 +50,8 @@ void plotvariogram(Fit& fit, PlotWindows& windows) {
   if (!requireFile(fit)) return;
   Session& session = fit.session;
   if (session.curvar == 0 || session.curdir == 0) return;
+  // The boxes could not show it; handlers that catch no failure warn of it before they draw.
+  if (const auto illegal = illegalFlag(session, session.current())) throw Fault(*illegal);
   PlotWindow& window = windows.plotwin(session.current());
   if (window.minimised()) window.restore();
   selectFirstStructure(fit, session.current());

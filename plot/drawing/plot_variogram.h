@@ -9,8 +9,9 @@ namespace zevfit {
 
 /// Draws all of the current pair in its window: title, legend, axes, grid, ticks, axis numbers,
 /// sill line, data points and model curve. Clears first; nothing is drawn incrementally. Without a
-/// file says so; without a current pair does nothing. A fault in the frame (up to the ticks) is
-/// thrown on; from the model refresh on it ends the drawing silently with what stands.
+/// file says so; without a current pair does nothing. Throws Fault,
+/// before anything is done, for a flag that is a text, and for what else fails in the frame (up to
+/// the ticks); from the model refresh on a fault ends the drawing silently with what stands.
 void plotvariogram(Fit& fit, PlotWindows& windows);
 
 /// Draws the picture of a window anew in the size of the window, for the pair of its caption, and

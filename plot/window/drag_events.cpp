@@ -36,7 +36,7 @@ void writeParameter(Fit& fit, Line handle, const DragTarget& target, double valu
   const bool waits =
       target.upright && session.c0typed(session.current()) && fit.panel.text(target.field) != text;
   fit.panel.setText(target.field, text);
-  if (waits) fit.plotter.plotvariogram();
+  if (waits) plotOrWarn(fit);
 }
 
 /// A handle that stays in view is not hidden for a moment: it would lose the mouse that drags it.

@@ -75,6 +75,6 @@ void estru_MouseUp(Session& session, FitPanel& panel, DirectionWindow& window, L
   panel.selectLine(handle);
 }
 
-void estru_Click(Plotter& plotter) { plotter.plotvariogram(); }
+void estru_Click(Fit& fit) { plotOrWarn(fit); }
 
 }  // namespace zevfit

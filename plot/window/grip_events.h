@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/fit_panel.h"
+#include "model/fit.h"
 #include "plot/window/direction_window.h"
 #include "session/session.h"
 
@@ -15,6 +15,6 @@ void estru_MouseDown(Session& session, FitPanel& panel, DirectionWindow& window,
 void estru_MouseUp(Session& session, FitPanel& panel, DirectionWindow& window, Line handle,
                    MouseButton button);
 /// The click that follows a release redraws.
-void estru_Click(Plotter& plotter);
+void estru_Click(Fit& fit);
 
 }  // namespace zevfit

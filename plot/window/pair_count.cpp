@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "plot/drawing/window_key.h"
-#include "plot/window/handles.h"
+#include "session/fault.h"
 #include "session/numbers.h"
 
 namespace zevfit {
@@ -41,13 +41,16 @@ bool isNearBox(const PlotBox& box, double x, double y) {
 }
 
 std::int64_t classAt(const Session& session, const PlotBox& box, double x, Pair pair) {
-  const PlotMap map{box, session.xmax(pair), 0, 0};
-  const double low = rangeAt(map, x - kClickMargin);
-  const double high = rangeAt(map, x + kClickMargin);
+  // Beside the end of the axis a distance may lie beyond all numbers.
+  const auto distanceAt = [&](double at) {
+    return divide(at - PlotBox::xleft, box.xright() - PlotBox::xleft) * session.xmax(pair);
+  };
+  const double low = distanceAt(x - kClickMargin);
+  const double high = distanceAt(x + kClickMargin);
   const std::int64_t last = lastDistinctClass(session, pair);
   for (std::int64_t lag = 1; lag <= last; ++lag) {
-    const double h = session.hlag(pair, lag).number();
-    if (h < high && h > low) return lag;
+    const Cell& h = session.hlag(pair, lag);
+    if (!h.isText() && h.number() < high && h.number() > low) return lag;
   }
   return session.nclass + 1;
 }
@@ -56,12 +59,13 @@ std::string pairCountText(const Session& session, Pair pair, std::int64_t lag) {
   return generalText(session.npairs(pair, lag));
 }
 
-void Picture4_Click(Session& session, Plotter& plotter, DirectionWindow& window) {
+void Picture4_Click(Fit& fit, DirectionWindow& window) {
+  Session& session = fit.session;
   takeKey(session, window);
   window.endDelete();
   if (session.curvar <= 0 || session.curdir <= 0) return;
   if (isOnDataPoint(session, window)) tagDataPoint(session, window);
-  plotter.plotvariogram();
+  plotOrWarn(fit);
 }
 
 }  // namespace zevfit

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "model/fit_panel.h"
+#include "model/fit.h"
 #include "plot/drawing/geometry.h"
 #include "plot/window/direction_window.h"
 #include "session/session.h"
@@ -17,7 +17,7 @@ inline constexpr double kClickMargin = 50;
 bool isNearBox(const PlotBox& box, double x, double y);
 
 /// The first class of the pair whose distance lies less than 50 twips from x; `nclass` + 1 when
-/// there is none. Throws Fault for a box of no width and for a distance that is a text.
+/// there is none. A distance that is a text lies nowhere. Throws Fault for a box of no width.
 std::int64_t classAt(const Session& session, const PlotBox& box, double x, Pair pair);
 
 /// The tag's text for a class: its number of pairs. Throws Fault for a class outside the table.
@@ -25,6 +25,6 @@ std::string pairCountText(const Session& session, Pair pair, std::int64_t lag);
 
 /// Tags a data point under the mouse with its number of pairs; redraws in every case. A fault
 /// passes to the caller.
-void Picture4_Click(Session& session, Plotter& plotter, DirectionWindow& window);
+void Picture4_Click(Fit& fit, DirectionWindow& window);
 
 }  // namespace zevfit

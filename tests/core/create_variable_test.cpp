@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <string>
 
 #include "session/fault.h"
@@ -202,23 +201,31 @@ TEST(CreateVariable, UsesSlot41AndFaultsBeyond) {
                 " Name  (v41)  already exists. Please choose another one.", true);
 }
 
-TEST(CreateVariable, FaultsOnAVarianceThatIsAText) {
+TEST(CreateVariable, RefusesAVarianceThatIsAText) {
   Session session = structureSample();
-  session.variance(3) = Cell::ofText("n.a.");
+  session.variance(2) = Cell::ofText("n.a.");
   tick(session, {2, 3});
-  EXPECT_THROW(createIn(session, "sum"), Fault);
-  session = structureSample();
-  session.variance(3) = Cell::ofText("n.a.");
-  tick(session, {1, 2});
-  EXPECT_FALSE(createIn(session, "sum"));
+  expectRefused(createIn(session, "sum"), "Illegal value for variance of lead: n.a.!", true);
+  EXPECT_EQ(session.nvar, 3);
+  EXPECT_EQ(session.varname(4), "");
+  tick(session, {1, 3});
+  EXPECT_FALSE(createIn(session, "sum")) << "it takes no part";
 }
 
-TEST(CreateVariable, FaultsOnAnOverflow) {
+TEST(CreateVariable, RefusesASumBeyondAllNumbers) {
   Session session = structureSample();
-  session.gam.set({1, 1}, 1, std::numeric_limits<double>::max());
-  session.gam.set({2, 1}, 1, std::numeric_limits<double>::max());
+  session.dirname(2) = " 90;0 ";
+  for (const int v : {1, 2}) session.gam.set({v, 2}, 2, v == 1 ? 1e308 : 1.5e308);
   tick(session, {1, 2});
-  EXPECT_THROW(createIn(session, "sum"), Fault);
+  expectRefused(createIn(session, "sum"),
+                "Illegal value for Gamma(h) of Class 2 in Direction (90;0) of lead: 1.5E+308!",
+                true);
+  EXPECT_EQ(session.nvar, 3);
+  EXPECT_EQ(session.gam({4, 1}, 1), 0);
+  session = structureSample();
+  for (const int v : {1, 3}) session.variance(v) = 1e308;
+  tick(session, {1, 2, 3});
+  expectRefused(createIn(session, "sum"), "Illegal value for variance of copper: 1E+308!", true);
 }
 
 TEST(CreateVariable, FaultsWhereCountsExceedTheTables) {

@@ -88,7 +88,7 @@ TEST(DirectionEvents, TagHidesAtItsClickAndAtANewSizeOfThePicture) {
 
 TEST(DirectionEvents, ClickOnAHandleRedraws) {
   DragBench bench;
-  estru_Click(bench.fit.plotter);
+  estru_Click(bench.fit);
   EXPECT_EQ(bench.window().calls, Calls{"draw"});
 }
 

@@ -292,7 +292,7 @@ TEST(Drag, LeftButtonNeverChangesASillNorTheRightOneARange) {
       bench.moveTo(1000, 700);
       bench.moveTo(5000, 3000);
       bench.release(handle, button);
-      estru_Click(bench.fit.plotter);
+      estru_Click(bench.fit);
       const bool isLeft = button == MouseButton::left;
       EXPECT_EQ(bench.sill(handle) == sill, isLeft) << indexOf(handle);
       EXPECT_EQ(bench.range(handle) == range, !isLeft) << indexOf(handle);

@@ -209,6 +209,31 @@ TEST(QuotedNames, ReadSaveReadGivesTheSameNamesAndTitle) {
   }
 }
 
+/// A file of one pair with this tag and, where that says so, with letters of any kind.
+std::string fileOfOne(Names& names, const std::string& tag) {
+  std::string content = "t\n" + tag + "\n1\nzinc\n1\n1\n0;0\n1\n1 2 3\n1\n0.5\n";
+  for (int structure = 1; structure <= 3; ++structure)
+    content += "1\n" + names.token() + "\n1\n10\n";
+  return content;
+}
+
+TEST(QuotedNames, ReadSaveReadGivesTheSameTagAndLetters) {
+  for (unsigned seed = 1; seed <= 400; ++seed) {
+    Names names(seed);
+    const bool hasModel = seed % 2 == 0;
+    Desk desk;
+    desk.load(fileOfOne(names, hasModel ? "zevRA1" : names.token()));
+    ASSERT_EQ(desk.session.hasmodel, hasModel) << seed;
+    const std::string tag = desk.session.filetag;
+    desk.saver.gravando(desk.session, 1, desk.dialogs);
+    Session again;
+    ASSERT_TRUE(readVariogramFile(desk.file, again)) << seed;
+    EXPECT_EQ(again.filetag, tag) << seed;
+    EXPECT_EQ(again.varname(1), "zinc") << seed;
+    EXPECT_EQ(test::modelText(again, {1, 1}), test::modelText(desk.session, {1, 1})) << seed;
+  }
+}
+
 TEST(QuotedNames, StandInQuotesOnlyWhereTheyNeedThem) {
   Desk desk;
   desk.load(

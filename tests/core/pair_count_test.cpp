@@ -85,14 +85,10 @@ TEST(PairCount, LooksThroughAnyNumberOfClasses) {
   EXPECT_EQ(classAt(classesAt({10, 20}, many), kBox, 3000, kPair), many + 1);
 }
 
-TEST(PairCount, FaultsAtATextAndInABoxOfNoWidth) {
+TEST(PairCount, PassesByATextAndFaultsInABoxOfNoWidth) {
   Session session = classesAt({10, 25}, 2);
   session.hlag.set(kPair, 1, Cell::ofText("n.a."));
-  EXPECT_THROW(classAt(session, kBox, 2017, kPair), Fault);
-  // A class before the text is found all the same.
-  session = classesAt({25, 10}, 2);
-  session.hlag.set(kPair, 2, Cell::ofText("n.a."));
-  EXPECT_EQ(classAt(session, kBox, 2017, kPair), 1);
+  EXPECT_EQ(classAt(session, kBox, 2017, kPair), 2);
   EXPECT_THROW(classAt(session, {1600, 3720}, 800, kPair), Fault);
   EXPECT_THROW(classAt(session, kBox, 2017, {42, 2}), Fault);
 }
@@ -118,7 +114,7 @@ struct ClickBench : DragBench {
   void clickAt(double x, double y) {
     moveTo(x, y);
     forget();
-    Picture4_Click(fit.session, fit.plotter, window());
+    Picture4_Click(fit, window());
   }
 };
 
@@ -179,7 +175,7 @@ TEST(PairCount, ClickMakesThePairOfTheWindowTheCurrentOne) {
   ClickBench bench;
   bench.moveTo(2017, 2112);
   bench.session.setCurrent({2, 1});
-  Picture4_Click(bench.fit.session, bench.fit.plotter, bench.window());
+  Picture4_Click(bench.fit, bench.window());
   EXPECT_EQ(bench.session.current(), kPair);
   EXPECT_EQ(bench.window().tag.caption, "7");
 }
@@ -196,9 +192,24 @@ TEST(PairCount, ClickStopsAtACaptionWithoutAPair) {
 
 TEST(PairCount, FaultPassesToTheCaller) {
   ClickBench bench;
-  bench.session.hlag.set(kPair, 1, Cell::ofText("n.a."));
+  bench.window().title = "42,02";
   bench.moveTo(2017, 2112);
-  EXPECT_THROW(Picture4_Click(bench.fit.session, bench.fit.plotter, bench.window()), Fault);
+  EXPECT_THROW(Picture4_Click(bench.fit, bench.window()), Fault);
+}
+
+TEST(PairCount, ADistanceThatIsATextLiesNowhere) {
+  ClickBench bench;
+  bench.session.hlag.set(kPair, 1, Cell::ofText("n.a."));
+  bench.clickAt(2017, 2112);
+  EXPECT_EQ(bench.window().tag.caption, "7");
+}
+
+// From the right edge at 5668 and a margin of 50 on, 1.01 of the axis and more.
+TEST(PairCount, AClassAtTheEndOfAllNumbersIsFound) {
+  ClickBench bench;
+  bench.session.xmax(kPair) = bench.session.hmax(kPair) = 1.79e308;
+  bench.session.hlag.set(kPair, 4, 1.79e308);
+  EXPECT_EQ(classAt(bench.session, {6468, 3720}, 5668, kPair), 4);
 }
 
 }  // namespace

@@ -166,6 +166,18 @@ TEST_F(Printing, LeavesTheVarianceOfTheLastPlotOnThePanel) {
   EXPECT_EQ(bench_.panel.caption(Caption::Labelvariance), "7.5");
 }
 
+TEST_F(Printing, RefusesAReportWithATextAsAFlagBeforeItAsksForAPrinter) {
+  prepare(1);
+  fill(1, 1, 1, 2);
+  fill(2, 1, 2, 1);
+  session().use2({2, 1}) = Cell::ofText("yes");
+  print();
+  EXPECT_EQ(bench_.dialogs.shown,
+            std::vector<std::string>{"warning: Illegal value for flag of Structure 2 in Direction "
+                                     "(0 0 N) of lead: yes!"});
+  EXPECT_EQ(bench_.printer.calls, std::vector<std::string>{});
+}
+
 // Black strokes of the legend are outlines; the sample of the model tells the width of the pen.
 TEST_F(Printing, DrawsTheLegendOfTheFirstPlotLikeThatOfTheNext) {
   prepare(1);
@@ -239,12 +251,13 @@ TEST_F(Printing, AFaultInAFrameEndsTheSheetWithWhatStands) {
   prepare(1);
   fill(1, 1);
   fill(2, 1);
-  bench_.reports.tables.cellvar(2, 1, 1) = 2;
-  session().use0({2, 2}) = Cell::ofText("n.a.");
+  bench_.printer.onSheet = [&] {
+    if (!grounds().empty()) throw Fault("out of paper");
+  };
   print();
   EXPECT_EQ(bench_.dialogs.shown, Calls{"plain: cannot print!"});
   EXPECT_EQ(bench_.printer.calls, (Calls{"dialog", "start 11907 16839.9", "end"}));
-  EXPECT_EQ(grounds().size(), 2U);
+  EXPECT_EQ(grounds().size(), 1U);
   EXPECT_EQ(window().calls.back(), "ready");
 }
 

@@ -30,7 +30,8 @@ TEST(WriterOldFile, TagBecomesThatOfModelsWhereItIsKnown) {
       {"ZEVRA1 ", "ZEVRA1 ", "ZEVRA1 "},
       {"other tag", "other tag", "other tag"},
       {"zevra2", "zevra2", "zevra2"},
-      {"\"\"", "", ""},
+      {"\"\"", "", "\"\""},
+      {"\"other, tag\"", "other, tag", "\"other, tag\""},
       {"\"quoted\"", "quoted", "quoted"},
   };
   for (const Row& row : rows) {

@@ -36,9 +36,8 @@ Extent extent() {
 }
 
 /// Faults that no handler catches, each as the message names it.
-const std::set<std::string> kFatal{"Type mismatch",           "Overflow",
-                                   "Division by zero",        "Invalid list position",
-                                   "Invalid slider position", "Drawings do not settle"};
+const std::set<std::string> kFatal{"Overflow", "Division by zero", "Invalid slider position",
+                                   "Drawings do not settle"};
 /// The one that names its case behind.
 constexpr const char* kFatalBeginning = "Subscript out of range: ";
 

@@ -54,6 +54,14 @@ class BoxesUnderTheMouse : public testing::Test {
   QPoint placeOf(QWidget& control, QPoint at) { return control.mapTo(&program_.window(), at); }
   QPoint middleOf(QWidget& control) { return placeOf(control, control.rect().center()); }
   Boxes& shown() { return program_.dialogs().shown; }
+  /// As the window system turns the wheel over a control.
+  void turnWheelOver(QWidget& control) {
+    const QPointF over(middleOf(control));
+    QWheelEvent wheel(over, window()->mapToGlobal(over), QPoint(), QPoint(0, 120), Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&wheel);
+    QApplication::instance()->notify(window(), &wheel);
+  }
 
   QTemporaryDir folder_;
   Program program_;
@@ -141,6 +149,39 @@ TEST_F(BoxesUnderTheMouse, APressOnASliderGivesItTheFocus) {
   QTest::mouseRelease(window(), Qt::LeftButton, {}, middleOf(slider));
 }
 
+TEST_F(BoxesUnderTheMouse, TheWheelOverASliderBehindAnotherProgramGivesItTheLead) {
+  const std::pair<const char*, bool& (*)(Session&)> rows[] = {{"HScrollc0",
+                                                               [](Session& s) -> bool& {
+                                                                 return s.c0typed({1, 1});
+                                                               }},
+                                                              {"HScrolla", [](Session& s) -> bool& {
+                                                                 return s.atyped({1, 1});
+                                                               }}};
+  program_.control<QAbstractButton>("est2").click();
+  for (const auto& [name, typed] : rows) {
+    auto& slider = program_.control<QSlider>(name);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    ASSERT_FALSE(program_.window().isActiveWindow());
+    typed(program_.session()) = true;
+    const int before = slider.value();
+    turnWheelOver(slider);
+    const int turned = slider.value();
+    EXPECT_NE(turned, before) << name;
+    EXPECT_FALSE(typed(program_.session())) << name;
+    other.hide();
+    program_.window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&program_.window()));
+    EXPECT_TRUE(slider.hasFocus()) << name;
+    const auto& field = program_.control<QLineEdit>(name == rows[0].first ? "Textc0" : "Texta");
+    const QString text = field.text();
+    QTest::keyClick(&slider, Qt::Key_PageUp);
+    EXPECT_NE(field.text(), text) << name << " works on";
+  }
+}
+
 TEST_F(BoxesUnderTheMouse, TheWheelOverASliderMovesTheSill) {
   auto& slider = program_.control<QSlider>("HScrollc0");
   program_.control<QAbstractButton>("est1").click();
@@ -151,11 +192,7 @@ TEST_F(BoxesUnderTheMouse, TheWheelOverASliderMovesTheSill) {
   session.c0typed({1, 1}) = true;
   QWidget& picture = program_.control("Picture4");
   const QImage before = picture.grab().toImage();
-  const QPointF over(middleOf(slider));
-  QWheelEvent wheel(over, window()->mapToGlobal(over), QPoint(), QPoint(0, 120), Qt::NoButton, {},
-                    Qt::NoScrollPhase, false);
-  QSpontaneKeyEvent::setSpontaneous(&wheel);
-  QApplication::instance()->notify(window(), &wheel);
+  turnWheelOver(slider);
   EXPECT_TRUE(slider.hasFocus());
   EXPECT_FALSE(session.c0typed({1, 1}));
   EXPECT_NE(picture.grab().toImage(), before) << "the curve follows";

@@ -118,10 +118,16 @@ TEST_F(FrmzevfitLeave, AFailureBeforeTheChoiceEndsTheProgram) {
   EXPECT_EQ(shown(), (Boxes{"fatal: The list can't do this"}));
 }
 
-TEST_F(FrmzevfitLeave, MoreVariablesThanTheTablesHaveEndTheProgram) {
-  session.nvar = 42;
-  EXPECT_EQ(runToEnd([&] { press("Command2"); }), kFatalExitCode);
-  EXPECT_EQ(shown().size(), 1U);
+TEST_F(FrmzevfitLeave, MoreThanTheTablesHaveIsABadFileThatStartsNothing) {
+  for (std::int64_t* count : {&session.nvar, &session.ndir}) {
+    const std::int64_t before = std::exchange(*count, 4'000'000'000);
+    press("Command2");
+    EXPECT_EQ(shown(), badFile);
+    EXPECT_EQ(calls(), Texts{});
+    EXPECT_TRUE(window.isVisible());
+    dialogs.shown.clear();
+    *count = before;
+  }
 }
 
 TEST_F(FrmzevfitLeave, ClosingHidesAndEnablesTheMainWindow) {

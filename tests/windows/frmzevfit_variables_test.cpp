@@ -204,11 +204,14 @@ TEST_F(FrmzevfitVariables, TheLastSlotIsUsedAndAFurtherVariableEndsTheProgram) {
   EXPECT_TRUE(dialogs.shown[0].starts_with("fatal: "));
 }
 
-TEST_F(FrmzevfitVariables, ARowBeyondTheTablesEndsTheProgram) {
+TEST_F(FrmzevfitVariables, ARowBeyondTheTablesTakesNoTick) {
   session.nvar = 50;
   load();
   grid("grid1")->setCurrentCell(42, 1);
-  EXPECT_EQ(runToEnd([&] { QTest::keyClick(grid("grid1"), Qt::Key_Space); }), kFatalExitCode);
+  QTest::keyClick(grid("grid1"), Qt::Key_Space);
+  EXPECT_EQ(picture(42), "not ticked");
+  create("sum");
+  EXPECT_EQ(shown(), Boxes{"warning:  Please select variables to add. "});
 }
 
 TEST_F(FrmzevfitVariables, KeepsTheVariablesOfTheFile) {

@@ -250,10 +250,11 @@ TEST_F(MainWindow, SavingAsksAndReports) {
 
 TEST_F(MainWindow, AFaultThatNoHandlerCatchesIsNamedAndEndsTheProgram) {
   program_.open(smallFile());
-  program_.session().use0({1, 1}) = Cell::ofText("yes");
-  QTimer::singleShot(0, [&] { program_.control<QAbstractButton>("Command5").click(); });
+  program_.session().curvar = 42;
+  QTimer::singleShot(0, [&] { program_.control<QAbstractButton>("plot1").click(); });
   EXPECT_EQ(QApplication::exec(), 70);
-  EXPECT_EQ(shown().back(), fatalBox("Type mismatch", folder_.path().toStdString()));
+  EXPECT_EQ(shown().back(),
+            fatalBox("Subscript out of range: use0(42, 1)", folder_.path().toStdString()));
 }
 
 }  // namespace

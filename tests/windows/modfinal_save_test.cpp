@@ -48,6 +48,20 @@ TEST_F(ModfinalSave, SavesOnlyOrthogonalAxes) {
             " 90 \r\n 0 \r\n 90 \r\n 0 \r\n");
 }
 
+// The azimuth of Minor 2 alone is kept in single precision, in which 22.6 is 22.6000004.
+TEST_F(ModfinalSave, MinorsOfTheSameAngleGetTheShorterMessage) {
+  results([&](OpenResults& open) {
+    open.pick("Option3d4", 1);
+    for (const char* minor : {"minor1", "minor2"}) open.type(minor, 0, "22.6");
+    open.click("Command2");
+    EXPECT_EQ(shown(), Texts{"plain: Main / Minor 1 directions are not orthogonals !"});
+    shown().clear();
+    open.type("minor2", 0, "22.60001");
+    open.click("Command2");
+    EXPECT_EQ(shown(), Texts{"plain: Main / Minor 1 / Minor 2 directions are not orthogonals !"});
+  });
+}
+
 // What Main was taken from is the file's, also when another variable or row is shown since; the
 // name is that of the variable on show.
 TEST_F(ModfinalSave, TheModelIsThatOfTheLastPickForMain) {

@@ -43,9 +43,11 @@ TEST_F(Rescue, AFatalFaultKeepsTheModelsAndNamesTheirFile) {
   program.open(file_);
   program.session().c0({2, 2}) = 0.25;
   program.session().use0({1, 1}) = Cell::ofText("yes");
-  QTimer::singleShot(0, [&] { program.control<QAbstractButton>("Command5").click(); });
+  program.session().curvar = 42;
+  QTimer::singleShot(0, [&] { program.control<QAbstractButton>("plot1").click(); });
   EXPECT_EQ(QApplication::exec(), 70);
-  EXPECT_EQ(program.dialogs().shown.back(), fatalBox("Type mismatch", program_));
+  EXPECT_EQ(program.dialogs().shown.back(),
+            fatalBox("Subscript out of range: use0(42, 1)", program_));
   EXPECT_EQ(kept().c0({2, 2}).number(), 0.25);
   EXPECT_EQ(kept().use0({1, 1}).toText(), "yes");
   EXPECT_EQ(contentOf(file_), sampleFile("zevra"));

@@ -168,11 +168,17 @@ TEST_F(TestDialog, TheButtonIsEnabledWithoutAFileWhichEndsTheProgram) {
   EXPECT_TRUE(program_.window().isEnabled());
 }
 
-TEST_F(TestDialog, AFileWithoutDirectionsEndsTheProgramToo) {
+TEST_F(TestDialog, AFileWithNoneOrTooManyOfThemIsWarnedOf) {
   openFile();
-  session().ndir = 0;
-  EXPECT_EQ(runToEnd([&] { openDialog(); }), kFatalExitCode);
-  EXPECT_EQ(program_.dialogs().shown.back(), fatalBox("Invalid list position", folder()));
+  for (std::int64_t* count : {&session().ndir, &session().nvar})
+    for (const std::int64_t claim : {0, -1, 42, 2'000'000'000}) {
+      const std::int64_t before = std::exchange(*count, claim);
+      program_.dialogs().shown.clear();
+      openDialog();
+      EXPECT_EQ(program_.dialogs().shown, Lines{kBadFileBox}) << claim;
+      EXPECT_TRUE(program_.window().isEnabled()) << claim;
+      *count = before;
+    }
 }
 
 TEST_F(TestDialog, ATextInAModelIsWarnedOfAndLeavesTheTree) {
