@@ -37,7 +37,8 @@ namespace zevfit {
 
 namespace {
 
-constexpr QSize kStartSize(1180, 760);
+/// Two plots stand side by side in it.
+constexpr QSize kStartSize(1240, 760);
 constexpr const char* kTwoFilesText =
     "The last file could not be read to its end: the tables hold parts of two files. Open a good "
     "file.";
