@@ -14,6 +14,7 @@
 #include "session/dialogs.h"
 #include "session/session.h"
 #include "windows/boundary.h"
+#include "windows/chosen_wheel.h"
 #include "windows/frmzevfit.h"
 #include "windows/plot_window_table.h"
 
@@ -137,6 +138,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   QMdiArea* area_;
   FitPanelWidgets* panel_;
   QToolBar* Toolbar1;
+  const ChosenWheel wheel_;
   std::unique_ptr<PlotWindowTable> windows_;
   std::unique_ptr<Fit> fit_;
   std::unique_ptr<frmzevfit> structure_;

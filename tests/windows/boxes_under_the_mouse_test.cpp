@@ -12,7 +12,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <QWheelEvent>
 #include <QWindow>
 #include <cmath>
 
@@ -139,32 +138,6 @@ TEST_F(BoxesUnderTheMouse, APressOnASliderGivesItTheFocus) {
   EXPECT_TRUE(slider.hasFocus());
   EXPECT_FALSE(program_.session().c0typed({1, 1})) << "the slider takes the lead";
   QTest::mouseRelease(window(), Qt::LeftButton, {}, middleOf(slider));
-}
-
-TEST_F(BoxesUnderTheMouse, TheWheelOverASliderMovesTheSill) {
-  auto& slider = program_.control<QSlider>("HScrollc0");
-  program_.control<QAbstractButton>("est1").click();
-  Session& session = program_.session();
-  session.use0({1, 1}) = 1;
-  // The field drives; the wheel gives the slider the focus, and with it the lead.
-  program_.control("Textc0").setFocus(Qt::MouseFocusReason);
-  session.c0typed({1, 1}) = true;
-  QWidget& picture = program_.control("Picture4");
-  const QImage before = picture.grab().toImage();
-  const QPointF over(middleOf(slider));
-  QWheelEvent wheel(over, window()->mapToGlobal(over), QPoint(), QPoint(0, 120), Qt::NoButton, {},
-                    Qt::NoScrollPhase, false);
-  QSpontaneKeyEvent::setSpontaneous(&wheel);
-  QApplication::instance()->notify(window(), &wheel);
-  EXPECT_TRUE(slider.hasFocus());
-  EXPECT_FALSE(session.c0typed({1, 1}));
-  EXPECT_NE(picture.grab().toImage(), before) << "the curve follows";
-  const int at = slider.value();
-  ASSERT_GT(at, 0);
-  // The axis goes from 0 to 2.12 in 32000 steps, and the field has three decimals.
-  const double sill = std::round(at * 2.12 / 32000 * 1000) / 1000;
-  EXPECT_NEAR(program_.session().c0({1, 1}).number(), sill, 1e-9);
-  EXPECT_NEAR(program_.control<QLineEdit>("Textc0").text().toDouble(), sill, 1e-9);
 }
 
 }  // namespace
