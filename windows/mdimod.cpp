@@ -166,7 +166,9 @@ void mdimod::endBySignal(int signal) {
 }
 
 void mdimod::openScales() {
-  if (!scales_) scales_ = std::make_unique<cutgraph>(*fit_, faults_, this);
+  if (!scales_)
+    scales_ = std::make_unique<cutgraph>(
+        *fit_, faults_, [this] { activateAgain(); }, this);
   scales_->open();
 }
 
@@ -341,6 +343,11 @@ void mdimod::plotvariogram() {
   } const appearance{*windows_, session_.current()};
   const DrawingDepth::Level level(depth_);
   zevfit::plotvariogram(*fit_, *windows_);
+}
+
+void mdimod::activateAgain() {
+  auto* plot = dynamic_cast<Formod*>(area_->currentSubWindow());
+  if (plot && plot->appeared()) windowActivated(plot);
 }
 
 void mdimod::windowActivated(QMdiSubWindow* window) {

@@ -103,6 +103,8 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   void zoomOut();
   void showReports();
   void windowActivated(QMdiSubWindow* window);
+  /// The same of the plot that is the active one already.
+  void activateAgain();
   /// The data structure window, made at its first use.
   frmzevfit& structure();
   formabout& about();
@@ -133,12 +135,12 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   const Orthogonality& orthogonality_;
   Session session_;
   std::filesystem::path folder_;
+  const ChosenWheel wheel_;
   ModelSaver saver_;
   Unsaved unsaved_;
   QMdiArea* area_;
   FitPanelWidgets* panel_;
   QToolBar* Toolbar1;
-  const ChosenWheel wheel_;
   std::unique_ptr<PlotWindowTable> windows_;
   std::unique_ptr<Fit> fit_;
   std::unique_ptr<frmzevfit> structure_;
