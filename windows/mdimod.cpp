@@ -22,6 +22,7 @@
 #include "windows/arrangement.h"
 #include "windows/controls.h"
 #include "windows/cutgraph.h"
+#include "windows/file_drop.h"
 #include "windows/fit_panel_widgets.h"
 #include "windows/foot.h"
 #include "windows/formabout.h"
@@ -98,6 +99,10 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
   makeToolbar();
   makeButtons();
   makeShortcuts();
+  drop_ = std::make_unique<FileDrop>(*this, faults_, [this](const std::string& path) {
+    dialogs_.holdFile(path);
+    load(path);
+  });
   if (const auto path = loadParameters(folder_, session_.style)) dialogs_.holdFile(*path);
   tellOfRescue();
 }
@@ -237,7 +242,10 @@ bool mdimod::chooseFile(std::string& path) {
 
 void mdimod::mnudatprn() {
   std::string path;
-  if (!chooseFile(path)) return;
+  if (chooseFile(path)) load(path);
+}
+
+void mdimod::load(const std::string& path) {
   Load outcome = Load::refused;
   {
     const WaitCursor wait;

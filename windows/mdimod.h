@@ -24,6 +24,7 @@ class QToolBar;
 
 namespace zevfit {
 
+class FileDrop;
 class FitPanelWidgets;
 class Orthogonality;
 class Printer;
@@ -117,6 +118,8 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   void openTest();
   printcolection& reports();
   bool chooseFile(std::string& path);
+  /// Reads a chosen file, and shows what it holds.
+  void load(const std::string& path);
   /// Writes the models into the program's folder, as a program that must end does; the path.
   std::optional<std::string> keepModels();
   void reportFault(std::string_view fault);
@@ -154,6 +157,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   std::vector<std::pair<QAction*, const char*>> icons_;  ///< the names of those to be loaded
   bool ending_ = false;  ///< the question of the end has been answered
   DrawingDepth depth_;
+  std::unique_ptr<FileDrop> drop_;
 };
 
 }  // namespace zevfit
