@@ -3,6 +3,7 @@
 
 #include "files/orthogonality.h"
 #include "platform/end_signals.h"
+#include "platform/house_style.h"
 #include "platform/program_folder.h"
 #include "platform/qt_dialogs.h"
 #include "platform/qt_printer.h"
@@ -12,6 +13,7 @@ int main(int argc, char** argv) {
   const zevfit::EndSignals signals;
   QApplication application(argc, argv);
   QApplication::setApplicationName("zevFIT");
+  QApplication::setStyle(new zevfit::HouseStyle);
   QLocale::setDefault(QLocale::c());
 
   zevfit::QtDialogs dialogs;

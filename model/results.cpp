@@ -162,6 +162,16 @@ bool hasOtherTotal(const Session& session, Pair pair, const ResultRow& row) {
   return !std::isfinite(total) || row[kTotalColumn] != generalText(total);
 }
 
+bool isInPlane(const Session& session) {
+  bool any = false;
+  for (std::int64_t direction = 1; direction <= session.ndir; ++direction) {
+    if (rowRefusal(session, direction)) continue;
+    if (fieldNumber(directionAngles(session.dirname(direction)).dip) != 0) return false;
+    any = true;
+  }
+  return any;
+}
+
 std::optional<std::string> rowRefusal(const Session& session, std::int64_t direction) {
   const std::string_view name = trimmed(session.dirname(direction));
   return attempt(

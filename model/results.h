@@ -35,6 +35,10 @@ std::vector<ResultRow> emptyResults(const Session& session);
 /// its ticked lines; false for a row without a model.
 bool hasOtherTotal(const Session& session, Pair pair, const ResultRow& row);
 
+/// The directions of the file lie in the horizontal plane, so that none is at right angles to two
+/// others. Those without azimuth and dip do not count, and one at least must.
+bool isInPlane(const Session& session);
+
 /// Why the row of a direction can't be taken for an axis, as a warning tells it: a name without
 /// azimuth and dip.
 std::optional<std::string> rowRefusal(const Session& session, std::int64_t direction);

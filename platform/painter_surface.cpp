@@ -6,6 +6,8 @@
 #include <array>
 #include <cmath>
 
+#include "platform/curve_outline.h"
+
 namespace zevfit {
 
 namespace {
@@ -144,37 +146,47 @@ void PainterSurface::text(double x, double y, std::string_view text, const Font&
 
 void PainterSurface::line(double x1, double y1, double x2, double y2, const Stroke& stroke) {
   const auto drawn = clipped({inPixels(x1), inPixels(y1), inPixels(x2), inPixels(y2)});
-  if (!drawn) return;
-  const QLineF& line = *drawn;
-  if (x1 != x2 && y1 != y2) return slanted(line, stroke);
+  if (!drawn || goesOn(*drawn, stroke)) return;
   finish();
-  if (stroke.style == LineStyle::dotted) return dotted(line, stroke);
-  painter().fillRect(alongAxis(line, stroke.width, painter().device()->devicePixelRatioF()),
-                     toQColor(stroke.colour));
+  const bool isPoint = x1 == x2 && y1 == y2;
+  const bool isStraight = !isPoint && (x1 == x2 || y1 == y2);
+  if (isStraight || stroke.style == LineStyle::dotted) return straight(*drawn, stroke);
+  curveStroke_ = stroke;
+  curve_ << drawn->p1();
+  goesOn(*drawn, stroke);
 }
 
-void PainterSurface::slanted(const QLineF& line, const Stroke& stroke) {
-  if (stroke != lineStroke_) finish();
-  lineStroke_ = stroke;
-  lines_.push_back(line);
+bool PainterSurface::goesOn(const QLineF& line, const Stroke& stroke) {
+  if (curve_.isEmpty() || curve_.constLast() != line.p1() || curveStroke_ != stroke) return false;
+  if (line.p2() != line.p1()) curve_ << line.p2();
+  return true;
 }
 
-void PainterSurface::dotted(const QLineF& line, const Stroke& stroke) {
+void PainterSurface::straight(const QLineF& line, const Stroke& stroke) {
   QPainter& to = painter();
+  if (stroke.style == LineStyle::solid)
+    return to.fillRect(alongAxis(line, stroke.width, to.device()->devicePixelRatioF()),
+                       toQColor(stroke.colour));
   to.setRenderHint(QPainter::Antialiasing, false);
   to.setPen(toPen(stroke));
   to.drawLine(line);
 }
 
+// A curve that is level all the way, or a point, is as crisp as any line along an axis.
 void PainterSurface::finish() {
-  if (lines_.empty()) return;
-  QPainter& to = painter();
-  to.setRenderHint(QPainter::Antialiasing, true);
-  QPen pen = toPen(lineStroke_);
-  pen.setCapStyle(Qt::SquareCap);
-  to.setPen(pen);
-  to.drawLines(lines_.data(), static_cast<int>(lines_.size()));
-  lines_.clear();
+  if (curve_.isEmpty()) return;
+  const QRectF reach = curve_.boundingRect();
+  if (reach.width() == 0 || reach.height() == 0) {
+    straight({reach.topLeft(), reach.bottomRight()}, curveStroke_);
+  } else {
+    QPainter& to = painter();
+    to.setRenderHint(QPainter::Antialiasing, true);
+    to.setPen(Qt::NoPen);
+    to.setBrush(toQColor(curveStroke_.colour));
+    to.drawPolygon(outlineOf(curve_, curveStroke_.width), Qt::WindingFill);
+    to.setBrush(Qt::NoBrush);
+  }
+  curve_.clear();
 }
 
 const QImage& PainterSurface::stamp(double radius, const Stroke& outline, Colour fill, int phaseX,

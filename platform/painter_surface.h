@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QImage>
 #include <QPainter>
+#include <QPolygonF>
 #include <QStaticText>
 #include <optional>
 #include <string>
@@ -26,8 +27,9 @@ QFont toQFont(const Font& font);
 QString toDrawnText(std::string_view text, const std::string& fontName);
 
 /// Draws on a bitmap with a painter that stands open, whose units are logical pixels. Lines along
-/// an axis are crisp, curves and discs smooth. What a redraw needs again (laid out texts, discs) is
-/// kept, since each step of a slider redraws all.
+/// an axis are crisp, curves and discs smooth. Slanted lines that follow each other from end to end
+/// are one curve, and so are the level ones among them. What a redraw needs again (laid out texts,
+/// discs) is kept, since each step of a slider redraws all.
 class PainterSurface : public Surface {
  public:
   void text(double x, double y, std::string_view text, const Font& font, Colour colour) override;
@@ -59,13 +61,14 @@ class PainterSurface : public Surface {
   };
   Face& face(const Font& font);
   const QImage& stamp(double radius, const Stroke& outline, Colour fill, int phaseX, int phaseY);
-  void slanted(const QLineF& line, const Stroke& stroke);
-  void dotted(const QLineF& line, const Stroke& stroke);
+  /// Takes a line into the curve that stands open; false for one that does not go on from its end.
+  bool goesOn(const QLineF& line, const Stroke& stroke);
+  void straight(const QLineF& line, const Stroke& stroke);
 
   std::vector<Face> faces_;
   std::vector<Stamp> stamps_;
-  std::vector<QLineF> lines_;  ///< slanted lines of one stroke, not drawn yet
-  Stroke lineStroke_;
+  QPolygonF curve_;  ///< lines of one stroke, each from the end of the one before, not drawn yet
+  Stroke curveStroke_;
 };
 
 }  // namespace zevfit

@@ -5,7 +5,10 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QMessageBox>
+#include <QSpacerItem>
 #include <QStringDecoder>
 
 #include "platform/font_dialog.h"
@@ -40,11 +43,26 @@ class OpenDialog : public QFileDialog {
   }
 };
 
+/// What a title bar has beside its text on any desktop, pixels: an icon and buttons at both ends,
+/// since many centre the text.
+constexpr int kBesideTitle = 160;
+
+/// Keeps a box as wide as its title bar needs, whose type desktops make bold.
+void fitTitle(QMessageBox& box) {
+  QFont type = QApplication::font("QMdiSubWindowTitleBar");
+  type.setBold(true);
+  const int width = QFontMetrics(type).horizontalAdvance(box.windowTitle()) + kBesideTitle;
+  // The box sets its own size by its rows, whenever it is laid out.
+  auto* rows = qobject_cast<QGridLayout*>(box.layout());
+  if (rows) rows->addItem(new QSpacerItem(width, 0), rows->rowCount(), 0, 1, rows->columnCount());
+}
+
 /// Shows a box and returns the button that was pressed.
 int ask(QMessageBox::Icon icon, const QString& title, std::string_view text,
         QMessageBox::StandardButtons buttons) {
   QMessageBox box(icon, title, toShown(text), buttons, QApplication::activeWindow());
   box.setTextFormat(Qt::PlainText);
+  fitTitle(box);
   return box.exec();
 }
 

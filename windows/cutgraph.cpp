@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <utility>
 
 #include "windows/click_label.h"
 #include "windows/controls.h"
@@ -32,11 +33,17 @@ ClickLabel* makeReal(const char* name, const char* hint) {
 
 }  // namespace
 
-cutgraph::cutgraph(Fit& fit, const FaultReport& faults, QWidget* parent)
-    : QDialog(parent), fit_(fit), faults_(faults) {
+cutgraph::cutgraph(Fit& fit, const FaultReport& faults, std::function<void()> activatePlot,
+                   QWidget* parent)
+    : QDialog(parent),
+      fit_(fit),
+      faults_(faults),
+      activatePlot_(std::move(activatePlot)),
+      outside_(*this, [this] { hide(); }) {
   setObjectName("cutgraph");
   makeControls();
   layOut();
+  orderTabs();
   Labelxm->clicked = [this] { novoxmax->setText(Labelxm->text()); };
   Labelym->clicked = [this] { novoymax->setText(Labelym->text()); };
   connect(Command2, &QPushButton::clicked, this, [this] { guarded(faults_, [this] { save(); }); });
@@ -76,6 +83,17 @@ void cutgraph::layOut() {
   rows->setSizeConstraint(QLayout::SetMinAndMaxSize);
 }
 
+// From field to field, and to what is clicked behind them.
+void cutgraph::orderTabs() {
+  const std::initializer_list<QWidget*> order{novoxmax, novoymax, Labelxm,
+                                              Labelym,  Command2, Command1};
+  QWidget* before = nullptr;
+  for (QWidget* next : order) {
+    if (before) setTabOrder(before, next);
+    before = next;
+  }
+}
+
 // Not modal to the window system, which would keep the clicks elsewhere that are to close it; the
 // main window is disabled instead.
 void cutgraph::open() {
@@ -86,6 +104,7 @@ void cutgraph::open() {
   parentWidget()->setEnabled(false);
   setEnabled(true);
   novoxmax->setFocus();
+  outside_.watch();
   show();
   raise();
   activateWindow();
@@ -93,7 +112,7 @@ void cutgraph::open() {
 
 bool cutgraph::event(QEvent* event) {
   if (event->type() == QEvent::WindowActivate && !telling_) activated();
-  if (event->type() == QEvent::WindowDeactivate && !telling_) hide();
+  if (event->type() == QEvent::WindowDeactivate && !telling_) deactivated();
   return QDialog::event(event);
 }
 
@@ -105,8 +124,16 @@ void cutgraph::activated() {
   });
 }
 
+// The click that took the focus may be still to come.
+void cutgraph::deactivated() {
+  if (!isVisible()) return;
+  hide();
+  outside_.awaitClick();
+}
+
 void cutgraph::hideEvent(QHideEvent* event) {
   QDialog::hideEvent(event);
+  outside_.unwatch();
   parentWidget()->setEnabled(true);
   if (before_) before_->setFocus(kQuietFocus);
 }
@@ -116,8 +143,9 @@ void cutgraph::save() {
   telling_ = true;
   const bool stored = cutgraph_Command2_Click(fit_.session, fit_.messages, texts_);
   telling_ = false;
-  if (stored) return hide();
-  activateWindow();
+  if (!stored) return activateWindow();
+  hide();
+  activatePlot_();
 }
 
 void cutgraph::showTexts() {

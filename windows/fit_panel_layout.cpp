@@ -40,7 +40,7 @@ QLabel* makeNamedLabel(const char* name, const char* caption = "") {
 QSlider* makeSlider(const char* name, const char* accessibleName) {
   auto* slider = named(new PanelSlider, name);
   slider->setRange(0, kStartMaximum);
-  slider->setFocusPolicy(Qt::WheelFocus);
+  slider->setFocusPolicy(Qt::StrongFocus);
   slider->setAccessibleName(accessibleName);
   return slider;
 }

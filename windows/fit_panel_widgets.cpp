@@ -47,8 +47,6 @@ bool counts(const QEvent& event, const QObject& on) {
   if (event.type() == QEvent::MouseButtonRelease)
     return isClick(event, static_cast<const QWidget&>(on));
   if (event.type() == QEvent::MouseButtonDblClick) return isOptionDoubleClick(event, on);
-  // In a window that is not the active one the wheel gives the focus without an event.
-  if (event.type() == QEvent::Wheel) return !static_cast<const QWidget&>(on).isActiveWindow();
   if (event.type() == QEvent::FocusIn)
     return isRealFocus(static_cast<const QFocusEvent&>(event).reason());
   return true;
@@ -115,8 +113,6 @@ void FitPanelWidgets::connectReactions() {
       {Labelvariance, QEvent::MouseButtonRelease, Labelvariance_Click},
       {HScrollc0, QEvent::FocusIn, HScrollc0_GotFocus},
       {HScrolla, QEvent::FocusIn, HScrolla_GotFocus},
-      {HScrollc0, QEvent::Wheel, HScrollc0_GotFocus},
-      {HScrolla, QEvent::Wheel, HScrolla_GotFocus},
       {Command5, QEvent::FocusIn, focusPlot},
       {est[0], QEvent::MouseMove, est1_MouseMove},
       {tipo[0], QEvent::MouseMove, tipo1_MouseMove},

@@ -23,6 +23,7 @@
 #include "windows/arrangement.h"
 #include "windows/controls.h"
 #include "windows/cutgraph.h"
+#include "windows/file_drop.h"
 #include "windows/fit_panel_widgets.h"
 #include "windows/foot.h"
 #include "windows/formabout.h"
@@ -38,7 +39,8 @@ namespace zevfit {
 
 namespace {
 
-constexpr QSize kStartSize(1180, 760);
+/// Two plots stand side by side in it.
+constexpr QSize kStartSize(1240, 760);
 constexpr const char* kTwoFilesText =
     "The last file could not be read to its end: the tables hold parts of two files. Open a good "
     "file.";
@@ -98,6 +100,10 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
   makeToolbar();
   makeButtons();
   makeShortcuts();
+  drop_ = std::make_unique<FileDrop>(*this, faults_, [this](const std::string& path) {
+    dialogs_.holdFile(path);
+    load(path);
+  });
   if (const auto path = loadParameters(folder_, session_.style)) dialogs_.holdFile(*path);
   tellOfRescue();
 }
@@ -168,7 +174,9 @@ void mdimod::endBySignal(int signal) {
 }
 
 void mdimod::openScales() {
-  if (!scales_) scales_ = std::make_unique<cutgraph>(*fit_, faults_, this);
+  if (!scales_)
+    scales_ = std::make_unique<cutgraph>(
+        *fit_, faults_, [this] { activateAgain(); }, this);
   scales_->open();
 }
 
@@ -238,7 +246,10 @@ bool mdimod::chooseFile(std::string& path) {
 
 void mdimod::mnudatprn() {
   std::string path;
-  if (!chooseFile(path)) return;
+  if (chooseFile(path)) load(path);
+}
+
+void mdimod::load(const std::string& path) {
   Load outcome = Load::refused;
   std::optional<std::string> lost;
   {
@@ -351,6 +362,11 @@ void mdimod::plotvariogram() {
   } const appearance{*windows_, session_.current()};
   const DrawingDepth::Level level(depth_);
   zevfit::plotvariogram(*fit_, *windows_);
+}
+
+void mdimod::activateAgain() {
+  auto* plot = dynamic_cast<Formod*>(area_->currentSubWindow());
+  if (plot && plot->appeared()) windowActivated(plot);
 }
 
 void mdimod::windowActivated(QMdiSubWindow* window) {

@@ -16,6 +16,7 @@
 #include "session/dialogs.h"
 #include "session/session.h"
 #include "windows/boundary.h"
+#include "windows/chosen_wheel.h"
 #include "windows/frmzevfit.h"
 #include "windows/plot_window_table.h"
 
@@ -25,6 +26,7 @@ class QToolBar;
 
 namespace zevfit {
 
+class FileDrop;
 class FitPanelWidgets;
 class Orthogonality;
 class Printer;
@@ -104,6 +106,8 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   void zoomOut();
   void showReports();
   void windowActivated(QMdiSubWindow* window);
+  /// The same of the plot that is the active one already.
+  void activateAgain();
   /// The data structure window, made at its first use.
   frmzevfit& structure();
   formabout& about();
@@ -116,6 +120,8 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   void openTest();
   printcolection& reports();
   bool chooseFile(std::string& path);
+  /// Reads a chosen file, and shows what it holds.
+  void load(const std::string& path);
   /// Writes the models into the program's folder, as a program that must end does; the path.
   std::optional<std::string> keepModels();
   void reportFault(std::string_view fault);
@@ -137,6 +143,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   const Orthogonality& orthogonality_;
   Session session_;
   std::filesystem::path folder_;
+  const ChosenWheel wheel_;
   ModelSaver saver_;
   Unsaved unsaved_;
   QMdiArea* area_;
@@ -155,6 +162,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   std::vector<std::pair<QAction*, const char*>> icons_;  ///< the names of those to be loaded
   bool ending_ = false;  ///< the question of the end has been answered
   DrawingDepth depth_;
+  std::unique_ptr<FileDrop> drop_;
 };
 
 }  // namespace zevfit

@@ -18,6 +18,12 @@
 
 namespace zevfit {
 
+namespace {
+
+constexpr const char* kPlaneText = "In two dimensions Minor 1 and Minor 2 take the same row.";
+
+}  // namespace
+
 modfinal::modfinal(Session& session, Messages& messages, FileChooser& chooser,
                    const Orthogonality& orthogonality, const FaultReport& faults, QWidget* parent)
     : QDialog(parent),
@@ -192,6 +198,7 @@ void modfinal::showNote(bool otherTotals) {
     sentences << QString("From %1, not from the variable on show: %2.")
                      .arg(sourceText(other.source), parts.join(", "));
   }
+  if (isInPlane(session_)) sentences << kPlaneText;
   Labelnote->setText(sentences.join("  "));
   Labelnote->setToolTip(Labelnote->text().toHtmlEscaped());
 }

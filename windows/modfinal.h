@@ -89,7 +89,7 @@ class modfinal : public QDialog, private AxisFields {
   QComboBox* Combovarver;
   QLabel* Label29;
   ResultsGrid* gridsairmod;
-  QLabel* Labelnote;  ///< what the marks of table and fields mean
+  QLabel* Labelnote;  ///< what the marks of table and fields mean, and a hint
   /// `main`, `minor1` and `minor2`.
   std::array<std::array<QLineEdit*, kAxisEntries>, kAxes.size()> fields_;
   /// `Option3d4`, `Option3d5` and `Option3d6`.

@@ -7,7 +7,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QMainWindow window;
   const FirstPaint end(window);
-  window.resize(1180, 760);
+  window.resize(1240, 760);
   window.show();
   return QApplication::exec();
 }

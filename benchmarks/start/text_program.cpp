@@ -11,7 +11,7 @@ int main(int argc, char** argv) {
   window.menuBar()->addMenu("File");
   window.setCentralWidget(new QLabel("Ready"));
   const FirstPaint end(window);
-  window.resize(1180, 760);
+  window.resize(1240, 760);
   window.show();
   return QApplication::exec();
 }

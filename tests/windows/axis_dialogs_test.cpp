@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QWindow>
 
 #include "tests/support/program.h"
 #include "windows/formod.h"
@@ -38,6 +39,7 @@ class AxisWindows : public testing::Test {
     field.selectAll();
     QTest::keyClicks(&field, text);
   }
+  QImage picture() { return program_.control("Picture4").grab().toImage(); }
   Boxes& shown() { return program_.dialogs().shown; }
   Session& session() { return program_.session(); }
 
@@ -92,6 +94,55 @@ TEST_F(AxisWindows, SavingStoresAndCloses) {
   EXPECT_EQ(shown(), Boxes{});
 }
 
+TEST_F(AxisWindows, TabGoesFromFieldToFieldAndEnterSaves) {
+  openScales();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&scales()));
+  const QImage before = picture();
+  EXPECT_EQ(scales().focusWidget()->objectName(), "novoxmax");
+  QTest::keyClicks(scales().focusWidget(), "60");
+  const std::pair<Qt::Key, const char*> ways[] = {
+      {Qt::Key_Tab, "novoymax"}, {Qt::Key_Tab, "Labelxm"},  {Qt::Key_Tab, "Labelym"},
+      {Qt::Key_Tab, "Command2"}, {Qt::Key_Tab, "Command1"}, {Qt::Key_Tab, "novoxmax"},
+      {Qt::Key_Tab, "novoymax"}};
+  for (const auto& [key, name] : ways) {
+    QTest::keyClick(scales().windowHandle(), key);
+    EXPECT_EQ(scales().focusWidget()->objectName(), name);
+  }
+  QTest::keyClick(scales().windowHandle(), Qt::Key_Return);
+  EXPECT_FALSE(scales().isVisible());
+  // The field held 30 before the keys.
+  EXPECT_EQ(session().xmax({1, 1}), 60);
+  EXPECT_EQ(session().ymax({1, 1}), 2.12);
+  EXPECT_NE(picture(), before) << "the plot has its new axis";
+}
+
+// The window has the second direction's scales when the lists say so, but what is saved belongs to
+// the plot that is the current one; it is drawn, and the lists show it again.
+TEST_F(AxisWindows, SavingDrawsTheActivePlotAtOnce) {
+  program_.control<QAbstractButton>("Command5").click();
+  program_.control<QComboBox>("Combodirvar").setCurrentIndex(1);
+  session().setCurrent({1, 1});
+  openScales();
+  const QImage before = picture();
+  type(in<QLineEdit>(scales(), "novoxmax"), "60");
+  type(in<QLineEdit>(scales(), "novoymax"), "4");
+  QTest::mouseClick(&in<QWidget>(scales(), "Command2"), Qt::LeftButton);
+  EXPECT_EQ(session().xmax({1, 1}), 60);
+  EXPECT_NE(picture(), before);
+  EXPECT_EQ(session().plotted(), (Pair{1, 1}));
+  EXPECT_EQ(program_.control<QComboBox>("Combodirvar").currentIndex(), 0);
+}
+
+TEST_F(AxisWindows, SavingBringsNoClosedPlotBack) {
+  auto& plot = program_.control<Formod>("Formod");
+  plot.close();
+  openScales();
+  type(in<QLineEdit>(scales(), "novoymax"), "4");
+  QTest::mouseClick(&in<QWidget>(scales(), "Command2"), Qt::LeftButton);
+  EXPECT_EQ(session().ymax({1, 1}), 4);
+  EXPECT_FALSE(plot.isVisible());
+}
+
 TEST_F(AxisWindows, AScaleBeyondAllNumbersKeepsTheWindowUp) {
   openScales();
   const double before = session().ymax({1, 1});
@@ -128,6 +179,85 @@ TEST_F(AxisWindows, AClickElsewhereClosesTheScalesAndLosesTheTyping) {
   EXPECT_FALSE(scales().isVisible());
   EXPECT_TRUE(program_.window().isEnabled());
   EXPECT_EQ(session().xmax({1, 1}), 30);
+}
+
+/// Where a click beside the window goes, and what it would do there.
+struct Beside {
+  const char* control;
+  const char* what;
+};
+const Beside kBeside[] = {{"Command5", "draws"},
+                          {"Textc0", "takes the focus"},
+                          {"Picture4", "brings out the handles"},
+                          {"plot1", "ticks"}};
+
+class ClickBesideScales : public AxisWindows {
+ protected:
+  QWindow* main() { return program_.window().windowHandle(); }
+  QPoint middleOf(QWidget& control) {
+    return control.mapTo(&program_.window(), control.rect().center());
+  }
+  void prepare() {
+    program_.control<QAbstractButton>("Command5").click();
+    openScales();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&scales()));
+    type(in<QLineEdit>(scales(), "novoxmax"), "60");
+    before_ = picture();
+  }
+  void expectNothingDone(const Beside& beside) {
+    EXPECT_FALSE(scales().isVisible()) << beside.what;
+    EXPECT_TRUE(program_.window().isEnabled()) << beside.what;
+    EXPECT_EQ(session().xmax({1, 1}), 30) << beside.what;
+    EXPECT_EQ(session().use0({1, 1}).number(), 0) << beside.what;
+    EXPECT_EQ(program_.window().focusWidget(), &program_.control("Command1")) << beside.what;
+    EXPECT_EQ(picture(), before_) << beside.what;
+  }
+  /// A click does something again.
+  void expectFreeAgain() {
+    QWidget& option = program_.control("psill");
+    const bool ticked = dynamic_cast<QAbstractButton&>(option).isChecked();
+    const QPoint at = option.mapTo(&program_.window(), QPoint(8, option.height() / 2));
+    QTest::mouseClick(main(), Qt::LeftButton, {}, at);
+    EXPECT_NE(dynamic_cast<QAbstractButton&>(option).isChecked(), ticked);
+  }
+
+  QImage before_;
+};
+
+// As on a desktop that hands over the press first.
+TEST_F(ClickBesideScales, ClosesThemAndDoesNothingElse) {
+  for (const Beside& beside : kBeside) {
+    prepare();
+    const QPoint at = middleOf(program_.control(beside.control));
+    QTest::mousePress(main(), Qt::LeftButton, {}, at);
+    program_.window().activateWindow();
+    QApplication::processEvents();
+    QTest::mouseMove(main(), at + QPoint(3, 3));
+    QTest::mouseRelease(main(), Qt::LeftButton, {}, at);
+    expectNothingDone(beside);
+    expectFreeAgain();
+  }
+}
+
+// As on one that makes the other window the active one first.
+TEST_F(ClickBesideScales, DoesNothingElseWhereTheFocusGoesFirst) {
+  for (const Beside& beside : kBeside) {
+    prepare();
+    program_.window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !scales().isVisible(); }));
+    QTest::mouseClick(main(), Qt::LeftButton, {}, middleOf(program_.control(beside.control)));
+    expectNothingDone(beside);
+    expectFreeAgain();
+  }
+}
+
+// Where keys have changed the windows, the release of one comes next.
+TEST_F(ClickBesideScales, ThatComesBehindAKeyCounts) {
+  prepare();
+  program_.window().activateWindow();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !scales().isVisible(); }));
+  QTest::keyRelease(main(), Qt::Key_Alt);
+  expectFreeAgain();
 }
 
 TEST_F(AxisWindows, CancelAndEscapeClose) {

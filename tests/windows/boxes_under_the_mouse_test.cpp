@@ -12,7 +12,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <QWheelEvent>
 #include <QWindow>
 #include <cmath>
 
@@ -54,14 +53,6 @@ class BoxesUnderTheMouse : public testing::Test {
   QPoint placeOf(QWidget& control, QPoint at) { return control.mapTo(&program_.window(), at); }
   QPoint middleOf(QWidget& control) { return placeOf(control, control.rect().center()); }
   Boxes& shown() { return program_.dialogs().shown; }
-  /// As the window system turns the wheel over a control.
-  void turnWheelOver(QWidget& control) {
-    const QPointF over(middleOf(control));
-    QWheelEvent wheel(over, window()->mapToGlobal(over), QPoint(), QPoint(0, 120), Qt::NoButton, {},
-                      Qt::NoScrollPhase, false);
-    QSpontaneKeyEvent::setSpontaneous(&wheel);
-    QApplication::instance()->notify(window(), &wheel);
-  }
 
   QTemporaryDir folder_;
   Program program_;
@@ -147,61 +138,6 @@ TEST_F(BoxesUnderTheMouse, APressOnASliderGivesItTheFocus) {
   EXPECT_TRUE(slider.hasFocus());
   EXPECT_FALSE(program_.session().c0typed({1, 1})) << "the slider takes the lead";
   QTest::mouseRelease(window(), Qt::LeftButton, {}, middleOf(slider));
-}
-
-TEST_F(BoxesUnderTheMouse, TheWheelOverASliderBehindAnotherProgramGivesItTheLead) {
-  const std::pair<const char*, bool& (*)(Session&)> rows[] = {{"HScrollc0",
-                                                               [](Session& s) -> bool& {
-                                                                 return s.c0typed({1, 1});
-                                                               }},
-                                                              {"HScrolla", [](Session& s) -> bool& {
-                                                                 return s.atyped({1, 1});
-                                                               }}};
-  program_.control<QAbstractButton>("est2").click();
-  for (const auto& [name, typed] : rows) {
-    auto& slider = program_.control<QSlider>(name);
-    QWidget other;
-    other.show();
-    other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    ASSERT_FALSE(program_.window().isActiveWindow());
-    typed(program_.session()) = true;
-    const int before = slider.value();
-    turnWheelOver(slider);
-    const int turned = slider.value();
-    EXPECT_NE(turned, before) << name;
-    EXPECT_FALSE(typed(program_.session())) << name;
-    other.hide();
-    program_.window().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&program_.window()));
-    EXPECT_TRUE(slider.hasFocus()) << name;
-    const auto& field = program_.control<QLineEdit>(name == rows[0].first ? "Textc0" : "Texta");
-    const QString text = field.text();
-    QTest::keyClick(&slider, Qt::Key_PageUp);
-    EXPECT_NE(field.text(), text) << name << " works on";
-  }
-}
-
-TEST_F(BoxesUnderTheMouse, TheWheelOverASliderMovesTheSill) {
-  auto& slider = program_.control<QSlider>("HScrollc0");
-  program_.control<QAbstractButton>("est1").click();
-  Session& session = program_.session();
-  session.use0({1, 1}) = 1;
-  // The field drives; the wheel gives the slider the focus, and with it the lead.
-  program_.control("Textc0").setFocus(Qt::MouseFocusReason);
-  session.c0typed({1, 1}) = true;
-  QWidget& picture = program_.control("Picture4");
-  const QImage before = picture.grab().toImage();
-  turnWheelOver(slider);
-  EXPECT_TRUE(slider.hasFocus());
-  EXPECT_FALSE(session.c0typed({1, 1}));
-  EXPECT_NE(picture.grab().toImage(), before) << "the curve follows";
-  const int at = slider.value();
-  ASSERT_GT(at, 0);
-  // The axis goes from 0 to 2.12 in 32000 steps, and the field has three decimals.
-  const double sill = std::round(at * 2.12 / 32000 * 1000) / 1000;
-  EXPECT_NEAR(program_.session().c0({1, 1}).number(), sill, 1e-9);
-  EXPECT_NEAR(program_.control<QLineEdit>("Textc0").text().toDouble(), sill, 1e-9);
 }
 
 }  // namespace

@@ -11,7 +11,6 @@
 #include <QRadioButton>
 #include <QSlider>
 #include <QTest>
-#include <QWheelEvent>
 #include <stdexcept>
 
 #include "model/sliders.h"
@@ -193,47 +192,6 @@ TEST_F(PanelOnScreen, EveryKeyThatChangesAFieldCounts) {
   typedSill() = false;
   panel.setText(Field::c0, "3");
   EXPECT_FALSE(typedSill()) << "a handler's text is none of the user's";
-}
-
-/// The window system turns the wheel over a control, which gives it the focus.
-void turnWheel(QWidget& control, int by) {
-  const QPointF at = control.rect().center();
-  QWheelEvent event(at, control.mapToGlobal(at), {}, QPoint(0, by), {}, {}, Qt::NoScrollPhase,
-                    false);
-  QSpontaneKeyEvent::setSpontaneous(&event);
-  qApp->notify(&control, &event);
-}
-
-TEST_F(PanelOnScreen, TheWheelTurnsASliderBehindAnotherProgramToo) {
-  clickOption("est2");
-  const std::pair<const char*, const char*> rows[] = {{"HScrollc0", "Textc0"},
-                                                      {"HScrolla", "Texta"}};
-  for (const auto& [name, text] : rows) {
-    auto* slider = find<QSlider>(name);
-    const auto* field = find<QLineEdit>(text);
-    panel.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
-    click(text);
-    EXPECT_TRUE(typedSill() || typedRange());
-    QWidget other;
-    other.show();
-    other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    ASSERT_FALSE(panel.isActiveWindow());
-    const QString before = field->text();
-    turnWheel(*slider, 120);
-    const QString turned = field->text();
-    EXPECT_NE(turned, before) << name;
-    EXPECT_EQ(panel.focusWidget(), slider);
-    other.hide();
-    panel.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
-    ASSERT_TRUE(slider->hasFocus());
-    QTest::keyClick(slider, Qt::Key_PageUp);
-    EXPECT_NE(field->text(), turned) << name;
-  }
-  EXPECT_FALSE(typedSill());
-  EXPECT_FALSE(typedRange());
 }
 
 TEST_F(PanelOnScreen, AKeyOnTheSliderMovesTheSillByTheSmallStep) {

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+
+#include "platform/curve_outline.h"
 #include "platform/picture_box.h"
 
 namespace zevfit {
@@ -88,6 +92,76 @@ TEST_F(PainterSurfaceTest, SlantedLinesAreDrawnBeforeWhatFollows) {
   surface().line(0, 0, 6000, 3000, {kBlue, 2, LineStyle::solid});
   surface().disc(3000, 1500, 100, {kGreen, 2, LineStyle::solid}, kGreen);
   EXPECT_EQ(at(200, 100), kGreen);
+}
+
+// What is cut up into short pieces looks like what is not: no piece shows its ends.
+TEST_F(PainterSurfaceTest, PiecesFromEndToEndAreOneLine) {
+  const Stroke stroke{kBlue, 2, LineStyle::solid};
+  surface().line(300, 300, 5700, 1200, stroke);
+  const QImage whole = box_.image().copy();
+  surface().clear(kWhite);
+  // The first piece of a curve has no length.
+  double x = 300, y = 300;
+  for (int i = 0; i <= 100; ++i) {
+    surface().line(x, y, 300 + i * 54, 300 + i * 9, stroke);
+    x = 300 + i * 54;
+    y = 300 + i * 9;
+  }
+  const QImage pieces = box_.image();
+  int largest = 0;
+  for (int row = 0; row < whole.height(); ++row)
+    for (int column = 0; column < whole.width(); ++column)
+      largest = std::max(
+          largest, std::abs(qRed(whole.pixel(column, row)) - qRed(pieces.pixel(column, row))));
+  EXPECT_LE(largest, 4) << "of 255";
+}
+
+// A level run within a curve, here at pixel 100.5, is as thick as the rest: three rows share the
+// ink of two.
+TEST_F(PainterSurfaceTest, ALevelRunOfACurveJoinsIt) {
+  const Stroke stroke{kBlue, 2, LineStyle::solid};
+  surface().line(300, 2100, 1500, 1507.5, stroke);
+  surface().line(1500, 1507.5, 3000, 1507.5, stroke);
+  for (int column = 99; column < 200; ++column) {
+    int ink = 0;
+    for (int row = 90; row < 112; ++row) ink += 255 - (at(column + 0.5, row + 0.5) & 255);
+    EXPECT_NEAR(ink, 2 * 255, 60) << column;
+  }
+  EXPECT_EQ(at(150.5, 100.5), kBlue);
+  EXPECT_NE(at(150.5, 99.5), kBlue);
+}
+
+TEST_F(PainterSurfaceTest, ACurveThatIsLevelThroughoutIsCrisp) {
+  const Stroke stroke{kBlue, 2, LineStyle::solid};
+  surface().line(150, 457.5, 150, 457.5, stroke);
+  surface().line(150, 457.5, 225, 457.5, stroke);
+  surface().line(225, 457.5, 300, 457.5, stroke);
+  surface().text(3000, 1500, "", {kPlotFont, 10}, kBlack);
+  EXPECT_EQ(pixelsOf(kBlue), 22) << "pixels 10 to 20 in two rows";
+  EXPECT_EQ(pixelsOf(kWhite), 400 * 200 - 22);
+}
+
+// Two pieces of 10 at a right angle in a width of 2: the mitre of the corner is the corner of the
+// outline, and the ends reach 1 beyond.
+TEST(CurveOutline, IsMitredAndCapped) {
+  const QPolygonF outline = outlineOf({{0, 0}, {10, 0}, {10, 10}}, 2);
+  const QPolygonF expected({{-1, 1}, {9, 1}, {9, 11}, {11, 11}, {11, -1}, {-1, -1}});
+  ASSERT_EQ(outline.size(), expected.size());
+  for (int i = 0; i < 6; ++i) {
+    EXPECT_NEAR(outline[i].x(), expected[i].x(), 1e-9) << i;
+    EXPECT_NEAR(outline[i].y(), expected[i].y(), 1e-9) << i;
+  }
+}
+
+// Back the way it came there is no mitre to take; at 120 degrees it is as long as it gets.
+TEST(CurveOutline, KeepsItsMitresShort) {
+  const double sixty = std::sqrt(0.75);
+  const QPointF tip(10, 0);
+  for (const QPointF end : {QPointF(0, 0), QPointF(5, 10 * sixty), QPointF(0.1, 0.1)}) {
+    const QPolygonF outline = outlineOf({{0, 0}, tip, end}, 2);
+    for (const QPointF corner : {outline[1], outline[4]})
+      EXPECT_LE(std::hypot(corner.x() - tip.x(), corner.y() - tip.y()), 2 + 1e-9) << end.x();
+  }
 }
 
 // An axis of next to no length puts points where no painter can follow.

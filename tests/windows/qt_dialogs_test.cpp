@@ -93,6 +93,19 @@ TEST(QtDialogs, BoxesThatTellHaveTheirTitleIconAndOneButton) {
   }
 }
 
+// The title of a short text: its letters in bold, and 160 pixels for an icon and buttons.
+TEST(QtDialogs, ABoxIsAsWideAsItsTitle) {
+  QFont bold = QApplication::font("QMdiSubWindowTitleBar");
+  bold.setBold(true);
+  during<QMessageBox>([] { QtDialogs().warning("No"); },
+                      [&](QMessageBox& box) {
+                        EXPECT_GE(
+                            box.width(),
+                            QFontMetrics(bold).horizontalAdvance("zevRA : Program zevFIT") + 160);
+                        click(box, QMessageBox::Ok);
+                      });
+}
+
 bool confirmed(const std::function<void(QMessageBox&)>& reply) {
   bool answer = false;
   during<QMessageBox>([&] { answer = QtDialogs().confirm("Go on?"); },

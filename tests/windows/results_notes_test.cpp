@@ -85,6 +85,23 @@ TEST_F(ResultsNotes, FieldsAndTheRowOfAnotherVariableAreMarked) {
   });
 }
 
+// All directions are level: there is no third one at right angles.
+TEST_F(ResultsNotes, InAPlaneBothMinorAxesTakeTheSameRow) {
+  const char* const plane = "In two dimensions Minor 1 and Minor 2 take the same row.";
+  program_.openBytes(
+      "t\nzevra\n1\nzinc\n2\n1\n0;0\n90;0\n"
+      "1.5\n10 1 9\n10 1 9\n");
+  for (const int direction : {1, 2}) fit(direction, 100);
+  results([&](OpenResults& open) {
+    EXPECT_EQ(note(open), plane);
+    open.pick("Option3d4", 1);
+    EXPECT_EQ(note(open), plane);
+  });
+  session().ctotal({1, 2}) = 0;
+  results(
+      [&](OpenResults& open) { EXPECT_EQ(note(open), std::string(kOtherTotal) + "  " + plane); });
+}
+
 // The same texts, picked again for another variable, are no change of a field.
 TEST_F(ResultsNotes, APickOfTheSameTextsIsOfTheVariableOnShow) {
   for (int direction = 1; direction <= 3; ++direction) {
