@@ -43,6 +43,9 @@ class ModelSaver {
   std::optional<std::string> gravando(Session& session, std::int16_t listedVariables,
                                       Messages& messages);
 
+  /// The last call of gravando has saved the models.
+  bool hasSaved() const { return hasSaved_; }
+
   /// A file was loaded: the next save that succeeds keeps it as it is then, beside it under its
   /// name and a tilde or, where that folder can't be written, in the program's folder.
   void startFile() { isKept_ = false; }
@@ -58,6 +61,7 @@ class ModelSaver {
 
   std::filesystem::path folder_;
   bool isKept_ = false;
+  bool hasSaved_ = false;
   std::unique_ptr<OutputFile> leftOpen_;
 };
 

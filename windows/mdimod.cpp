@@ -38,9 +38,6 @@ namespace zevfit {
 namespace {
 
 constexpr QSize kStartSize(1180, 760);
-constexpr const char* kTwoFilesText =
-    "The last file could not be read to its end: the tables hold parts of two files. Open a good "
-    "file.";
 
 QStringList toQStrings(const std::vector<std::string>& texts) {
   QStringList made;
@@ -60,7 +57,8 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
       saver_(folder_),
       unsaved_(folder_),
       area_(new QMdiArea),
-      panel_(new FitPanelWidgets) {
+      panel_(new FitPanelWidgets),
+      foot_(new Foot) {
   setObjectName("mdimod");
   setWindowTitle("zevFIT");
   area_->setObjectName("Area");
@@ -83,14 +81,16 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
   row->addWidget(scroller);
   row->addWidget(area_, 1);
   setCentralWidget(middle);
+  setStatusBar(foot_);
   resize(kStartSize);
 
-  fit_ = std::make_unique<Fit>(Fit{session_, *panel_, *this, dialogs_});
+  fit_ = std::make_unique<Fit>(Fit{session_, *panel_, *this, dialogs_, *this});
   windows_ = std::make_unique<PlotWindowTable>(*area_, *fit_, faults_, [this] {
     if (reports_) reports_->endDelete();
   });
   panel_->QWidget::setEnabled(false);
   panel_->connectTo(*fit_, faults_);
+  panel_->handled = [this] { renewFoot(); };
   connect(area_, &QMdiArea::subWindowActivated, this,
           [this](QMdiSubWindow* window) { windowActivated(window); });
   makeMenus();
@@ -138,10 +138,6 @@ void mdimod::loadIcons() {
 
 void mdimod::showAbout() { about().showAtStart(); }
 
-void mdimod::tellOfRescue() {
-  if (const auto note = takeRescueNote(folder_)) tellAtFoot(*this, *note);
-}
-
 std::int64_t mdimod::variableCount() const {
   // Neither the list of the panel nor, behind a save, the count of the session knows them all.
   return structure_ ? structure_->listed() : 0;
@@ -187,6 +183,7 @@ void mdimod::openTest() {
 void mdimod::run(const Command& command) {
   if (command.needsFile && !requireFile(*fit_)) return;
   if (command.action) (this->*command.action)();
+  renewFoot();
 }
 
 void mdimod::mnuvoltar() {
@@ -241,23 +238,15 @@ void mdimod::mnudatprn() {
     outcome = loadVariogramFile(path, session_, [this] { keepUnsaved(); });
     if (outcome == Load::good) structure().fill(path);
   }
+  renewFoot();
   if (outcome != Load::good) return tellOfBadFile(outcome);
   about().hide();
   saver_.startFile();
+  fileModels_.take(session_, variableCount());
   clearFoot(*this);
   tellOfRescue();
   structure().showModal();
-}
-
-void mdimod::tellOfBadFile(Load outcome) {
-  if (outcome == Load::halfWay && session_.loaded) {
-    unsaved_.disregard(session_, variableCount());
-    tellAtFoot(*this, kTwoFilesText);
-    // A save would now write parts of two files over the former one: it is kept once more.
-    saver_.startFile();
-  }
-  tellOfRescue();
-  dialogs_.warning(kBadFileText);
+  renewFoot();
 }
 
 void mdimod::viewFile() { structure().reopen(); }
@@ -271,7 +260,9 @@ void mdimod::showResults() {
 }
 
 void mdimod::gravando() {
-  const auto note = saver_.gravando(session_, toInt16(panel_->listCount(List::Combo2)), dialogs_);
+  const int listed = panel_->listCount(List::Combo2);
+  const auto note = saver_.gravando(session_, toInt16(listed), dialogs_);
+  if (saver_.hasSaved()) fileModels_.take(session_, listed);
   if (note) tellAtFoot(*this, *note);
 }
 
@@ -338,6 +329,7 @@ void mdimod::plotvariogram() {
     Pair subject;
     ~Appearance() { windows.showDrawn(subject); }
   } const appearance{*windows_, session_.current()};
+  renewFoot();
   const DrawingDepth::Level level(depth_);
   zevfit::plotvariogram(*fit_, *windows_);
 }

@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "files/file_models.h"
 #include "files/unsaved.h"
 #include "files/variogram_reader.h"
 #include "files/variogram_writer.h"
@@ -24,6 +25,7 @@ class QToolBar;
 namespace zevfit {
 
 class FitPanelWidgets;
+class Foot;
 class Orthogonality;
 class Printer;
 class cutgraph;
@@ -36,7 +38,7 @@ class testcruz;
 
 /// The main window: owns the session, the panel, the plot windows and the commands, and hands them
 /// to each other.
-class mdimod : public QMainWindow, public Plotter, public StructureHost {
+class mdimod : public QMainWindow, public Plotter, public Hints, public StructureHost {
  public:
   /// `folder`: the program's own, for its files.
   mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogonality,
@@ -53,6 +55,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   void endBySignal(int signal);
 
   void plotvariogram() override;
+  void hint(HintTopic topic, std::string_view text) override;
 
   void clearVariables() override;
   void enableMain() override;
@@ -124,6 +127,8 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   /// Says, until a file is loaded, where the models of the last rescue are.
   void tellOfRescue();
   void tellOfBadFile(Load outcome);
+  /// Brings the foot up to date once the events under way have ended, however often it is asked.
+  void renewFoot();
 
   Dialogs& dialogs_;
   /// Keeps the models and tells of a fault that ends the program.
@@ -134,8 +139,11 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   std::filesystem::path folder_;
   ModelSaver saver_;
   Unsaved unsaved_;
+  FileModels fileModels_;
   QMdiArea* area_;
   FitPanelWidgets* panel_;
+  Foot* foot_;
+  bool footDue_ = false;  ///< it is about to be brought up to date
   QToolBar* Toolbar1;
   std::unique_ptr<PlotWindowTable> windows_;
   std::unique_ptr<Fit> fit_;

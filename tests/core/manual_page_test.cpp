@@ -69,7 +69,13 @@ const char* const kMessages[] = {
     "| The models of ... that were not saved are kept in ... |",
     "| The file as it was before this save could not be kept as ... |",
     "The last file could not be read to its end: the tables hold parts of two files.",
-    "Open a good file."};
+    "Open a good file.",
+    "is no sill here: the semivariance axis goes from ",
+    "False is no number. The value before is back.",
+    "The slider does not take the end of the axis: type ",
+    "is no range here: ranges go from 0 to ",
+    "lies beyond the distance axis, which ends at ",
+    "| Out of view: "};
 
 TEST(ManualPage, TellsOfEveryMessage) {
   const std::string page = manual();
