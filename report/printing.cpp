@@ -1,5 +1,7 @@
 #include "report/printing.h"
 
+#include <string>
+
 #include "report/collection.h"
 #include "report/printed_plot.h"
 #include "session/policy.h"
@@ -69,11 +71,14 @@ void printReport(Collection& reports) {
   const PlotKept kept(reports.fit.session);
   printCells(reports);
   reports.printer.endDoc();
+  reports.fit.hints.hint(HintTopic::sheet, "Report " + std::to_string(reports.window.tab()) +
+                                               " went to " + reports.printer.destination() + ".");
 }
 
 }  // namespace
 
 void printar_Click(Collection& reports) {
+  reports.fit.hints.hint(HintTopic::sheet, "");
   attempt([&] { printReport(reports); },
           [&] {
             // What stands on the sheet is not withdrawn.

@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyle>
 
 #include "files/parameter_file.h"
 #include "files/rescue.h"
@@ -96,7 +97,7 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
   makeMenus();
   makeToolbar();
   makeButtons();
-  makeShortcuts();
+  makeShortcuts(*this);
   if (const auto path = loadParameters(folder_, session_.style)) dialogs_.holdFile(*path);
   tellOfRescue();
 }
@@ -118,8 +119,10 @@ formabout& mdimod::about() {
 }
 
 printcolection& mdimod::reports() {
-  if (!reports_)
+  if (!reports_) {
     reports_ = std::make_unique<printcolection>(*fit_, *windows_, printer_, faults_, this);
+    makeShortcuts(*reports_);
+  }
   return *reports_;
 }
 
@@ -282,7 +285,11 @@ void mdimod::zoomIn() {
 
 void mdimod::zoomOut() { kmenos(session_, *this, dialogs_, *windows_); }
 
-void mdimod::showReports() { reports().open(); }
+void mdimod::showReports() {
+  // Its title bar stays below the toolbar.
+  const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+  reports().open(area_->mapToGlobal(QPoint(0, title)));
+}
 
 void mdimod::mnuabout2() { about().showCentred(); }
 

@@ -86,8 +86,8 @@ class mdimod : public QMainWindow, public Plotter, public Hints, public Structur
 
   void makeMenus();
   void makeToolbar();
-  /// Keys that go from plot to plot.
-  void makeShortcuts();
+  /// Keys that go from plot to plot, in a window of the program.
+  void makeShortcuts(QWidget& window);
   QAction* addEntry(QMenu* menu, const char* name, const char* caption, void (mdimod::*action)());
   void run(const Command& command);
 

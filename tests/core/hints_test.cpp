@@ -5,11 +5,13 @@
 #include "model/fields.h"
 #include "model/sliders.h"
 #include "plot/window/placing.h"
+#include "report/printing.h"
 #include "session/hint_number.h"
 #include "session/line.h"
 #include "tests/support/drag_bench.h"
 #include "tests/support/fit_fixture.h"
 #include "tests/support/recording_hints.h"
+#include "tests/support/report_bench.h"
 
 namespace zevfit {
 namespace {
@@ -138,6 +140,20 @@ TEST(Hint, NamesTheEndOfAnAxisByItsFirstDigits) {
                                                  {1e300, "1E+300"},
                                                  {0, "0"}};
   for (const auto& [value, text] : rows) EXPECT_EQ(hintNumber(value), text);
+}
+
+TEST(Hint, SaysWhereASheetWent) {
+  ReportBench bench;
+  RecordingHints hints;
+  Fit told{bench.session, bench.panel, bench.fit.plotter, bench.dialogs, hints};
+  Collection reports{told, bench.windows, bench.printer, bench.reportWindow};
+  Form_Load(reports);
+  bench.reportWindow.selected = 2;
+  printar_Click(reports);
+  EXPECT_EQ(hints.standing, "Report 2 went to the printer in memory.");
+  bench.printer.refuses = "end";
+  printar_Click(reports);
+  EXPECT_EQ(hints.standing, "") << "this one went nowhere";
 }
 
 }  // namespace

@@ -75,7 +75,8 @@ const char* const kMessages[] = {
     "The slider does not take the end of the axis: type ",
     "is no range here: ranges go from 0 to ",
     "lies beyond the distance axis, which ends at ",
-    "| Out of view: "};
+    "| Out of view: ",
+    "| Report 1 went to "};
 
 TEST(ManualPage, TellsOfEveryMessage) {
   const std::string page = manual();
