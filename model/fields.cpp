@@ -48,8 +48,9 @@ std::string rangeOutOfView(const Session& session) {
   const ConstLineRef selected = line(session, pair, *session.sel);
   const double axisEnd = session.xmax(pair) == 0 ? session.hmax(pair) : session.xmax(pair);
   if (!selected.isOn() || selected.range().number() <= axisEnd) return "";
-  return "a" + std::to_string(indexOf(*session.sel)) + " = " + selected.range().toText() +
-         " lies beyond the distance axis, which ends at " + hintNumber(axisEnd) +
+  const std::string range = selected.range().toText();
+  return "a" + std::to_string(indexOf(*session.sel)) + " = " + range +
+         " lies beyond the distance axis, which ends at " + hintNumber(axisEnd, range) +
          ": its handle is out of view.";
 }
 

@@ -93,8 +93,8 @@ std::string outOfView(const Session& session, const PlotMap& map, std::span<cons
              cellOutside(at, handle, map.xmax) + ")";
   }
   if (named.empty()) return "";
-  return named + ". The axes go to " + hintNumber(map.xmax) + " and from " + hintNumber(map.ymin) +
-         " to " + hintNumber(map.ymax) + ".";
+  return named + ". The axes go to " + hintNumber(map.xmax, named) + " and from " +
+         hintNumber(map.ymin, "") + " to " + hintNumber(map.ymax, named) + ".";
 }
 
 }  // namespace zevfit

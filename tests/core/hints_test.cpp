@@ -139,7 +139,8 @@ TEST(Hint, NamesTheEndOfAnAxisByItsFirstDigits) {
                                                  {-0.00123456789, "-0.001234568"},
                                                  {1e300, "1E+300"},
                                                  {0, "0"}};
-  for (const auto& [value, text] : rows) EXPECT_EQ(hintNumber(value), text);
+  for (const auto& [value, text] : rows) EXPECT_EQ(hintNumber(value, ""), text);
+  EXPECT_EQ(hintNumber(1620.3727726, "a1 = 1620.373"), "1620.3727726");
 }
 
 TEST(Hint, SaysWhereASheetWent) {
