@@ -4,7 +4,8 @@
 #   lint      format, shell scripts, clang-tidy over the sources that have changed of late
 #   asan      core, windows and a few random users under the address and undefined behaviour sanitizers
 #   fuzz      each fuzz target for a short while
-#   program   the program as users build it: saves that fail, a session, the clipboard, some long use
+#   program   the program as users build it: saves that fail, a session, the clipboard, a start on Wayland,
+#             some long use
 # By name alone, for their time:
 #   core      the core and its tests on a build without Qt; saves that fail
 #   windows   the windows and their tests on a plain build; the program as users build it
@@ -27,9 +28,9 @@ readonly steps="
 lint         lint         - lint
 asan         asan         zevfit_core_tests,zevfit_window_tests,zevfit_user_tests core,house,windows,fewusers
 fuzz         asan         zevfit_fuzz fuzz
-program      program      zevfit_program_tests crash,desktop,tour,shortuse
+program      program      zevfit_program_tests crash,desktop,wayland,tour,shortuse
 core         core         zevfit_core_tests,zevfit_crash_tests core,house,crash
-windows      debug        zevfit_window_tests,zevfit_desktop_tests,zevfit_long_tests windows,desktop,shortuse
+windows      debug        zevfit_window_tests,zevfit_desktop_tests,zevfit_wayland_tests,zevfit_long_tests windows,desktop,wayland,shortuse
 windows      program      zevfit -
 tour         program      zevfit_tour tour
 tidy         lint         - tidy
@@ -52,7 +53,7 @@ readonly every="g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-liberation l
 declare -rA packages=(
   [lint]="git clang clang-format clang-tidy shellcheck" [fuzz]="clang libclang-rt-14-dev"
   [asan]="clang libclang-rt-14-dev mold" [fuzzcoverage]="clang libclang-rt-14-dev llvm-14"
-  [program]="xvfb xauth xclip" [debug]="xvfb xauth xclip" [coverage]="gcovr"
+  [program]="xvfb xauth xclip weston qt6-wayland" [debug]="xvfb xauth xclip weston qt6-wayland" [coverage]="gcovr"
   [bench]="libbenchmark-dev libqcustomplot-dev python3 xvfb xauth"
   [package]="gzip librsvg2-bin lintian desktop-file-utils appstream shared-mime-info man-db fakeroot
     hicolor-icon-theme libglib2.0-bin imagemagick xdotool x11-utils xvfb xauth"

@@ -77,12 +77,14 @@ class OpenPlot {
     picture_->repaint();
   }
 
-  /// One step of the range slider, the next of them on each call.
+  /// One step of the range slider, the next of them on each call, with what is left for the end of
+  /// its events.
   void step() {
     auto& slider = program_.control<QSlider>("HScrolla");
     position_ = position_ == 3000 ? 3001 : 3000;
     slider.setValue(position_);
     picture_->repaint();
+    QApplication::processEvents();
   }
 
   test::Program& program() { return program_; }

@@ -251,6 +251,7 @@ void composeWhole(const Session& session, std::int64_t variables, std::string_vi
 
 std::optional<std::string> ModelSaver::gravando(Session& session, std::int16_t listedVariables,
                                                 Messages& messages) {
+  hasSaved_ = false;
   if (trimmed(session.inputfile).empty() || listedVariables <= 0) {
     messages.plain(kNoFileText);
     return std::nullopt;
@@ -309,7 +310,7 @@ std::optional<std::string> ModelSaver::save(Session& session, std::int16_t liste
     replaceFile(temporary, session.inputfile);
   else
     note = replaceAndKeep(temporary, session.inputfile);
-  isKept_ = true;
+  isKept_ = hasSaved_ = true;
   messages.plain("Models saved to file:" + session.inputfile);
   return note;
 }

@@ -43,6 +43,9 @@ class ModelSaver {
   std::optional<std::string> gravando(Session& session, std::int16_t listedVariables,
                                       Messages& messages);
 
+  /// The last call of gravando has saved the models.
+  bool hasSaved() const { return hasSaved_; }
+
   /// A file was loaded: the next save that succeeds keeps it as it is then, beside it under its
   /// name and a tilde or, where that folder can't be written, in the program's folder. Until the
   /// save has succeeded the copy has a name of its own, and an older one keeps its place.
@@ -62,6 +65,7 @@ class ModelSaver {
 
   std::filesystem::path folder_;
   bool isKept_ = false;
+  bool hasSaved_ = false;
   std::unique_ptr<OutputFile> leftOpen_;
 };
 

@@ -1,6 +1,9 @@
 #include "model/fields.h"
 
+#include <string>
+
 #include "model/sliders.h"
+#include "session/hint_number.h"
 #include "session/line.h"
 #include "session/number_pattern.h"
 #include "session/number_reading.h"
@@ -22,6 +25,35 @@ bool outsideAxis(const Session& session, double value) {
   return value > session.ymax(session.current()) || value < session.ymin(session.current());
 }
 
+std::string refusedSill(const Session& session, std::string_view text) {
+  const Pair pair = session.current();
+  const std::string reason = text == kRefusedWord
+                                 ? std::string(text) + " is no number"
+                                 : generalText(leadingNumber(text)) +
+                                       " is no sill here: the semivariance axis goes from " +
+                                       generalText(session.ymin(pair)) + " to " +
+                                       generalText(session.ymax(pair));
+  return reason + ". The value before is back.";
+}
+
+std::string refusedRange(double typed, double farEnd) {
+  return generalText(typed) + " is no range here: ranges go from 0 to " + generalText(farEnd) +
+         ", 20 times the largest distance. The far end is taken.";
+}
+
+/// Empty where the handle of the selected structure is in view as far as its range tells.
+std::string rangeOutOfView(const Session& session) {
+  const Pair pair = session.current();
+  if (!session.sel || session.sel == Line::nugget) return "";
+  const ConstLineRef selected = line(session, pair, *session.sel);
+  const double axisEnd = session.xmax(pair) == 0 ? session.hmax(pair) : session.xmax(pair);
+  if (!selected.isOn() || selected.range().number() <= axisEnd) return "";
+  const std::string range = selected.range().toText();
+  return "a" + std::to_string(indexOf(*session.sel)) + " = " + range +
+         " lies beyond the distance axis, which ends at " + hintNumber(axisEnd, range) +
+         ": its handle is out of view.";
+}
+
 void computeTotal(Fit& fit) {
   Session& session = fit.session;
   const double total = totalSill(session, session.current());
@@ -30,13 +62,17 @@ void computeTotal(Fit& fit) {
   fit.panel.setSillBackground(variance > 0 && total > variance ? kRed : kLightGrey);
 }
 
-void takeSillText(Fit& fit) {
+/// False for a text that is refused.
+bool takeSillText(Fit& fit, const std::string& text) {
   Session& session = fit.session;
-  const std::string text = fit.panel.text(Field::c0);
   const double typed = leadingNumber(text);
-  if (outsideAxis(session, typed) || text == kRefusedWord) return restoreSillText(fit);
+  if (outsideAxis(session, typed) || text == kRefusedWord) {
+    restoreSillText(fit);
+    return false;
+  }
   session.ctotal(session.current()) = 0;
   if (session.sel) line(session, session.current(), *session.sel).sill() = typed;
+  return true;
 }
 
 double currentTotal(const Session& session) { return session.ctotal(session.current()); }
@@ -72,8 +108,10 @@ void restoreSillText(Fit& fit) {
 // is what stays; one in there ends the handler silently.
 void Textc0_Change(Fit& fit) {
   if (!requireFile(fit)) return;
+  const std::string text = fit.panel.text(Field::c0);
+  bool taken = true;
   endSilently([&] {
-    takeSillText(fit);
+    taken = takeSillText(fit, text);
     computeTotal(fit);
     fit.panel.setCaption(Caption::Labelc, generalText(currentTotal(fit.session)));
     if (!fit.session.c0typed(fit.session.current())) fit.plotter.plotvariogram();
@@ -82,20 +120,31 @@ void Textc0_Change(Fit& fit) {
     computeTotal(fit);
     fit.panel.setCaption(Caption::Labelc, formatNumber(currentTotal(fit.session), kTotalPattern));
   });
+  // Behind all changes that this one has brought about.
+  endSilently([&] {
+    const bool refused = !taken && fit.session.sel;
+    fit.hints.hint(HintTopic::sill, refused ? refusedSill(fit.session, text) : "");
+  });
 }
 
 // A failure ends the handler silently: a text beyond all numbers changes no cell.
 void Texta_Change(Fit& fit) {
   if (!requireFile(fit)) return;
+  std::string hint;
   endSilently([&] {
     Session& session = fit.session;
     const double farEnd = kRangesInScale * session.hmax(session.current());
     const double typed = leadingNumber(fit.panel.text(Field::a));
-    if (typed < 0 || typed > farEnd) fit.panel.setText(Field::a, generalText(farEnd));
+    if (typed < 0 || typed > farEnd) {
+      fit.panel.setText(Field::a, generalText(farEnd));
+      hint = refusedRange(typed, farEnd);
+    }
     if (!checkPowerField(fit)) return;
     takeRangeText(fit);
     if (!session.atyped(session.current())) fit.plotter.plotvariogram();
   });
+  endSilently(
+      [&] { fit.hints.hint(HintTopic::range, hint.empty() ? rangeOutOfView(fit.session) : hint); });
 }
 
 // These two catch no failure.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/fit_panel.h"
+#include "session/hints.h"
 #include "session/messages.h"
 #include "session/session.h"
 
@@ -12,6 +13,7 @@ struct Fit {
   FitPanel& panel;
   Plotter& plotter;
   Messages& messages;
+  Hints& hints = noHints();
 };
 
 /// True with a file loaded; otherwise says so in a plain box.

@@ -35,6 +35,11 @@ void showLine(Fit& fit, Line which, Pair pair) {
                           rangePosition(rangeScale(session, pair), fit.panel.text(Field::a)));
 }
 
+std::string stoppedSlider(const Session& session, Pair pair, double value) {
+  const double end = value < session.ymin(pair) ? session.ymin(pair) : session.ymax(pair);
+  return "The slider does not take the end of the axis: type " + generalText(end) + " to have it.";
+}
+
 bool isKnownLetter(std::string_view letter) {
   return letter == kNoLetter || formOf(letter).has_value();
 }
@@ -98,7 +103,11 @@ void HScrollc0_Change(Fit& fit) {
     if (session.c0typed(pair)) return;
     const double value = sillValue(sillScale(session, pair), fit.panel.position(Slider::c0));
     // The top itself is refused here, unlike in the field.
-    if (value >= session.ymax(pair) || value < session.ymin(pair)) return restoreSillText(fit);
+    if (value >= session.ymax(pair) || value < session.ymin(pair)) {
+      restoreSillText(fit);
+      return fit.hints.hint(HintTopic::sill, stoppedSlider(session, pair, value));
+    }
+    fit.hints.hint(HintTopic::sill, "");
     fit.panel.setText(Field::c0, generalText(value));
   });
 }

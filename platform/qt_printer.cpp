@@ -98,6 +98,13 @@ void QtPrinter::endDoc() {
   if (!close()) throw Fault("Not printed");
 }
 
+std::string QtPrinter::destination() const {
+  if (!printer_) return "";
+  const bool file = printsToFile(*printer_);
+  const QString named = file ? printer_->outputFileName() : printer_->printerName();
+  return (file ? "the file " : "the printer ") + QFile::encodeName(named).toStdString();
+}
+
 void QtPrinter::killDoc() {
   if (!sheet_) return;
   sheet_.reset();

@@ -26,6 +26,7 @@ class QtPrinter : public Printer {
   void startDoc(double width, double height) override;
   Surface& sheet() override;
   void endDoc() override;
+  std::string destination() const override;
   void killDoc() override;
 
   /// The print dialog, over the window in front.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "plot/drawing/surface.h"
 
 namespace zevfit {
@@ -19,6 +21,8 @@ class Printer {
   virtual Surface& sheet() = 0;
   /// Sends the document off as it stands; nothing where none is open. Throws Fault when that fails.
   virtual void endDoc() = 0;
+  /// Where the last document went, as in "the printer Hall" or "the file /home/me/report.pdf".
+  virtual std::string destination() const = 0;
   /// Drops the document, where one is open.
   virtual void killDoc() = 0;
 };

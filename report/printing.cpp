@@ -1,6 +1,7 @@
 #include "report/printing.h"
 
 #include <optional>
+#include <string>
 
 #include "plot/drawing/plot_kept.h"
 #include "report/collection.h"
@@ -69,11 +70,14 @@ void printReport(Collection& reports) {
   const PlotKept kept(reports.fit.session);
   printCells(reports);
   reports.printer.endDoc();
+  reports.fit.hints.hint(HintTopic::sheet, "Report " + std::to_string(reports.window.tab()) +
+                                               " went to " + reports.printer.destination() + ".");
 }
 
 }  // namespace
 
 void printar_Click(Collection& reports) {
+  reports.fit.hints.hint(HintTopic::sheet, "");
   attempt(
       [&] {
         if (requirePrintable(reports)) printReport(reports);

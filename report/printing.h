@@ -4,7 +4,7 @@
 
 namespace zevfit {
 
-/// Prints the selected report. Any fault ends in "cannot print!".
+/// Prints the selected report. Says where it went; any fault ends in "cannot print!".
 void printar_Click(Collection& reports);
 
 }  // namespace zevfit

@@ -77,9 +77,11 @@ void cores::open() {
 
 void cores::showSwatches() {
   for (std::size_t i = 0; i < Label.size(); ++i) {
+    const QColor colour = toQColor(swatch(session_.style.cores, i + 1));
     QPalette colours = Label[i]->palette();
-    colours.setColor(QPalette::Window, toQColor(swatch(session_.style.cores, i + 1)));
+    colours.setColor(QPalette::Window, colour);
     Label[i]->setPalette(colours);
+    Label[i]->setAccessibleName(QString("%1: %2").arg(kCaptions[i], colour.name()));
   }
 }
 

@@ -11,6 +11,7 @@
 #include <QSlider>
 #include <QVBoxLayout>
 
+#include "windows/control_tips.h"
 #include "windows/controls.h"
 #include "windows/fit_panel_widgets.h"
 #include "windows/panel_slider.h"
@@ -21,13 +22,13 @@ namespace {
 
 constexpr int kPanelWidth = 300;
 constexpr int kStartMaximum = 32767;
-constexpr int kLineHeight = 26;
+constexpr int kLineHeight = 24;
+/// Between the parts of the panel, all of which a low screen shows at once.
+constexpr int kGap = 4;
 
 constexpr std::array<const char*, 4> kLineCaptions{"Nugget Effect", "Structure 1", "Structure 2",
                                                    "Structure 3"};
 constexpr std::array<const char*, 3> kLetterNames{"est2tipo", "est3tipo", "est4tipo"};
-constexpr std::array<const char*, 3> kLetterTips{"Model for Structure 1", "Model for Structure 2",
-                                                 "Model for Structure 3"};
 constexpr std::array<const char*, 4> kModelCaptions{"E - Exponential", "S - Spherical",
                                                     "G - Gaussian", "P - Power"};
 constexpr std::array<const char*, 4> kBoxNames{"plot1", "plot2", "plot3", "plot4"};
@@ -73,13 +74,14 @@ FitPanelWidgets::FitPanelWidgets(QWidget* parent) : QWidget(parent) {
   makeButtons();
   layOut();
   orderTabs();
+  giveTips(*this);
 }
 
 void FitPanelWidgets::makeLists() {
   Label8 = makeNamedLabel("Label8", "Variable");
-  Combo2 = named(new QComboBox, "Combo2", "Select the Variable");
+  Combo2 = named(new QComboBox, "Combo2");
   Label9 = makeNamedLabel("Label9", "Direction");
-  Combodirvar = named(new QComboBox, "Combodirvar", "Select the Direction");
+  Combodirvar = named(new QComboBox, "Combodirvar");
   Label8->setBuddy(Combo2);
   Label9->setBuddy(Combodirvar);
   for (QComboBox* list : {Combo2, Combodirvar}) {
@@ -98,13 +100,11 @@ void FitPanelWidgets::makeLines() {
     est[i]->setObjectName(QString("est%1").arg(i + 1));
     boxes_[i] = named(new QCheckBox, kBoxNames[i]);
     boxes_[i]->setAccessibleName(QString("Plot %1").arg(kLineCaptions[i]));
-    boxes_[i]->setToolTip(QString("%1 is part of the model").arg(kLineCaptions[i]));
   }
   est[0]->setMouseTracking(true);
   for (std::size_t i = 0; i < esttipo.size(); ++i) {
     esttipo[i] = makeNamedLabel(kLetterNames[i], "-");
-    esttipo[i]->setToolTip(kLetterTips[i]);
-    esttipo[i]->setAccessibleName(kLetterTips[i]);
+    esttipo[i]->setAccessibleName(controlTip(kLetterNames[i]));
     esttipo[i]->setMinimumWidth(16);
     esttipo[i]->setAlignment(Qt::AlignCenter);
   }
@@ -132,18 +132,16 @@ void FitPanelWidgets::makeValues() {
   labelvari = makeNamedLabel("labelvari", "Sill");
   labelvari->setMargin(2);
   Labelvariance = makeReadout("Labelvariance");
-  Labelvariance->setToolTip(
-      "Click, or Alt+V, to use the variance as the sill of the selected line");
   boxes_[4] = named(new QCheckBox("PLot Sill"), "psill");
   setSillBackground(kLightGrey);
 }
 
 void FitPanelWidgets::makeButtons() {
-  Command1 = makeIconButton("Command1", nullptr, "Change X-Y scales", {});
-  Command2 = makeIconButton("Command2", nullptr, "Test - Cross Semivariogram", {});
-  Command3 = makeIconButton("Command3", nullptr, "Grid ON/OFF", {});
-  Command4 = named(new QPushButton("[ h ]"), "Command4", "Legend h[units]");
-  Command5 = named(new QPushButton("PLOT"), "Command5", "Plot Theoretical Model");
+  Command1 = makeIconButton("Command1", nullptr, controlTip("Command1"), {});
+  Command2 = makeIconButton("Command2", nullptr, controlTip("Command2"), {});
+  Command3 = makeIconButton("Command3", nullptr, controlTip("Command3"), {});
+  Command4 = named(new QPushButton("[ h ]"), "Command4");
+  Command5 = named(new QPushButton("PLOT"), "Command5");
   Command5->setShortcut(Qt::ALT | Qt::Key_P);
 }
 
@@ -204,6 +202,7 @@ void FitPanelWidgets::layOut() {
     buttons->addWidget(button, 1);
 
   auto* all = new QVBoxLayout(this);
+  all->setSpacing(kGap);
   all->addLayout(lists);
   all->addLayout(choice);
   all->addWidget(Frame3);

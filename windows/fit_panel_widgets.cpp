@@ -68,7 +68,12 @@ void FitPanelWidgets::connectTo(Fit& fit, const FaultReport& faults) {
 }
 
 void FitPanelWidgets::run(void (*handler)(Fit&)) {
-  guarded(*faults_, [&] { handler(*fit_); });
+  handle([&] { handler(*fit_); });
+}
+
+void FitPanelWidgets::handle(const std::function<void()>& handler) {
+  guarded(*faults_, handler);
+  if (handled) handled();
 }
 
 void FitPanelWidgets::connectValues() {
@@ -95,15 +100,15 @@ void FitPanelWidgets::connectValues() {
 void FitPanelWidgets::connectChoices() {
   for (const Line which : kLines)
     connect(est.at(indexOf(which)), &QRadioButton::toggled, this, [this, which](bool on) {
-      if (on) guarded(*faults_, [&] { est_Click(*fit_, which); });
+      if (on) handle([&] { est_Click(*fit_, which); });
     });
   for (std::size_t i = 0; i < kTipoForms.size(); ++i)
     connect(tipo.at(i), &QRadioButton::toggled, this, [this, i](bool on) {
-      if (on) guarded(*faults_, [&] { tipo_Click(*fit_, kTipoForms.at(i)); });
+      if (on) handle([&] { tipo_Click(*fit_, kTipoForms.at(i)); });
     });
   for (std::size_t i = 0; i < boxes_.size(); ++i)
     connect(boxes_[i], &QCheckBox::toggled, this,
-            [this, i] { guarded(*faults_, [&] { box_Click(*fit_, static_cast<Box>(i)); }); });
+            [this, i] { handle([&] { box_Click(*fit_, static_cast<Box>(i)); }); });
 }
 
 void FitPanelWidgets::connectReactions() {

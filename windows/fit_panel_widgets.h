@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <array>
+#include <functional>
 
 #include "model/fit.h"
 #include "model/fit_panel.h"
@@ -29,6 +30,9 @@ class FitPanelWidgets : public QWidget, public FitPanel {
 
   /// Gives the buttons their icons, blank until then.
   void loadIcons();
+
+  /// Called behind each handler that an event of a control has run.
+  std::function<void()> handled;
 
   /// Empties a list and fills it, without an event; no entry is chosen afterwards.
   void fillList(List list, const QStringList& entries);
@@ -80,6 +84,7 @@ class FitPanelWidgets : public QWidget, public FitPanel {
   void connectChoices();
   void connectReactions();
   void run(void (*handler)(Fit&));
+  void handle(const std::function<void()>& handler);
   void onKey(int key);
   void plotFocused(const QEvent& focus);
 

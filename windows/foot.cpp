@@ -1,53 +1,130 @@
 #include "windows/foot.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMainWindow>
-#include <QStatusBar>
+
+#include "session/number_pattern.h"
+#include "windows/elided_label.h"
 
 namespace zevfit {
 
 namespace {
 
-constexpr const char* kNotes = "LabelFoot";
-constexpr const char* kHint = "LabelHint";
+constexpr int kLongestName = 240;
+constexpr int kMargin = 8;
+constexpr const char* kMark = "*";
+constexpr const char* kMarkTip =
+    "The models differ from those in the file: Models (Ctrl+S) saves them";
+constexpr const char* kMisfitTip =
+    "Square root of the mean squared difference of curve and points, weighted by their pairs, as a "
+    "share of the variance";
+/// More than this is no fit, and would need more room.
+constexpr double kLargestShown = 9999.9;
 
-QLabel& footLabel(QMainWindow& window, const char* name) {
-  if (auto* made = window.findChild<QLabel*>(name)) return *made;
+QString toText(const std::string& bytes) { return QFile::decodeName(bytes.c_str()); }
+
+/// A label whose texts change without any other moving.
+QLabel* makeFixed(const char* name, const QString& longest) {
   auto* label = new QLabel;
   label->setObjectName(name);
   label->setTextFormat(Qt::PlainText);
-  label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  // A long path must not make the window wider.
-  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  window.statusBar()->addWidget(label, 1);
-  return *label;
+  label->setFixedSize(label->fontMetrics().horizontalAdvance(longest) + kMargin,
+                      label->fontMetrics().height());
+  return label;
+}
+
+QString misfitText(double share) {
+  const double percent = share * 100;
+  const bool fits = percent <= kLargestShown;
+  return QString(fits ? "Misfit %1 %" : "Misfit over %1 %")
+      .arg(QString::fromStdString(formatNumber(fits ? percent : kLargestShown, "###0.0")));
+}
+
+Foot& footOf(QMainWindow& window) {
+  if (auto* foot = dynamic_cast<Foot*>(window.findChild<QStatusBar*>())) return *foot;
+  auto* foot = new Foot;
+  window.setStatusBar(foot);
+  return *foot;
 }
 
 }  // namespace
 
-void tellAtFoot(QMainWindow& window, const std::string& note) {
-  QLabel& label = footLabel(window, kNotes);
-  QStringList lines = label.text().split('\n', Qt::SkipEmptyParts);
-  const QString line = QFile::decodeName(note.c_str());
+Foot::Foot()
+    : LabelFile(new ElidedLabel("LabelFile", Qt::ElideMiddle)),
+      LabelChanged(makeFixed("LabelChanged", kMark)),
+      LabelHint(new ElidedLabel("LabelHint", Qt::ElideRight)),
+      LabelFoot(new ElidedLabel("LabelFoot", Qt::ElideMiddle)),
+      LabelMisfit(makeFixed("LabelMisfit", misfitText(kLargestShown))) {
+  setObjectName("Foot");
+  LabelFile->setMaximumWidth(kLongestName);
+  LabelFile->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  // A long path must not make the window wider.
+  for (ElidedLabel* label : {LabelHint, LabelFoot})
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  addWidget(LabelFile);
+  addWidget(LabelChanged);
+  addWidget(LabelHint, 1);
+  addWidget(LabelFoot, 1);
+  addPermanentWidget(LabelMisfit);
+  LabelFoot->hide();
+  LabelMisfit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  setContentsMargins(kMargin, 0, 0, 0);
+  setFixedHeight(fontMetrics().height() + kMargin);
+}
+
+void Foot::showFile(const std::string& path, bool modelsDiffer) {
+  const QString whole = toText(path);
+  LabelFile->tell(QFileInfo(whole).fileName(), whole);
+  const QString mark = modelsDiffer ? kMark : "";
+  if (LabelChanged->text() == mark) return;
+  LabelChanged->setText(mark);
+  LabelChanged->setToolTip(modelsDiffer ? kMarkTip : "");
+  LabelChanged->setAccessibleName(LabelChanged->toolTip());
+}
+
+void Foot::showMisfit(std::optional<double> share) {
+  const QString text = share ? misfitText(*share) : QString();
+  if (LabelMisfit->text() == text) return;
+  LabelMisfit->setText(text);
+  LabelMisfit->setToolTip(share ? kMisfitTip : "");
+}
+
+void Foot::addNote(const QString& line) {
+  QStringList lines = LabelFoot->text().split('\n', Qt::SkipEmptyParts);
   if (!lines.contains(line)) lines.append(line);
-  label.setText(lines.join('\n'));
-  label.setToolTip(label.text());
-  window.statusBar()->show();
+  LabelFoot->tell(lines.join('\n'), lines.join('\n'));
+  LabelFoot->setVisible(true);
+}
+
+void Foot::showHint(const QString& hint) {
+  topic_.reset();
+  LabelHint->tell(hint, hint);
+}
+
+void Foot::showHint(HintTopic topic, const QString& hint) {
+  if (hint.isEmpty() && topic_ != topic) return;
+  showHint(hint);
+  topic_ = topic;
+}
+
+void Foot::clear() {
+  LabelFoot->tell({}, {});
+  LabelFoot->hide();
+  LabelMisfit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  setContentsMargins(kMargin, 0, 0, 0);
+  showHint({});
+}
+
+void tellAtFoot(QMainWindow& window, const std::string& note) {
+  footOf(window).addNote(toText(note));
 }
 
 void hintAtFoot(QMainWindow& window, const std::string& hint) {
-  QLabel& label = footLabel(window, kHint);
-  label.setText(QFile::decodeName(hint.c_str()));
-  label.setToolTip(label.text());
-  if (!hint.empty()) window.statusBar()->show();
+  footOf(window).showHint(toText(hint));
 }
 
-void clearFoot(QMainWindow& window) {
-  if (!window.findChild<QStatusBar*>()) return;
-  footLabel(window, kNotes).clear();
-  footLabel(window, kHint).clear();
-  window.statusBar()->hide();
-}
+void clearFoot(QMainWindow& window) { footOf(window).clear(); }
 
 }  // namespace zevfit

@@ -12,6 +12,8 @@
 
 #include "plot/drawing/plot_variogram.h"
 #include "plot/window/direction_events.h"
+#include "plot/window/handles.h"
+#include "windows/control_tips.h"
 #include "windows/guide_line.h"
 #include "windows/quiet_focus.h"
 #include "windows/texts.h"
@@ -22,7 +24,6 @@ namespace {
 
 /// Handles and tag are written in this type.
 constexpr float kOverlayPoints = 10.5F;
-constexpr std::array<const char*, 4> kHandleCaptions{"Co", "S1", "S2", "S3"};
 
 constexpr QColor kHandleGround(0xEF, 0xEF, 0xEF);
 
@@ -65,6 +66,7 @@ Formod::Formod(Fit& fit, DirectionWindows& windows, const FaultReport& faults,
     estru[at] = makeOverlay(QString("estru_%1").arg(i), kHandleCaptions[at], true);
   }
   Label1 = makeOverlay("Label1", QString(), false);
+  giveTips(*form_);
   Label6->hide();
   Picture4->setMouseTracking(true);
   for (QLabel* handle : estru) handle->setMouseTracking(true);

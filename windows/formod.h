@@ -98,6 +98,9 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
   void handleEvent(Line handle, const QEvent& event);
   void pictureMouse(const QMouseEvent& mouse);
   void handleMouse(Line handle, const QMouseEvent& mouse);
+  /// The pointer over a handle tells what a drag changes: the sill up and down, the range to the
+  /// sides, or either as long as no button has chosen.
+  void showDragCursor(Line handle);
   /// Gives the window the frame that leaves the content its nominal size.
   void fitFrame();
   QSize nominalContent() const;

@@ -7,6 +7,7 @@
 #include "plot/window/direction_events.h"
 #include "plot/window/drag_events.h"
 #include "plot/window/grip_events.h"
+#include "plot/window/handles.h"
 #include "plot/window/pair_count.h"
 #include "plot/window/placing.h"
 #include "session/line.h"
@@ -83,7 +84,7 @@ void Formod::pictureMouse(const QMouseEvent& mouse) {
   if (mouse.type() == QEvent::MouseMove)
     return Picture4_MouseMove(fit_, windows_, *this, at.x(), at.y());
   if (mouse.type() == QEvent::MouseButtonDblClick)
-    return Picture4_MouseUp(fit_.session, fit_.plotter, *this);
+    return Picture4_MouseUp(fit_.session, fit_.plotter, fit_.hints, *this);
   if (mouse.type() == QEvent::MouseButtonPress) {
     pressed_ = Picture4;
     // A touch comes down without a move before it.
@@ -92,7 +93,7 @@ void Formod::pictureMouse(const QMouseEvent& mouse) {
     return;
   }
   const bool click = endsClick(mouse, *Picture4, std::exchange(pressed_, nullptr));
-  Picture4_MouseUp(fit_.session, fit_.plotter, *this);
+  Picture4_MouseUp(fit_.session, fit_.plotter, fit_.hints, *this);
   if (click) Picture4_Click(fit_, *this);
 }
 
@@ -100,7 +101,18 @@ void Formod::handleEvent(Line handle, const QEvent& event) {
   const bool ofMouse =
       event.type() == QEvent::MouseMove || event.type() == QEvent::MouseButtonPress ||
       event.type() == QEvent::MouseButtonDblClick || event.type() == QEvent::MouseButtonRelease;
-  if (ofMouse) handleMouse(handle, static_cast<const QMouseEvent&>(event));
+  if (!ofMouse) return;
+  handleMouse(handle, static_cast<const QMouseEvent&>(event));
+  showDragCursor(handle);
+}
+
+void Formod::showDragCursor(Line handle) {
+  const bool held = fit_.session.dragsel.at(indexOf(handle));
+  const bool upright = dragTarget(handle, drag_.dragaxis).upright;
+  Qt::CursorShape shape = upright ? Qt::SizeVerCursor : Qt::SizeHorCursor;
+  if (!held && handle != Line::nugget) shape = Qt::SizeAllCursor;
+  QLabel& label = *estru.at(indexOf(handle));
+  if (label.cursor().shape() != shape) label.setCursor(shape);
 }
 
 // Qt sends no press for the second click of a double click; only its release is handled, and lets

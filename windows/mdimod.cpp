@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyle>
 
 #include "files/parameter_file.h"
 #include "files/rescue.h"
@@ -41,9 +42,6 @@ namespace {
 
 /// Two plots stand side by side in it.
 constexpr QSize kStartSize(1240, 760);
-constexpr const char* kTwoFilesText =
-    "The last file could not be read to its end: the tables hold parts of two files. Open a good "
-    "file.";
 
 QStringList toQStrings(const std::vector<std::string>& texts) {
   QStringList made;
@@ -63,7 +61,8 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
       saver_(folder_),
       unsaved_(folder_, settleAsShown),
       area_(new QMdiArea),
-      panel_(new FitPanelWidgets) {
+      panel_(new FitPanelWidgets),
+      foot_(new Foot) {
   setObjectName("mdimod");
   setWindowTitle("zevFIT");
   area_->setObjectName("Area");
@@ -86,20 +85,22 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
   row->addWidget(scroller);
   row->addWidget(area_, 1);
   setCentralWidget(middle);
+  setStatusBar(foot_);
   resize(kStartSize);
 
-  fit_ = std::make_unique<Fit>(Fit{session_, *panel_, *this, dialogs_});
+  fit_ = std::make_unique<Fit>(Fit{session_, *panel_, *this, dialogs_, *this});
   windows_ = std::make_unique<PlotWindowTable>(*area_, *fit_, faults_, [this] {
     if (reports_) reports_->endDelete();
   });
   panel_->QWidget::setEnabled(false);
   panel_->connectTo(*fit_, faults_);
+  panel_->handled = [this] { renewFoot(); };
   connect(area_, &QMdiArea::subWindowActivated, this,
           [this](QMdiSubWindow* window) { windowActivated(window); });
   makeMenus();
   makeToolbar();
   makeButtons();
-  makeShortcuts();
+  makeShortcuts(*this);
   drop_ = std::make_unique<FileDrop>(*this, faults_, [this](const std::string& path) {
     dialogs_.holdFile(path);
     load(path);
@@ -125,8 +126,10 @@ formabout& mdimod::about() {
 }
 
 printcolection& mdimod::reports() {
-  if (!reports_)
+  if (!reports_) {
     reports_ = std::make_unique<printcolection>(*fit_, *windows_, printer_, faults_, this);
+    makeShortcuts(*reports_);
+  }
   return *reports_;
 }
 
@@ -144,10 +147,6 @@ void mdimod::loadIcons() {
 }
 
 void mdimod::showAbout() { about().showAtStart(); }
-
-void mdimod::tellOfRescue() {
-  if (const auto note = takeRescueNote(folder_)) tellAtFoot(*this, *note);
-}
 
 std::int64_t mdimod::variableCount() const {
   // Neither the list of the panel nor, behind a save, the count of the session knows them all.
@@ -198,6 +197,7 @@ void mdimod::openTest() {
 void mdimod::run(const Command& command) {
   if (command.needsFile && !requireFile(*fit_)) return;
   if (command.action) (this->*command.action)();
+  renewFoot();
 }
 
 void mdimod::mnuvoltar() {
@@ -260,26 +260,18 @@ void mdimod::load(const std::string& path) {
   if (outcome == Load::good) takeFile();
   if (outcome == Load::halfWay) tellOfHalf(path);
   if (lost) tellAtFoot(*this, *lost);
+  renewFoot();
   tellOfRescue();
   if (outcome != Load::good) return dialogs_.warning(kBadFileText);
   structure().showModal();
+  renewFoot();
 }
 
 void mdimod::takeFile() {
   about().hide();
   saver_.startFile();
+  fileModels_.take(session_, variableCount());
   clearFoot(*this);
-}
-
-void mdimod::tellOfHalf(const std::string& path) {
-  if (!session_.loaded)
-    return tellAtFoot(*this, "The file " + path +
-                                 " could not be read to its end: the tables hold a part of it. "
-                                 "Open a good file.");
-  unsaved_.disregard(session_, variableCount());
-  tellAtFoot(*this, kTwoFilesText);
-  // A save would now write parts of two files over the former one: it is kept once more.
-  saver_.startFile();
 }
 
 void mdimod::viewFile() { structure().reopen(); }
@@ -293,7 +285,9 @@ void mdimod::showResults() {
 }
 
 void mdimod::gravando() {
-  const auto note = saver_.gravando(session_, toInt16(panel_->listCount(List::Combo2)), dialogs_);
+  const int listed = panel_->listCount(List::Combo2);
+  const auto note = saver_.gravando(session_, toInt16(listed), dialogs_);
+  if (saver_.hasSaved()) fileModels_.take(session_, listed);
   if (note) tellAtFoot(*this, *note);
 }
 
@@ -313,7 +307,11 @@ void mdimod::zoomIn() {
 
 void mdimod::zoomOut() { kmenos(session_, *this, dialogs_, *windows_); }
 
-void mdimod::showReports() { reports().open(); }
+void mdimod::showReports() {
+  // Its title bar stays below the toolbar.
+  const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+  reports().open(area_->mapToGlobal(QPoint(0, title)));
+}
 
 void mdimod::mnuabout2() { about().showCentred(); }
 
@@ -360,6 +358,7 @@ void mdimod::plotvariogram() {
     Pair subject;
     ~Appearance() { windows.showDrawn(subject); }
   } const appearance{*windows_, session_.current()};
+  renewFoot();
   const DrawingDepth::Level level(depth_);
   zevfit::plotvariogram(*fit_, *windows_);
 }

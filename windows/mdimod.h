@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "files/file_models.h"
 #include "files/unsaved.h"
 #include "files/variogram_reader.h"
 #include "files/variogram_writer.h"
@@ -28,6 +29,7 @@ namespace zevfit {
 
 class FileDrop;
 class FitPanelWidgets;
+class Foot;
 class Orthogonality;
 class Printer;
 class cutgraph;
@@ -40,7 +42,7 @@ class testcruz;
 
 /// The main window: owns the session, the panel, the plot windows and the commands, and hands them
 /// to each other.
-class mdimod : public QMainWindow, public Plotter, public StructureHost {
+class mdimod : public QMainWindow, public Plotter, public Hints, public StructureHost {
  public:
   /// `folder`: the program's own, for its files.
   mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogonality,
@@ -57,6 +59,7 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   void endBySignal(int signal);
 
   void plotvariogram() override;
+  void hint(HintTopic topic, std::string_view text) override;
 
   void clearVariables() override;
   void enableMain() override;
@@ -87,8 +90,8 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
 
   void makeMenus();
   void makeToolbar();
-  /// Keys that go from plot to plot.
-  void makeShortcuts();
+  /// Keys that go from plot to plot, in a window of the program.
+  void makeShortcuts(QWidget& window);
   QAction* addEntry(QMenu* menu, const char* name, const char* caption, void (mdimod::*action)());
   void run(const Command& command);
 
@@ -135,6 +138,8 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   void takeFile();
   /// Says, until a file is loaded, what a load that failed half way has left in the tables.
   void tellOfHalf(const std::string& path);
+  /// Brings the foot up to date once the events under way have ended, however often it is asked.
+  void renewFoot();
 
   Dialogs& dialogs_;
   /// Keeps the models and tells of a fault that ends the program.
@@ -146,8 +151,11 @@ class mdimod : public QMainWindow, public Plotter, public StructureHost {
   const ChosenWheel wheel_;
   ModelSaver saver_;
   Unsaved unsaved_;
+  FileModels fileModels_;
   QMdiArea* area_;
   FitPanelWidgets* panel_;
+  Foot* foot_;
+  bool footDue_ = false;  ///< it is about to be brought up to date
   QToolBar* Toolbar1;
   std::unique_ptr<PlotWindowTable> windows_;
   std::unique_ptr<Fit> fit_;

@@ -93,10 +93,10 @@ void mdimod::makeButtons() {
 }
 
 // Qt itself only has Ctrl+Tab.
-void mdimod::makeShortcuts() {
-  connect(new QShortcut(QKeySequence("Ctrl+F6"), this), &QShortcut::activated, area_,
+void mdimod::makeShortcuts(QWidget& window) {
+  connect(new QShortcut(QKeySequence("Ctrl+F6"), &window), &QShortcut::activated, area_,
           &QMdiArea::activateNextSubWindow);
-  connect(new QShortcut(QKeySequence("Ctrl+Shift+F6"), this), &QShortcut::activated, area_,
+  connect(new QShortcut(QKeySequence("Ctrl+Shift+F6"), &window), &QShortcut::activated, area_,
           &QMdiArea::activatePreviousSubWindow);
 }
 

@@ -10,6 +10,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRubberBand>
+#include <QScreen>
 #include <QSlider>
 #include <QTabBar>
 #include <algorithm>
@@ -26,6 +27,10 @@ namespace {
 
 /// The size that the window takes at each activation, twips.
 constexpr double kWindowWidth = 5532, kWindowHeight = 5772;
+
+/// A window that the desktop keeps in front of the main one.
+constexpr Qt::WindowFlags kInFront = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                     Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
 
 std::size_t toIndex(int slot) { return static_cast<std::size_t>(slot); }
 
@@ -46,7 +51,7 @@ constexpr std::array<Arrow, 4> kArrows{
 
 printcolection::printcolection(Fit& fit, PlotWindows& plots, Printer& printer,
                                const FaultReport& faults, QWidget* mainWindow)
-    : QWidget(mainWindow, Qt::Window), reports_{fit, plots, printer, *this}, faults_(faults) {
+    : QWidget(mainWindow, kInFront), reports_{fit, plots, printer, *this}, faults_(faults) {
   setObjectName("printcolection");
   setWindowTitle("Print Preview");
   makeControls();
@@ -71,7 +76,16 @@ void printcolection::connectControls() {
   for (PictureBox* page : Picture1) page->installEventFilter(this);
 }
 
-void printcolection::open() { showCollection(reports_); }
+void printcolection::open(QPoint place) {
+  const QRect screen = parentWidget()->screen()->availableGeometry();
+  const QSize size(toPixels(kWindowWidth), toPixels(kWindowHeight));
+  if (!testAttribute(Qt::WA_Moved))
+    move(std::clamp(place.x(), screen.left(),
+                    std::max(screen.left(), screen.right() - size.width())),
+         std::clamp(place.y(), screen.top(),
+                    std::max(screen.top(), screen.bottom() - size.height())));
+  showCollection(reports_);
+}
 
 void printcolection::showNormally() {
   showNormal();

@@ -30,8 +30,8 @@ class printcolection : public QWidget, private ReportWindow {
   printcolection(Fit& fit, PlotWindows& plots, Printer& printer, const FaultReport& faults,
                  QWidget* mainWindow);
 
-  /// The command that shows it.
-  void open();
+  /// The command that shows it; the first time at a place of the screen.
+  void open(QPoint place);
   /// Unticks "Delete".
   void endDelete() { setDeleteTicked(false); }
 

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "session/fault.h"
+#include "session/hint_number.h"
 #include "session/line.h"
 
 namespace zevfit {
@@ -20,6 +21,13 @@ constexpr std::array<HandleForm, kLines.size()> kHandleForms{{
     {std::nullopt, 2 * PlotBox::xmargin, false},
     {std::nullopt, 2 * PlotBox::xmargin, false},
 }};
+
+/// The range where that lies beyond the axis, otherwise the sill, as in "a1 = 1500".
+std::string cellOutside(const ConstLineRef& at, Line handle, double xmax) {
+  const bool range = handle != Line::nugget && at.range().number() > xmax;
+  return (range ? "a" : "C") + std::to_string(indexOf(handle)) + " = " +
+         (range ? at.range() : at.sill()).toText();
+}
 
 /// The box of the picture with the handle's own right end.
 PlotBox handleBox(const PlotBox& box, const HandleForm& form) {
@@ -72,6 +80,21 @@ std::optional<Point> handlePlace(const Session& session, const PlotMap& map, Lin
   const Point place{x, own.y(at.sill().number())};
   if (!contains(own.box, place)) return std::nullopt;
   return place;
+}
+
+std::string outOfView(const Session& session, const PlotMap& map, std::span<const Line> hidden,
+                      Pair pair) {
+  std::string named;
+  for (const Line handle : hidden) {
+    const ConstLineRef at = line(session, pair, handle);
+    if (!at.isOn()) continue;
+    named += named.empty() ? "Out of view: " : ", ";
+    named += std::string(kHandleCaptions.at(indexOf(handle))) + " (" +
+             cellOutside(at, handle, map.xmax) + ")";
+  }
+  if (named.empty()) return "";
+  return named + ". The axes go to " + hintNumber(map.xmax, named) + " and from " +
+         hintNumber(map.ymin, "") + " to " + hintNumber(map.ymax, named) + ".";
 }
 
 }  // namespace zevfit

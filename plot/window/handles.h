@@ -1,7 +1,10 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
+#include <string>
 
 #include "model/fit_panel.h"
 #include "plot/drawing/geometry.h"
@@ -9,6 +12,9 @@
 #include "session/session.h"
 
 namespace zevfit {
+
+/// What the handles are labelled with, by their lines.
+inline constexpr std::array<const char*, 4> kHandleCaptions{"Co", "S1", "S2", "S3"};
 
 /// A place in a picture, twips.
 struct Point {
@@ -51,5 +57,11 @@ const HandleForm& handleForm(Line handle);
 /// for a cell that holds a text.
 std::optional<Point> handlePlace(const Session& session, const PlotMap& map, Line handle,
                                  Pair pair);
+
+/// What is to be said of hidden handles: which of them belong to lines in use, with the range or
+/// the sill that lies outside the axes of the map. Empty where there is none. Throws Fault for a
+/// cell that holds a text.
+std::string outOfView(const Session& session, const PlotMap& map, std::span<const Line> hidden,
+                      Pair pair);
 
 }  // namespace zevfit

@@ -56,7 +56,7 @@ TEST(DirectionEvents, ClickBesideThePictureFreesAndHidesTheHandles) {
 
 TEST(DirectionEvents, LostFocusHidesHandlesAndGuidesAndFreesNothing) {
   DragBench bench;
-  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
   bench.press(Line::first);
   bench.forget();
   Picture4_LostFocus(bench.window());
@@ -69,9 +69,9 @@ TEST(DirectionEvents, LostFocusHidesHandlesAndGuidesAndFreesNothing) {
 
 TEST(DirectionEvents, HandlesReturnAtTheNextReleaseOnThePlot) {
   DragBench bench;
-  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
   Picture4_LostFocus(bench.window());
-  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
   for (const auto& handle : bench.window().handles) EXPECT_TRUE(handle.visible);
 }
 

@@ -286,7 +286,7 @@ TEST(Drag, LeftButtonNeverChangesASillNorTheRightOneARange) {
   for (const MouseButton button : {MouseButton::left, MouseButton::right}) {
     for (const Line handle : kStructures) {
       DragBench bench;
-      Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+      Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
       const double sill = bench.sill(handle), range = bench.range(handle);
       bench.press(handle, button);
       bench.moveTo(1000, 700);
@@ -303,7 +303,7 @@ TEST(Drag, LeftButtonNeverChangesASillNorTheRightOneARange) {
 
 TEST(Drag, NuggetLeavesItsColumnAndReturnsToIt) {
   DragBench bench;
-  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
   EXPECT_EQ(bench.window().handles[0].left, 2400);
   bench.press(Line::nugget);
   bench.moveTo(4000, 1860);
@@ -313,7 +313,7 @@ TEST(Drag, NuggetLeavesItsColumnAndReturnsToIt) {
   EXPECT_EQ(bench.window().handles[0].left, 1000);
   EXPECT_EQ(bench.sill(Line::nugget), 5);
   bench.release(Line::nugget);
-  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
   EXPECT_EQ(bench.window().handles[0].left, 2400);
   EXPECT_EQ(bench.window().handles[0].top, 1860);
 }

@@ -23,7 +23,7 @@ std::string nameOf(Line handle, MouseButton button) {
 /// The handles are out.
 struct GripBench : DragBench {
   explicit GripBench(DragAxis lastAxis = DragAxis::unset) {
-    Picture4_MouseUp(fit.session, fit.plotter, window());
+    Picture4_MouseUp(fit.session, fit.plotter, fit.hints, window());
     window().drag.dragaxis = lastAxis;
     forget();
   }

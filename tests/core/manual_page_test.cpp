@@ -71,7 +71,14 @@ const char* const kMessages[] = {
     "| The models of ... that were not saved could not be kept in ... |",
     "| The file ... could not be read to its end: the tables hold a part of it.",
     "The last file could not be read to its end: the tables hold parts of two files.",
-    "Open a good file."};
+    "Open a good file.",
+    "is no sill here: the semivariance axis goes from ",
+    "False is no number. The value before is back.",
+    "The slider does not take the end of the axis: type ",
+    "is no range here: ranges go from 0 to ",
+    "lies beyond the distance axis, which ends at ",
+    "| Out of view: ",
+    "| Report 1 went to "};
 
 TEST(ManualPage, TellsOfEveryMessage) {
   const std::string page = manual();

@@ -13,7 +13,7 @@ namespace {
 
 TEST(Placing, BringsOutTheHandlesInThisOrder) {
   DragBench bench;
-  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
   // Sills: 3120 - 252 * 2, 2.5, 5, 7.5. Ranges: 800 + 48.68 * 25 less the width of 300, and
   // 800 + 40.68 * 50, 75.
   EXPECT_EQ(bench.window().calls,
@@ -28,7 +28,7 @@ TEST(Placing, ShowsOnlyLinesInUse) {
     DragBench bench;
     for (auto& handle : bench.window().handles) handle.visible = true;
     line(bench.session, kPair, unused).use(0);
-    Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+    Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
     for (const Line handle : kLines)
       EXPECT_EQ(bench.window().handles.at(indexOf(handle)).visible, handle != unused)
           << "line " << indexOf(unused) << ", handle " << indexOf(handle);
@@ -39,7 +39,7 @@ TEST(Placing, ShowsOnlyLinesInUse) {
 TEST(Placing, FirstStructureStandsToTheLeftByItsOwnWidthAlone) {
   DragBench bench;
   for (auto& handle : bench.window().handles) handle.width = 123;
-  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
   EXPECT_EQ(bench.window().handles[0].left, 2400);
   EXPECT_EQ(bench.window().handles[1].left, 1894);  // 2017 - 123
   EXPECT_EQ(bench.window().handles[2].left, 2834);
@@ -49,7 +49,7 @@ TEST(Placing, FirstStructureStandsToTheLeftByItsOwnWidthAlone) {
 TEST(Placing, TestsTheFirstStructureBeforeItsWidthIsTakenOff) {
   DragBench bench;
   bench.session.a1(kPair) = 0;
-  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
   EXPECT_TRUE(bench.window().handles[1].visible);
   EXPECT_EQ(bench.window().handles[1].left, 500);  // 800 - 300, left of the box
 }
@@ -58,7 +58,7 @@ TEST(Placing, HandlesOutsideTheBoxStayHidden) {
   DragBench bench;
   bench.session.ymax(kPair) = 5;
   bench.session.xmax(kPair) = 40;
-  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
   // Sills 2, 2.5, 5 fit and 7.5 does not; ranges 25 fits and 50 does not.
   EXPECT_TRUE(bench.window().handles[0].visible);
   EXPECT_TRUE(bench.window().handles[1].visible);
@@ -69,7 +69,7 @@ TEST(Placing, HandlesOutsideTheBoxStayHidden) {
 TEST(Placing, ThePlotOwnsTheRangeOfThePairThatWasCurrent) {
   DragBench bench;
   bench.session.setCurrent({2, 1});
-  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
   EXPECT_TRUE(bench.session.atyped({2, 1}));
   EXPECT_FALSE(bench.session.atyped(kPair));
   EXPECT_EQ(bench.session.current(), kPair);
@@ -82,7 +82,7 @@ TEST(Placing, TakesTheSemivarianceAxisOfTheLastDrawingAndTheDistanceAxisOfItsOwn
   bench.session.ymin({2, 1}) = -5;
   bench.session.xmax({2, 1}) = 1000;
   bench.session.xmax(kPair) = 200;
-  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
   // A unit of semivariance is 2520 / 25 = 100.8 high: 3120 - 100.8 * (2.5 + 5); a unit of distance
   // 4868 / 200 = 24.34 wide: 800 + 24.34 * 25 - 300.
   EXPECT_DOUBLE_EQ(bench.window().handles[1].top, 2364);
@@ -92,7 +92,7 @@ TEST(Placing, TakesTheSemivarianceAxisOfTheLastDrawingAndTheDistanceAxisOfItsOwn
 TEST(Placing, CountsThePictureWithItsBorder) {
   DragBench bench;
   bench.window().pictureBorder = 30;
-  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
   EXPECT_EQ(bench.window().handles[1].left, 1717);
   EXPECT_EQ(bench.window().handles[1].top, 2490);
 }
@@ -101,7 +101,7 @@ TEST(Placing, HandleThatWasHeldStaysSo) {
   DragBench bench;
   bench.held(Line::second) = true;
   bench.session.dragging = true;
-  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
   EXPECT_TRUE(bench.held(Line::second));
   EXPECT_TRUE(bench.session.dragging);
 }
@@ -111,7 +111,7 @@ TEST(Placing, WindowWithoutAPairShowsNone) {
   bench.window().title = "Formod";
   for (auto& handle : bench.window().handles) handle.visible = true;
   bench.session.plotvar = kVariable;
-  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window());
+  Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window());
   EXPECT_EQ(bench.session.current(), (Pair{0, 0}));
   for (const auto& handle : bench.window().handles) EXPECT_FALSE(handle.visible);
 }
@@ -140,7 +140,8 @@ TEST(Placing, AnyFaultFreesAndHidesAllHandles) {
     bench.holdAll();
     bench.session.dragging = true;
     row.spoil(bench);
-    EXPECT_NO_THROW(Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.window()))
+    EXPECT_NO_THROW(
+        Picture4_MouseUp(bench.fit.session, bench.fit.plotter, bench.fit.hints, bench.window()))
         << row.name;
     EXPECT_EQ(bench.session.dragsel, kNoneHeld) << row.name;
     for (const auto& handle : bench.window().handles) EXPECT_FALSE(handle.visible) << row.name;
@@ -156,7 +157,7 @@ TEST(Placing, FaultOfTheDrawingHidesTheHandlesToo) {
   struct : Plotter {
     void plotvariogram() override { throw Fault("no drawing"); }
   } plotter;
-  Picture4_MouseUp(bench.fit.session, plotter, bench.window());
+  Picture4_MouseUp(bench.fit.session, plotter, bench.fit.hints, bench.window());
   EXPECT_EQ(bench.window().handles[0].top, 1860);  // it had been placed
   EXPECT_FALSE(bench.window().handles[0].visible);
   EXPECT_EQ(bench.session.dragsel, kNoneHeld);

@@ -29,6 +29,7 @@ class RecordingPrinter : public Printer {
     open = false;
     note("end");
   }
+  std::string destination() const override { return "the printer in memory"; }
   void killDoc() override {
     open = false;
     note("kill");

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMenuBar>
@@ -26,12 +27,15 @@ struct WindowRow {
   const char* name;
   const char* command;  ///< an action, or a button of the panel
   bool modal;
+  const char* button = "";  ///< of the window that the command brings up
 };
 
 const WindowRow kWindows[] = {{"mdimod", "", false},
                               {"frmzevfit", "k2", true},
                               {"modfinal", "k3", true},
                               {"Formfont", "k10", false},
+                              {"cores", "k10", false, "Command5"},
+                              {"Frame2", "k10", false, "Command4"},
                               {"printcolection", "kp", false},
                               {"cutgraph", "Command1", false},
                               {"legenda", "Command4", true},
@@ -59,6 +63,8 @@ class Access : public testing::TestWithParam<WindowRow> {
     };
     if (row.modal) QTimer::singleShot(0, look);
     open(row.command);
+    if (*row.button != 0)
+      Program::find<QAbstractButton>(program_.control("Formfont"), row.button).click();
     if (!row.modal) look();
     EXPECT_TRUE(met) << "no such window";
   }
@@ -129,6 +135,26 @@ TEST_P(Access, TheTabOrderFollowsTheEye) {
       const QRect next(order[i]->mapTo(&window, QPoint()), order[i]->size());
       EXPECT_FALSE(next.bottom() < before.top() && next.right() < before.left())
           << called(*order[i - 1]) << " leads up and left to " << called(*order[i]);
+    }
+  });
+}
+
+/// What a user who cannot see the window is told of a control.
+std::string toldOf(QWidget& control) {
+  QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&control);
+  return face ? face->text(QAccessible::Name).trimmed().toStdString() : "";
+}
+
+TEST_P(Access, HasANameItselfAndSoHasEachPictureInIt) {
+  onWindow([](QWidget& window) {
+    EXPECT_FALSE(window.windowTitle().isEmpty());
+    EXPECT_NE(toldOf(window), "");
+    for (QLabel* label : window.findChildren<QLabel*>()) {
+      // A colour in a frame.
+      const bool shows = label->text().isEmpty() && label->frameShape() == QFrame::Box;
+      if (label->window() == &window && label->isVisible() && shows) {
+        EXPECT_NE(toldOf(*label), "") << called(*label);
+      }
     }
   });
 }

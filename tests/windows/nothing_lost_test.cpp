@@ -5,7 +5,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QStatusBar>
 
 #include "files/rescue.h"
 #include "files/variogram_reader.h"
@@ -25,11 +24,10 @@ constexpr const char* kTwoFiles =
     "The last file could not be read to its end: the tables hold parts of two files. Open a good "
     "file.";
 
-/// What stands at the foot of the window; nothing where it has none on show.
+/// The notes at the foot of the window; nothing where there are none on show.
 std::string footOf(Program& program) {
-  auto* foot = program.window().findChild<QStatusBar*>();
-  if (!foot || !foot->isVisible()) return "";
-  return Program::find<QLabel>(*foot, "LabelFoot").text().toStdString();
+  const auto& notes = program.control<QLabel>("LabelFoot");
+  return notes.isVisible() ? notes.text().toStdString() : "";
 }
 
 class NothingLost : public testing::Test {

@@ -40,6 +40,7 @@ TEST_F(QtPrinterTest, PrintsIntoAFile) {
   printer.sheet().text(1000, 1000, "Data", {kPlotFont, 10, true}, kBlack);
   printer.endDoc();
   EXPECT_TRUE(isPdf(path("sheet.pdf")));
+  EXPECT_EQ(printer.destination(), "the file " + path("sheet.pdf").toStdString());
   EXPECT_THROW(printer.sheet(), Fault);
   EXPECT_NO_THROW(printer.endDoc());
 }

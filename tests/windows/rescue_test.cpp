@@ -4,7 +4,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
-#include <QStatusBar>
 #include <QTemporaryDir>
 #include <csignal>
 
@@ -129,7 +128,7 @@ TEST_F(Rescue, TheWholeProgramKeepsItsModelsAtASignal) {
 TEST_F(Rescue, TheNextStartSaysSoOnceAndUntilAFileIsLoaded) {
   {
     Program program(program_);
-    EXPECT_EQ(program.window().findChild<QStatusBar*>(), nullptr);
+    EXPECT_EQ(program.control<QLabel>("LabelFoot").text(), "");
     program.open(file_);
     program.window().endBySignal(SIGTERM);
   }
@@ -145,7 +144,7 @@ TEST_F(Rescue, TheNextStartSaysSoOnceAndUntilAFileIsLoaded) {
     EXPECT_FALSE(told.isVisible());
   }
   Program program(program_);
-  EXPECT_EQ(program.window().findChild<QStatusBar*>(), nullptr);
+  EXPECT_EQ(program.control<QLabel>("LabelFoot").text(), "");
 }
 
 }  // namespace

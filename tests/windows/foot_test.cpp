@@ -1,0 +1,182 @@
+// The foot of the main window: the open file and its mark, the misfit, hints and notes.
+#include "windows/foot.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QSlider>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "tests/support/model_lines.h"
+#include "tests/support/program.h"
+#include "windows/formod.h"
+
+namespace zevfit::test {
+namespace {
+
+// Variance 1, two directions: distances 10, 20, 30 with semivariances 0.5, 1.5, 2 and 9, 0, 3
+// pairs; the axis of the first ends at 2.12.
+constexpr const char* kSmall =
+    "small\nzevra\n1\nzinc\n2\n3\n0;0\n90;0\n"
+    "1\n10 0.5 9\n20 1.5 0\n30 2 3\n10 0.25 9\n20 0.75 9\n30 1 9\n";
+
+class FootOfTheWindow : public testing::Test {
+ protected:
+  FootOfTheWindow() : program_(folder_.path().toStdString()) {
+    program_.openBytes(kSmall);
+    settle();
+  }
+  static void settle() { QApplication::processEvents(); }
+  std::string text(const char* label) {
+    settle();
+    return program_.control<QLabel>(label).text().toStdString();
+  }
+  std::string tip(const char* label) {
+    settle();
+    return program_.control<QLabel>(label).toolTip().toStdString();
+  }
+  void press(const char* button) { program_.control<QAbstractButton>(button).click(); }
+  void type(const char* field, const char* typed) {
+    auto& edit = program_.control<QLineEdit>(field);
+    edit.selectAll();
+    QTest::keyClicks(&edit, typed);
+  }
+  Session& session() { return program_.session(); }
+
+  QTemporaryDir folder_;
+  Program program_;
+};
+
+TEST_F(FootOfTheWindow, NamesTheOpenFileAndWhereItIs) {
+  EXPECT_EQ(text("LabelFile"), "small.zvm");
+  EXPECT_EQ(tip("LabelFile"), folder_.filePath("small.zvm").toStdString());
+  EXPECT_EQ(program_.window().windowTitle(), "zevFIT");
+}
+
+TEST_F(FootOfTheWindow, MarksModelsThatDifferFromTheFile) {
+  EXPECT_EQ(text("LabelChanged"), "");
+  press("est1");
+  press("plot1");
+  EXPECT_EQ(text("LabelChanged"), "*") << "a box alone";
+  press("plot1");
+  EXPECT_EQ(text("LabelChanged"), "");
+  press("plot1");
+  type("Textc0", "0.5");
+  program_.trigger("k11");
+  EXPECT_EQ(text("LabelChanged"), "");
+  EXPECT_EQ(tip("LabelChanged"), "");
+  type("Textc0", "0.25");
+  EXPECT_EQ(text("LabelChanged"), "*") << "typed, and not drawn yet";
+  EXPECT_EQ(tip("LabelChanged"),
+            "The models differ from those in the file: Models (Ctrl+S) saves them");
+  type("Textc0", "0.5");
+  EXPECT_EQ(text("LabelChanged"), "");
+  type("Textc0", "0.75");
+  program_.open(session().inputfile);
+  EXPECT_EQ(text("LabelChanged"), "") << "as the file has it";
+}
+
+TEST_F(FootOfTheWindow, KeepsTheMarkWhereASaveIsCancelled) {
+  press("est1");
+  press("plot1");
+  program_.dialogs().confirmations = {false};
+  program_.trigger("k11");
+  EXPECT_EQ(text("LabelChanged"), "*");
+}
+
+// A nugget of 1 against 0.5 with 9 pairs and 2 with 3: sqrt((9 * 0.25 + 3 * 1) / 12) = 0.6614, over
+// the variance of 1. One of 2: sqrt((9 * 2.25 + 0) / 12) = 1.2990.
+TEST_F(FootOfTheWindow, TellsTheMisfitOfTheModelOnShow) {
+  EXPECT_EQ(text("LabelMisfit"), "") << "no model";
+  press("est1");
+  press("plot1");
+  type("Textc0", "1");
+  EXPECT_EQ(text("LabelMisfit"), "Misfit 66.1 %");
+  type("Textc0", "2");
+  EXPECT_EQ(text("LabelMisfit"), "Misfit 129.9 %");
+  program_.control<QComboBox>("Combodirvar").setCurrentIndex(1);
+  EXPECT_EQ(text("LabelMisfit"), "Misfit 129.9 %") << "the other direction is not on show yet";
+  press("Command5");
+  EXPECT_EQ(text("LabelMisfit"), "");
+  program_.control<QComboBox>("Combodirvar").setCurrentIndex(0);
+  press("Command5");
+  EXPECT_EQ(text("LabelMisfit"), "Misfit 129.9 %");
+  session().variance(1) = 1e-6;
+  press("Command5");
+  EXPECT_EQ(text("LabelMisfit"), "Misfit over 9999.9 %");
+  session().variance(1) = 0;
+  press("Command5");
+  EXPECT_EQ(text("LabelMisfit"), "");
+}
+
+TEST_F(FootOfTheWindow, SaysWhyATypedSillSprangBack) {
+  press("est1");
+  type("Textc0", "5");
+  EXPECT_EQ(program_.control<QLineEdit>("Textc0").text(), "0");
+  EXPECT_EQ(
+      text("LabelHint"),
+      "5 is no sill here: the semivariance axis goes from 0 to 2.12. The value before is back.");
+  type("Textc0", "1");
+  EXPECT_EQ(text("LabelHint"), "");
+}
+
+TEST_F(FootOfTheWindow, SaysThatARangeBeyondTheAxisHasItsHandleOutOfView) {
+  setStructure(session(), {1, 1}, Line::first, "S", 1, 15);
+  program_.window().plotvariogram();
+  press("est2");
+  auto& slider = program_.control<QSlider>("HScrolla");
+  slider.setFocus(Qt::TabFocusReason);
+  // 599.99999 * 3200 / 32000.
+  slider.setValue(3200);
+  EXPECT_EQ(text("LabelHint"),
+            "a1 = 60 lies beyond the distance axis, which ends at 30: its handle is out of view.");
+  QWidget& picture = program_.control("Picture4");
+  QTest::mouseClick(&picture, Qt::LeftButton, {}, QPoint(20, 20));
+  EXPECT_EQ(text("LabelHint"), "Out of view: S1 (a1 = 60). The axes go to 30 and from 0 to 2.12.");
+  slider.setFocus(Qt::TabFocusReason);
+  slider.setValue(800);
+  EXPECT_EQ(text("LabelHint"), "");
+}
+
+TEST_F(FootOfTheWindow, KeepsItsHeightAndTheAreaWhateverItTells) {
+  auto& foot = program_.control<Foot>("Foot");
+  const QRect area = program_.control("Area").geometry();
+  const int height = foot.height();
+  const int file = program_.control("LabelFile").width();
+  tellAtFoot(program_.window(), "/a/very/" + std::string(400, 'x') + "/path");
+  tellAtFoot(program_.window(), "a second line");
+  hintAtFoot(program_.window(), std::string(400, 'y'));
+  settle();
+  EXPECT_EQ(foot.height(), height);
+  EXPECT_EQ(program_.control("Area").geometry(), area);
+  EXPECT_EQ(program_.control("LabelFile").width(), file);
+  EXPECT_TRUE(program_.control("LabelFoot").isVisible());
+  EXPECT_EQ(tip("LabelHint"), std::string(400, 'y'));
+  clearFoot(program_.window());
+  settle();
+  EXPECT_FALSE(program_.control("LabelFoot").isVisible());
+  EXPECT_EQ(text("LabelHint"), "");
+  EXPECT_EQ(foot.height(), height);
+}
+
+TEST_F(FootOfTheWindow, TakesAwayOnlyAHintOfTheSameTopic) {
+  auto& foot = program_.control<Foot>("Foot");
+  foot.showHint(HintTopic::sheet, "printed");
+  foot.showHint(HintTopic::sill, "");
+  EXPECT_EQ(text("LabelHint"), "printed");
+  foot.showHint(HintTopic::sheet, "");
+  EXPECT_EQ(text("LabelHint"), "");
+  foot.showHint("saved");
+  foot.showHint(HintTopic::sheet, "");
+  EXPECT_EQ(text("LabelHint"), "saved");
+  foot.showHint("");
+  EXPECT_EQ(text("LabelHint"), "");
+}
+
+}  // namespace
+}  // namespace zevfit::test
