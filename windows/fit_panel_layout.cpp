@@ -14,6 +14,7 @@
 #include "windows/controls.h"
 #include "windows/fit_panel_widgets.h"
 #include "windows/panel_slider.h"
+#include "windows/program_keys.h"
 
 namespace zevfit {
 
@@ -144,7 +145,7 @@ void FitPanelWidgets::makeButtons() {
   Command3 = makeIconButton("Command3", nullptr, "Grid ON/OFF", {});
   Command4 = named(new QPushButton("[ h ]"), "Command4", "Legend h[units]");
   Command5 = named(new QPushButton("PLOT"), "Command5", "Plot Theoretical Model");
-  Command5->setShortcut(Qt::ALT | Qt::Key_P);
+  Command5->setShortcut(keysOf("Command5").value(0));
 }
 
 void FitPanelWidgets::loadIcons() {

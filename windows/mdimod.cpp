@@ -29,8 +29,10 @@
 #include "windows/legenda.h"
 #include "windows/modfinal.h"
 #include "windows/printcolection.h"
+#include "windows/save_picture.h"
 #include "windows/testcruz.h"
 #include "windows/texts.h"
+#include "windows/tools_menu.h"
 #include "windows/wait_cursor.h"
 
 namespace zevfit {
@@ -97,6 +99,7 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
   makeToolbar();
   makeButtons();
   makeShortcuts();
+  makeTools();
   if (const auto path = loadParameters(folder_, session_.style)) dialogs_.holdFile(*path);
   tellOfRescue();
 }
@@ -105,6 +108,8 @@ mdimod::~mdimod() {
   // The controls go before what their handlers work on.
   delete takeCentralWidget();
 }
+
+Manual& mdimod::manual() { return tools_->manual(); }
 
 frmzevfit& mdimod::structure() {
   if (!structure_)
@@ -241,6 +246,7 @@ void mdimod::mnudatprn() {
     outcome = loadVariogramFile(path, session_, [this] { keepUnsaved(); });
     if (outcome == Load::good) structure().fill(path);
   }
+  tools_->follow();
   if (outcome != Load::good) return tellOfBadFile(outcome);
   about().hide();
   saver_.startFile();
@@ -280,7 +286,7 @@ void mdimod::copyPlot() {
   {
     const WaitCursor wait;
     QGuiApplication::clipboard()->clear();
-    if (plot) QGuiApplication::clipboard()->setImage(plot->clipboardImage());
+    if (plot) QGuiApplication::clipboard()->setMimeData(clipboardPicture(*plot, session_));
   }
   if (!plot) dialogs_.plain("Please Select Variogram Plot you want to copy to Clipboard!");
 }
@@ -335,9 +341,13 @@ void mdimod::plotvariogram() {
   // A window appears once it is loaded, also when its drawing fails.
   struct Appearance {
     PlotWindowTable& windows;
+    ToolsMenu& tools;
     Pair subject;
-    ~Appearance() { windows.showDrawn(subject); }
-  } const appearance{*windows_, session_.current()};
+    ~Appearance() {
+      windows.showDrawn(subject);
+      tools.follow();
+    }
+  } const appearance{*windows_, *tools_, session_.current()};
   const DrawingDepth::Level level(depth_);
   zevfit::plotvariogram(*fit_, *windows_);
 }

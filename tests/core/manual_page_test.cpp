@@ -69,7 +69,11 @@ const char* const kMessages[] = {
     "| The models of ... that were not saved are kept in ... |",
     "| The file as it was before this save could not be kept as ... |",
     "The last file could not be read to its end: the tables hold parts of two files.",
-    "Open a good file."};
+    "Open a good file.",
+    "Cannot save picture: ",
+    "The picture is saved as ",
+    "The manual is not there.",
+    "Cannot open the manual: "};
 
 TEST(ManualPage, TellsOfEveryMessage) {
   const std::string page = manual();
