@@ -74,7 +74,7 @@ QString leadTo(const QString& anchor) {
 
 QString folderBesideProgram() {
   for (const char* folder : kFolders) {
-    const QString path = QCoreApplication::applicationDirPath() + "/" + folder;
+    QString path = QCoreApplication::applicationDirPath() + "/" + folder;
     if (QFile::exists(path + "/manual.md")) return path;
   }
   return {};
