@@ -4,10 +4,12 @@
 #include "files/orthogonality.h"
 #include "platform/end_signals.h"
 #include "platform/house_style.h"
+#include "platform/page_opener.h"
 #include "platform/program_folder.h"
 #include "platform/qt_dialogs.h"
 #include "platform/qt_printer.h"
 #include "windows/greeting.h"
+#include "windows/manual.h"
 
 int main(int argc, char** argv) {
   const zevfit::EndSignals signals;
@@ -20,6 +22,7 @@ int main(int argc, char** argv) {
   zevfit::QtPrinter printer;
   const zevfit::AngleTest angleTest;
   zevfit::mdimod window(dialogs, printer, angleTest, zevfit::programFolder());
+  window.manual().setOpener(zevfit::openPage);
   const auto delivery = signals.deliverTo([&window](int signal) { window.endBySignal(signal); });
   // A small screen shows the whole window with the frame that a desktop puts around it.
   window.resize(window.size().boundedTo(window.screen()->availableSize() - QSize(16, 48)));

@@ -4,7 +4,7 @@
 set -euo pipefail
 
 root=$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")
-packages=(g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-liberation)
+packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6svg6 fonts-liberation)
 case ${1:-} in
   "")
     options=()

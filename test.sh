@@ -49,7 +49,7 @@ coverage     coverage     - coverage
 "
 
 # The Debian packages that a preset takes beside those of every stage.
-readonly every="g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-liberation libgtest-dev poppler-utils binutils"
+readonly every="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6svg6 fonts-liberation libgtest-dev poppler-utils binutils"
 declare -rA packages=(
   [lint]="git clang clang-format clang-tidy shellcheck" [fuzz]="clang libclang-rt-14-dev"
   [asan]="clang libclang-rt-14-dev mold" [fuzzcoverage]="clang libclang-rt-14-dev llvm-14"

@@ -58,9 +58,8 @@ void refusePower(Fit& fit, Line structure) {
   fit.panel.setPosition(Slider::a, rangePosition(scale, fit.panel.text(Field::a)));
 }
 
-/// False when the sampling ends here.
-bool fillStructure(Fit& fit, Pair pair, Line structure) {
-  Session& session = fit.session;
+/// False for a power structure whose exponent is too large.
+bool fillStructure(Session& session, Pair pair, Line structure) {
   const LineRef at = line(session, pair, structure);
   if (!at.isOn()) return true;
   const std::optional<Form> form = formOf(at.letter());
@@ -69,10 +68,7 @@ bool fillStructure(Fit& fit, Pair pair, Line structure) {
   if (!form) return true;
   const bool isPower = form == Form::power;
   const double range = at.range().number();
-  if (isPower && range > kLargestExponent) {
-    refusePower(fit, structure);
-    return false;
-  }
+  if (isPower && range > kLargestExponent) return false;
   kFillRows[static_cast<std::size_t>(*form)](samplesOf(session.curverow[indexOf(structure)]),
                                              samplesOf(session.curveh),
                                              isPower ? 0 : at.sill().number(), range);
@@ -112,15 +108,19 @@ void addRows(Session& session, Pair pair) {
 
 }  // namespace
 
-void modelcurve(Fit& fit, Pair pair, double distanceend) {
-  Session& session = fit.session;
-  session.setCurrent(pair);
+std::optional<Line> sampleCurve(Session& session, Pair pair, double distanceend) {
   raiseRanges(session, pair);
   fillDistances(session, distanceend);
   fillNugget(session, pair);
   for (const Line structure : kStructures)
-    if (!fillStructure(fit, pair, structure)) return;
+    if (!fillStructure(session, pair, structure)) return structure;
   addRows(session, pair);
+  return std::nullopt;
+}
+
+void modelcurve(Fit& fit, Pair pair, double distanceend) {
+  fit.session.setCurrent(pair);
+  if (const auto refused = sampleCurve(fit.session, pair, distanceend)) refusePower(fit, *refused);
 }
 
 }  // namespace zevfit

@@ -61,7 +61,7 @@ icons() {
   cmp "$hicolor/scalable/apps/zevfit.svg" platform/icons/app.svg
 }
 
-# The libraries are found by dpkg-shlibdeps; nothing but this list knows of the plug-in.
+# Found by dpkg-shlibdeps; the SVG plug-in comes with the SVG library.
 dependencies() {
   local list
   list=$(dpkg-deb -f "$(made_package .deb)" Depends) || return

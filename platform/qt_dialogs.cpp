@@ -10,6 +10,7 @@
 #include <QMessageBox>
 #include <QSpacerItem>
 #include <QStringDecoder>
+#include <algorithm>
 
 #include "platform/font_dialog.h"
 #include "platform/painter_surface.h"
@@ -67,6 +68,17 @@ int ask(QMessageBox::Icon icon, const QString& title, std::string_view text,
 }
 
 QFileInfo infoOf(const std::string& path) { return QFileInfo(QFile::decodeName(path.c_str())); }
+
+QString filterOf(const FileKind& kind) { return QString("%1 (*.%2)").arg(kind.name, kind.ending); }
+
+/// The kind that a path is of: the chosen one, unless its ending is that of another.
+std::size_t kindOf(const QString& path, std::span<const FileKind> kinds, std::size_t chosen) {
+  const QString ending = QFileInfo(path).suffix().toLower();
+  if (ending == kinds[chosen].ending) return chosen;
+  const auto named = std::find_if(kinds.begin(), kinds.end(),
+                                  [&](const FileKind& kind) { return ending == kind.ending; });
+  return named == kinds.end() ? chosen : static_cast<std::size_t>(named - kinds.begin());
+}
 
 /// Runs a file dialog that starts at the file that it took last; nothing on Cancel.
 std::optional<std::string> choose(QFileDialog& dialog, std::string_view pattern,
@@ -127,6 +139,33 @@ std::optional<std::string> QtDialogs::saveFile(std::string_view title, std::stri
   if (lastSaved_.empty() && !lastFile_.empty())
     dialog.setDirectory(infoOf(lastFile_).absolutePath());
   return choose(dialog, pattern, lastSaved_);
+}
+
+std::optional<ChosenFile> QtDialogs::saveFileAs(std::string_view title,
+                                                std::span<const FileKind> kinds, std::size_t kind) {
+  QFileDialog dialog(QApplication::activeWindow(), toShown(title));
+  dialog.setObjectName("Dialog3");
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  QStringList filters;
+  for (const FileKind& each : kinds) filters.append(filterOf(each));
+  dialog.setNameFilters(filters);
+  const auto follow = [&](const QString& filter) {
+    kind = static_cast<std::size_t>(std::max<qsizetype>(0, filters.indexOf(filter)));
+    dialog.setDefaultSuffix(kinds[kind].ending);
+  };
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+  dialog.selectNameFilter(filters.at(static_cast<qsizetype>(kind)));
+  follow(dialog.selectedNameFilter());
+  if (!lastFolder_.empty())
+    dialog.setDirectory(QFile::decodeName(lastFolder_.c_str()));
+  else if (!lastFile_.empty())
+    dialog.setDirectory(infoOf(lastFile_).absolutePath());
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  const QString path = dialog.selectedFiles().constFirst();
+  lastFolder_ = QFile::encodeName(QFileInfo(path).absolutePath()).toStdString();
+  return ChosenFile{QFile::encodeName(path).toStdString(), kindOf(path, kinds, kind)};
 }
 
 std::optional<FontChoice> QtDialogs::chooseFont(const FontChoice& start) {

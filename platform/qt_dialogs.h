@@ -17,6 +17,8 @@ class QtDialogs : public Dialogs {
   void fatal(std::string_view text) override;
   std::optional<std::string> openFile(std::string_view title, std::string_view pattern) override;
   std::optional<std::string> saveFile(std::string_view title, std::string_view pattern) override;
+  std::optional<ChosenFile> saveFileAs(std::string_view title, std::span<const FileKind> kinds,
+                                       std::size_t kind) override;
   std::optional<FontChoice> chooseFont(const FontChoice& start) override;
   std::optional<Colour> chooseColour(Colour start) override;
   std::string heldFile() const override;
@@ -28,6 +30,8 @@ class QtDialogs : public Dialogs {
   std::string lastFile_;
   /// The same of the dialog that saves.
   std::string lastSaved_;
+  /// The folder of the last file of a chosen kind.
+  std::string lastFolder_;
 };
 
 }  // namespace zevfit

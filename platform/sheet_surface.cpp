@@ -14,16 +14,14 @@ namespace {
 /// coordinates that no device takes.
 constexpr double kReach = 20;
 
-/// A point of a pen on paper, twips: half a typographic one, finer than on a screen.
-constexpr double kPenPoint = 10;
-
 double held(double at, double length) { return std::clamp(at, -kReach * length, kReach * length); }
 
 }  // namespace
 
-SheetSurface::SheetSurface(QPainter& painter, QSizeF size)
+SheetSurface::SheetSurface(QPainter& painter, QSizeF size, double penPoint)
     : painter_(painter),
       size_(size),
+      penPoint_(penPoint),
       across_(painter.device()->width() / size.width()),
       down_(painter.device()->height() / size.height()) {
   painter_.setRenderHint(QPainter::Antialiasing);
@@ -34,7 +32,7 @@ QPointF SheetSurface::place(double x, double y) const {
 }
 
 QPen SheetSurface::pen(const Stroke& stroke) const {
-  QPen made(toQColor(stroke.colour), stroke.width * kPenPoint * across_);
+  QPen made(toQColor(stroke.colour), stroke.width * penPoint_ * across_);
   made.setStyle(stroke.style == LineStyle::dotted ? Qt::DotLine : Qt::SolidLine);
   made.setCapStyle(Qt::FlatCap);
   made.setJoinStyle(Qt::RoundJoin);

@@ -7,11 +7,15 @@
 
 namespace zevfit {
 
-/// Draws on paper with an open painter, which must outlive it: lines, discs and real texts at the
-/// resolution of the device, none as a bitmap. The whole paper counts as `size` units.
+/// A point of a pen on paper, twips: half a typographic one, finer than on a screen.
+inline constexpr double kPaperPenPoint = 10;
+
+/// Draws on paper, or into a file of lines and texts, with an open painter, which must outlive it:
+/// lines, discs and real texts at the resolution of the device, none as a bitmap. The whole paper
+/// counts as `size` units, a point of the pen as `penPoint`.
 class SheetSurface : public Surface {
  public:
-  SheetSurface(QPainter& painter, QSizeF size);
+  SheetSurface(QPainter& painter, QSizeF size, double penPoint = kPaperPenPoint);
 
   void clear(Colour background) override;
   void text(double x, double y, std::string_view text, const Font& font, Colour colour) override;
@@ -28,6 +32,7 @@ class SheetSurface : public Surface {
 
   QPainter& painter_;
   QSizeF size_;
+  double penPoint_;
   double across_, down_;  ///< dots of the device in a unit
   QPolygonF curve_;       ///< lines of one stroke, each from the end of the one before
   Stroke curveStroke_;

@@ -1,5 +1,6 @@
 #include "report/printed_plot.h"
 
+#include "model/refresh.h"
 #include "plot/drawing/data_steps.h"
 #include "plot/drawing/frame.h"
 #include "plot/drawing/plot_variogram.h"
@@ -67,10 +68,10 @@ const PlotForm& printedForm(const Collection& reports) {
 }
 
 /// No fit control but the variance follows a printed plot.
-void printData(Drawing& drawing) {
+void printData(Fit& fit, Drawing& drawing) {
   startDistanceAxis(drawing);
-  sampleModel(drawing);
-  showVariance(drawing);
+  sampleModel(fit);
+  showVariance(fit);
   drawContent(drawing);
 }
 
@@ -83,10 +84,10 @@ void imprimirvariograma(Collection& reports, double width, double left, double t
   selectFirstStructure(reports.fit, pair);
   reports.fit.session.setPlotted(pair);
   PrintedPicture picture(reports, part, pair);
-  Drawing drawing{reports.fit, picture, printedForm(reports)};
+  Drawing drawing{reports.fit.session, picture, printedForm(reports)};
   drawTitle(drawing);
   drawFrame(drawing);
-  endSilently([&] { printData(drawing); });
+  endSilently([&] { printData(reports.fit, drawing); });
 }
 
 }  // namespace zevfit

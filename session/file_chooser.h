@@ -1,10 +1,23 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
 namespace zevfit {
+
+/// A kind of file that a dialog offers.
+struct FileKind {
+  const char* name;    ///< as a user reads it
+  const char* ending;  ///< without its point
+};
+/// What was chosen: a path, and the place of the kind among those that were offered.
+struct ChosenFile {
+  std::string path;
+  std::size_t kind = 0;
+};
 
 /// Asks the user for files. Paths are UTF-8.
 class FileChooser {
@@ -16,6 +29,11 @@ class FileChooser {
   /// Asks for the name of a file to write, as `openFile` does for one to read; an existing file is
   /// asked about.
   virtual std::optional<std::string> saveFile(std::string_view title, std::string_view pattern) = 0;
+  /// The same with a choice of kinds, of which `kind` is offered first. The ending of a name that
+  /// is typed counts more than the chosen kind.
+  virtual std::optional<ChosenFile> saveFileAs(std::string_view title,
+                                               std::span<const FileKind> kinds,
+                                               std::size_t kind) = 0;
   /// The name that the file dialog took last and starts with; empty at first.
   virtual std::string heldFile() const = 0;
   /// Lets the file dialog start with `path`.

@@ -15,6 +15,7 @@
 #include "windows/controls.h"
 #include "windows/fit_panel_widgets.h"
 #include "windows/panel_slider.h"
+#include "windows/program_keys.h"
 
 namespace zevfit {
 
@@ -142,7 +143,7 @@ void FitPanelWidgets::makeButtons() {
   Command3 = makeIconButton("Command3", nullptr, controlTip("Command3"), {});
   Command4 = named(new QPushButton("[ h ]"), "Command4");
   Command5 = named(new QPushButton("PLOT"), "Command5");
-  Command5->setShortcut(Qt::ALT | Qt::Key_P);
+  Command5->setShortcut(keysOf("Command5").value(0));
 }
 
 void FitPanelWidgets::loadIcons() {

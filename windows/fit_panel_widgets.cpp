@@ -21,6 +21,7 @@
 #include "session/line.h"
 #include "windows/keys.h"
 #include "windows/list_choice.h"
+#include "windows/program_keys.h"
 #include "windows/quiet_focus.h"
 #include "windows/texts.h"
 
@@ -93,8 +94,9 @@ void FitPanelWidgets::connectValues() {
   onList(Combodirvar, Combodirvar_Click);
   connect(Command3, &QPushButton::clicked, this, [this] { run(Command3_Click); });
   connect(Command5, &QPushButton::clicked, this, [this] { run(Command5_Click); });
-  connect(new QShortcut(QKeySequence("Alt+V"), this), &QShortcut::activated, this,
-          [this] { run(Labelvariance_Click); });
+  auto* variance = new QShortcut(keysOf("takevariance").value(0), this);
+  variance->setObjectName("takevariance");
+  connect(variance, &QShortcut::activated, this, [this] { run(Labelvariance_Click); });
 }
 
 void FitPanelWidgets::connectChoices() {

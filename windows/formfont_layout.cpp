@@ -47,7 +47,7 @@ void Formfont::makeControls() {
   Command1 = makeIconButton("Command1", "defaults", "Default Options", {"Alt+D"});
   Command2 = makeIconButton("Command2", "continue", "Save Options", {"Ctrl+Return"});
   Command3 = makeIconButton("Command3", "cancel", "Cancel these Options", {});
-  Command4 = makeIconButton("Command4", "help", "Help", {"F1"});
+  Command4 = makeIconButton("Command4", "help", "Help", {"Alt+H"});
   Command5 = makeIconButton("Command5", "colours", "Colors", {"Alt+C"});
   help_ = new Frame2(this);
   colours_ = new cores(fit_.session, chooser_, faults_, this);

@@ -219,7 +219,8 @@ void Formod::activateFormer() {
   const auto former = std::find_if(history.rbegin(), history.rend(), [](const auto* window) {
     return window->isVisible() && !window->isMinimized();
   });
-  if (former != history.rend()) mdiArea()->setActiveSubWindow(*former);
+  // Without one none is active, the closed window neither.
+  mdiArea()->setActiveSubWindow(former != history.rend() ? *former : nullptr);
 }
 
 void Formod::resizeEvent(QResizeEvent* event) {

@@ -32,8 +32,10 @@
 #include "windows/legenda.h"
 #include "windows/modfinal.h"
 #include "windows/printcolection.h"
+#include "windows/save_picture.h"
 #include "windows/testcruz.h"
 #include "windows/texts.h"
+#include "windows/tools_menu.h"
 #include "windows/wait_cursor.h"
 
 namespace zevfit {
@@ -101,6 +103,7 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
   makeToolbar();
   makeButtons();
   makeShortcuts(*this);
+  makeTools();
   drop_ = std::make_unique<FileDrop>(*this, faults_, [this](const std::string& path) {
     dialogs_.holdFile(path);
     load(path);
@@ -113,6 +116,8 @@ mdimod::~mdimod() {
   // The controls go before what their handlers work on.
   delete takeCentralWidget();
 }
+
+Manual& mdimod::manual() { return tools_->manual(); }
 
 frmzevfit& mdimod::structure() {
   if (!structure_)
@@ -261,6 +266,7 @@ void mdimod::load(const std::string& path) {
   if (outcome == Load::halfWay) tellOfHalf(path);
   if (lost) tellAtFoot(*this, *lost);
   renewFoot();
+  tools_->follow();
   tellOfRescue();
   if (outcome != Load::good) return dialogs_.warning(kBadFileText);
   structure().showModal();
@@ -296,7 +302,7 @@ void mdimod::copyPlot() {
   {
     const WaitCursor wait;
     QGuiApplication::clipboard()->clear();
-    if (plot) QGuiApplication::clipboard()->setImage(plot->clipboardImage());
+    if (plot) QGuiApplication::clipboard()->setMimeData(clipboardPicture(*plot, session_));
   }
   if (!plot) dialogs_.plain("Please Select Variogram Plot you want to copy to Clipboard!");
 }
@@ -355,9 +361,13 @@ void mdimod::plotvariogram() {
   // A window appears once it is loaded, also when its drawing fails.
   struct Appearance {
     PlotWindowTable& windows;
+    ToolsMenu& tools;
     Pair subject;
-    ~Appearance() { windows.showDrawn(subject); }
-  } const appearance{*windows_, session_.current()};
+    ~Appearance() {
+      windows.showDrawn(subject);
+      tools.follow();
+    }
+  } const appearance{*windows_, *tools_, session_.current()};
   renewFoot();
   const DrawingDepth::Level level(depth_);
   zevfit::plotvariogram(*fit_, *windows_);

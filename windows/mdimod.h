@@ -36,9 +36,11 @@ class cutgraph;
 class Formfont;
 class formabout;
 class legenda;
+class Manual;
 class modfinal;
 class printcolection;
 class testcruz;
+class ToolsMenu;
 
 /// The main window: owns the session, the panel, the plot windows and the commands, and hands them
 /// to each other.
@@ -55,6 +57,8 @@ class mdimod : public QMainWindow, public Plotter, public Hints, public Structur
   void loadIcons();
   /// Shows the about window over the main window, as a start does.
   void showAbout();
+  /// The manual, which needs something to open it with.
+  Manual& manual();
   /// Keeps the models and ends the program, without a question, by a signal that asked for it.
   void endBySignal(int signal);
 
@@ -82,7 +86,6 @@ class mdimod : public QMainWindow, public Plotter, public Hints, public Structur
     const char* caption;
     const char* tip;
     const char* icon;
-    const char* keys;  ///< that run it, parted by "; "
     bool needsFile;
     void (mdimod::*action)();  ///< nothing for the separator
   };
@@ -116,6 +119,8 @@ class mdimod : public QMainWindow, public Plotter, public Hints, public Structur
   formabout& about();
   modfinal& results();
   void makeButtons();
+  /// The menu Tools, which follows the lists of the panel too.
+  void makeTools();
   /// The windows of the axes, of the format and of the test, made at their first use.
   void openScales();
   void openLegend();
@@ -168,6 +173,7 @@ class mdimod : public QMainWindow, public Plotter, public Hints, public Structur
   std::unique_ptr<printcolection> reports_;
   std::unique_ptr<testcruz> test_;
   std::vector<std::pair<QAction*, const char*>> icons_;  ///< the names of those to be loaded
+  std::unique_ptr<ToolsMenu> tools_;
   bool ending_ = false;  ///< the question of the end has been answered
   DrawingDepth depth_;
   std::unique_ptr<FileDrop> drop_;

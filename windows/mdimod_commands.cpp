@@ -1,5 +1,6 @@
 // The menus, the toolbar and the buttons of the main window, each with its command.
 #include <QAction>
+#include <QComboBox>
 #include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
@@ -10,29 +11,27 @@
 #include "windows/controls.h"
 #include "windows/fit_panel_widgets.h"
 #include "windows/mdimod.h"
+#include "windows/program_keys.h"
+#include "windows/tools_menu.h"
 
 namespace zevfit {
 
 const std::vector<mdimod::Command>& mdimod::toolbarCommands() {
   static const std::vector<Command> commands{
-      {"k1", "Open ", "Open Data File (*.ZVM)", "open", "Ctrl+O", false, &mdimod::mnudatprn},
-      {"k2", "View File", "See Structure of Data File", "view", "Ctrl+D", true, &mdimod::viewFile},
-      {"k3", "Results", "Results from Interactive Fit", "results", "Ctrl+R", true,
-       &mdimod::showResults},
-      {"k4", "", "", "", "", false, nullptr},
-      {"k5", "Casc.", "Title Cascade", "cascade", "", false, &mdimod::mnucascade},
-      {"k6", "Vert.", "Title Vertical", "vertical", "", false, &mdimod::mnuvertical},
-      {"k7", "Horiz.", "Title Horizontal", "horizontal", "", false, &mdimod::mnuhorizontal},
-      {"k8", "Copy", "Copy Variogram Plot to Clipboard", "copy", "Ctrl+C", true, &mdimod::copyPlot},
-      {"k10", "Format", "Graph Format", "format", "Ctrl+F", true, &mdimod::openFormat},
-      {"k11", "Models", "Save current models with input data file.", "models", "Ctrl+S", true,
+      {"k1", "Open ", "Open Data File (*.ZVM)", "open", false, &mdimod::mnudatprn},
+      {"k2", "View File", "See Structure of Data File", "view", true, &mdimod::viewFile},
+      {"k3", "Results", "Results from Interactive Fit", "results", true, &mdimod::showResults},
+      {"k4", "", "", "", false, nullptr},
+      {"k5", "Casc.", "Title Cascade", "cascade", false, &mdimod::mnucascade},
+      {"k6", "Vert.", "Title Vertical", "vertical", false, &mdimod::mnuvertical},
+      {"k7", "Horiz.", "Title Horizontal", "horizontal", false, &mdimod::mnuhorizontal},
+      {"k8", "Copy", "Copy Variogram Plot to Clipboard", "copy", true, &mdimod::copyPlot},
+      {"k10", "Format", "Graph Format", "format", true, &mdimod::openFormat},
+      {"k11", "Models", "Save current models with input data file.", "models", true,
        &mdimod::gravando},
-      {"kp", "Print", "Print current variogram plot", "print", "Ctrl+P", true,
-       &mdimod::showReports},
-      {"kmais", "Zoom +", "Enlarge current variogram plot", "zoom-in", "Ctrl++; Ctrl+=", true,
-       &mdimod::zoomIn},
-      {"kmenos", "Zoom -", "Reduce current variogram plot", "zoom-out", "Ctrl+-", true,
-       &mdimod::zoomOut},
+      {"kp", "Print", "Print current variogram plot", "print", true, &mdimod::showReports},
+      {"kmais", "Zoom +", "Enlarge current variogram plot", "zoom-in", true, &mdimod::zoomIn},
+      {"kmenos", "Zoom -", "Reduce current variogram plot", "zoom-out", true, &mdimod::zoomOut},
   };
   return commands;
 }
@@ -70,7 +69,7 @@ void mdimod::makeToolbar() {
                                             : Toolbar1->addAction(blank, command.caption);
     action->setObjectName(command.key);
     action->setToolTip(command.tip);
-    action->setShortcuts(QKeySequence::listFromString(command.keys));
+    action->setShortcuts(keysOf(command.key));
     // Tab reaches the button; a click leaves the focus where it is.
     if (QWidget* button = Toolbar1->widgetForAction(action); button && !action->isSeparator()) {
       button->setFocusPolicy(Qt::TabFocus);
@@ -94,10 +93,21 @@ void mdimod::makeButtons() {
 
 // Qt itself only has Ctrl+Tab.
 void mdimod::makeShortcuts(QWidget& window) {
-  connect(new QShortcut(QKeySequence("Ctrl+F6"), &window), &QShortcut::activated, area_,
-          &QMdiArea::activateNextSubWindow);
-  connect(new QShortcut(QKeySequence("Ctrl+Shift+F6"), &window), &QShortcut::activated, area_,
-          &QMdiArea::activatePreviousSubWindow);
+  const std::initializer_list<std::pair<const char*, void (QMdiArea::*)()>> ways{
+      {"nextplot", &QMdiArea::activateNextSubWindow},
+      {"formerplot", &QMdiArea::activatePreviousSubWindow}};
+  for (const auto& [name, way] : ways) {
+    auto* keys = new QShortcut(keysOf(name).value(0), &window);
+    keys->setObjectName(name);
+    connect(keys, &QShortcut::activated, area_, way);
+  }
+}
+
+void mdimod::makeTools() {
+  tools_ = std::make_unique<ToolsMenu>(*this, *area_, *fit_, dialogs_, faults_);
+  for (const char* list : {"Combo2", "Combodirvar"})
+    connect(panel_->findChild<QComboBox*>(list), &QComboBox::currentIndexChanged, tools_.get(),
+            [this] { tools_->follow(); });
 }
 
 }  // namespace zevfit

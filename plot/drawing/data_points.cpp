@@ -10,11 +10,16 @@ std::int64_t lastClass(const Session& session, Pair pair) {
   return std::min(session.nclass, static_cast<std::int64_t>(slots) - 1);
 }
 
-std::optional<DataPoint> shownPoint(const Session& session, Pair pair, std::int64_t lag) {
+std::optional<DataPoint> pointWithin(const Session& session, Pair pair, std::int64_t lag,
+                                     double xmax, double ymax) {
   const DataPoint point{session.hlag(pair, lag).number(), session.gam(pair, lag)};
-  const bool inside = point.gamma <= session.ymax(pair) && point.h <= session.xmax(pair);
+  const bool inside = point.gamma <= ymax && point.h <= xmax;
   const bool hasData = session.npairs(pair, lag) != 0 && point.gamma != 0;
   return inside && hasData ? std::optional(point) : std::nullopt;
+}
+
+std::optional<DataPoint> shownPoint(const Session& session, Pair pair, std::int64_t lag) {
+  return pointWithin(session, pair, lag, session.xmax(pair), session.ymax(pair));
 }
 
 }  // namespace zevfit

@@ -1,6 +1,5 @@
 #include "plot/drawing/data_steps.h"
 
-#include "model/refresh.h"
 #include "model/sliders.h"
 #include "plot/drawing/data_points.h"
 #include "session/number_pattern.h"
@@ -12,24 +11,17 @@ constexpr const char* kVariancePattern = "####.###";
 
 }  // namespace
 
-void catchUpSliders(Drawing& drawing) {
-  const Session& session = drawing.session();
-  resynchroniseSliders(drawing.fit, session.plotted());
-}
+void catchUpSliders(Fit& fit) { resynchroniseSliders(fit, fit.session.plotted()); }
 
 void startDistanceAxis(Drawing& drawing) {
   double& xmax = drawing.cell(&Session::xmax);
   if (xmax == 0) xmax = drawing.cell(&Session::hmax);
 }
 
-void refreshModel(Drawing& drawing) { refreshModel(drawing.fit); }
-
-void sampleModel(Drawing& drawing) { sampleModel(drawing.fit); }
-
-void showVariance(Drawing& drawing) {
-  const Session& session = drawing.session();
+void showVariance(Fit& fit) {
+  const Session& session = fit.session;
   const double variance = session.variance(session.plotvar).number();
-  drawing.fit.panel.setCaption(Caption::Labelvariance, formatNumber(variance, kVariancePattern));
+  fit.panel.setCaption(Caption::Labelvariance, formatNumber(variance, kVariancePattern));
 }
 
 void placeCurvePen(Drawing& drawing) {

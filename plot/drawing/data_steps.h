@@ -1,18 +1,16 @@
 #pragma once
 
+#include "model/fit.h"
 #include "plot/drawing/drawing.h"
 
 namespace zevfit {
 
 // The steps that bring controls and model up to date, and those that draw data and model.
 
-void catchUpSliders(Drawing& drawing);
+void catchUpSliders(Fit& fit);
 /// A distance axis that is not set yet ends at the last lag.
 void startDistanceAxis(Drawing& drawing);
-/// Brings the controls to the pair, then samples its model.
-void refreshModel(Drawing& drawing);
-void sampleModel(Drawing& drawing);
-void showVariance(Drawing& drawing);
+void showVariance(Fit& fit);
 
 // A fault where an axis is empty.
 void placeCurvePen(Drawing& drawing);

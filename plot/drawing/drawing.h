@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <string_view>
 
-#include "model/fit.h"
 #include "plot/drawing/geometry.h"
 #include "plot/drawing/plot_form.h"
 #include "plot/drawing/plot_window.h"
@@ -14,21 +13,21 @@ namespace zevfit {
 /// One drawing under way. The pair is `plotvar`, `plotdir` of the session; cells, style and sizes
 /// are read at each use, since steps of a drawing run handlers that change them.
 struct Drawing {
-  Fit& fit;
+  Session& tables;
   PlotPicture& target;
   const PlotForm& form;
   double curvex = 0, curvey = 0;  ///< where the next piece of the model curve begins
   std::uint32_t clears = 0;       ///< of the picture, that of this drawing included
 
-  Session& session() const { return fit.session; }
-  const ColourSwatches& colours() const { return fit.session.style.cores; }
+  Session& session() const { return tables; }
+  const ColourSwatches& colours() const { return tables.style.cores; }
   PlotBox box() const { return {target.pictureWidth(), target.pictureHeight()}; }
   /// The maps of the picture as it stands.
   PlotMap map() const;
   /// The pair's cell of a table.
   template <class Table>
   auto& cell(Table AxisTables::*table) const {
-    return (fit.session.*table)(fit.session.plotted());
+    return (tables.*table)(tables.plotted());
   }
   std::string_view variableName() const;
   std::string_view directionName() const;

@@ -1,5 +1,6 @@
 #include "plot/drawing/plot_variogram.h"
 
+#include "model/refresh.h"
 #include "plot/drawing/data_steps.h"
 #include "plot/drawing/frame.h"
 #include "plot/drawing/plot_kept.h"
@@ -27,11 +28,11 @@ void renewFrame(Drawing& drawing, PlotWindow& window) {
   if (window.pen().clears != drawing.clears) drawWindowFrame(drawing, window);
 }
 
-void drawData(Drawing& drawing, PlotWindow& window) {
-  catchUpSliders(drawing);
+void drawData(Fit& fit, Drawing& drawing, PlotWindow& window) {
+  catchUpSliders(fit);
   startDistanceAxis(drawing);
-  refreshModel(drawing);
-  showVariance(drawing);
+  refreshModel(fit);
+  showVariance(fit);
   renewFrame(drawing, window);
   drawContent(drawing);
   window.toFront();
@@ -56,12 +57,12 @@ void plotvariogram(Fit& fit, PlotWindows& windows) {
   if (window.minimised()) window.restore();
   selectFirstStructure(fit, session.current());
   session.setPlotted(session.current());
-  Drawing drawing{fit, window, kScreenPlot};
-  mirrorBoxes(drawing);
+  Drawing drawing{session, window, kScreenPlot};
+  mirrorBoxes(fit);
   colourOverlays(session, window);
   writeCaption(session, window);
   drawWindowFrame(drawing, window);
-  endSilently([&] { drawData(drawing, window); });
+  endSilently([&] { drawData(fit, drawing, window); });
 }
 
 void redrawPlot(Fit& fit, PlotWindow& window) {

@@ -1,5 +1,6 @@
 #include "plot/drawing/preview.h"
 
+#include "model/refresh.h"
 #include "plot/drawing/data_steps.h"
 #include "plot/drawing/frame.h"
 #include "plot/drawing/window_steps.h"
@@ -37,7 +38,7 @@ void drawPreview(Fit& fit, PlotWindows& windows, PreviewPicture& picture) {
   Target target(picture, window);
   PlotForm form = kPreviewPlot;
   form.bold = picture.bold();
-  Drawing drawing{fit, target, form};
+  Drawing drawing{session, target, form};
   colourOverlays(session, window);
   writeCaption(session, window);
   clearPicture(drawing);
@@ -45,8 +46,8 @@ void drawPreview(Fit& fit, PlotWindows& windows, PreviewPicture& picture) {
   picture.setPictureSize(kPreviewWidth, kPreviewHeight);
   drawFrame(drawing);
   startDistanceAxis(drawing);
-  refreshModel(drawing);
-  showVariance(drawing);
+  refreshModel(fit);
+  showVariance(fit);
   drawContent(drawing);
 }
 

@@ -16,12 +16,12 @@ constexpr double kTitleTop = 100;
 
 }  // namespace
 
-void mirrorBoxes(Drawing& drawing) {
-  const Session& session = drawing.session();
-  FitPanel& panel = drawing.fit.panel;
+void mirrorBoxes(Fit& fit) {
+  const Session& session = fit.session;
+  FitPanel& panel = fit.panel;
   for (const Line which : kLines)
     panel.setTicked(kLineBoxes.at(indexOf(which)), line(session, session.plotted(), which).isOn());
-  panel.setTicked(Box::psill, drawing.cell(&Session::showsill));
+  panel.setTicked(Box::psill, session.showsill(session.plotted()));
 }
 
 void colourOverlays(const Session& session, PlotWindow& window) {

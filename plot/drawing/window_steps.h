@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/fit.h"
 #include "plot/drawing/drawing.h"
 
 namespace zevfit {
@@ -7,7 +8,7 @@ namespace zevfit {
 // The steps of a window and its picture. Each step of a drawing reads what it needs from the
 // session and the window as they stand.
 
-void mirrorBoxes(Drawing& drawing);
+void mirrorBoxes(Fit& fit);
 void colourOverlays(const Session& session, PlotWindow& window);
 void writeCaption(const Session& session, PlotWindow& window);
 void clearPicture(Drawing& drawing);

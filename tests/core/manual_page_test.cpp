@@ -78,7 +78,11 @@ const char* const kMessages[] = {
     "is no range here: ranges go from 0 to ",
     "lies beyond the distance axis, which ends at ",
     "| Out of view: ",
-    "| Report 1 went to "};
+    "| Report 1 went to ",
+    "Cannot save picture: ",
+    "The picture is saved as ",
+    "The manual is not there.",
+    "Cannot open the manual: "};
 
 TEST(ManualPage, TellsOfEveryMessage) {
   const std::string page = manual();

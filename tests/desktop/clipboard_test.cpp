@@ -43,6 +43,7 @@ TEST(Clipboard, AnotherProgramPastesThePlot) {
     EXPECT_EQ(pasted.size(), QSize(431, 248)) << form;
     EXPECT_EQ(pasted, expected) << form;
   }
+  EXPECT_TRUE(foundByAnother("image/svg+xml").contains(">Semivariogram (0;0)</text>"));
 }
 
 }  // namespace

@@ -30,6 +30,7 @@ class ScriptedDialogs : public Dialogs {
   std::vector<std::string> shown;
   std::deque<std::string> files;    ///< answers of the file dialog in turn; empty: Cancel
   std::deque<std::string> saved;    ///< answers of the dialog that saves in turn; empty: Cancel
+  std::deque<ChosenFile> pictures;  ///< answers of the dialog with kinds in turn; empty: Cancel
   std::deque<FontChoice> fonts;     ///< answers of the font dialog in turn; empty: Cancel
   std::deque<Colour> colours;       ///< answers of the colour dialog in turn; empty: Cancel
   std::deque<bool> confirmations;   ///< answers of OK and Cancel in turn; empty: OK
@@ -68,6 +69,11 @@ class ScriptedDialogs : public Dialogs {
   std::optional<std::string> saveFile(std::string_view title, std::string_view pattern) override {
     keep("save", std::string(title) + "|" + std::string(pattern));
     return next(saved);
+  }
+  std::optional<ChosenFile> saveFileAs(std::string_view title, std::span<const FileKind> kinds,
+                                       std::size_t kind) override {
+    keep("save", std::string(title) + "|" + kinds[kind].name);
+    return next(pictures);
   }
   std::optional<FontChoice> chooseFont(const FontChoice& start) override {
     keep("font", start.name + " " + generalText(start.size));

@@ -40,7 +40,9 @@ const WindowRow kWindows[] = {{"mdimod", "", false},
                               {"cutgraph", "Command1", false},
                               {"legenda", "Command4", true},
                               {"testcruz", "Command2", false},
-                              {"formabout", "mnuabout2", false}};
+                              {"formabout", "mnuabout2", false},
+                              {"alldirections", "mnudirections", false},
+                              {"keyswindow", "mnukeys", false}};
 
 class Access : public testing::TestWithParam<WindowRow> {
  protected:

@@ -119,6 +119,10 @@ TEST_F(MainWindow, MenusHaveTheirEntries) {
       {"Arrange", "mnuvertical", "&Vertical"},
       {"Arrange", "mnuhorizontal", "&Horizontal"},
       {"&About", "mnuabout2", "About"},
+      {"&Tools", "mnupicture", "&Save picture..."},
+      {"&Tools", "mnudirections", "All &directions"},
+      {"&Tools", "mnumanual", "&Manual"},
+      {"&Tools", "mnukeys", "&Keys"},
   };
   QStringList found, wanted;
   for (const QAction* menu : program_.window().menuBar()->actions())

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -288,6 +289,71 @@ TEST(QtDialogs, APathKeepsBytesThatAreNoText) {
                         [](QFileDialog& dialog) { dialog.reject(); });
     EXPECT_EQ(dialogs.heldFile(), path) << "a Cancel keeps it";
   }
+}
+
+constexpr FileKind kKinds[] = {{"Drawing", "svg"}, {"Picture", "png"}, {"Finer picture", "png"}};
+
+struct KindRow {
+  const char* what;
+  const char* typed;
+  int chosen;  ///< entry of the list of kinds; below 0: as it stands
+  const char* path;
+  std::size_t kind;
+};
+
+TEST(QtDialogs, SaveAsTakesTheKindOfTheListOrOfTheName) {
+  const KindRow rows[] = {{"as it stands", "sketch", -1, "sketch.png", 1},
+                          {"another", "sketch", 0, "sketch.svg", 0},
+                          {"the last", "sketch", 2, "sketch.png", 2},
+                          {"by its name", "sketch.svg", 2, "sketch.svg", 0},
+                          {"of the same ending", "sketch.PNG", 2, "sketch.PNG", 2},
+                          {"an ending of no kind", "sketch.v2", 0, "sketch.v2", 0}};
+  for (const KindRow& row : rows) {
+    const test::ScratchFolder folder;
+    QtDialogs dialogs;
+    std::optional<ChosenFile> file;
+    during<QFileDialog>(
+        [&] { file = dialogs.saveFileAs("Save Picture", kKinds, 1); },
+        [&](QFileDialog& dialog) {
+          EXPECT_EQ(dialog.windowTitle(), "Save Picture");
+          EXPECT_EQ(dialog.nameFilters(),
+                    (QStringList{"Drawing (*.svg)", "Picture (*.png)", "Finer picture (*.png)"}));
+          dialog.setDirectory(QString::fromStdString((folder / "").string()));
+          auto* kinds = dialog.findChild<QComboBox*>("fileTypeCombo");
+          if (row.chosen >= 0) {
+            kinds->setCurrentIndex(row.chosen);
+            Q_EMIT kinds->textActivated(kinds->currentText());
+          }
+          dialog.findChild<QLineEdit*>("fileNameEdit")->setText(row.typed);
+          QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+        });
+    ASSERT_TRUE(file) << row.what;
+    EXPECT_EQ(file->path, (folder / row.path).string()) << row.what;
+    EXPECT_EQ(file->kind, row.kind) << row.what;
+  }
+}
+
+TEST(QtDialogs, SaveAsAsksAboutAFileThatIsThere) {
+  const test::ScratchFolder folder;
+  test::putFile(folder / "sketch.svg", "old");
+  QtDialogs dialogs;
+  std::optional<ChosenFile> file;
+  bool asked = false;
+  during<QFileDialog>([&] { file = dialogs.saveFileAs("Save Picture", kKinds, 0); },
+                      [&](QFileDialog& dialog) {
+                        dialog.setDirectory(QString::fromStdString((folder / "").string()));
+                        dialog.findChild<QLineEdit*>("fileNameEdit")->setText("sketch");
+                        QTimer::singleShot(0, &dialog, [&] {
+                          auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                          asked = box != nullptr;
+                          if (box) click(*box, QMessageBox::No);
+                          dialog.reject();
+                        });
+                        QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"),
+                                        Qt::Key_Return);
+                      });
+  EXPECT_TRUE(asked);
+  EXPECT_FALSE(file);
 }
 
 }  // namespace

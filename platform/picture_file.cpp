@@ -1,0 +1,113 @@
+#include "platform/picture_file.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QPageSize>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+#include <cmath>
+
+#include "platform/painter_surface.h"
+#include "platform/sheet_surface.h"
+#include "session/fault.h"
+
+namespace zevfit {
+
+namespace {
+
+constexpr int kTwipsPerInch = 1440;
+constexpr double kTwipsPerPoint = 20;
+constexpr const char* kCreator = "zevFIT";
+/// Bitmaps of scale 1 have 96 dots to the inch.
+constexpr double kDotsPerMetre = 96 / 0.0254;
+/// No bitmap has more dots a side.
+constexpr double kLargestSide = 32000;
+
+/// Draws on a device that has a dot for each twip, with pens as wide as on the screen.
+void drawOn(QPaintDevice& device, const Draw& draw) {
+  QPainter painter;
+  if (!painter.begin(&device)) throw Fault("No picture can be made");
+  SheetSurface surface(painter, QSizeF(device.width(), device.height()), kTwipsPerPixel);
+  draw(surface);
+  surface.finish();
+  if (!painter.end()) throw Fault("The picture is not whole");
+}
+
+/// A bitmap in the memory.
+class BitmapSurface : public PainterSurface {
+ public:
+  explicit BitmapSurface(QImage& image) : image_(image), painter_(&image) {}
+  ~BitmapSurface() override { finish(); }
+  BitmapSurface(const BitmapSurface&) = delete;
+  BitmapSurface& operator=(const BitmapSurface&) = delete;
+
+  void clear(Colour background) override {
+    finish();
+    painter_.fillRect(QRectF(QPointF(), image_.deviceIndependentSize()), toQColor(background));
+  }
+
+ private:
+  QPainter& painter() override { return painter_; }
+
+  QImage& image_;
+  QPainter painter_;
+};
+
+QImage blank(QSizeF twips, double scale) {
+  const QSizeF dots = twips / kTwipsPerPixel * scale;
+  if (!(dots.width() <= kLargestSide && dots.height() <= kLargestSide))
+    throw Fault("The picture is too large");
+  QImage image(dots.toSize().expandedTo({1, 1}), QImage::Format_RGB32);
+  if (image.isNull()) throw Fault("The picture is too large");
+  image.fill(Qt::white);
+  image.setDevicePixelRatio(scale);
+  return image;
+}
+
+}  // namespace
+
+QByteArray svgPicture(QSizeF twips, const QString& title, const Draw& draw) {
+  QBuffer file;
+  QSvgGenerator generator;
+  generator.setOutputDevice(&file);
+  generator.setResolution(kTwipsPerInch);
+  generator.setSize(twips.toSize());
+  generator.setViewBox(QRect(QPoint(), twips.toSize()));
+  generator.setTitle(title);
+  generator.setDescription(kCreator);
+  drawOn(generator, draw);
+  return file.data();
+}
+
+QByteArray pdfPicture(QSizeF twips, const QString& title, const Draw& draw) {
+  QBuffer file;
+  file.open(QBuffer::WriteOnly);
+  QPdfWriter writer(&file);
+  writer.setResolution(kTwipsPerInch);
+  writer.setPageSize(
+      QPageSize(twips / kTwipsPerPoint, QPageSize::Point, kCreator, QPageSize::ExactMatch));
+  writer.setPageMargins(QMarginsF());
+  writer.setTitle(title);
+  writer.setCreator(kCreator);
+  drawOn(writer, draw);
+  return file.data();
+}
+
+QByteArray pngPicture(QSizeF twips, double scale, const Draw& draw) {
+  QImage image = blank(twips, scale);
+  // Texts are laid out for 96 dots to the inch, which the painter then scales.
+  image.setDotsPerMeterX(static_cast<int>(std::lround(kDotsPerMetre)));
+  image.setDotsPerMeterY(static_cast<int>(std::lround(kDotsPerMetre)));
+  {
+    BitmapSurface surface(image);
+    draw(surface);
+  }
+  image.setDotsPerMeterX(static_cast<int>(std::lround(kDotsPerMetre * scale)));
+  image.setDotsPerMeterY(static_cast<int>(std::lround(kDotsPerMetre * scale)));
+  QBuffer file;
+  file.open(QBuffer::WriteOnly);
+  if (!image.save(&file, "PNG")) throw Fault("The picture is too large");
+  return file.data();
+}
+
+}  // namespace zevfit

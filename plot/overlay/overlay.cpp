@@ -1,0 +1,111 @@
+#include "plot/overlay/overlay.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "model/nested_model.h"
+#include "plot/drawing/data_points.h"
+#include "plot/drawing/geometry.h"
+#include "plot/overlay/dashes.h"
+#include "plot/overlay/overlay_frame.h"
+#include "session/policy.h"
+
+namespace zevfit {
+namespace {
+
+constexpr int kCurvePen = 2;
+constexpr int kSillPen = 1;
+
+/// The picture with its axes.
+struct Overlay {
+  const Session& session;
+  Surface& surface;
+  PlotMap map;
+
+  Look look(std::int64_t direction) const { return lookOf(direction, session.style.cores.ink()); }
+};
+
+void drawVariance(const Overlay& overlay, std::int64_t variable) {
+  const double variance = overlay.session.variance(variable).number();
+  if (variance > overlay.map.ymax || variance < overlay.map.ymin) return;
+  const double y = overlay.map.y(variance);
+  overlay.surface.line(overlay.map.box.xright(), y, PlotBox::xleft, y,
+                       {overlay.session.style.cores.sill(), kSillPen});
+}
+
+bool showsVariance(const Session& session, std::int64_t variable) {
+  for (std::int64_t d = 1; d <= directionCount(session); ++d)
+    if (session.showsill({variable, d})) return true;
+  return false;
+}
+
+void drawPoint(const Overlay& overlay, Pair pair, std::int64_t lag) {
+  const PlotMap& map = overlay.map;
+  const auto point = pointWithin(overlay.session, pair, lag, map.xmax, map.ymax);
+  if (point)
+    drawMark(overlay.surface, overlay.look(pair.direction), map.x(point->h), map.y(point->gamma));
+}
+
+void drawPoints(const Overlay& overlay, Pair pair) {
+  const std::int64_t last = lastClass(overlay.session, pair);
+  for (std::int64_t lag = 1; lag <= last; ++lag)
+    endSilently([&] { drawPoint(overlay, pair, lag); });
+}
+
+/// What leaves the axes is left out; behind the gap the line begins anew.
+void drawCurve(const Overlay& overlay, Pair pair) {
+  if (!hasModel(overlay.session, pair)) return;
+  const NestedModel model = modelOf(overlay.session, pair);
+  const PlotMap& map = overlay.map;
+  const Look look = overlay.look(pair.direction);
+  DashedLine line(overlay.surface, {look.colour, kCurvePen}, look.dash);
+  bool isDown = false;
+  for (int i = 1; i <= kCurvePoints; ++i) {
+    const double h = map.xmax / kCurvePoints * i, gamma = semivariance(model, h);
+    const bool inside = gamma >= map.ymin && gamma <= map.ymax;
+    if (inside && isDown) line.lineTo(map.x(h), map.y(gamma));
+    if (inside && !isDown) line.moveTo(map.x(h), map.y(gamma));
+    isDown = inside;
+  }
+}
+
+}  // namespace
+
+std::int64_t directionCount(const Session& session) {
+  return std::clamp<std::int64_t>(session.ndir, 0, kDirectionSlots - 1);
+}
+
+AxisRange axesOf(const AxisTables& tables, Pair pair) {
+  const double xmax = tables.xmax(pair);
+  return {xmax == 0 ? tables.hmax(pair) : xmax, tables.ymin(pair), tables.ymax(pair)};
+}
+
+std::optional<AxisRange> commonAxes(std::span<const AxisRange> axes) {
+  if (axes.empty()) return std::nullopt;
+  AxisRange common = axes.front();
+  for (const AxisRange& one : axes)
+    common = {std::max(common.xmax, one.xmax), std::min(common.ymin, one.ymin),
+              std::max(common.ymax, one.ymax)};
+  return common;
+}
+
+void drawOverlay(const Session& session, std::int64_t variable, const Directions& shown,
+                 Surface& surface, double width, double height) {
+  std::vector<AxisRange> axes;
+  for (std::int64_t d = 1; d <= directionCount(session); ++d)
+    axes.push_back(axesOf(session, {variable, d}));
+  const AxisRange common = commonAxes(axes).value_or(AxisRange{});
+  const Overlay overlay{session, surface, {{width, height}, common.xmax, common.ymin, common.ymax}};
+  drawOverlayFrame(session, variable, overlay.map, surface);
+  endSilently([&] {
+    if (showsVariance(session, variable)) drawVariance(overlay, variable);
+  });
+  for (std::int64_t d = 1; d <= directionCount(session); ++d)
+    if (shown.test(static_cast<std::size_t>(d)))
+      endSilently([&] { drawCurve(overlay, {variable, d}); });
+  for (std::int64_t d = 1; d <= directionCount(session); ++d)
+    if (shown.test(static_cast<std::size_t>(d))) drawPoints(overlay, {variable, d});
+}
+
+}  // namespace zevfit

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QObject>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "model/fit.h"
+#include "session/dialogs.h"
+#include "windows/boundary.h"
+#include "windows/manual.h"
+
+class QAction;
+class QMainWindow;
+class QMdiArea;
+class QMenu;
+
+namespace zevfit {
+
+class AllDirections;
+class Formod;
+class KeysWindow;
+
+/// The menu Tools of the main window with the windows that it opens. An entry is enabled when it
+/// can do something.
+class ToolsMenu : public QObject {
+ public:
+  ToolsMenu(QMainWindow& window, QMdiArea& area, Fit& fit, Dialogs& dialogs,
+            const FaultReport& faults);
+  ~ToolsMenu() override;
+
+  /// The session or the active plot may have changed.
+  void follow();
+  Manual& manual() { return manual_; }
+
+ protected:
+  /// Takes notice of plots that come and go: the area does not tell when its last one is closed.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  /// An entry; its keys are those of its name.
+  struct Tool {
+    const char* name;
+    const char* caption;
+    const char* tip;
+    bool (ToolsMenu::*ready)() const;
+    void (ToolsMenu::*run)();
+  };
+  static const std::vector<Tool>& tools();
+
+  Formod* activePlot() const;
+  bool hasPlot() const;
+  bool hasVariable() const;
+  bool always() const { return true; }
+  void savePicture();
+  void showAllDirections();
+  void openManual();
+  void showKeys();
+
+  QMainWindow& window_;
+  QMdiArea& area_;
+  Fit& fit_;
+  Dialogs& dialogs_;
+  const FaultReport& faults_;
+  Manual manual_;
+  std::vector<std::pair<QAction*, const Tool*>> entries_;
+  AllDirections* directions_ = nullptr;
+  KeysWindow* keys_ = nullptr;
+  std::size_t pictureKind_ = 0;
+};
+
+}  // namespace zevfit
