@@ -69,6 +69,8 @@ void redrawPlot(Fit& fit, PlotWindow& window) {
   Session& session = fit.session;
   const Pair pair = windowKey(window.caption());
   if (!session.loaded || pair.variable < 1 || pair.direction < 1) return;
+  // The frame could not be drawn; a resize is nothing to be warned at.
+  if (illegalFlag(session, pair)) return;
   const PlotKept kept(session);
   const bool hasCurve = pair == session.plotted();
   session.setPlotted(pair);

@@ -15,8 +15,9 @@ namespace zevfit {
 void plotvariogram(Fit& fit, PlotWindows& windows);
 
 /// Draws the picture of a window anew in the size of the window, for the pair of its caption, and
-/// nothing else: neither a control nor the current and the plotted pair change. A fault in the
-/// frame is thrown on; from the curve on it ends the drawing silently with what stands.
+/// nothing else: neither a control nor the current and the plotted pair change. With a flag that is
+/// a text it leaves the picture as it is. A fault in the frame is thrown on; from the curve on it
+/// ends the drawing silently with what stands.
 void redrawPlot(Fit& fit, PlotWindow& window);
 
 /// The first drawing after a load with models selects structure 1, where the pair has one.

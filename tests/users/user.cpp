@@ -2,7 +2,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QThread>
 #include <QTimer>
@@ -49,7 +51,26 @@ void User::sitDown(mdimod& window, WatchedDialogs& dialogs) {
   invariants_ = Invariants();
   actingLevel_ = 0;
   refusals_ = 0;
+  watchTotal();
   schedule();
+}
+
+// Connected behind the program's own handlers, and so called when they are through.
+void User::watchTotal() {
+  const auto look = [this] {
+    if (broken_.empty()) end(invariants_.brokenTotal(window_->session(), dialogs_->loaded));
+  };
+  for (auto* field : window_->findChildren<QLineEdit*>("Textc0"))
+    QObject::connect(field, &QLineEdit::textChanged, window_, look);
+  for (const char* name : {"plot1", "plot2", "plot3", "plot4"})
+    for (auto* box : window_->findChildren<QCheckBox*>(name))
+      QObject::connect(box, &QCheckBox::toggled, window_, look);
+}
+
+void User::end(const std::string& broken) {
+  if (broken.empty()) return;
+  broken_ = broken;
+  QCoreApplication::exit(1);
 }
 
 void User::schedule() {
@@ -75,12 +96,10 @@ void User::turn() {
 
 void User::check() {
   if (!broken_.empty()) return;
-  broken_ = invariants_.broken(window_->session(), std::exchange(dialogs_->loaded, false));
-  if (broken_.empty() && ++turns_ % kTurnsBetweenFiles == 0) {
-    const std::string changed = desk_.changedFile();
-    if (!changed.empty()) broken_ = "a file changes at a save alone: " + changed;
-  }
-  if (!broken_.empty()) QCoreApplication::exit(1);
+  end(invariants_.broken(window_->session(), std::exchange(dialogs_->loaded, false)));
+  if (!broken_.empty() || ++turns_ % kTurnsBetweenFiles != 0) return;
+  const std::string changed = desk_.changedFile();
+  if (!changed.empty()) end("a file changes at a save alone: " + changed);
 }
 
 void User::note(const std::string& event) {
@@ -122,10 +141,7 @@ void User::act() {
 
 // As somebody who wants to go home: popups, boxes and windows are closed until the program ends.
 void User::leave() {
-  if (++refusals_ > kMostRefusals) {
-    broken_ = "every window can be closed";
-    return QCoreApplication::exit(1);
-  }
+  if (++refusals_ > kMostRefusals) return end("every window can be closed");
   if (QWidget* popup = QApplication::activePopupWidget()) {
     popup->close();
   } else if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {

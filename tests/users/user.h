@@ -60,6 +60,10 @@ class User {
   void turn();
   void act();
   void check();
+  /// Has the total sill looked at behind each edit of a sill and each tick of a line.
+  void watchTotal();
+  /// Ends the program for what was found; goes on without.
+  void end(const std::string& broken);
   void note(const std::string& event);
 
   void leave();

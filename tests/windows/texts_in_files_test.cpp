@@ -110,6 +110,24 @@ TEST_F(TextsInFiles, APlotOfAFormerFileStaysAsItIsBehindItsWarning) {
   EXPECT_EQ(picture.grab().toImage(), before);
 }
 
+TEST_F(TextsInFiles, APlotOfAFormerFileThatIsResizedStaysAsItIs) {
+  program_.openBytes(fileWith(kFlag1, "1"));
+  plotPair(program_, {2, 2});
+  auto* plot = program_.control<QMdiArea>("Area").findChildren<Formod*>().back();
+  auto& picture = Program::find<QWidget>(*plot, "Picture4");
+  program_.openBytes(fileWith(kFlag1, "yes"));
+  shown().clear();
+  const QImage before = picture.grab().toImage();
+  program_.control<QMdiArea>("Area").setActiveSubWindow(plot);
+  plot->resize(plot->size() + QSize(40, 20));
+  EXPECT_EQ(shown(), Lines{});
+  EXPECT_EQ(picture.grab().toImage(), before);
+  program_.openBytes(fileWith(kFlag1, "1"));
+  program_.control<QMdiArea>("Area").setActiveSubWindow(plot);
+  plot->resize(plot->size() + QSize(1, 0));
+  EXPECT_EQ(picture.size(), picture.parentWidget()->size()) << "a good file is followed again";
+}
+
 TEST_F(TextsInFiles, AReportWithATextAsAFlagIsNotPrintedAtAll) {
   program_.openBytes(fileWith(kFlag1, "1"));
   QWidget& reports = openReports(program_);
