@@ -74,13 +74,13 @@ void redrawPlot(Fit& fit, PlotWindow& window) {
   const PlotKept kept(session);
   const bool hasCurve = pair == session.plotted();
   session.setPlotted(pair);
-  Drawing drawing{fit, window, kScreenPlot};
+  Drawing drawing{session, window, kScreenPlot};
   sizeWindow(window);
   clearPicture(drawing);
   drawTitle(drawing);
   drawFrame(drawing);
   endSilently([&] {
-    if (!hasCurve) sampleModel(drawing);
+    if (!hasCurve) sampleModel(fit);
     drawContent(drawing);
   });
 }
