@@ -22,12 +22,17 @@ struct SectorTest {
 
   explicit SectorTest(const Direction& direction);
 
-  bool holds(double dx, double dy) const {
+  /// Unless the tolerance takes all angles.
+  bool hasAngle(double dx, double dy) const {
     const double low = dx * cosineLow - dy * sineLow;
     const double high = dx * cosineHigh - dy * sineHigh;
+    // Turned by 180 degrees where that brings it above the lower edge.
+    const double turned = low < 0 ? -high : high;
+    return (turned <= 0) & (low != 0);
+  }
+  bool isInBand(double dx, double dy) const {
     const double across = dx * acrossX + dy * acrossY;
-    const bool inside = isWhole | ((low > 0) & (high <= 0)) | ((low < 0) & (high >= 0));
-    return inside & (across <= band) & (-across <= band);
+    return (across <= band) & (-across <= band);
   }
 };
 

@@ -19,8 +19,8 @@ class PairBlock {
   template <class T>
   using Row = std::array<T, kSize>;
 
-  /// `steps`: keeps the steps, which directions need.
-  PairBlock(const SortedPoints& points, bool steps);
+  /// `steps`: keeps the steps, which directions need. Both stay with the caller.
+  PairBlock(const SortedPoints& points, const LagRule& rule, bool steps);
 
   bool isFull() const { return used_ == kSize; }
   std::size_t used() const { return used_; }
@@ -30,47 +30,54 @@ class PairBlock {
   /// for; returns the first that is left.
   std::size_t take(std::size_t i, std::size_t first, std::size_t last);
 
-  /// Classes that border on each other.
-  void classifyUniform(const LagRule& rule);
-  /// Any classes; a pair can be in several.
-  void classify(const LagRule& rule);
+  /// The classes of all pairs, where they do not border on each other; those that do have them as
+  /// they are taken. A pair can be in several.
+  void classify();
 
   /// Every pair is in direction 0 alone.
   void takeAll() { directions_.fill(1); }
-  /// Begins with no direction, then adds one after the other, as bits from 0.
-  void clearDirections();
+  /// Begins with no direction, then adds one after the other, from 0.
+  void clearDirections() { directions_.fill(0); }
   void addSector(const SectorTest& test, std::size_t direction);
   void addCone(const ConeTest& test, std::size_t direction);
   /// Peers test the step from the earlier to the later row.
   template <class Test>
   void addOrdered(const Test& test, std::size_t direction) {
-    const std::uint32_t bit = std::uint32_t{1} << direction;
+    const double bit = bitOf(direction);
     for (std::size_t k = 0; k < used_; ++k) {
       const double sign = backward_[k] ? -1 : 1;
-      if (test.holds(sign * dx_[k], sign * dy_[k], sign * dz_[k])) directions_[k] |= bit;
+      if (test.holds(sign * dx_[k], sign * dy_[k], sign * dz_[k])) directions_[k] += bit;
     }
   }
   /// Has pairs at the same place and pairs in no class in direction 0 alone, and pairs in no
   /// direction in no class of direction 0, so that each counts somewhere.
-  void settle(std::int32_t classes);
+  void settle();
 
   /// The most classes that a pair is in.
   std::size_t mostClasses() const;
   const Row<double>& distances() const { return h_; }
-  const Row<std::int32_t>& firstClasses() const { return firstClass_; }
-  const Row<std::int32_t>& lastClasses() const { return lastClass_; }
-  const Row<std::uint32_t>& directions() const { return directions_; }
+  std::int32_t firstClass(std::size_t k) const { return static_cast<std::int32_t>(firstClass_[k]); }
+  std::int32_t lastClass(std::size_t k) const { return static_cast<std::int32_t>(lastClass_[k]); }
+  /// The directions of a pair as bits from 0; never none.
+  std::uint32_t directions(std::size_t k) const {
+    return static_cast<std::uint32_t>(directions_[k]);
+  }
   const Row<double>& differences(std::size_t variable) const { return differences_[variable]; }
 
  private:
+  static double bitOf(std::size_t direction) {
+    return static_cast<double>(std::uint32_t{1} << direction);
+  }
+  template <bool Space, bool Steps>
   void takeSteps(std::size_t i, std::size_t first, std::size_t count);
 
   const SortedPoints& points_;
+  const LagRule& rule_;
   bool steps_;
   std::size_t used_ = 0;
   Row<double> dx_{}, dy_{}, dz_{}, h_{};
-  Row<std::int32_t> firstClass_{}, lastClass_{};
-  Row<std::uint32_t> directions_{};
+  // Whole numbers as doubles: rows of one width are worked on together without being repacked.
+  Row<double> firstClass_{}, lastClass_{}, directions_{};
   Row<bool> backward_{};
   std::vector<Row<double>> differences_;
 };

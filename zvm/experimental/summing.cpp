@@ -25,8 +25,10 @@ Summing::Summing(const SortedPoints& points, const Plan& plan, const LagRule& ru
       isPlain_(rule.isUniform() && plan.directions.size() == 1 && takesAll(plan.directions[0])),
       isComplete_(std::ranges::all_of(points.values, hasAll)),
       slots_(static_cast<std::size_t>(rule.count()) + 2),
-      block_(points, !isPlain_),
+      block_(points, rule, !isPlain_),
       places_(plan.pairings.size(), std::vector<Place>(plan.directions.size() * slots_ * kTurns)) {
+  for (std::size_t d = 0; d < plan.directions.size(); ++d)
+    starts_[d] = static_cast<std::uint32_t>(d * slots_);
   for (const Direction& direction : plan.directions) {
     if (plan.compat == Compat::gstat)
       gstat_.emplace_back(direction);
@@ -40,63 +42,101 @@ Summing::Summing(const SortedPoints& points, const Plan& plan, const LagRule& ru
 }
 
 void Summing::classifyBlock() {
-  if (rule_.isUniform())
-    block_.classifyUniform(rule_);
-  else
-    block_.classify(rule_);
+  if (!rule_.isUniform()) block_.classify();
   if (isPlain_) return;
   block_.clearDirections();
   for (std::size_t d = 0; d < sectors_.size(); ++d) block_.addSector(sectors_[d], d);
   for (std::size_t d = 0; d < cones_.size(); ++d) block_.addCone(cones_[d], d);
   for (std::size_t d = 0; d < gstat_.size(); ++d) block_.addOrdered(gstat_[d], d);
   for (std::size_t d = 0; d < gamv_.size(); ++d) block_.addOrdered(gamv_[d], d);
-  block_.settle(rule_.count());
+  block_.settle();
 }
 
 void Summing::listPlaces() {
-  const auto slots = static_cast<std::uint32_t>(slots_);
-  const bool isUniform = rule_.isUniform();
   std::size_t most = block_.used() * plan_.directions.size();
-  if (!isUniform) most *= block_.mostClasses();
+  if (!rule_.isUniform()) most *= block_.mostClasses();
   if (listed_.size() < most) {
     listed_.resize(most);
     pairOf_.resize(most);
   }
+  count_ = 0;
+  rule_.isUniform() ? listEach<false>() : listEach<true>();
+}
+
+template <bool Several>
+void Summing::listEach() {
   std::uint32_t* const listed = listed_.data();
   std::uint32_t* const pairOf = pairOf_.data();
+  const std::size_t used = block_.used();
   std::size_t count = 0;
-  for (std::uint32_t k = 0; k < block_.used(); ++k) {
-    const std::int32_t first = block_.firstClasses()[k];
-    const std::int32_t last = isUniform ? first : block_.lastClasses()[k];
-    std::uint32_t in = block_.directions()[k];
+  const auto list = [&](std::uint32_t slot, std::uint32_t k) {
+    listed[count] = slot;
+    pairOf[count] = k;
+    ++count;
+  };
+  for (std::uint32_t k = 0; k < used; ++k) {
+    const auto first = static_cast<std::uint32_t>(block_.firstClass(k));
+    std::uint32_t in = block_.directions(k);
     do {
-      const std::uint32_t start = static_cast<std::uint32_t>(std::countr_zero(in)) * slots;
-      for (std::int32_t lag = first; lag <= last; ++lag) {
-        listed[count] = start + static_cast<std::uint32_t>(lag);
-        pairOf[count] = k;
-        ++count;
-      }
+      const std::uint32_t start = starts_[static_cast<std::size_t>(std::countr_zero(in))];
+      list(start + first, k);
+      if constexpr (Several)
+        for (auto lag = block_.firstClass(k) + 1; lag <= block_.lastClass(k); ++lag)
+          list(start + static_cast<std::uint32_t>(lag), k);
       in &= in - 1;
     } while (in != 0);
   }
   count_ = count;
 }
 
-template <bool Listed>
+void Summing::Place::add(double h, double product) {
+  const std::array<double, 2> terms{h, product};
+  for (std::size_t i = 0; i < 2; ++i) sums[i] += terms[i];
+  ++pairs;
+}
+
+/// One variable, known everywhere, in one direction that takes all.
+void Summing::sumPlain() {
+  Place* const places = places_[0].data();
+  const double* const h = block_.distances().data();
+  const double* const first = block_.differences(plan_.pairings[0].first).data();
+  const double* const second = block_.differences(plan_.pairings[0].second).data();
+  const std::size_t used = block_.used();
+  for (std::size_t k = 0; k < used; ++k) {
+    const auto slot = static_cast<std::size_t>(block_.firstClass(k));
+    places[slot * kTurns + k % kTurns].add(h[k], first[k] * second[k]);
+  }
+}
+
+/// One variable, known everywhere, in any directions.
+void Summing::sumDirected() {
+  Place* const places = places_[0].data();
+  const double* const h = block_.distances().data();
+  const double* const first = block_.differences(plan_.pairings[0].first).data();
+  const double* const second = block_.differences(plan_.pairings[0].second).data();
+  const std::size_t used = block_.used();
+  for (std::size_t k = 0; k < used; ++k) {
+    const auto lag = static_cast<std::uint32_t>(block_.firstClass(k));
+    const double product = first[k] * second[k];
+    std::uint32_t in = block_.directions(k);
+    do {
+      const auto direction = static_cast<std::size_t>(std::countr_zero(in));
+      const std::size_t slot = std::size_t{starts_[direction]} + lag;
+      places[slot * kTurns + k % kTurns].add(h[k], product);
+      in &= in - 1;
+    } while (in != 0);
+  }
+}
+
+/// The first variable, with the pairs that count for all.
 void Summing::sumFirst() {
   Place* const places = places_[0].data();
   const double* const h = block_.distances().data();
   const double* const first = block_.differences(plan_.pairings[0].first).data();
   const double* const second = block_.differences(plan_.pairings[0].second).data();
-  const std::int32_t* const classes = block_.firstClasses().data();
-  const std::size_t count = Listed ? count_ : block_.used();
-  for (std::size_t n = 0; n < count; ++n) {
-    const std::size_t k = Listed ? pairOf_[n] : n;
-    const std::size_t slot = Listed ? listed_[n] : static_cast<std::size_t>(classes[k]);
-    Place& place = places[slot * kTurns + n % kTurns];
-    place.distance += h[k];
-    place.product += first[k] * second[k];
-    ++place.pairs;
+  for (std::size_t n = 0; n < count_; ++n) {
+    const std::size_t k = pairOf_[n];
+    places[listed_[n] * kTurns + n % kTurns].add(h[k], first[k] * second[k]);
   }
 }
 
@@ -106,7 +146,7 @@ void Summing::sumProducts(std::size_t pairing) {
   const double* const second = block_.differences(plan_.pairings[pairing].second).data();
   for (std::size_t n = 0; n < count_; ++n) {
     const std::size_t k = pairOf_[n];
-    places[listed_[n] * kTurns + n % kTurns].product += first[k] * second[k];
+    places[listed_[n] * kTurns + n % kTurns].sums[1] += first[k] * second[k];
   }
 }
 
@@ -120,20 +160,21 @@ void Summing::sumKnown(std::size_t pairing) {
     const double product = first[k] * second[k];
     const bool isKnown = !std::isnan(product);
     Place& place = places[listed_[n] * kTurns + n % kTurns];
-    place.distance += isKnown ? h[k] : 0;
-    place.product += isKnown ? product : 0;
+    place.sums[0] += isKnown ? h[k] : 0;
+    place.sums[1] += isKnown ? product : 0;
     place.pairs += isKnown ? 1 : 0;
   }
 }
 
 void Summing::sumBlock() {
   classifyBlock();
-  if (isPlain_ && isComplete_ && plan_.pairings.size() == 1) {
-    sumFirst<false>();
+  const bool isOne = isComplete_ && plan_.pairings.size() == 1 && rule_.isUniform();
+  if (isOne) {
+    isPlain_ ? sumPlain() : sumDirected();
   } else {
     if (isPlain_) block_.takeAll();
     listPlaces();
-    if (isComplete_) sumFirst<true>();
+    if (isComplete_) sumFirst();
     for (std::size_t p = isComplete_ ? 1 : 0; p < plan_.pairings.size(); ++p)
       isComplete_ ? sumProducts(p) : sumKnown(p);
   }
@@ -152,7 +193,7 @@ SumTable Summing::finish() {
         for (std::size_t turn = 0; turn < kTurns; ++turn) {
           const Place& own = places_[p][place + turn];
           const Place& counted = isComplete_ ? places_[0][place + turn] : own;
-          sum.add({counted.distance, own.product, counted.pairs});
+          sum.add({counted.sums[0], own.sums[1], counted.pairs});
         }
       }
   for (auto& places : places_) std::ranges::fill(places, Place());

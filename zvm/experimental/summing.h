@@ -37,15 +37,19 @@ class Summing {
   /// has several places that take turns.
   static constexpr std::size_t kTurns = 4;
   struct Place {
-    double distance = 0, product = 0;
+    alignas(32) std::array<double, 2> sums{};  ///< of distances and of products
     std::uint64_t pairs = 0;
-    std::uint64_t unused = 0;  ///< so that a place lies within one line of the cache
+
+    void add(double h, double product);
   };
 
   void sumBlock();
   void classifyBlock();
   void listPlaces();
-  template <bool Listed>
+  template <bool Several>
+  void listEach();
+  void sumPlain();
+  void sumDirected();
   void sumFirst();
   void sumProducts(std::size_t pairing);
   void sumKnown(std::size_t pairing);
@@ -60,6 +64,7 @@ class Summing {
   std::vector<GstatTest> gstat_;
   std::vector<GamvTest> gamv_;
   std::size_t slots_;
+  std::array<std::uint32_t, 32> starts_{};  ///< of the slots of a direction
   PairBlock block_;
   std::vector<std::vector<Place>> places_;  ///< by pairing
   /// Where a pair counts, and which one it is: a pair in two directions stands twice.
