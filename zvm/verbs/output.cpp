@@ -1,0 +1,172 @@
+#include "zvm/verbs/output.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "files/output_file.h"
+#include "session/fault.h"
+#include "zvm/verbs/context.h"
+
+namespace zevfit::verbs {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::array kEnds{SIGINT, SIGTERM, SIGHUP};
+/// As many links in a row as the system follows.
+constexpr int kMostLinks = 40;
+
+sigset_t endSignals() {
+  sigset_t set;
+  sigemptyset(&set);
+  for (const int signal : kEnds) sigaddset(&set, signal);
+  return set;
+}
+
+/// Holds back the signals that ask for the end.
+class HeldSignals {
+ public:
+  HeldSignals() {
+    const sigset_t set = endSignals();
+    ::pthread_sigmask(SIG_BLOCK, &set, &before_);
+  }
+  HeldSignals(const HeldSignals&) = delete;
+  HeldSignals& operator=(const HeldSignals&) = delete;
+  ~HeldSignals() { ::pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+
+  static bool anyWaits() {
+    sigset_t waiting;
+    sigemptyset(&waiting);
+    ::sigpending(&waiting);
+    for (const int signal : kEnds)
+      if (sigismember(&waiting, signal) == 1) return true;
+    return false;
+  }
+
+ private:
+  sigset_t before_{};
+};
+
+extern "C" void exitInterrupted(int) { ::_exit(static_cast<int>(Exit::interrupted)); }
+
+/// Where a link leads, also where there is nothing yet.
+fs::path targetOf(fs::path path) {
+  std::error_code failed;
+  for (int i = 0; i < kMostLinks && fs::is_symlink(path, failed); ++i)
+    path = path.parent_path() / fs::read_symlink(path, failed);
+  return path;
+}
+
+std::string reason() { return std::generic_category().message(errno); }
+
+[[noreturn]] void fail(const std::string& path, const std::string& why) {
+  throw Failure(Exit::file, "cannot write " + path + ": " + why);
+}
+
+bool isSpecial(const std::string& path) {
+  std::error_code unknown;
+  const fs::file_status status = fs::status(path, unknown);
+  return fs::exists(status) && !fs::is_regular_file(status);
+}
+
+void writeAll(int descriptor, std::string_view bytes, const std::string& path) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+    if (written >= 0) {
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+      continue;
+    }
+    if (errno == EINTR) continue;
+    const std::string why = reason();
+    ::close(descriptor);
+    fail(path, why);
+  }
+}
+
+/// A device or a pipe, which has no old content to keep.
+void writeInto(const std::string& path, std::string_view bytes) {
+  const int descriptor = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
+  if (descriptor < 0) fail(path, reason());
+  writeAll(descriptor, bytes, path);
+  if (::close(descriptor) != 0) fail(path, reason());
+}
+
+/// A file beside the target, whole and on the disk; it is removed unless it takes its place.
+class NewFile {
+ public:
+  NewFile(const fs::path& target, std::string_view bytes) : path_(freeSibling(target)) {
+    OutputFile out(path_, OutputFile::Old::refused);
+    isMade_ = true;
+    try {
+      out.write(bytes);
+      out.close();
+    } catch (const Fault&) {
+      ::unlink(path_.c_str());
+      throw;
+    }
+  }
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+  ~NewFile() {
+    if (isMade_) ::unlink(path_.c_str());
+  }
+
+  void takePlaceOf(const fs::path& target) {
+    replaceFile(path_, target);
+    isMade_ = false;
+  }
+
+ private:
+  fs::path path_;
+  bool isMade_ = false;
+};
+
+/// What a fault of the file system says behind the name that it tells first.
+std::string reasonOf(const Fault& fault) {
+  const std::string what = fault.what();
+  const std::size_t colon = what.rfind(": ");
+  return colon == what.npos ? what : what.substr(colon + 2);
+}
+
+}  // namespace
+
+void requireFree(const std::string& path, bool overwrite) {
+  std::error_code unknown;
+  const fs::file_status status = fs::status(path, unknown);
+  if (fs::is_directory(status)) fail(path, std::generic_category().message(EISDIR));
+  if (fs::is_regular_file(status) && !overwrite)
+    throw Failure(Exit::file, path + " exists; --overwrite replaces it");
+  if (isSpecial(path)) return;
+  const fs::path folder = targetOf(path).parent_path();
+  if (::access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) != 0) fail(path, reason());
+}
+
+void writeOutput(const std::string& path, std::string_view bytes, bool overwrite) {
+  if (isSpecial(path)) return writeInto(path, bytes);
+  const fs::path target = targetOf(path);
+  const HeldSignals held;
+  try {
+    NewFile made(target, bytes);
+    if (HeldSignals::anyWaits()) return;
+    requireFree(path, overwrite);
+    made.takePlaceOf(target);
+  } catch (const Fault& fault) {
+    fail(path, reasonOf(fault));
+  }
+}
+
+void exitOnSignals() {
+  struct sigaction action {};
+  action.sa_handler = exitInterrupted;
+  action.sa_mask = endSignals();
+  for (const int signal : kEnds) ::sigaction(signal, &action, nullptr);
+}
+
+}  // namespace zevfit::verbs
