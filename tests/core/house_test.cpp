@@ -31,12 +31,14 @@ struct Rule {
 };
 
 const Names kFolders{"session", "model",    "files", "coreg",      "plot", "report",
-                     "windows", "platform", "tests", "benchmarks", "fuzz"};
+                     "windows", "platform", "tests", "benchmarks", "fuzz", "zvm"};
 const std::vector<Kind> kStandard{Kind::standard};
 /// Flushing a file to the disk is beyond the standard library.
 const std::vector<Kind> kStandardAndSystem{Kind::standard, Kind::system};
 const std::vector<Kind> kToolkit{Kind::standard, Kind::system, Kind::qt, Kind::moc};
 const std::vector<Kind> kCoreTest{Kind::standard, Kind::system, Kind::other};
+/// The library for JSON.
+const std::vector<Kind> kStandardAndOther{Kind::standard, Kind::other};
 const std::vector<Kind> kAll{Kind::standard, Kind::system, Kind::qt, Kind::moc, Kind::other};
 
 const std::vector<Rule> kRules{
@@ -51,6 +53,7 @@ const std::vector<Rule> kRules{
      {"windows", "session", "model", "files", "coreg", "plot", "report", "platform/picture_box.h"},
      kToolkit},
     {"platform/", {"platform", "session", "model", "files", "coreg", "plot", "report"}, kToolkit},
+    {"zvm/exchange/", {"zvm/exchange", "session", "model", "files"}, kStandardAndOther},
     {"tests/core/", {"tests", "session", "model", "files", "coreg", "plot", "report"}, kCoreTest},
     {"tests/", kFolders, kAll},
     {"benchmarks/", kFolders, kAll},
