@@ -9,6 +9,7 @@ constexpr std::array kVerbs{
     Verb{"info", "what a variogram file holds", declareInfo},
     Verb{"check", "what is wrong with variogram files, by line and column", declareCheck},
     Verb{"test", "whether models form a linear model of coregionalization", declareTest},
+    Verb{"export", "a model in the words of another system", declareExport},
     Verb{"completion", "the completion of a shell, for it to read", declareCompletion},
 };
 
