@@ -48,18 +48,19 @@ TEST_F(Program, TellsWhatIsWrong) {
        "zvm: error: no verb; there are info, check, test, export, completion; zvm --help tells "
        "more\n"},
       {"$zvm chek good.zvm", 2,
-       "zvm: error: no verb `chek`; there are check, test, info, export, completion\n"},
+       "zvm: error: no verb `chek`; there are check, info, test, export, completion\n"},
       {"$zvm --jsno", 2,
        "zvm: error: no verb `--jsno`; there are info, test, check, export, completion\n"},
       {"$zvm info", 2, "zvm: error: FILE is required; zvm info --help tells more\n"},
       {"$zvm info good.zvm more", 2,
        "zvm: error: `more` is one argument too many; zvm info --help tells more\n"},
       {"$zvm info --jsno good.zvm", 2,
-       "zvm: error: no option `--jsno` of zvm info; there are --json, --help, --quiet, --threads, "
-       "--version, --overwrite\n"},
+       "zvm: error: no option `--jsno` of zvm info; there are --json, --help, --version, --quiet, "
+       "--threads, --overwrite\n"},
       {"$zvm info --threads 0 good.zvm", 2,
-       "zvm: error: --threads: Number less or equal to 0; zvm info --help tells more\n"},
-      {"$zvm completion fish", 2, "zvm: error: no shell `fish`; there are zsh, bash\n"},
+       "zvm: error: --threads: it takes a whole number from 1, not `0`; zvm info --help tells "
+       "more\n"},
+      {"$zvm completion fish", 2, "zvm: error: no shell `fish`; there are bash, zsh\n"},
       {"$zvm info none.zvm", 4, "zvm: error: cannot read none.zvm: No such file or directory\n"},
       {"$zvm info .", 4, "zvm: error: cannot read .: Is a directory\n"},
       {"$zvm info good.zvm/in", 4, "zvm: error: cannot read good.zvm/in: Not a directory\n"},

@@ -1,6 +1,8 @@
 #include "zvm/verbs/verb.h"
 
 #include <array>
+#include <charconv>
+#include <system_error>
 
 namespace zevfit::verbs {
 namespace {
@@ -13,6 +15,13 @@ constexpr std::array kVerbs{
     Verb{"completion", "the completion of a shell, for it to read", declareCompletion},
 };
 
+std::string threadsFault(const std::string& text) {
+  int number = 0;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+  const bool whole = read.ec == std::errc() && read.ptr == text.data() + text.size();
+  return whole && number >= 1 ? "" : "it takes a whole number from 1, not `" + text + "`";
+}
+
 void declareCommon(CLI::App& app, Common& common) {
   app.set_help_flag("--help", "Print this and end");
   app.set_version_flag("--version", "zvm " ZEVFIT_VERSION, "Print the version and end");
@@ -20,7 +29,7 @@ void declareCommon(CLI::App& app, Common& common) {
   app.add_flag("-q,--quiet", common.quiet, "No warnings and no progress");
   app.add_flag("--overwrite", common.overwrite, "Replace an output that exists");
   app.add_option("--threads", common.threads, "As many threads; default: all cores")
-      ->check(CLI::PositiveNumber)
+      ->check(threadsFault)
       ->type_name("N");
 }
 
