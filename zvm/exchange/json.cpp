@@ -27,7 +27,8 @@ constexpr std::array<FormNames, kForms.size()> kNames{
 Json conventions() {
   return {{"azimuth", "degrees, clockwise from north"},
           {"dip", "degrees, positive downward"},
-          {"rotation", "degrees, of Minor 1 about Main, from the horizontal downward"},
+          {"rotation",
+           "degrees, of Minor 1 about Main, from the horizontal at the left of Main upward"},
           {"vector", "east, north, up"},
           {"distance",
            "h of a structure is a |(h.main/a.main, h.minor1/a.minor1, "
