@@ -4,7 +4,8 @@
 set -euo pipefail
 
 root=$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")
-packages=(g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-liberation)
+packages=(g++ cmake ninja-build qt6-base-dev libqt6svg6 fonts-liberation
+  nlohmann-json3-dev)
 case ${1:-} in
   "")
     options=()

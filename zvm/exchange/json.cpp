@@ -53,7 +53,7 @@ Json axesOf(const Session& session, const Triad& triad) {
     const Vector& v = triad.axes.at(at);
     out[kKeys.at(at)] = {{"direction", triad.names.at(at)},
                          {"named", namedAngles(session, triad.directions.at(at))},
-                         {"vector", {v.east, v.north, v.up}}};
+                         {"vector", {v.east + 0.0, v.north + 0.0, v.up + 0.0}}};
   }
   const Angles angles = anglesOf(triad.axes);
   out["angles"] = {{"azimuth", angles.azimuth}, {"dip", angles.dip}, {"rotation", angles.rotation}};

@@ -195,7 +195,7 @@ TEST(Names, StayInsideTheirComments) {
   Session session = twoDirections();
   session.varname(1) = " zinc -- top\n\x85soil\xb5 ";
   const std::string text = exported(session, Target::sgems);
-  EXPECT_TRUE(text.starts_with("<!-- Semivariogram model of zinc - - top  soil\xc2\xb5 . "))
+  EXPECT_TRUE(text.starts_with("<!-- Semivariogram model for SGeMS of zinc - - top  soil\xc2\xb5\n"))
       << text;
 }
 
