@@ -27,9 +27,9 @@ using Axes = std::array<Vector, 3>;
 /// number.
 Axes rightAngled(const Direction& main, const Direction& minor1);
 
-/// Azimuth and dip of Main, and the turn of Minor 1 about it, from the horizontal downward to Minor
-/// 2. Azimuth from 0 to below 360, dip from -90 to 90, rotation above -90 up to 90: an axis and its
-/// opposite are one.
+/// Azimuth and dip of Main, and the turn of Minor 1 about it, from the horizontal at the left of
+/// Main upward. Azimuth from 0 to below 360, dip from -90 to 90, rotation above -90 up to 90: an
+/// axis and its opposite are one.
 struct Angles {
   double azimuth = 0, dip = 0, rotation = 0;
 };

@@ -29,24 +29,23 @@ std::string anisotropy(const Triad& triad, const SpatialStructure& structure) {
   return ", anis = c(" + values + ")";
 }
 
-std::string structureCode(const Triad& triad, const SpatialStructure& structure) {
+/// `options`: further arguments, each behind a comma.
+std::string structureCode(const Triad& triad, const SpatialStructure& structure,
+                          const std::string& options) {
   const double largest = std::ranges::max(structure.ranges);
-  return "vgm(" + shortest(structure.sill) + ", \"" + wordsOf(kNames, structure.form).name +
-         "\", " + rangeCode(kNames, structure.form, largest) + anisotropy(triad, structure);
+  return "m <- vgm(" + shortest(structure.sill) + ", \"" + wordsOf(kNames, structure.form).name +
+         "\", " + rangeCode(kNames, structure.form, largest) + options +
+         anisotropy(triad, structure) + ")\n";
 }
 
 /// Assigns the model to m; with a nugget of 0 where `hasNugget` asks for one.
 std::string modelCode(const SpatialModel& model, bool hasNugget, const std::string& indent) {
   if (model.structures.empty())
     return indent + "m <- vgm(" + shortest(model.nugget) + ", \"Nug\", 0)\n";
-  std::string out;
+  std::string options = hasNugget ? ", nugget = " + shortest(model.nugget) : "", out;
   for (const SpatialStructure& structure : model.structures) {
-    out += indent + "m <- " + structureCode(model.triad, structure);
-    if (&structure != &model.structures.front())
-      out += ", add.to = m";
-    else if (hasNugget)
-      out += ", nugget = " + shortest(model.nugget);
-    out += ")\n";
+    out += indent + structureCode(model.triad, structure, options);
+    options = ", add.to = m";
   }
   return out;
 }

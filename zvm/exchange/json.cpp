@@ -27,7 +27,8 @@ constexpr std::array<FormNames, kForms.size()> kNames{
 Json conventions() {
   return {{"azimuth", "degrees, clockwise from north"},
           {"dip", "degrees, positive downward"},
-          {"rotation", "degrees, of Minor 1 about Main, from the horizontal downward"},
+          {"rotation",
+           "degrees, of Minor 1 about Main, from the horizontal at the left of Main upward"},
           {"vector", "east, north, up"},
           {"distance",
            "h of a structure is a |(h.main/a.main, h.minor1/a.minor1, "
@@ -52,7 +53,7 @@ Json axesOf(const Session& session, const Triad& triad) {
     const Vector& v = triad.axes.at(at);
     out[kKeys.at(at)] = {{"direction", triad.names.at(at)},
                          {"named", namedAngles(session, triad.directions.at(at))},
-                         {"vector", {v.east, v.north, v.up}}};
+                         {"vector", {v.east + 0.0, v.north + 0.0, v.up + 0.0}}};
   }
   const Angles angles = anglesOf(triad.axes);
   out["angles"] = {{"azimuth", angles.azimuth}, {"dip", angles.dip}, {"rotation", angles.rotation}};

@@ -40,8 +40,8 @@ std::string commentText(std::string text) {
 }  // namespace
 
 std::string sgemsText(const SpatialModel& model) {
-  std::string out = "<!-- Semivariogram model of " + commentText(model.variable) +
-                    " . Exponential and Gaussian have practical ranges, 95 % of the sill.\n"
+  std::string out = "<!-- Semivariogram model for SGeMS of " + commentText(model.variable) +
+                    "\n     Exponential and Gaussian have practical ranges, 95 % of the sill.\n"
                     "     Angles in degrees: x azimuth clockwise from north, y dip negative "
                     "downward, z rotation.\n"
                     "     The root is Variogram inside the parameters of an algorithm, "

@@ -28,6 +28,8 @@ std::string gstatText(const std::vector<SpatialModel>& direct,
 
 std::string jsonText(const Session& session, const Request& request, Warnings& warnings);
 std::string csvText(const Session& session, const Request& request);
+/// The bytes that the results window writes after the plots of all directions have been opened, but
+/// that no line settles on the steps of the sliders. Throws Refusal for what the window refuses.
 std::string krigingFileText(const Session& session, const Request& request, Warnings& warnings);
 
 /// The directions of a request that needs Main.

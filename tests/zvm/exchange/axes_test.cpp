@@ -69,18 +69,16 @@ TEST_P(AnglesOf, AreThose) {
 // An axis and its opposite are one, so that both sides of Main have the rotation 0.
 INSTANTIATE_TEST_SUITE_P(
     Triads, AnglesOf,
-    testing::Values(AngleRow{{45, 0}, {135, 0}, {45, 0, 0}}, AngleRow{{45, 0}, {-45, 0}, {45, 0, 0}},
-                    AngleRow{{-45, 30}, {45, 0}, {315, 30, 0}},
-                    AngleRow{{0, 0}, {0, 90}, {0, 0, 90}}, AngleRow{{0, 0}, {0, -90}, {0, 0, 90}},
-                    AngleRow{{40, 30}, {40, -60}, {40, 30, 90}},
-                    // Straight down there is no azimuth; Minor 1 to the west of it is a turn of 0,
-                    // to the north one of 90.
-                    AngleRow{{0, 90}, {270, 0}, {0, 90, 0}}, AngleRow{{0, 90}, {0, 0}, {0, 90, 90}},
-                    // Halfway between the horizontal and straight down.
-                    AngleRow{{0, 0}, {270, 45}, {0, 0, 45}},
-                    AngleRow{{0, 0}, {90, 45}, {0, 0, -45}},
-                    AngleRow{{360, 0}, {90, 0}, {0, 0, 0}},
-                    AngleRow{{0, 120}, {90, 0}, {180, 60, 0}}));
+    testing::Values(
+        AngleRow{{45, 0}, {135, 0}, {45, 0, 0}}, AngleRow{{45, 0}, {-45, 0}, {45, 0, 0}},
+        AngleRow{{-45, 30}, {45, 0}, {315, 30, 0}}, AngleRow{{0, 0}, {0, 90}, {0, 0, 90}},
+        AngleRow{{0, 0}, {0, -90}, {0, 0, 90}}, AngleRow{{40, 30}, {40, -60}, {40, 30, 90}},
+        // Straight down there is no azimuth; Minor 1 to the west of it is a turn of 0,
+        // to the north one of 90.
+        AngleRow{{0, 90}, {270, 0}, {0, 90, 0}}, AngleRow{{0, 90}, {0, 0}, {0, 90, 90}},
+        // Halfway below the horizontal: at the left of Main, and at its right.
+        AngleRow{{0, 0}, {270, 45}, {0, 0, -45}}, AngleRow{{0, 0}, {90, 45}, {0, 0, 45}},
+        AngleRow{{360, 0}, {90, 0}, {0, 0, 0}}, AngleRow{{0, 120}, {90, 0}, {180, 60, 0}}));
 
 // The example of azimuth 30, dip 20 and rotation 15.
 TEST(Turns, AreNotTheOtherAngles) {
@@ -104,8 +102,8 @@ TEST(Turns, AreNotTheOtherAngles) {
 // Rx(roll) Ry(pitch) Rz(yaw) has the axes as its columns, also where the pitch is upright.
 TEST(Turns, GiveBackTheAxes) {
   const std::vector<std::pair<Direction, Direction>> pairs{
-      {{0, 0}, {0, 90}}, {{0, 0}, {90, 0}}, {{0, 90}, {30, 0}}, {{45, 0}, {45, -90}},
-      {{0, 0.001}, {0, -89.999}}, {{212, -35}, {302, 0}}};
+      {{0, 0}, {0, 90}},    {{0, 0}, {90, 0}},          {{0, 90}, {30, 0}},
+      {{45, 0}, {45, -90}}, {{0, 0.001}, {0, -89.999}}, {{212, -35}, {302, 0}}};
   for (const auto& [main, minor1] : pairs) {
     const Axes axes = rightAngled(main, minor1);
     const Turns turns = turnsOf(axes);

@@ -1,7 +1,9 @@
-// case_program FOLDER: writes models in every target's words, and for each the semivariances that
-// they must have at some points, for the programs in ../peers that evaluate the texts.
-//     NNN.json     dimensions, letters, exponents, and points as east, north, up, semivariance
-//     NNN.TARGET   the text; NNN.TARGET.refused the reason where there is none
+// case_program FOLDER FILE: writes models in every target's words, and for each the semivariances
+// that they must have at some points, for the programs in ../peers that evaluate the texts.
+//     NNN.json     dimensions, letters, Main as a vector, and points as east, north, up,
+//     semivariance NNN.points   the points alone, one a line NNN.TARGET   the text;
+//     NNN.TARGET.refused the reason where there is none
+// Of the fitted example FILE one.gstat and several.gstat, a variable and a coregionalization.
 
 #include <array>
 #include <cmath>
@@ -15,6 +17,7 @@
 #include <string>
 #include <vector>
 
+#include "files/variogram_reader.h"
 #include "model/nested_model.h"
 #include "tests/support/model_lines.h"
 #include "zvm/exchange/export.h"
@@ -212,6 +215,16 @@ void write(const fs::path& path, const std::string& text) {
   if (!out.flush()) throw std::runtime_error("can't write " + path.string());
 }
 
+/// Shortest numbers, as the JSON has them.
+std::string lines(const nlohmann::json& points) {
+  std::string out;
+  for (const auto& point : points) {
+    for (const auto& number : point) out += number.dump() + " ";
+    out.back() = '\n';
+  }
+  return out;
+}
+
 void writeText(const fs::path& stem, const std::string& name, const Session& session,
                Request request) {
   try {
@@ -232,14 +245,15 @@ bool hasOneRatio(const Case& from) {
 
 void writeCase(const fs::path& stem, const Case& from) {
   const Session session = sessionOf(from);
-  nlohmann::json truth{{"dimensions", from.dimensions},
-                       {"oneRatio", hasOneRatio(from)},
-                       {"points", pointsOf(from, session)}};
+  const nlohmann::json points = pointsOf(from, session);
+  nlohmann::json truth{
+      {"dimensions", from.dimensions}, {"oneRatio", hasOneRatio(from)}, {"points", points}};
   std::string letters;
   for (const Structure& one : from.structures) letters += letterOf(one.form);
   truth["letters"] = letters;
   truth["main"] = {from.axes[0][0], from.axes[0][1], from.axes[0][2]};
   write(stem.string() + ".json", truth.dump(1));
+  write(stem.string() + ".points", lines(points));
   Request request{Target::json, {1}, {}, 1, 2, from.dimensions, false};
   for (const TargetRow& row : kTargets) {
     request.target = row.target;
@@ -268,15 +282,28 @@ void writeCases(const fs::path& folder) {
   }
 }
 
+/// Variables 1 and 2 and their cross variable 5, along 45;0 and 135;0.
+void writeExample(const fs::path& folder, const fs::path& file) {
+  Session session;
+  if (loadVariogramFile(file, session) != Load::good)
+    throw std::runtime_error("can't read " + file.string());
+  Request request{Target::gstat, {1}, {}, 2, 4, std::nullopt, false};
+  write(folder / "one.gstat", exportModel(session, request).text);
+  request.variables = {1, 2};
+  request.crosses = {{5, 1, 2}};
+  write(folder / "several.gstat", exportModel(session, request).text);
+}
+
 }  // namespace
 }  // namespace zevfit::exchange
 
 int main(int count, char** arguments) {
-  if (count != 2) return 2;
+  if (count != 3) return 2;
   try {
     std::filesystem::remove_all(arguments[1]);
     std::filesystem::create_directories(arguments[1]);
     zevfit::exchange::writeCases(arguments[1]);
+    zevfit::exchange::writeExample(arguments[1], arguments[2]);
   } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';
     return 1;

@@ -1,4 +1,4 @@
-"""peers.py PROGRAM FOLDER: lets the program write its cases into the folder, reads each exported
+"""peers.py PROGRAM FOLDER EXAMPLE: lets the program write its cases into the folder, reads each exported
 text as the system does that it is for, evaluates it by that system's published formula, and compares
 it with the semivariances that the case states. The standard library only."""
 
@@ -49,14 +49,14 @@ def points_for(name, case):
 
 
 def check(path, case, name):
-    """The complaints about one text of a case."""
+    """The complaints about one text of a case, None where it is rightly refused."""
     text_path = path.with_suffix("." + name)
     refusal = path.with_suffix("." + name + ".refused")
     if must_refuse(name, case):
-        return [] if refusal.exists() and not text_path.exists() else [f"{text_path}: not refused"]
+        return None if refusal.exists() and not text_path.exists() else [f"{text_path}: not refused"]
     if not text_path.exists():
         if name == "zvp" and not case["letters"]:
-            return []
+            return None
         return [f"{text_path}: refused: {refusal.read_text(encoding='utf-8')}"]
     encoding = "latin-1" if name == "zvp" else "utf-8"
     gamma = READERS[name](text_path.read_bytes().decode(encoding))
@@ -75,18 +75,20 @@ def check_table(path):
 
 
 def main():
-    program, folder = sys.argv[1], pathlib.Path(sys.argv[2])
-    subprocess.run([program, str(folder)], check=True)
-    complaints, compared = [], 0
+    program, folder, example = sys.argv[1], pathlib.Path(sys.argv[2]), sys.argv[3]
+    subprocess.run([program, str(folder), example], check=True)
+    complaints, evaluated, refused = [], 0, 0
     for path in sorted(folder.glob("*.json")):
         case = json.loads(path.read_text())
         for name in READERS:
-            complaints += check(path, case, name)
-            compared += 1
+            found = check(path, case, name)
+            evaluated += found is not None
+            refused += found is None
+            complaints += found or []
         complaints += check_table(path)
-    print(f"| {compared} texts of {len(READERS)} kinds, {len(complaints)} wrong")
+    print(f"| {evaluated} texts evaluated, {refused} rightly refused, {len(complaints)} wrong")
     print("\n".join(complaints))
-    sys.exit(1 if complaints or not compared else 0)
+    sys.exit(1 if complaints or not evaluated else 0)
 
 
 main()
