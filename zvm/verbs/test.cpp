@@ -190,6 +190,7 @@ std::string matrixText(const Session& session, const Verdicts& verdicts) {
   std::string names;
   for (const std::int64_t variable : verdicts.coregion.variables)
     names += (names.empty() ? "" : ", ") + nameOf(session, variable);
+  if (verdicts.matrices.empty()) return "No full matrix: no line is in use\n";
   std::string text = "Full matrix of " + names + '\n';
   for (const MatrixVerdict& verdict : verdicts.matrices)
     text += wordsOf(verdict.passed ? NodeImage::passed : NodeImage::failed).mark +
