@@ -1,5 +1,9 @@
 // The verb export: what it asks for, and the file that it writes.
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
 
 #include <nlohmann/json.hpp>
 #include <string>
@@ -8,6 +12,7 @@
 #include "tests/support/plain_user.h"
 #include "tests/zvm/command.h"
 #include "zvm/exchange/export.h"
+#include "zvm/verbs/output.h"
 
 namespace zevfit::test {
 namespace {
@@ -113,6 +118,9 @@ TEST_F(Export, AsksForWhatItNeeds) {
       {{"--to", "gslib", "--gslib-gaussian", "5"}, 2, "--gslib-gaussian is 3 or 9, not `5`"},
       {{"--to", "gstat", "--json"}, 2, "--json reports on a file: it takes -o"},
       {{"--to", "gstat", "--json", "-o", "-"}, 2, "--json reports on a file: it takes -o"},
+      {{"--to", "gstat", "--json", "-o", "/dev/stdout"},
+       2,
+       "--json reports on a file: it takes -o"},
       {{"--to", "gstat", "--var", "zink"}, 3, "no variable `zink` in -; there are zinc"},
       {{"--to", "gstat", "--var", "zinc", "--var", "1"}, 2, "--var 1 is there twice"},
       {{"--to", "gstat", "--main", "45;0"}, 3, "no direction `45;0` in -; there are 0;0, 90;0"},
@@ -176,6 +184,28 @@ TEST_F(Export, WritesToWhatIsNoFileAsItIs) {
   const Ran full = ran({"export", "-", "--to", "gstat", "-o", "/dev/full"}, kModel.bytes());
   EXPECT_EQ(full.code, 4);
   EXPECT_EQ(full.err, "zvm: error: cannot write /dev/full: No space left on device\n");
+}
+
+TEST_F(Export, LooksForSignalsBeforeTheLastStep) {
+  putFile(path("old"), "old");
+  const pid_t child = ::fork();
+  if (child == 0) {
+    verbs::exitOnSignals();
+    sigset_t waiting;
+    sigemptyset(&waiting);
+    sigaddset(&waiting, SIGTERM);
+    ::sigprocmask(SIG_BLOCK, &waiting, nullptr);
+    ::raise(SIGTERM);
+    verbs::writeOutput(path("new"), "new", false);
+    verbs::writeOutput(path("old"), "new", true);
+    ::sigprocmask(SIG_UNBLOCK, &waiting, nullptr);
+    ::_exit(1);
+  }
+  int code = 0;
+  ASSERT_EQ(::waitpid(child, &code, 0), child);
+  EXPECT_EQ(WEXITSTATUS(code), 130);
+  EXPECT_EQ(files(), Names{"old"});
+  EXPECT_EQ(contentOf(path("old")), "old");
 }
 
 TEST_F(Export, NeedsAFolderThatMayBeWritten) {

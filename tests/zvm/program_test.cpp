@@ -131,6 +131,37 @@ TEST_F(Program, EndsWhenItIsInterrupted) {
   }
 }
 
+TEST_F(Program, WritesOutputsOfEveryKind) {
+  const std::string text = ran({"export", "-", "--to", "gstat"}, kModel.bytes()).out;
+  const char* const lines[] = {
+      "$zvm export good.zvm --to gstat",
+      "$zvm export good.zvm --to gstat -o -",
+      "$zvm export good.zvm --to gstat -o /dev/stdout",
+      "$zvm export good.zvm --to gstat -o /dev/stdout | cat",
+      "$zvm export good.zvm --to gstat -o /dev/fd/3 3>&1",
+      "mkfifo pipe; cat pipe & $zvm export good.zvm --to gstat -o pipe; wait; rm pipe",
+      "$zvm export good.zvm --to gstat -o made; cat made",
+      "echo old >old; $zvm export good.zvm --to gstat -o old --overwrite; cat old",
+  };
+  for (const char* line : lines) {
+    const Ran run = shell(line);
+    EXPECT_EQ(run.out, text) << line;
+    EXPECT_EQ(run.err, "") << line;
+    EXPECT_EQ(run.code, 0) << line;
+  }
+  // The file that stdout leads to is continued, not written from its beginning.
+  EXPECT_EQ(shell("echo before; $zvm export good.zvm --to gstat -o /dev/stdout").out,
+            "before\n" + text);
+}
+
+TEST_F(Program, GoesOnWhereASignalIsIgnored) {
+  const Ran run = shell(
+      "mkfifo wait; trap '' HUP; $zvm info wait & program=$!; exec 3>wait; "
+      "kill -HUP $program; cat good.zvm >&3; exec 3>&-; wait $program");
+  EXPECT_EQ(run.code, 0);
+  EXPECT_EQ(run.out, ran({"info", "-"}, kModel.bytes()).out);
+}
+
 TEST_F(Program, CompletesInBash) {
   const std::string complete =
       "$zvm completion bash >completion && bash -c '. ./completion; COMP_WORDS=(zvm %); "

@@ -3,6 +3,7 @@
 #include "zvm/exchange/export.h"
 #include "zvm/verbs/coregions.h"
 #include "zvm/verbs/input.h"
+#include "zvm/verbs/output.h"
 #include "zvm/verbs/report.h"
 #include "zvm/verbs/text.h"
 #include "zvm/verbs/verb.h"
@@ -43,7 +44,7 @@ void refuseMixture(const Options& options, const TargetRow& target, const Contex
     throw Failure(Exit::usage, "--minor2 takes --minor1");
   if (options.gaussian != "3" && options.gaussian != "9")
     throw Failure(Exit::usage, "--gslib-gaussian is 3 or 9, not `" + options.gaussian + "`");
-  if (context.common.json && options.output == kStandardStream)
+  if (context.common.json && isStandardOutput(options.output))
     throw Failure(Exit::usage, "--json reports on a file: it takes -o");
 }
 

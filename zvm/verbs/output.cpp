@@ -5,8 +5,10 @@
 
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <csignal>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <system_error>
 
@@ -64,10 +66,26 @@ fs::path targetOf(fs::path path) {
   return path;
 }
 
-std::string reason() { return std::generic_category().message(errno); }
-
 [[noreturn]] void fail(const std::string& path, const std::string& why) {
   throw Failure(Exit::file, "cannot write " + path + ": " + why);
+}
+
+/// Of a pipe that nobody reads any more nobody is to be told.
+[[noreturn]] void fail(const std::string& path, int error) {
+  if (error == EPIPE) throw Failure(Exit::file, "");
+  fail(path, std::generic_category().message(error));
+}
+
+/// The open descriptor that a path stands for, whatever it leads to.
+std::optional<int> descriptorOf(const std::string& path) {
+  if (path == "/dev/stdout") return STDOUT_FILENO;
+  if (path == "/dev/stderr") return STDERR_FILENO;
+  constexpr std::string_view kFolder = "/dev/fd/";
+  if (!path.starts_with(kFolder)) return std::nullopt;
+  int number = 0;
+  const char* const last = path.data() + path.size();
+  const auto read = std::from_chars(path.data() + kFolder.size(), last, number);
+  return read.ec == std::errc() && read.ptr == last ? std::optional(number) : std::nullopt;
 }
 
 bool isSpecial(const std::string& path) {
@@ -76,26 +94,25 @@ bool isSpecial(const std::string& path) {
   return fs::exists(status) && !fs::is_regular_file(status);
 }
 
-void writeAll(int descriptor, std::string_view bytes, const std::string& path) {
+/// Errors are those of the system; 0 when all is written.
+int writeAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-    if (written >= 0) {
+    if (written >= 0)
       bytes.remove_prefix(static_cast<std::size_t>(written));
-      continue;
-    }
-    if (errno == EINTR) continue;
-    const std::string why = reason();
-    ::close(descriptor);
-    fail(path, why);
+    else if (errno != EINTR)
+      return errno;
   }
+  return 0;
 }
 
 /// A device or a pipe, which has no old content to keep.
 void writeInto(const std::string& path, std::string_view bytes) {
   const int descriptor = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
-  if (descriptor < 0) fail(path, reason());
-  writeAll(descriptor, bytes, path);
-  if (::close(descriptor) != 0) fail(path, reason());
+  if (descriptor < 0) fail(path, errno);
+  int error = writeAll(descriptor, bytes);
+  if (::close(descriptor) != 0 && error == 0) error = errno;
+  if (error != 0) fail(path, error);
 }
 
 /// A file beside the target, whole and on the disk; it is removed unless it takes its place.
@@ -137,18 +154,27 @@ std::string reasonOf(const Fault& fault) {
 
 }  // namespace
 
+bool isStandardOutput(const std::string& path) {
+  return path == kStandardStream || descriptorOf(path) == STDOUT_FILENO;
+}
+
 void requireFree(const std::string& path, bool overwrite) {
+  if (descriptorOf(path)) return;
   std::error_code unknown;
   const fs::file_status status = fs::status(path, unknown);
-  if (fs::is_directory(status)) fail(path, std::generic_category().message(EISDIR));
+  if (fs::is_directory(status)) fail(path, EISDIR);
   if (fs::is_regular_file(status) && !overwrite)
     throw Failure(Exit::file, path + " exists; --overwrite replaces it");
   if (isSpecial(path)) return;
   const fs::path folder = targetOf(path).parent_path();
-  if (::access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) != 0) fail(path, reason());
+  if (::access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) != 0) fail(path, errno);
 }
 
 void writeOutput(const std::string& path, std::string_view bytes, bool overwrite) {
+  if (const auto descriptor = descriptorOf(path)) {
+    if (const int error = writeAll(*descriptor, bytes); error != 0) fail(path, error);
+    return;
+  }
   if (isSpecial(path)) return writeInto(path, bytes);
   const fs::path target = targetOf(path);
   const HeldSignals held;
@@ -166,7 +192,12 @@ void exitOnSignals() {
   struct sigaction action {};
   action.sa_handler = exitInterrupted;
   action.sa_mask = endSignals();
-  for (const int signal : kEnds) ::sigaction(signal, &action, nullptr);
+  for (const int signal : kEnds) {
+    struct sigaction before {};
+    // One that is ignored stays so, as nohup asks for it.
+    if (::sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN)
+      ::sigaction(signal, &action, nullptr);
+  }
 }
 
 }  // namespace zevfit::verbs
