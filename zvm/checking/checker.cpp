@@ -138,8 +138,7 @@ std::int64_t Checker::count(const char* what, std::int64_t most) {
 }
 
 Token Checker::name(const char* what, std::vector<std::string>& names) {
-  const std::string item =
-      "name of " + std::string(what) + ' ' + std::to_string(names.size() + 1);
+  const std::string item = "name of " + std::string(what) + ' ' + std::to_string(names.size() + 1);
   const Token token = text({item.c_str()});
   const auto same = [&](const std::string& name) { return trimmed(name) == trimmed(token.text); };
   if (!isBlank(token.text) && std::ranges::any_of(names, same))
