@@ -185,8 +185,8 @@ CheckResult Checker::run() {
     rest();
   } catch (const Stop&) {
   }
-  const auto place = [](const Finding& finding) { return finding.place; };
-  std::ranges::stable_sort(result_.findings, {}, place);
+  const auto before = [](const Finding& a, const Finding& b) { return a.place < b.place; };
+  std::stable_sort(result_.findings.begin(), result_.findings.end(), before);
   return std::move(result_);
 }
 
