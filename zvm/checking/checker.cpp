@@ -88,6 +88,8 @@ Token Checker::number(const Item& item) {
 double Checker::valueOf(const Token& token, const Item& item) {
   const auto number = numberOf(token.text);
   if (!number) error(token.offset, shown(token.text) + " in place of the " + words(item));
+  if (token.text.empty())
+    warning(token.offset, "nothing in place of the " + words(item) + ", which counts as 0");
   return number.value_or(0);
 }
 
