@@ -141,7 +141,7 @@ void checkFindings(std::string_view bytes, const Session& session, bool isRead) 
   const checking::CheckResult result = checking::checkFile(bytes);
   checking::Place before;
   for (const checking::Finding& finding : result.findings) {
-    require(before <= finding.place, "findings stand in the order of the file");
+    require(!(finding.place < before), "findings stand in the order of the file");
     before = finding.place;
   }
   if (result.hasErrors()) return;

@@ -112,6 +112,10 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"a text for pairs",
             kData.with(13, "10 1 many"),
             {"13:6: error: `many` in place of the number of pairs of class 1 of `lead` in `0;0`"}},
+        Row{"an empty field",
+            kData.with(13, "10,,40"),
+            {"13:4: warning: nothing in place of the semivariance of class 1 of `lead` in `0;0`, "
+             "which counts as 0"}},
         Row{"pairs beyond single precision",
             kData.with(13, "10 1 1e39"),
             {"13:6: error: `1e39` in place of the number of pairs of class 1 of `lead` in `0;0`"}},

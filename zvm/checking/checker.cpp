@@ -88,6 +88,8 @@ Token Checker::number(const Item& item) {
 double Checker::valueOf(const Token& token, const Item& item) {
   const auto number = numberOf(token.text);
   if (!number) error(token.offset, shown(token.text) + " in place of the " + words(item));
+  if (token.text.empty())
+    warning(token.offset, "nothing in place of the " + words(item) + ", which counts as 0");
   return number.value_or(0);
 }
 
@@ -138,8 +140,7 @@ std::int64_t Checker::count(const char* what, std::int64_t most) {
 }
 
 Token Checker::name(const char* what, std::vector<std::string>& names) {
-  const std::string item =
-      "name of " + std::string(what) + ' ' + std::to_string(names.size() + 1);
+  const std::string item = "name of " + std::string(what) + ' ' + std::to_string(names.size() + 1);
   const Token token = text({item.c_str()});
   const auto same = [&](const std::string& name) { return trimmed(name) == trimmed(token.text); };
   if (!isBlank(token.text) && std::ranges::any_of(names, same))
@@ -186,8 +187,8 @@ CheckResult Checker::run() {
     rest();
   } catch (const Stop&) {
   }
-  const auto place = [](const Finding& finding) { return finding.place; };
-  std::ranges::stable_sort(result_.findings, {}, place);
+  const auto before = [](const Finding& a, const Finding& b) { return a.place < b.place; };
+  std::stable_sort(result_.findings.begin(), result_.findings.end(), before);
   return std::move(result_);
 }
 

@@ -12,7 +12,11 @@ namespace zevfit::checking {
 /// A place of a file: line and column in bytes, both from 1.
 struct Place {
   std::size_t line = 1, column = 1;
-  auto operator<=>(const Place&) const = default;
+  bool operator==(const Place&) const = default;
+  /// It stands before the other.
+  bool operator<(const Place& other) const {
+    return line != other.line ? line < other.line : column < other.column;
+  }
 };
 
 /// Where the lines of a file begin; line ends are CR LF, LF and CR.

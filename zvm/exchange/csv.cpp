@@ -18,7 +18,9 @@ constexpr const char* kHeading =
 std::vector<std::int64_t> directionsOf(const Session& session, const Request& request) {
   std::vector<std::int64_t> out;
   if (!request.main) {
-    for (std::int64_t at = 1; at <= session.ndir; ++at) out.push_back(at);
+    // Of claims beyond the tables, the first one that they refuse is enough.
+    const std::int64_t last = std::min<std::int64_t>(session.ndir, kDirectionSlots);
+    for (std::int64_t at = 1; at <= last; ++at) out.push_back(at);
     return out;
   }
   for (const auto& picked : {request.main, request.minor1, request.minor2})
@@ -50,12 +52,19 @@ std::string distanceField(const Cell& distance) {
   return distance.isText() ? csvField(nameText(distance.toText())) : shortest(distance.number());
 }
 
+/// The classes that the file holds, whatever number it claims.
+std::int64_t classesOf(const Session& session, Pair pair) {
+  const std::size_t slots =
+      std::max(session.hlag.written(pair).size(), session.gam.written(pair).size());
+  return std::min(session.nclass, static_cast<std::int64_t>(slots) - 1);
+}
+
 std::string rowsOf(const Session& session, Pair pair) {
   const std::string head = csvField(variableName(session, pair.variable)) + "," +
                            csvField(nameText(session.dirname(pair.direction))) + "," +
                            angleFields(session.dirname(pair.direction)) + ",";
   std::string out;
-  for (std::int64_t lag = 1; lag <= session.nclass; ++lag) {
+  for (std::int64_t lag = 1; lag <= classesOf(session, pair); ++lag) {
     const Cell& distance = session.hlag(pair, lag);
     out += head + std::to_string(lag) + "," + shortest(session.npairs(pair, lag)) + "," +
            distanceField(distance) + "," + shortest(session.gam(pair, lag)) + "," +

@@ -47,12 +47,20 @@ const CrossVariable& crossOf(const Session& session, const Request& request, std
   return *found;
 }
 
+/// gstat knows its variables by their names.
+void refuseEqualNames(const std::vector<SpatialModel>& direct) {
+  for (const SpatialModel& model : direct)
+    if (std::ranges::count(direct, model.variable, &SpatialModel::variable) > 1)
+      throw Refusal("two variables are named " + model.variable);
+}
+
 std::string gstat(const Session& session, const Request& request, Warnings& warnings) {
   const Triad triad = triadOf(session, pickedOf(session, request), warnings);
   std::vector<SpatialModel> direct;
   for (const std::int64_t variable : request.variables)
     direct.push_back(modelAlong(session, variable, triad, warnings));
   if (direct.size() == 1) return gstatText(direct.front());
+  refuseEqualNames(direct);
   std::vector<CrossModel> crosses;
   for (auto first = request.variables.begin(); first != request.variables.end(); ++first) {
     for (auto second = first + 1; second != request.variables.end(); ++second) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "session/fault.h"
 #include "zvm/exchange/forms.h"
 #include "zvm/exchange/targets.h"
 
@@ -40,7 +41,8 @@ std::string structureLines(const Triad& triad, const SpatialStructure& structure
   return codeLine(codeOf(structure.form) + (" " + blanked({structure.sill, angles.azimuth,
                                                            -angles.dip + 0.0, angles.rotation})),
                   kAngleComment) +
-         codeLine("  " + blanked({main * factor, minor1 * factor, minor2 * factor}),
+         codeLine("  " + blanked({finite(main * factor), finite(minor1 * factor),
+                                  finite(minor2 * factor)}),
                   "-a_hmax,a_hmin,a_vert: " + std::string(form));
 }
 

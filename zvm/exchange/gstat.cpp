@@ -107,6 +107,7 @@ std::string gstatText(const SpatialModel& model) {
 std::string gstatText(const std::vector<SpatialModel>& direct,
                       const std::vector<CrossModel>& crosses) {
   std::vector<const SpatialModel*> all;
+  all.reserve(direct.size() + crosses.size());
   for (const SpatialModel& model : direct) all.push_back(&model);
   for (const CrossModel& cross : crosses) all.push_back(&cross.model);
   const bool hasNugget =

@@ -26,7 +26,7 @@ std::string powerCode(const SpatialStructure& structure) {
 }
 
 std::string anisotropy(const Triad& triad, const SpatialStructure& structure) {
-  const std::string ranges = "ranges=[" + rangeList(triad, structure) + "]";
+  std::string ranges = "ranges=[" + rangeList(triad, structure) + "]";
   if (structure.isIsotropic()) return ranges;
   const Angles angles = anglesOf(triad.axes);
   const double first = 90 - angles.azimuth;

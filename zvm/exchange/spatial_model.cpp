@@ -83,6 +83,7 @@ class Models {
     SpatialStructure added{which, main->form, main->sill, {}};
     for (std::size_t at = 0; at < kAxes.size(); ++at)
       added.ranges.at(at) = structure(models_.at(at), which)->range;
+    refuseRatios(added);
     if (added.form == Form::power) {
       refuseExponents(added);
       added.sill = 1;
@@ -105,6 +106,16 @@ class Models {
         refuse(structureName(which) + " is " + std::string(letterOf(main->form)) + " along " +
                direction(0) + " and " + std::string(letterOf(other->form)) + " along " +
                direction(at) + ": no geometric anisotropy");
+    }
+  }
+
+  void refuseRatios(const SpatialStructure& added) const {
+    for (std::size_t at = 1; at < kAxes.size(); ++at) {
+      const double ratio = added.ranges.at(at) / added.ranges[0];
+      if (!(ratio > 0 && std::isfinite(ratio)))
+        refuse("the ranges of " + structureName(added.line) +
+               " are too far apart: " + shortest(added.ranges[0]) + " along " + direction(0) +
+               " and " + shortest(added.ranges.at(at)) + " along " + direction(at));
     }
   }
 

@@ -141,7 +141,10 @@ std::string zshText(const std::vector<VerbWords>& verbs) {
   return "#compdef zvm\n# Completion of zvm for zsh.\n_zvm() {\n  local -a verbs=(\n" + names +
          "  )\n  if (( CURRENT == 2 )); then\n    _describe verb verbs\n    return\n  fi\n"
          "  local verb=$words[2]\n  shift words\n  (( CURRENT-- ))\n  case $verb in\n" +
-         cases + "  esac\n}\ncompdef _zvm zvm\n";
+         cases +
+         "  esac\n}\n"
+         "# Loaded by its name it is called, and read as a file made known.\n"
+         "if [[ $funcstack[1] == _zvm ]]; then\n  _zvm \"$@\"\nelse\n  compdef _zvm zvm\nfi\n";
 }
 
 struct Shell {

@@ -226,7 +226,7 @@ std::string lines(const nlohmann::json& points) {
 }
 
 void writeText(const fs::path& stem, const std::string& name, const Session& session,
-               Request request) {
+               const Request& request) {
   try {
     write(stem.string() + "." + name, exportModel(session, request).text);
   } catch (const Refusal& refusal) {

@@ -59,6 +59,12 @@ TEST(Coregionalization, NeedsTheCrossVariables) {
   EXPECT_EQ(refusalOf(pair(), request), "no cross semivariogram of zinc and lead \"top\"");
 }
 
+TEST(Coregionalization, NeedsNamesThatDiffer) {
+  Session session = pair();
+  session.varname(2) = " zinc";
+  EXPECT_EQ(refusalOf(session, bothVariables()), "two variables are named zinc");
+}
+
 TEST(Coregionalization, NeedsTheSameFormsAndRanges) {
   const std::string reason =
       "structure 1 of zinc and of lead \"top\" differ in form or range: no linear model of "

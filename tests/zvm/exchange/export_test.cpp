@@ -199,14 +199,15 @@ TEST(Csv, HasPointsAndModelSideBySide) {
   session.hlag.set({1, 1}, 1, Cell(500));
   session.gam.set({1, 1}, 1, 0.625);
   session.npairs.set({1, 1}, 1, 12);
+  session.gam.set({1, 1}, 2, 0);
+  session.hlag.set({1, 2}, 1, Cell(0));
   Request request = requestFor(Target::csv);
   request.main = request.minor1 = std::nullopt;
   EXPECT_EQ(exportModel(session, request).text,
             "variable,direction,azimuth,dip,class,pairs,distance,semivariance,model\n"
             "\"zinc, \"\"log\"\" \xc3\xa9\",45;0,45,0,1,12,500,0.625,0.7429974151095101\n"
             "\"zinc, \"\"log\"\" \xc3\xa9\",45;0,45,0,2,0,0,0,0\n"
-            "\"zinc, \"\"log\"\" \xc3\xa9\",135;0,135,0,1,0,0,0,\n"
-            "\"zinc, \"\"log\"\" \xc3\xa9\",135;0,135,0,2,0,0,0,\n");
+            "\"zinc, \"\"log\"\" \xc3\xa9\",135;0,135,0,1,0,0,0,\n");
 }
 
 }  // namespace

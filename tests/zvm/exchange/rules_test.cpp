@@ -70,6 +70,11 @@ constexpr RefusalRow kRefusals[] = {
          setStructure(s, {1, direction}, Line::second, "P", 1, 2.001);
      },
      "zinc: the exponent 2.001 of structure 2 is above 2"},
+    {"RangesTooFarApart",
+     [](Session& s, Request&) {
+       s.a1({1, 1}) = 1e-320;
+     },
+     "zinc: the ranges of structure 1 are too far apart: 1e-320 along 45;0 and 400 along 135;0"},
     {"TextAsRange",
      [](Session& s, Request&) {
        s.a1({1, 2}) = Cell::ofText("abc");
@@ -195,7 +200,8 @@ TEST(Names, StayInsideTheirComments) {
   Session session = twoDirections();
   session.varname(1) = " zinc -- top\n\x85soil\xb5 ";
   const std::string text = exported(session, Target::sgems);
-  EXPECT_TRUE(text.starts_with("<!-- Semivariogram model for SGeMS of zinc - - top  soil\xc2\xb5\n"))
+  EXPECT_TRUE(
+      text.starts_with("<!-- Semivariogram model for SGeMS of zinc - - top  soil\xc2\xb5\n"))
       << text;
 }
 
