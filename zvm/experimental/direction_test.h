@@ -59,7 +59,7 @@ struct ConeTest {
 
 /// Directions as gstat tests them (direct.c, valid_direction): the horizontal angle and that in the
 /// vertical plane each by itself, with the horizontal part of the step unsigned, so that the dip
-/// depends on the order of the rows.
+/// depends on the order of the rows. Of two variables it takes both steps of a pair.
 struct GstatTest {
   double sineAzimuth = 0, cosineAzimuth = 0, sineDip = 0, cosineDip = 0;
   double cosineTolerance = 0;

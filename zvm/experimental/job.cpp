@@ -174,7 +174,7 @@ std::optional<std::string> pointsRefusal(const Frame& frame) {
 }
 
 SumTable emptyTable(const Frame& frame) {
-  return {frame.variables.size(), frame.directions.size(),
+  return {frame.variables.size(), summedDirections(frame.compat, frame.directions.size()),
           static_cast<std::size_t>(frame.lags.count)};
 }
 

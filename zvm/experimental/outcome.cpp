@@ -11,18 +11,30 @@ namespace zevfit::zvm {
 
 namespace {
 
-/// How often a peer counts a pair.
+/// gamv counts a pair from both of its points where all directions count together.
 std::uint64_t timesCounted(const Frame& frame, std::size_t variable, std::size_t direction) {
-  const bool isCross = frame.variables[variable].isCross;
-  if (frame.compat == Compat::gstat) return isCross ? 2 : 1;
-  if (frame.compat == Compat::gamv)
-    return !isCross && frame.directions[direction].isOmnidirectional ? 2 : 1;
-  return 1;
+  const bool isTwice = frame.compat == Compat::gamv && !frame.variables[variable].isCross &&
+                       frame.directions[direction].isOmnidirectional;
+  return isTwice ? 2 : 1;
 }
 
 /// Pairs at the same place count in the first class where that was asked for, and always for gstat.
 bool countsZero(const Frame& frame) {
   return frame.zero == ZeroDistances::first || frame.compat == Compat::gstat;
+}
+
+/// What counts in class k. gstat's crosses go through both steps of each pair.
+Sum sumOf(const Frame& frame, const SumTable& sums, std::size_t variable, std::size_t direction,
+          std::int64_t k) {
+  const auto slot = static_cast<std::size_t>(k);
+  const bool isBoth = frame.compat == Compat::gstat && frame.variables[variable].isCross;
+  Sum sum = sums.at(variable, direction, slot);
+  if (isBoth) sum.add(sums.at(variable, frame.directions.size() + direction, slot));
+  if (k != 1 || !countsZero(frame)) return sum;
+  const Sum& zero = sums.at(variable, 0, 0);
+  sum.add(zero);
+  if (isBoth) sum.add(zero);
+  return sum;
 }
 
 LagClass classOf(const Frame& frame, const Sum& sum, std::int64_t k) {
@@ -35,9 +47,7 @@ std::vector<LagClass> classesOf(const Frame& frame, const SumTable& sums, std::s
                                 std::size_t direction) {
   std::vector<LagClass> classes;
   for (std::int64_t k = 1; k <= frame.lags.count; ++k) {
-    Sum sum = sums.at(variable, direction, static_cast<std::size_t>(k));
-    if (k == 1 && countsZero(frame)) sum.add(sums.at(variable, 0, 0));
-    LagClass lag = classOf(frame, sum, k);
+    LagClass lag = classOf(frame, sumOf(frame, sums, variable, direction, k), k);
     if (!std::isfinite(lag.distance) || !std::isfinite(lag.semivariance))
       throw DataError({}, "the values of `" + utf8Of(frame.variables[variable].name) +
                               "` are too large for a semivariance");

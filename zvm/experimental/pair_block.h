@@ -40,12 +40,12 @@ class PairBlock {
   void clearDirections() { directions_.fill(0); }
   void addSector(const SectorTest& test, std::size_t direction);
   void addCone(const ConeTest& test, std::size_t direction);
-  /// Peers test the step from the earlier to the later row.
+  /// Peers test the step from the earlier to the later row, or the other way round.
   template <class Test>
-  void addOrdered(const Test& test, std::size_t direction) {
+  void addOrdered(const Test& test, std::size_t direction, bool turned = false) {
     const double bit = bitOf(direction);
     for (std::size_t k = 0; k < used_; ++k) {
-      const double sign = backward_[k] ? -1 : 1;
+      const double sign = backward_[k] != turned ? -1 : 1;
       if (test.holds(sign * dx_[k], sign * dy_[k], sign * dz_[k])) directions_[k] += bit;
     }
   }
@@ -59,14 +59,14 @@ class PairBlock {
   std::int32_t firstClass(std::size_t k) const { return static_cast<std::int32_t>(firstClass_[k]); }
   std::int32_t lastClass(std::size_t k) const { return static_cast<std::int32_t>(lastClass_[k]); }
   /// The directions of a pair as bits from 0; never none.
-  std::uint32_t directions(std::size_t k) const {
-    return static_cast<std::uint32_t>(directions_[k]);
+  std::uint64_t directions(std::size_t k) const {
+    return static_cast<std::uint64_t>(directions_[k]);
   }
   const Row<double>& differences(std::size_t variable) const { return differences_[variable]; }
 
  private:
   static double bitOf(std::size_t direction) {
-    return static_cast<double>(std::uint32_t{1} << direction);
+    return static_cast<double>(std::uint64_t{1} << direction);
   }
   template <bool Space, bool Steps>
   void takeSteps(std::size_t i, std::size_t first, std::size_t count);

@@ -47,6 +47,12 @@ enum class ZeroDistances { skip, first };
 /// Whose counts and classes: our own, or those of gstat or of GSLIB's gamv, quirks included.
 enum class Compat { none, gstat, gamv };
 
+/// Directions in a table of sums: gstat's crosses count a pair for each of its two steps that lies
+/// in a direction, so that the same directions follow for the turned steps.
+constexpr std::size_t summedDirections(Compat compat, std::size_t directions) {
+  return compat == Compat::gstat ? 2 * directions : directions;
+}
+
 /// What is computed of a set of points.
 struct Plan {
   std::string title;  ///< Latin-1

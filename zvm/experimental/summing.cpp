@@ -25,10 +25,10 @@ Summing::Summing(const SortedPoints& points, const Plan& plan, const LagRule& ru
       isPlain_(rule.isUniform() && plan.directions.size() == 1 && takesAll(plan.directions[0])),
       isComplete_(std::ranges::all_of(points.values, hasAll)),
       slots_(static_cast<std::size_t>(rule.count()) + 2),
+      directions_(summedDirections(plan.compat, plan.directions.size())),
       block_(points, rule, !isPlain_),
-      places_(plan.pairings.size(), std::vector<Place>(plan.directions.size() * slots_ * kTurns)) {
-  for (std::size_t d = 0; d < plan.directions.size(); ++d)
-    starts_[d] = static_cast<std::uint32_t>(d * slots_);
+      places_(plan.pairings.size(), std::vector<Place>(directions_ * slots_ * kTurns)) {
+  for (std::size_t d = 0; d < directions_; ++d) starts_[d] = static_cast<std::uint32_t>(d * slots_);
   for (const Direction& direction : plan.directions) {
     if (plan.compat == Compat::gstat)
       gstat_.emplace_back(direction);
@@ -47,13 +47,16 @@ void Summing::classifyBlock() {
   block_.clearDirections();
   for (std::size_t d = 0; d < sectors_.size(); ++d) block_.addSector(sectors_[d], d);
   for (std::size_t d = 0; d < cones_.size(); ++d) block_.addCone(cones_[d], d);
-  for (std::size_t d = 0; d < gstat_.size(); ++d) block_.addOrdered(gstat_[d], d);
+  for (std::size_t d = 0; d < gstat_.size(); ++d) {
+    block_.addOrdered(gstat_[d], d);
+    block_.addOrdered(gstat_[d], gstat_.size() + d, true);
+  }
   for (std::size_t d = 0; d < gamv_.size(); ++d) block_.addOrdered(gamv_[d], d);
   block_.settle();
 }
 
 void Summing::listPlaces() {
-  std::size_t most = block_.used() * plan_.directions.size();
+  std::size_t most = block_.used() * directions_;
   if (!rule_.isUniform()) most *= block_.mostClasses();
   if (listed_.size() < most) {
     listed_.resize(most);
@@ -76,7 +79,7 @@ void Summing::listEach() {
   };
   for (std::uint32_t k = 0; k < used; ++k) {
     const auto first = static_cast<std::uint32_t>(block_.firstClass(k));
-    std::uint32_t in = block_.directions(k);
+    std::uint64_t in = block_.directions(k);
     do {
       const std::uint32_t start = starts_[static_cast<std::size_t>(std::countr_zero(in))];
       list(start + first, k);
@@ -118,7 +121,7 @@ void Summing::sumDirected() {
   for (std::size_t k = 0; k < used; ++k) {
     const auto lag = static_cast<std::uint32_t>(block_.firstClass(k));
     const double product = first[k] * second[k];
-    std::uint32_t in = block_.directions(k);
+    std::uint64_t in = block_.directions(k);
     do {
       const auto direction = static_cast<std::size_t>(std::countr_zero(in));
       const std::size_t slot = std::size_t{starts_[direction]} + lag;
@@ -184,9 +187,9 @@ void Summing::sumBlock() {
 SumTable Summing::finish() {
   sumBlock();
   const std::size_t classes = slots_ - 2;
-  SumTable table(plan_.pairings.size(), plan_.directions.size(), classes);
+  SumTable table(plan_.pairings.size(), directions_, classes);
   for (std::size_t p = 0; p < plan_.pairings.size(); ++p)
-    for (std::size_t d = 0; d < plan_.directions.size(); ++d)
+    for (std::size_t d = 0; d < directions_; ++d)
       for (std::size_t slot = 0; slot <= classes; ++slot) {
         const std::size_t place = (d * slots_ + slot) * kTurns;
         Sum& sum = table.at(p, d, slot);

@@ -63,8 +63,8 @@ class Summing {
   std::vector<ConeTest> cones_;
   std::vector<GstatTest> gstat_;
   std::vector<GamvTest> gamv_;
-  std::size_t slots_;
-  std::array<std::uint32_t, 32> starts_{};  ///< of the slots of a direction
+  std::size_t slots_, directions_;
+  std::array<std::uint32_t, 64> starts_{};  ///< of the slots of a direction
   PairBlock block_;
   std::vector<std::vector<Place>> places_;  ///< by pairing
   /// Where a pair counts, and which one it is: a pair in two directions stands twice.

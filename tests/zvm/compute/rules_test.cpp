@@ -163,6 +163,19 @@ TEST(GstatDip, DependsOnTheOrderOfTheRows) {
   EXPECT_EQ(pairsOf(computed(pointsAt({{1, 0, 1}, {0, 0, 0}}, {}), plan)), (Counts{1}));
 }
 
+TEST(GstatDip, OfTwoVariablesTakesEitherOrder) {
+  PointSet points = pointsAt({{1, 0, 1}, {0, 0, 0}}, {1, 2});
+  points.values.push_back({3, 7});
+  Plan plan = planOf(2, 1, {toward("90;-45", 10), toward("90;0", 50)});
+  plan.compat = Compat::gstat;
+  plan.pairings = {{0, 0, "A"}, {0, 1, "A-B"}};
+  const Experimental result = computed(points, plan);
+  EXPECT_EQ(pairsOf(result, 0, 0), (Counts{0}));
+  EXPECT_EQ(pairsOf(result, 1, 0), (Counts{1}));
+  EXPECT_EQ(pairsOf(result, 1, 1), (Counts{2}));
+  EXPECT_DOUBLE_EQ(result.classes[1][0][0].semivariance, 2);
+}
+
 TEST(GstatCross, CountsTwiceAndWantsTheSamePoints) {
   PointSet points = pointsAt({{0, 0}, {0, 1}, {1, 0}}, {1, 2, 4});
   points.values.push_back({3, 1, 2});
