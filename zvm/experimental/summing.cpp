@@ -19,8 +19,7 @@ bool takesAll(const Direction& direction) {
 }  // namespace
 
 Summing::Summing(const SortedPoints& points, const Plan& plan, const LagRule& rule)
-    : points_(points),
-      plan_(plan),
+    : plan_(plan),
       rule_(rule),
       isPlain_(rule.isUniform() && plan.directions.size() == 1 && takesAll(plan.directions[0])),
       isComplete_(std::ranges::all_of(points.values, hasAll)),

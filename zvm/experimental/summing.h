@@ -54,7 +54,6 @@ class Summing {
   void sumProducts(std::size_t pairing);
   void sumKnown(std::size_t pairing);
 
-  const SortedPoints& points_;
   const Plan& plan_;
   const LagRule& rule_;
   bool isPlain_;     ///< one direction that takes all, classes that border on each other

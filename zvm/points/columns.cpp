@@ -72,8 +72,8 @@ Columns findColumns(const std::vector<std::string>& names, const ReadOptions& op
   }
   columns.wanted = chosen;
   std::ranges::sort(columns.wanted);
-  const auto repeated = std::ranges::unique(columns.wanted);
-  columns.wanted.erase(repeated.begin(), repeated.end());
+  columns.wanted.erase(std::unique(columns.wanted.begin(), columns.wanted.end()),
+                       columns.wanted.end());
   for (const std::size_t column : chosen)
     columns.targets.push_back(positionOf(column, columns.wanted));
   return columns;

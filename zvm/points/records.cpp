@@ -10,7 +10,8 @@ namespace zevfit::zvm {
 
 namespace {
 
-constexpr std::size_t kBlock = std::size_t{1} << 20U;
+/// The size of the first block, and that up to which they grow.
+constexpr std::size_t kFirstBlock = std::size_t{1} << 12U, kLargestBlock = std::size_t{1} << 20U;
 
 std::size_t findFrom(std::string_view text, char c, std::size_t from) {
   const void* found = std::memchr(text.data() + from, c, text.size() - from);
@@ -31,7 +32,7 @@ bool Records::fill() {
   at_ = 0;
   const std::size_t kept = block_.size();
   // A record longer than a block has it grow in proportion.
-  const std::size_t more = std::max(kBlock, kept);
+  const std::size_t more = std::max(std::clamp(bytes_, kFirstBlock, kLargestBlock), kept);
   block_.resize(kept + more);
   in_.read(block_.data() + kept, static_cast<std::streamsize>(more));
   const auto got = static_cast<std::size_t>(in_.gcount());
@@ -58,12 +59,33 @@ bool Records::findEnd(std::size_t& end) {
   }
 }
 
+/// What is left of the stream is the last record; a quote in it that nothing closes would take all
+/// lines behind it for one field.
+void Records::refuseOpenQuote() const {
+  const std::string_view text = std::string_view(block_).substr(at_);
+  if (!quotes_ || std::ranges::count(text, '"') % 2 == 0) return;
+  bool isOpen = false;
+  std::size_t opening = 0;
+  for (std::size_t i = 0; i < text.size(); ++i)
+    if (text[i] == '"') {
+      isOpen = !isOpen;
+      if (isOpen) opening = i;
+    }
+  const std::string_view before = text.substr(0, opening);
+  const std::size_t lineEnd = before.rfind('\n');
+  const std::size_t column = lineEnd == std::string_view::npos ? opening : opening - lineEnd - 1;
+  throw DataError(
+      {name_, line_ + static_cast<std::uint64_t>(std::ranges::count(before, '\n')), column + 1},
+      "a quote that nothing closes");
+}
+
 bool Records::next(Record& record) {
   std::size_t end = 0;
   while (!findEnd(end))
     if (!fill()) {
       if (at_ == block_.size()) return false;
       end = block_.size();
+      refuseOpenQuote();
       break;
     }
   std::string_view text(block_.data() + at_, end - at_);

@@ -24,7 +24,8 @@ class Records {
 
   /// Decides whether quotes count; before the first record that `next` returns.
   void setQuotes(bool quotes) { quotes_ = quotes; }
-  /// The next record; false at the end. The text stays until the call after it.
+  /// The next record; false at the end. The text stays until the call after it. Throws DataError
+  /// for a quote that nothing closes.
   bool next(Record& record);
   /// The first lines of the stream as they stand, at most `count`, without taking them.
   std::string_view peek(std::size_t count);
@@ -34,6 +35,7 @@ class Records {
  private:
   bool fill();
   bool findEnd(std::size_t& end);
+  void refuseOpenQuote() const;
 
   std::istream& in_;
   std::string name_;
@@ -44,7 +46,8 @@ class Records {
   std::size_t seen_ = 0;     ///< how much of it is known to hold no end
   bool inQuotes_ = false;    ///< what was seen ends between quotes
   std::uint64_t lines_ = 0;  ///< line ends in what was seen
-  std::uint64_t line_ = 1, bytes_ = 0;
+  std::uint64_t line_ = 1;
+  std::size_t bytes_ = 0;  ///< read so far
 };
 
 }  // namespace zevfit::zvm

@@ -22,10 +22,6 @@ const char* behindQuotes(const char* at, const char* end) {
   return end;
 }
 
-bool isClosed(std::string_view field) {
-  return std::ranges::count(field, '"') % 2 == 0 || !field.starts_with('"');
-}
-
 }  // namespace
 
 RowReader::RowReader(const Columns& columns, const MissingValues& missing, char separator,
@@ -76,8 +72,6 @@ const char* RowReader::number(const char* at, const char* end, const Record& rec
   }
   const char* last = fieldEnd(at, end);
   const std::string_view text(first, static_cast<std::size_t>(std::max(first, last) - first));
-  if (separator_ != 0 && !isClosed(text))
-    throw DataError(placeOf(record, first), "a quote that nothing closes");
   const Field value = readField(separator_ == 0 ? std::string(text) : unquoted(text), missing_);
   if (value.refusal) throw DataError(placeOf(record, first), *value.refusal);
   field.value = value.value;
