@@ -153,6 +153,8 @@ Job prepare(PointSet points, Plan plan, const std::optional<Sample>& sample) {
   if (plan.compat == Compat::gstat) refuseDifferentPoints(points, plan);
   Frame frame = frameOf(points, plan);
   const LagRule rule(plan, largest);
+  if (rule.edge() > plan.lags.width / 4)
+    throw DataError({}, "the lag classes are narrower than what coordinates of this size resolve");
   SortedPoints sorted =
       sortIntoStrips(std::move(points), rule.reach(), plan.compat != Compat::none);
   counts.duplicates = sorted.duplicates;

@@ -7,7 +7,8 @@ namespace zevfit::zvm {
 
 namespace {
 
-/// The class of a distance where classes border on each other. The nearest whole number of widths
+/// The class of a distance where classes border on each other; of one beyond them one of the two
+/// numbers behind theirs. The nearest whole number of widths
 /// is that of the last edge that is passed, or of the next one; the comparison with its edge, the
 /// same double as in LagRule, decides.
 struct UniformClasses {
@@ -23,10 +24,8 @@ struct UniformClasses {
     constexpr double kRounding = 0x1.8p52;  // adding and subtracting it rounds to a whole number
     const double quotient = (h - edge) * perWidth;
     const double within = quotient < beyond ? quotient : beyond;
-    const double whole = (within + kRounding) - kRounding;
-    const double nearest = whole > 0 ? whole : 0;
-    const double lag = nearest + (h > nearest * width + edge ? 1.0 : 0.0);
-    return lag < beyond ? lag : beyond;
+    const double nearest = (within + kRounding) - kRounding;
+    return nearest + (h > nearest * width + edge ? 1.0 : 0.0);
   }
 };
 

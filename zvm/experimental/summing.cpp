@@ -23,7 +23,7 @@ Summing::Summing(const SortedPoints& points, const Plan& plan, const LagRule& ru
       rule_(rule),
       isPlain_(rule.isUniform() && plan.directions.size() == 1 && takesAll(plan.directions[0])),
       isComplete_(std::ranges::all_of(points.values, hasAll)),
-      slots_(static_cast<std::size_t>(rule.count()) + 2),
+      slots_(static_cast<std::size_t>(rule.count()) + 3),
       directions_(summedDirections(plan.compat, plan.directions.size())),
       block_(points, rule, !isPlain_),
       places_(plan.pairings.size(), std::vector<Place>(directions_ * slots_ * kTurns)) {
@@ -185,7 +185,7 @@ void Summing::sumBlock() {
 
 SumTable Summing::finish() {
   sumBlock();
-  const std::size_t classes = slots_ - 2;
+  const auto classes = static_cast<std::size_t>(rule_.count());
   SumTable table(plan_.pairings.size(), directions_, classes);
   for (std::size_t p = 0; p < plan_.pairings.size(); ++p)
     for (std::size_t d = 0; d < directions_; ++d)

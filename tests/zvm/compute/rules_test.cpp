@@ -114,6 +114,13 @@ TEST(Edges, AreAHairAboveTheWidths) {
   EXPECT_EQ(countsAt(3 + 1.1e-9), (Counts{0, 0, 0}));
 }
 
+// Four units in the last place of 1e16 are 8.
+TEST(Edges, OfClassesThatCoordinatesDoNotResolveAreRefused) {
+  const PointSet points = pointsAt({{1e16, 0}, {1e16 + 64, 0}}, {});
+  EXPECT_THROW(computed(points, planOf(30, 3)), DataError);
+  EXPECT_EQ(pairsOf(computed(points, planOf(40, 3))), (Counts{0, 1, 0}));
+}
+
 TEST(Edges, OfCentredClassesTheLowerOneIsIn) {
   const auto countsAt = [](double h) {
     Plan plan = planOf(1, 3);
