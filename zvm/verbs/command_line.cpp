@@ -21,6 +21,7 @@ const Verb* verbOf(std::string_view name) {
 
 std::vector<std::string> verbNames() {
   std::vector<std::string> names;
+  names.reserve(allVerbs().size());
   for (const Verb& verb : allVerbs()) names.emplace_back(verb.name);
   return names;
 }

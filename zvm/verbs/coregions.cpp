@@ -40,6 +40,7 @@ void addCross(const Session& session, const CrossVariable& cross, Coregion& core
 
 std::vector<CrossVariable> crossesByName(const Session& session) {
   std::vector<std::string> names;
+  names.reserve(static_cast<std::size_t>(session.nvar));
   for (std::int64_t v = 1; v <= session.nvar; ++v) names.push_back(session.varname(v));
   std::vector<CrossVariable> crosses;
   for (std::int64_t v = 1; v <= session.nvar; ++v) {
