@@ -74,6 +74,12 @@ TEST(CommandLine, TellsWhatIsWrong) {
   }
 }
 
+TEST(CommandLine, TakesAllBehindTheMarkForFiles) {
+  EXPECT_EQ(ran({"check", "--", "-"}, kData.bytes()).code, 0);
+  EXPECT_EQ(ran({"check", "--", "--json"}).err,
+            "zvm: error: cannot read --json: No such file or directory\n");
+}
+
 /// A stream that takes nothing, as a full disk.
 class FullStream : public std::streambuf {};
 
