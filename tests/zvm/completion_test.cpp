@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <sstream>
+#include <streambuf>
 #include <string>
 #include <vector>
 
@@ -36,6 +38,58 @@ TEST(Completion, KnowsEveryVerbAndOption) {
               std::string::npos);
     EXPECT_NE(script.find("bash zsh"), std::string::npos);
   }
+}
+
+TEST(CommandLine, HelpsAndTellsItsVersion) {
+  const Ran help = ran({"--help"});
+  EXPECT_EQ(help.code, 0);
+  for (const char* verb : {"info", "check", "test", "export", "completion"})
+    EXPECT_NE(help.out.find("  " + std::string(verb) + "  "), std::string::npos) << verb;
+  EXPECT_EQ(ran({"--version"}).out.rfind("zvm ", 0), 0U);
+  EXPECT_EQ(ran({"check", "--version"}).out, ran({"--version"}).out);
+}
+
+TEST(CommandLine, TellsWhatIsWrong) {
+  struct Row {
+    std::vector<std::string> arguments;
+    std::string message;
+  };
+  const Row rows[] = {
+      {{}, "no verb; there are info, check, test, export, completion; zvm --help tells more"},
+      {{"exprt"}, "no verb `exprt`; there are export, test, info, check, completion"},
+      {{"info"}, "FILE is required; zvm info --help tells more"},
+      {{"info", "a", "b"}, "`b` is one argument too many; zvm info --help tells more"},
+      {{"check", "-", "--thread=2"},
+       "no option `--thread` of zvm check; there are --threads, --help, --quiet, --version, "
+       "--json, --overwrite"},
+      {{"check", "-", "--threads", "many"},
+       "--threads: it takes a whole number from 1, not `many`; zvm check --help tells more"},
+      {{"completion", "bsh"}, "no shell `bsh`; there are bash, zsh"},
+  };
+  for (const Row& row : rows) {
+    const Ran run = ran(row.arguments);
+    EXPECT_EQ(run.err, "zvm: error: " + row.message + "\n");
+    EXPECT_EQ(run.code, 2) << row.message;
+    EXPECT_EQ(run.out, "") << row.message;
+  }
+}
+
+TEST(CommandLine, TakesAllBehindTheMarkForFiles) {
+  EXPECT_EQ(ran({"check", "--", "-"}, kData.bytes()).code, 0);
+  EXPECT_EQ(ran({"check", "--", "--json"}).err,
+            "zvm: error: cannot read --json: No such file or directory\n");
+}
+
+/// A stream that takes nothing, as a full disk.
+class FullStream : public std::streambuf {};
+
+TEST(CommandLine, FailsWhereNothingIsTaken) {
+  FullStream full;
+  std::ostream out(&full);
+  std::istringstream in;
+  std::ostringstream err;
+  EXPECT_EQ(verbs::runCommand({"--version"}, in, out, err), 4);
+  EXPECT_EQ(err.str().rfind("zvm: error: cannot write stdout: ", 0), 0U) << err.str();
 }
 
 }  // namespace

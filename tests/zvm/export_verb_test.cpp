@@ -1,4 +1,5 @@
 // The verb export: what it asks for, and the file that it writes.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -184,6 +185,18 @@ TEST_F(Export, WritesToWhatIsNoFileAsItIs) {
   const Ran full = ran({"export", "-", "--to", "gstat", "-o", "/dev/full"}, kModel.bytes());
   EXPECT_EQ(full.code, 4);
   EXPECT_EQ(full.err, "zvm: error: cannot write /dev/full: No space left on device\n");
+}
+
+TEST_F(Export, WritesToADescriptorWhereItStands) {
+  const int descriptor = ::open(path("made").c_str(), O_WRONLY | O_CREAT, 0600);
+  ASSERT_EQ(::write(descriptor, "old\n", 4), 4);
+  const std::string name = "/dev/fd/" + std::to_string(descriptor);
+  EXPECT_EQ(ran({"export", "-", "--to", "gstat", "-o", name}, kModel.bytes()).code, 0);
+  ::close(descriptor);
+  EXPECT_EQ(contentOf(path("made")),
+            "old\n" + ran({"export", "-", "--to", "gstat"}, kModel.bytes()).out);
+  EXPECT_EQ(ran({"export", "-", "--to", "gstat", "-o", name}, kModel.bytes()).err,
+            "zvm: error: cannot write " + name + ": Bad file descriptor\n");
 }
 
 TEST_F(Export, LooksForSignalsBeforeTheLastStep) {

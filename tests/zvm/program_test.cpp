@@ -123,12 +123,11 @@ TEST_F(Program, EndsWhereStdoutDoes) {
 
 TEST_F(Program, EndsWhenItIsInterrupted) {
   for (const char* signal : {"INT", "TERM", "HUP"}) {
-    // It waits for its input meanwhile. A shell's own jobs in the background ignore interrupts.
-    const Ran run = shell(std::string("mkfifo wait; sleep 30 >wait & env --default-signal=INT $zvm "
-                                      "info wait & program=$!; sleep 0.3; kill -") +
-                          signal +
-                          " $program; wait $program; code=$?; kill %1; rm wait; "
-                          "(exit $code)");
+    // The pipe opens once the program waits for its input. Jobs of a shell ignore interrupts.
+    const Ran run =
+        shell(std::string("mkfifo wait; env --default-signal=INT $zvm info wait & program=$!; "
+                          "exec 3>wait; kill -") +
+              signal + " $program; wait $program; code=$?; exec 3>&-; rm wait; (exit $code)");
     EXPECT_EQ(run.code, 130) << signal;
     EXPECT_EQ(run.out, "") << signal;
   }

@@ -284,6 +284,17 @@ TEST_F(Verbs, TestTakesACrossVariableOfAnotherName) {
             "--cross-of \"NAME=A,B\" names one\n");
 }
 
+TEST_F(Verbs, TestTakesTheFirstOfTwoCrossVariables) {
+  // The one that is told comes before those by their names; the other two would fail.
+  const std::string file =
+      withModels({{"a", "1"}, {"b", "1"}, {"b-a", "2"}, {"a-b", "2"}, {"cov", "0.5"}}, kOmni);
+  const Ran run = ran({"test", "-", "--all", "--cross-of", "cov=a,b"}, file);
+  EXPECT_EQ(run.code, 0) << run.out;
+  EXPECT_EQ(run.err,
+            "zvm: warning: b-a and cov are both the cross variable of b and a; cov counts\n"
+            "zvm: warning: a-b and cov are both the cross variable of a and b; cov counts\n");
+}
+
 TEST_F(Verbs, TestAsksForWhatItNeeds) {
   const std::string two = withModels({{"a", "1"}, {"b", "1"}, {"a-b", "0.5"}}, {"0;0", "90;0"});
   struct Row {

@@ -21,6 +21,7 @@ const Verb* verbOf(std::string_view name) {
 
 std::vector<std::string> verbNames() {
   std::vector<std::string> names;
+  names.reserve(allVerbs().size());
   for (const Verb& verb : allVerbs()) names.emplace_back(verb.name);
   return names;
 }
@@ -44,14 +45,17 @@ std::vector<std::string> optionNames(const CLI::App& app) {
 
 /// What is left over of the arguments: an option that the verb does not have, or one too many.
 void refuseExtras(const CLI::App& app) {
-  for (const std::string& extra : app.remaining()) {
+  std::vector<std::string> extras = app.remaining();
+  // The mark behind which all are files counts as one of them.
+  std::erase(extras, "--");
+  for (const std::string& extra : extras) {
     const std::string name = extra.substr(0, extra.find('='));
     if (name.size() > 1 && name.front() == '-')
       throw Failure(Exit::usage, "no option `" + name + "` of " + app.get_name() + "; there are " +
                                      nearestFirst(name, optionNames(app)));
   }
-  if (app.remaining_size() > 0)
-    throw Failure(Exit::usage, "`" + app.remaining().front() + "` is one argument too many; " +
+  if (!extras.empty())
+    throw Failure(Exit::usage, "`" + extras.front() + "` is one argument too many; " +
                                    app.get_name() + " --help tells more");
 }
 

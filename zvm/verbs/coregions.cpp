@@ -40,6 +40,7 @@ void addCross(const Session& session, const CrossVariable& cross, Coregion& core
 
 std::vector<CrossVariable> crossesByName(const Session& session) {
   std::vector<std::string> names;
+  names.reserve(static_cast<std::size_t>(session.nvar));
   for (std::int64_t v = 1; v <= session.nvar; ++v) names.push_back(session.varname(v));
   std::vector<CrossVariable> crosses;
   for (std::int64_t v = 1; v <= session.nvar; ++v) {
@@ -70,9 +71,14 @@ Coregion coregionOf(const Loaded& loaded, const std::vector<std::string>& told, 
 
 std::vector<std::pair<std::int64_t, std::int64_t>> pairsWithoutCross(const Session& session,
                                                                      const Coregion& coregion) {
+  const std::vector<CrossVariable> named = crossesByName(session);
+  const auto isCross = [&](std::int64_t v) {
+    return std::ranges::count(coregion.crosses, v, &CrossVariable::cross) > 0 ||
+           std::ranges::count(named, v, &CrossVariable::cross) > 0;
+  };
   std::vector<std::int64_t> direct;
   for (std::int64_t v = 1; v <= session.nvar; ++v)
-    if (std::ranges::count(coregion.crosses, v, &CrossVariable::cross) == 0) direct.push_back(v);
+    if (!isCross(v)) direct.push_back(v);
   std::vector<std::pair<std::int64_t, std::int64_t>> pairs;
   for (auto a = direct.begin(); a != direct.end(); ++a)
     for (auto b = std::next(a); b != direct.end(); ++b)

@@ -21,6 +21,7 @@ struct Options {
 
 std::vector<std::string> targetNames() {
   std::vector<std::string> names;
+  names.reserve(exchange::kTargets.size());
   for (const TargetRow& row : exchange::kTargets) names.emplace_back(row.name);
   return names;
 }

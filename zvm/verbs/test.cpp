@@ -157,6 +157,7 @@ Verdicts testAll(const Loaded& loaded, const Options& options, Context& context)
                                   "\"NAME=A,B\" names one");
   warnOfPairs(loaded, verdicts.coregion, context);
   std::vector<std::int64_t> directions;
+  directions.reserve(static_cast<std::size_t>(session.ndir));
   for (std::int64_t d = 1; d <= session.ndir; ++d) directions.push_back(d);
   for (const CrossVariable& cross : verdicts.coregion.crosses)
     for (const std::int64_t d : directions)

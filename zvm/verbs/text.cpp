@@ -50,6 +50,7 @@ std::int64_t subscriptOf(const char* what, const std::vector<std::string>& names
 
 std::vector<std::string> namesOf(const auto& table, std::int64_t count) {
   std::vector<std::string> names;
+  names.reserve(static_cast<std::size_t>(count));
   for (std::int64_t i = 1; i <= count; ++i) names.push_back(utf8Of(trimmed(table(i))));
   return names;
 }
