@@ -52,7 +52,7 @@ bool isSame(const std::vector<double>& a, const std::vector<double>& b) {
 }
 
 /// Columns 1 to 3, in both formats; a line end at the end changes nothing.
-void check(std::string bytes) {
+void check(const std::string& bytes) {
   ReadOptions options;
   options.x = "1";
   options.y = "2";

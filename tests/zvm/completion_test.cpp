@@ -55,8 +55,11 @@ TEST(CommandLine, TellsWhatIsWrong) {
     std::string message;
   };
   const Row rows[] = {
-      {{}, "no verb; there are info, check, test, export, completion; zvm --help tells more"},
-      {{"exprt"}, "no verb `exprt`; there are export, test, info, check, completion"},
+      {{},
+       "no verb; there are info, check, compute, merge, test, export, completion; zvm --help tells "
+       "more"},
+      {{"exprt"},
+       "no verb `exprt`; there are export, test, info, check, compute, merge, completion"},
       {{"info"}, "FILE is required; zvm info --help tells more"},
       {{"info", "a", "b"}, "`b` is one argument too many; zvm info --help tells more"},
       {{"check", "-", "--thread=2"},
