@@ -1,19 +1,20 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds zevFIT and opens it. "./run.sh tour" plays a session on it instead,
+# Installs what is missing, builds zevFIT and the command zvm, and opens zevFIT. "./run.sh tour" plays a session on it instead,
 # leaves its files and a picture of each window in build/tour, and fails where they are not as kept.
 set -euo pipefail
 
 root=$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")
-packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6svg6 fonts-liberation)
+packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6svg6 fonts-liberation libcli11-dev
+  nlohmann-json3-dev)
 case ${1:-} in
   "")
     options=()
-    target=zevfit
+    targets=(zevfit zvm)
     command=("$root/build/release/zevfit")
     ;;
   tour)
     options=(-DZEVFIT_TESTS=ON)
-    target=zevfit_tour
+    targets=(zevfit_tour)
     command=("$root/build/release/tests/zevfit_tour" "$root/build/tour")
     packages+=(libgtest-dev poppler-utils)
     ;;
@@ -40,7 +41,7 @@ configure() {
   (cd -- "$root" && cmake "$@" --preset release "${options[@]}")
 }
 configure >/dev/null 2>&1 || configure --fresh
-cmake --build "$root/build/release" --target "$target"
+cmake --build "$root/build/release" --target "${targets[@]}"
 
 [ ${#virtual[@]} -eq 0 ] || echo "There is no display: zevFIT starts on a virtual one."
 exec "${virtual[@]}" "${command[@]}"

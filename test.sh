@@ -2,12 +2,13 @@
 # Installs what is missing, then builds, tests and checks everything. With names of stages, as in
 # "./test.sh core lint", these alone. Without names:
 #   lint      format, shell scripts, clang-tidy over the sources that have changed of late
-#   asan      core, windows and a few random users under the address and undefined behaviour sanitizers
+#   asan      core, zvm, windows and a few random users under the address and undefined behaviour sanitizers
 #   fuzz      each fuzz target for a short while
 #   program   the program as users build it: saves that fail, a session, the clipboard, a start on Wayland,
 #             some long use
 # By name alone, for their time:
-#   core      the core and its tests on a build without Qt; saves that fail
+#   core      the core, zvm and their tests on a build without Qt; saves that fail
+#   peers     R's gstat: experimental semivariograms; semivariances, kriging and cokriging of exported models
 #   windows   the windows and their tests on a plain build; the program as users build it
 #   tour      the session of `program`
 #   tidy      clang-tidy over all sources but the tests; `linttests`: over the tests
@@ -26,12 +27,13 @@ cd -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")" || exit 1
 # What a stage takes, in this order: preset, targets, labels of the tests that are run side by side.
 readonly steps="
 lint         lint         - lint
-asan         asan         zevfit_core_tests,zevfit_window_tests,zevfit_user_tests core,house,windows,fewusers
+asan         asan         zevfit_core_tests,zvm_tests,zevfit_window_tests,zevfit_user_tests core,zvm,house,windows,fewusers
 fuzz         asan         zevfit_fuzz fuzz
 program      program      zevfit_program_tests crash,desktop,wayland,tour,shortuse
-core         core         zevfit_core_tests,zevfit_crash_tests core,house,crash
+core         core         zevfit_core_tests,zvm_tests,zevfit_crash_tests core,zvm,house,crash
+peers        core         zevfit_exchange_cases,zvm peers
 windows      debug        zevfit_window_tests,zevfit_desktop_tests,zevfit_wayland_tests,zevfit_long_tests windows,desktop,wayland,shortuse
-windows      program      zevfit -
+windows      program      zevfit,zvm -
 tour         program      zevfit_tour tour
 tidy         lint         - tidy
 tidy         bench        - tidybench
@@ -43,18 +45,19 @@ longuse      program      zevfit_long_tests longuse
 bench        bench        all bench
 pictures     program      zevfit_pictures,zevfit_tour tour,pictures
 package      package      all package
-coverage     coverage     zevfit_core_tests,zevfit_window_tests reset
-coverage     coverage     - core,windows
+coverage     coverage     zevfit_core_tests,zvm_tests,zevfit_window_tests reset
+coverage     coverage     - core,zvm,windows
 coverage     coverage     - coverage
 "
 
-# The Debian packages that a preset takes beside those of every stage.
-readonly every="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6svg6 fonts-liberation libgtest-dev poppler-utils binutils"
+# The Debian packages that a preset, or a stage of that name, takes beside those of every stage.
+readonly every="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6svg6 fonts-liberation libgtest-dev poppler-utils
+  binutils libcli11-dev nlohmann-json3-dev python3"
 declare -rA packages=(
   [lint]="git clang clang-format clang-tidy shellcheck" [fuzz]="clang libclang-rt-14-dev"
-  [asan]="clang libclang-rt-14-dev mold" [fuzzcoverage]="clang libclang-rt-14-dev llvm-14"
+  [asan]="clang libclang-rt-14-dev mold" [fuzzcoverage]="clang libclang-rt-14-dev llvm-14" [peers]="r-cran-gstat"
   [program]="xvfb xauth xclip weston qt6-wayland" [debug]="xvfb xauth xclip weston qt6-wayland" [coverage]="gcovr"
-  [bench]="libbenchmark-dev libqcustomplot-dev python3 xvfb xauth"
+  [bench]="libbenchmark-dev libqcustomplot-dev xvfb xauth"
   [package]="gzip librsvg2-bin lintian desktop-file-utils appstream shared-mime-info man-db fakeroot
     hicolor-icon-theme libglib2.0-bin imagemagick xdotool x11-utils xvfb xauth"
 )
@@ -139,6 +142,7 @@ for stage in "$@"; do
   [ -n "$lines" ] || { sed -n '2,/^set/{/^#/s/^# \{0,1\}//p}' test.sh; exit 2; }
   plan+=$lines$'\n'
   while read -r _ preset _; do wanted+=" ${packages[$preset]:-}"; done <<<"$lines"
+  wanted+=" ${packages[$stage]:-}"
 done
 
 # shellcheck disable=SC2086 # a list of words

@@ -17,7 +17,8 @@ namespace zevfit {
 
 inline constexpr const char* kModelTag = "zevra1";         ///< compared trimmed, in lower case
 inline constexpr const char* kModelTagWritten = "zevRA1";  ///< as a save writes it
-inline constexpr const char* kPlainTags[] = {"zevlag", "zevra"};  ///< these become kModelTagWritten
+inline constexpr const char* kDataTag = "zevlag";          ///< of a file without models, as written
+inline constexpr const char* kPlainTags[] = {kDataTag, "zevra"};  ///< these become kModelTagWritten
 
 /// What a save writes for a structure that is not used; the range is not the session's 1e-05.
 inline constexpr const char* kUnusedLetter = "-";

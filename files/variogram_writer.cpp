@@ -43,7 +43,7 @@ class Writer {
   /// Cuts the counts to what the tables hold.
   void fitCounts();
   /// Header and models with nothing from an old file, and all cells as they stand.
-  void wholeHeader(std::string_view title);
+  void wholeHeader(std::string_view title, std::string_view tag);
   void wholeModels();
 
  private:
@@ -179,9 +179,9 @@ void Writer::fitCounts() {
   trusted_ = classes_;
 }
 
-void Writer::wholeHeader(std::string_view title) {
+void Writer::wholeHeader(std::string_view title, std::string_view tag) {
   token(title);
-  text(kModelTagWritten);
+  text(tag);
   number(static_cast<double>(variables_));
   for (std::int64_t v = 1; v <= variables_; ++v) token(session_.varname(v));
   number(static_cast<double>(directions_));
@@ -244,9 +244,17 @@ void composeWhole(const Session& session, std::int64_t variables, std::string_vi
   // There is no old file to read; the tests for its end only ask whether a byte is left.
   Writer writer(session, variables, ".", out);
   writer.fitCounts();
-  writer.wholeHeader(title);
+  writer.wholeHeader(title, kModelTagWritten);
   writer.data();
   writer.wholeModels();
+}
+
+void composeData(const Session& session, std::int64_t variables, std::string_view title,
+                 ByteSink& out) {
+  Writer writer(session, variables, ".", out);
+  writer.fitCounts();
+  writer.wholeHeader(title, kDataTag);
+  writer.data();
 }
 
 std::optional<std::string> ModelSaver::gravando(Session& session, std::int16_t listedVariables,

@@ -27,6 +27,10 @@ bool composeVariogramFile(Session& session, std::int64_t variables, std::string_
 void composeWhole(const Session& session, std::int64_t variables, std::string_view title,
                   ByteSink& out);
 
+/// Writes the session's data as a variogram file without a model block.
+void composeData(const Session& session, std::int64_t variables, std::string_view title,
+                 ByteSink& out);
+
 /// Saves the models into the loaded file: builds the whole file in the temporary file of the
 /// program's folder and puts it in the place of the old one in one step. The first save after a
 /// load keeps the old one.

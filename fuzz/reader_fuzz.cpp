@@ -1,5 +1,6 @@
 // Variogram files: any bytes are read; what was read and then written reads back to the same
-// tables.
+// tables. The check of a file never throws; where it finds no error the tables hold what it has
+// read.
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
@@ -14,6 +15,7 @@
 #include "session/fault.h"
 #include "session/line.h"
 #include "tests/support/same_tables.h"
+#include "zvm/checking/check_file.h"
 
 namespace zevfit {
 namespace {
@@ -95,9 +97,85 @@ void checkTitle(std::string_view bytes, std::string_view written) {
   require(old.text() == made.text(), "the title reads back");
 }
 
+/// The lines of a model as the reader keeps them: the flag of structure 3 has 16 bits.
+bool isSameModel(const Session& session, Pair pair, const checking::ModelLines& lines) {
+  for (const Line which : kLines) {
+    const checking::ModelLine& read = lines.at(indexOf(which));
+    const ConstLineRef at = line(session, pair, which);
+    if (at.used() != read.flag || at.sill().number() != read.sill) return false;
+    if (which == Line::nugget) continue;
+    if (at.letter() != read.letter || at.range().number() != read.range) return false;
+  }
+  return true;
+}
+
+bool areSameClasses(const Session& session, Pair pair,
+                    const std::vector<checking::ClassValues>& classes) {
+  std::int64_t lag = 0;
+  for (const auto& [distance, semivariance, pairs] : classes) {
+    ++lag;
+    if (session.hlag(pair, lag).number() != distance || session.gam(pair, lag) != semivariance ||
+        session.npairs(pair, lag) != pairs)
+      return false;
+  }
+  return lag == session.nclass;
+}
+
+bool isSameHeader(const Session& session, const checking::FileContent& content) {
+  if (session.nvar != content.variables || session.ndir != content.directions ||
+      session.nclass != content.classes || session.filetag != content.tag)
+    return false;
+  for (std::int64_t v = 1; v <= session.nvar; ++v) {
+    const auto at = static_cast<std::size_t>(v - 1);
+    if (session.varname(v) != content.variableNames.at(at) ||
+        session.variance(v).number() != content.variances.at(at))
+      return false;
+  }
+  for (std::int64_t d = 1; d <= session.ndir; ++d)
+    if (session.dirname(d) != content.directionNames.at(static_cast<std::size_t>(d - 1)))
+      return false;
+  return true;
+}
+
+void checkFindings(std::string_view bytes, const Session& session, bool isRead) {
+  const checking::CheckResult result = checking::checkFile(bytes);
+  checking::Place before;
+  for (const checking::Finding& finding : result.findings) {
+    require(!(finding.place < before), "findings stand in the order of the file");
+    before = finding.place;
+  }
+  if (result.hasErrors()) return;
+  require(isRead, "a file without errors is read");
+  const checking::FileContent& content = result.content;
+  require(isSameHeader(session, content), "the header is read in step");
+  std::size_t at = 0;
+  for (std::int64_t v = 1; v <= session.nvar; ++v) {
+    for (std::int64_t d = 1; d <= session.ndir; ++d, ++at) {
+      require(areSameClasses(session, {v, d}, content.data.at(at)), "classes are read in step");
+      if (at < content.models.size())
+        require(isSameModel(session, {v, d}, content.models[at]), "models are read in step");
+    }
+  }
+}
+
+/// Without a finding on what is read, the last token is the last of the file.
+void checkEnd(std::string_view bytes) {
+  const checking::CheckResult result = checking::checkFile(bytes);
+  for (const checking::Finding& finding : result.findings)
+    if (finding.topic == checking::Topic::reading) return;
+  // One more token at the end is then one that nobody reads.
+  const std::string more = std::string(bytes) + "\n.";
+  const auto found = checking::checkFile(more).findings;
+  require(!found.empty() && found.back().topic == checking::Topic::reading,
+          "nothing stands behind the end");
+}
+
 void check(std::string_view bytes) {
   Session session;
-  if (!readVariogramBytes(bytes, session)) return;
+  const bool isRead = readVariogramBytes(bytes, session);
+  checkFindings(bytes, session, isRead);
+  checkEnd(bytes);
+  if (!isRead) return;
   acceptLoad(session, "file.zvm");
   const std::int64_t variables = session.nvar;
   MemorySink out;

@@ -97,6 +97,28 @@ file_type() {
     typed "$type" meuse "$(<examples/meuse.zvm)"
 }
 
+# The command runs, with its page and what the shells complete it by.
+command_line() {
+  local root=$made/unpacked/usr
+  "$root/bin/zvm" info examples/meuse.zvm &&
+    "$root/bin/zvm" check examples/meuse.zvm >/dev/null &&
+    bash -n "$root/share/bash-completion/completions/zvm" &&
+    grep -q '^#compdef zvm' "$root/share/zsh/vendor-completions/_zvm" &&
+    MANROFFOPT=-ww man --warnings -l "$root/share/man/man1/zvm.1.gz" | grep -q 'zvm' || return
+  # Its options are on its page.
+  local option page
+  page=$(zcat "$root/share/man/man1/zvm.1.gz" | sed 's/\\-/-/g')
+  for verb in info check test export completion; do
+    for option in $("$root/bin/zvm" "$verb" --help | grep -oE '^  (-., ?)?--[a-z0-9-]+' |
+      grep -oE -- '--[a-z0-9-]+'); do
+      grep -qF -- "$option" <<<"$page" || {
+        echo "zvm.1 does not tell of $verb $option"
+        return 1
+      }
+    done
+  done
+}
+
 # ---- In a root of its own, which knows what the machine has: the dependencies are met or it fails.
 
 into_scratch_root() {
@@ -180,7 +202,7 @@ started_by_root() {
 known_to_the_desktop() {
   cp examples/meuse.zvm "$1/meuse" &&
     gio info -a standard::content-type "$1/meuse" | grep text/x-zevfit-variogram &&
-    man -w zevfit
+    man -w zevfit && man -w zvm
 }
 
 # ---- The archive, in two folders.
@@ -191,6 +213,9 @@ unpacked_archive() {
   rm -rf -- "$folder" "$data" && mkdir -p "$folder" "$data" &&
     tar -xzf "$(made_package .tar.gz)" -C "$folder" --strip-components=1 &&
     XDG_DATA_HOME=$data starts "$folder/zevfit" "$folder" "$2" "$folder/zevfit" &&
+    "$folder/zvm" info "$folder/examples/meuse.zvm" &&
+    bash -n "$folder/completions/zvm.bash" && [ -f "$folder/completions/_zvm" ] &&
+    [ -f "$folder/zvm.1" ] &&
     [ ! -e "$data/zevFIT" ]
 }
 

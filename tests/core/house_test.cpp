@@ -30,11 +30,12 @@ struct Rule {
   std::vector<Kind> kinds;
 };
 
-const Names kFolders{"session", "model",    "files", "coreg",      "plot", "report",
-                     "windows", "platform", "tests", "benchmarks", "fuzz"};
+const Names kFolders{"session", "model",    "files", "coreg", "plot",       "report",
+                     "windows", "platform", "zvm",   "tests", "benchmarks", "fuzz"};
 const std::vector<Kind> kStandard{Kind::standard};
 /// Flushing a file to the disk is beyond the standard library.
 const std::vector<Kind> kStandardAndSystem{Kind::standard, Kind::system};
+const std::vector<Kind> kLibraries{Kind::standard, Kind::system, Kind::other};
 const std::vector<Kind> kToolkit{Kind::standard, Kind::system, Kind::qt, Kind::moc};
 const std::vector<Kind> kCoreTest{Kind::standard, Kind::system, Kind::other};
 const std::vector<Kind> kAll{Kind::standard, Kind::system, Kind::qt, Kind::moc, Kind::other};
@@ -53,6 +54,14 @@ const std::vector<Rule> kRules{
       "platform/picture_file.h"},
      kToolkit},
     {"platform/", {"platform", "session", "model", "files", "coreg", "plot", "report"}, kToolkit},
+    {"zvm/checking/", {"zvm/checking", "session", "model", "files"}, kStandard},
+    {"zvm/exchange/", {"zvm/exchange", "session", "model", "files"}, {Kind::standard, Kind::other}},
+    {"zvm/points/", {"zvm/points"}, kStandard},
+    {"zvm/experimental/", {"zvm/experimental", "zvm/points", "session", "files"}, kStandard},
+    {"zvm/", {"zvm", "session", "model", "files", "coreg"}, kLibraries},
+    {"tests/zvm/",
+     {"tests", "zvm", "session", "model", "files", "coreg", "plot", "report"},
+     kCoreTest},
     {"tests/core/", {"tests", "session", "model", "files", "coreg", "plot", "report"}, kCoreTest},
     {"tests/", kFolders, kAll},
     {"benchmarks/", kFolders, kAll},
@@ -268,6 +277,23 @@ INSTANTIATE_TEST_SUITE_P(
                     IncludeRow{"platform/a.cpp", R"(#include <QPainter>)", true},
                     IncludeRow{"platform/a.cpp", R"(#include "plot/drawing/surface.h")", true},
                     IncludeRow{"platform/a.cpp", R"(#include "windows/mdimod.h")", false},
+                    IncludeRow{"coreg/a.cpp", R"(#include "zvm/verbs/verb.h")", false},
+                    IncludeRow{"windows/a.cpp", R"(#include "zvm/verbs/verb.h")", false},
+                    IncludeRow{"zvm/checking/a.cpp", R"(#include "files/tokens.h")", true},
+                    IncludeRow{"zvm/checking/a.cpp", R"(#include "coreg/crosstest.h")", false},
+                    IncludeRow{"zvm/checking/a.cpp", R"(#include <CLI/CLI.hpp>)", false},
+                    IncludeRow{"zvm/exchange/a.cpp", R"(#include <nlohmann/json.hpp>)", true},
+                    IncludeRow{"zvm/exchange/a.cpp", R"(#include "zvm/verbs/verb.h")", false},
+                    IncludeRow{"zvm/points/a.cpp", R"(#include <charconv>)", true},
+                    IncludeRow{"zvm/points/a.cpp", R"(#include "session/numbers.h")", false},
+                    IncludeRow{"zvm/experimental/a.cpp", R"(#include <thread>)", true},
+                    IncludeRow{"zvm/experimental/a.cpp", R"(#include "zvm/points/names.h")", true},
+                    IncludeRow{"zvm/experimental/a.cpp", R"(#include <CLI/CLI.hpp>)", false},
+                    IncludeRow{"zvm/verbs/a.cpp", R"(#include "zvm/checking/cursor.h")", true},
+                    IncludeRow{"zvm/verbs/a.cpp", R"(#include "coreg/crosstest.h")", true},
+                    IncludeRow{"zvm/verbs/a.cpp", R"(#include <CLI/CLI.hpp>)", true},
+                    IncludeRow{"zvm/verbs/a.cpp", R"(#include <QString>)", false},
+                    IncludeRow{"zvm/verbs/a.cpp", R"(#include "plot/drawing/frame.h")", false},
                     IncludeRow{"tests/core/a.cpp", R"(#include <gtest/gtest.h>)", true},
                     IncludeRow{"tests/core/a.cpp", R"(#include "tests/support/panel.h")", true},
                     IncludeRow{"tests/core/a.cpp", R"(#include <QLabel>)", false},

@@ -1,0 +1,201 @@
+// The verbs compute and merge: files, reports, refusals.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "files/variogram_reader.h"
+#include "session/session.h"
+#include "tests/zvm/command.h"
+
+namespace zevfit::test {
+namespace {
+
+using Json = nlohmann::json;
+using Arguments = std::vector<std::string>;
+
+/// Four corners of a square with a side of 1; 3 and 4 lie at one place.
+constexpr const char* kSquare =
+    "x,y,zinc,lead,what\n0,0,1,10,a\n0,1,2,20,b\n1,0,4,NA,c\n1,0,5,50,d\n,1,9,90,e\n";
+
+class ComputeVerb : public testing::Test {
+ protected:
+  std::string write(const std::string& name, const std::string& bytes) const {
+    putFile(folder_ / name, bytes);
+    return path(name);
+  }
+  std::string path(const std::string& name) const { return (folder_ / name).string(); }
+
+  /// compute of the square with more options.
+  Ran square(const Arguments& more, const std::string& points = kSquare) const {
+    Arguments arguments{"compute", "-",    "--x",   "x", "--y",    "y",
+                        "--var",   "zinc", "--lag", "1", "--lags", "2"};
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return ran(arguments, points);
+  }
+
+ private:
+  ScratchFolder folder_;
+};
+
+TEST_F(ComputeVerb, WritesAVariogramFile) {
+  const Ran run = square({path("a.zvm"), "--title", "caf\xC3\xA9"});
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.code, 0);
+  // Sides: differences 1, 3, 4; the diagonal twice: 2, 3. The variance of 1, 2, 4, 5 is 10 / 3.
+  EXPECT_EQ(contentOf(path("a.zvm")),
+            "caf\xE9\r\nzevlag\r\n 1 \r\nzinc\r\n 1 \r\n 2 \r\n0;0\r\n 3.33333333333333 \r\n"
+            " 1             4.33333333333333            3 \r\n"
+            " 1.4142135623731             3.25          2 \r\n");
+  EXPECT_EQ(ran({"check", "-q", path("a.zvm")}).code, 0);
+}
+
+TEST_F(ComputeVerb, ReportsWhatBecameOfThePoints) {
+  EXPECT_EQ(
+      square({path("a.zvm"), "--var", "lead", "--cross", "all", "--zero", "first", "-q"}).code, 0);
+  const Ran run = square({path("b.zvm"), "--dir", "0;0", "--dir", "90;0"});
+  const std::size_t pace = run.out.find("pairs a second");
+  ASSERT_NE(pace, std::string::npos) << run.out;
+  EXPECT_EQ(run.out.substr(0, pace),
+            "title                    Semivariograms\n"
+            "points read              5\n"
+            "without coordinates      1\n"
+            "without a value          0\n"
+            "used                     4\n"
+            "in the place of another  1\n")
+      << run.out;
+  EXPECT_NE(run.out.find("zinc      4       1 left out\n"), std::string::npos) << run.out;
+  EXPECT_NE(run.out.find("90;0       zinc      1 2\n"), std::string::npos) << run.out;
+}
+
+TEST_F(ComputeVerb, JsonHasTheNumbersOfTheFile) {
+  const Ran run = square({path("a.zvm"), "--json", "--var", "lead", "--cross", "zinc:lead", "--dir",
+                          "0;0", "--dir", "90;0", "--tol", "45"});
+  EXPECT_EQ(run.err,
+            "zvm: warning: `zinc-lead` is computed at the 3 points that both have, of 4 and 3\n");
+  const Json report = Json::parse(run.out);
+  EXPECT_EQ(report.at("schema"), "zvm.compute/1");
+  EXPECT_EQ(report.at("points"), Json::parse(R"({"read":5,"withoutCoordinates":1,"withoutValue":0,
+                                                 "used":4,"duplicates":1})"));
+  EXPECT_EQ(report.at("variables").size(), 3U);
+  EXPECT_EQ(report.at("variables")[2].at("name"), "zinc-lead");
+  EXPECT_EQ(report.at("variables")[2].at("points"), 3);
+  Session session;
+  ASSERT_TRUE(readVariogramFile(path("a.zvm"), session));
+  const Json& all = report.at("semivariograms");
+  ASSERT_EQ(all.size(), 6U);
+  for (std::int64_t v = 1; v <= 3; ++v)
+    for (std::int64_t d = 1; d <= 2; ++d)
+      for (std::int64_t k = 1; k <= 2; ++k) {
+        const Json& lag = all.at(static_cast<std::size_t>((v - 1) * 2 + d - 1))
+                              .at("classes")
+                              .at(static_cast<std::size_t>(k - 1));
+        EXPECT_NEAR(session.hlag({v, d}, k).number(), lag.at("distance").get<double>(), 1e-14);
+        EXPECT_NEAR(session.gam({v, d}, k), lag.at("semivariance").get<double>(), 1e-12);
+        EXPECT_EQ(session.npairs({v, d}, k), lag.at("pairs").get<float>());
+      }
+}
+
+TEST_F(ComputeVerb, ToStdoutTheReportGoesBeside) {
+  const Ran run = square({"-"});
+  EXPECT_EQ(run.out.substr(0, 24), "Semivariograms\r\nzevlag\r\n");
+  EXPECT_NE(run.err.find("points read"), std::string::npos);
+  EXPECT_EQ(square({"-", "--json"}).code, 2);
+}
+
+TEST_F(ComputeVerb, PartsJoinToTheSameFile) {
+  const Arguments more{"--var", "lead", "--cross", "all", "-q", "--title", "t"};
+  const auto with = [&more](Arguments arguments) {
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return arguments;
+  };
+  ASSERT_EQ(square(with({path("whole.zvm")})).code, 0);
+  ASSERT_EQ(square(with({"--part", "1/2", "-o", path("1")})).code, 0);
+  ASSERT_EQ(square(with({"--part", "2/2", "-o", path("2")})).code, 0);
+  const Ran run = ran({"merge", path("2"), path("1"), path("joined.zvm")});
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.code, 0);
+  EXPECT_EQ(contentOf(path("joined.zvm")), contentOf(path("whole.zvm")));
+  const Ran missing = ran({"merge", path("2"), path("other.zvm")});
+  EXPECT_EQ(missing.code, 3);
+  EXPECT_EQ(missing.err, "zvm: error: part 1 of 2 is missing\n");
+  EXPECT_EQ(ran({"merge", path("1"), path("none"), path("other.zvm")}).code, 4);
+  EXPECT_EQ(ran({"merge", path("1"), path("2"), path("joined.zvm")}).code, 4);
+  EXPECT_EQ(ran({"merge", path("1")}).code, 2);
+}
+
+struct Refusal {
+  Arguments more;
+  int code;
+  std::string message;
+};
+
+TEST_F(ComputeVerb, RefusesWithReasonAndExitCode) {
+  const std::string out = path("a.zvm"), there = write("there.zvm", "");
+  const Refusal refusals[] = {
+      {{out, "--var", "zin"}, 3, "no column `zin` in stdin; there are zinc, x, y, lead, what"},
+      {{out, "--var", "what"}, 3, "stdin:2:10: `a` is no number"},
+      {{out, "--var", "zinc"}, 2, "--var zinc is there twice"},
+      {{out, "--log", "lead"}, 3, "no variable `lead` in --var; there are zinc"},
+      {{out, "--cross", "zinc:lead"}, 3, "no variable `lead` in --var; there are zinc"},
+      {{out, "--cross", "zinc"}, 2, "--cross takes all or A:B, not `zinc`"},
+      {{out, "--name", "zinc=a,b"},
+       3,
+       "the name `a,b` can't stand in a variogram file: it holds a comma; give it another with "
+       "--name \"zinc=NAME\" as well"},
+      {{out, "--dir", "45"}, 2, "--dir takes \"AZ;DIP\", not `45`"},
+      {{out, "--dir", "45;10"}, 2, "the dip of direction `45;10` needs points with z"},
+      {{out, "--tol", "10"}, 2, "--tol, --band and --vband take --dir"},
+      {{out, "--trim", "5"}, 2, "--trim takes MIN:MAX, not `5`"},
+      {{out, "--trim", "5:6"}, 3, "-: no semivariogram: one point alone"},
+      {{out, "--trim", "50:60"}, 3, "-: no semivariogram: no point with coordinates and a value"},
+      {{out, "--part", "3/2"}, 2, "there is no part 3/2"},
+      {{out, "--seed", "3"}, 2, "--seed takes --sample"},
+      {{out, "--compat", "gsat"}, 2, "no --compat `gsat`; there are gstat, gamv"},
+      {{out, "--compat", "gstat", "--lag-tolerance", "1"}, 2, "gstat has no lag tolerance"},
+      {{out, "--title", "a,b"}, 2, "--title can't stand in a variogram file: it holds a comma"},
+      {{}, 2, "the file to write is missing"},
+      {{there}, 4, ""},
+  };
+  for (const Refusal& refusal : refusals) {
+    const Ran run = square(refusal.more);
+    EXPECT_EQ(run.code, refusal.code) << refusal.message;
+    EXPECT_EQ(run.out, "");
+    if (refusal.message.empty()) continue;
+    EXPECT_EQ(run.err, "zvm: error: " + refusal.message + '\n');
+  }
+  EXPECT_EQ(ran({"compute", path("none.csv"), out, "--x", "x", "--y", "y", "--var", "v", "--lag",
+                 "1", "--lags", "2"})
+                .code,
+            4);
+}
+
+TEST_F(ComputeVerb, NamesVariablesAndCrosses) {
+  EXPECT_EQ(square({path("a.zvm"), "--var", "4", "--name", "4=Pb", "--name", "zinc=Zn", "--cross",
+                    "all", "-q"})
+                .code,
+            0);
+  Session session;
+  ASSERT_TRUE(readVariogramFile(path("a.zvm"), session));
+  EXPECT_EQ(session.varname(1), "Zn");
+  EXPECT_EQ(session.varname(2), "Pb");
+  EXPECT_EQ(session.varname(3), "Zn-Pb");
+}
+
+TEST_F(ComputeVerb, SaysWhatASampleIs) {
+  EXPECT_EQ(square({path("a.zvm"), "--sample", "3", "--seed", "7", "--title", "t"}).code, 0);
+  EXPECT_TRUE(contentOf(path("a.zvm")).starts_with("t (sample of 3 of 4 points; seed 7)\r\n"));
+}
+
+TEST_F(ComputeVerb, WarnsOfOverlapsAndOfWhatGamvCounts) {
+  EXPECT_EQ(square({path("a.zvm"), "--lag-tolerance", "0.75"}).err,
+            "zvm: warning: --lag-tolerance is above half of --lag: a pair counts in several "
+            "classes\n");
+  EXPECT_EQ(square({path("b.zvm"), "--compat", "gamv"}).err,
+            "zvm: warning: gamv counts each point with itself as well, at distance 0: left out "
+            "here\n");
+}
+
+}  // namespace
+}  // namespace zevfit::test

@@ -1,0 +1,184 @@
+// The program itself: wrong use, files that can't be read or written, streams that end.
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "tests/zvm/command.h"
+
+namespace zevfit::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A folder in which the shell runs `zvm`; files are named relative to it.
+class Program : public testing::Test {
+ protected:
+  void SetUp() override {
+    putFile(folder_ / "good.zvm", kModel.bytes());
+    putFile(folder_ / "bad.zvm", kData.with(3, "x").bytes());
+  }
+
+  /// Runs a line of the shell, in which $zvm is the program.
+  Ran shell(const std::string& line) const {
+    const std::string command = "cd '" + folder_.path().string() +
+                                "' && zvm='" ZEVFIT_ZVM "' && { " + line + "\n} >out 2>err";
+    const int status = std::system(command.c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentOf(folder_ / "out"),
+            contentOf(folder_ / "err")};
+  }
+  const ScratchFolder& folder() const { return folder_; }
+
+ private:
+  ScratchFolder folder_;
+};
+
+struct Row {
+  const char* line;
+  int code;
+  const char* err;
+};
+
+TEST_F(Program, TellsWhatIsWrong) {
+  const Row rows[] = {
+      {"$zvm", 2,
+       "zvm: error: no verb; there are info, check, compute, merge, test, export, completion; zvm "
+       "--help tells "
+       "more\n"},
+      {"$zvm chek good.zvm", 2,
+       "zvm: error: no verb `chek`; there are check, info, test, merge, compute, export, "
+       "completion\n"},
+      {"$zvm --jsno", 2,
+       "zvm: error: no verb `--jsno`; there are info, test, check, merge, export, compute, "
+       "completion\n"},
+      {"$zvm info", 2, "zvm: error: FILE is required; zvm info --help tells more\n"},
+      {"$zvm info good.zvm more", 2,
+       "zvm: error: `more` is one argument too many; zvm info --help tells more\n"},
+      {"$zvm info --jsno good.zvm", 2,
+       "zvm: error: no option `--jsno` of zvm info; there are --json, --help, --version, --quiet, "
+       "--threads, --overwrite\n"},
+      {"$zvm info --threads 0 good.zvm", 2,
+       "zvm: error: --threads: it takes a whole number from 1, not `0`; zvm info --help tells "
+       "more\n"},
+      {"$zvm completion fish", 2, "zvm: error: no shell `fish`; there are bash, zsh\n"},
+      {"$zvm info none.zvm", 4, "zvm: error: cannot read none.zvm: No such file or directory\n"},
+      {"$zvm info .", 4, "zvm: error: cannot read .: Is a directory\n"},
+      {"$zvm info good.zvm/in", 4, "zvm: error: cannot read good.zvm/in: Not a directory\n"},
+      {"$zvm info bad.zvm", 3, "zvm: error: bad.zvm:3:1: `x` is no number of variables\n"},
+      {"$zvm info - </dev/null", 3, "zvm: error: -:1:1: the file ends before the title\n"},
+      {"$zvm check none.zvm", 4, "zvm: error: cannot read none.zvm: No such file or directory\n"},
+      {"$zvm test good.zvm --primary zink --secondary zinc", 3,
+       "zvm: error: no variable `zink` in good.zvm; there are zinc\n"},
+  };
+  for (const Row& row : rows) {
+    const Ran run = shell(row.line);
+    EXPECT_EQ(run.err, row.err) << row.line;
+    EXPECT_EQ(run.code, row.code) << row.line;
+    EXPECT_EQ(run.out, "") << row.line;
+  }
+}
+
+TEST_F(Program, TakesPipesAndStreams) {
+  const std::string expected = ran({"info", "-"}, kModel.bytes()).out;
+  for (const char* line :
+       {"$zvm info good.zvm", "$zvm info - <good.zvm", "cat good.zvm | $zvm info -",
+        "$zvm info /dev/stdin <good.zvm", "cat good.zvm | $zvm info /dev/stdin",
+        "mkfifo pipe; cat good.zvm >pipe & $zvm info pipe; rm pipe",
+        "LC_ALL=de_DE.UTF-8 $zvm info good.zvm", "ln -s good.zvm link; $zvm info link; rm link"}) {
+    const Ran run = shell(line);
+    EXPECT_EQ(run.out, expected) << line;
+    EXPECT_EQ(run.err, "") << line;
+    EXPECT_EQ(run.code, 0) << line;
+  }
+}
+
+TEST_F(Program, HelpsOnStdout) {
+  for (const char* line : {"$zvm --help", "$zvm --version", "$zvm info --help", "$zvm test --help",
+                           "$zvm check --version", "$zvm completion bash", "$zvm completion zsh"}) {
+    const Ran run = shell(line);
+    EXPECT_EQ(run.code, 0) << line;
+    EXPECT_EQ(run.err, "") << line;
+    EXPECT_NE(run.out.find("zvm"), std::string::npos) << line;
+  }
+}
+
+TEST_F(Program, EndsWhereStdoutDoes) {
+  const Ran full = shell("$zvm info good.zvm >/dev/full");
+  EXPECT_EQ(full.code, 4);
+  EXPECT_EQ(full.err, "zvm: error: cannot write stdout: No space left on device\n");
+  // A pipe that nobody reads: the signal ends it or, where that is ignored, the failed write.
+  const Ran closed = shell(
+      "mkfifo pipe; sleep 5 <pipe & exec 3>pipe; kill $!; wait $! 2>/dev/null; "
+      "(exec $zvm info good.zvm >&3); code=$?; exec 3>&-; (exit $code)");
+  EXPECT_EQ(closed.code, 141);
+  const Ran ignored = shell(
+      "trap '' PIPE; rm pipe; mkfifo pipe; sleep 5 <pipe & exec 3>pipe; kill $!; "
+      "wait $! 2>/dev/null; $zvm info good.zvm >&3");
+  EXPECT_EQ(ignored.code, 4);
+  EXPECT_EQ(ignored.err, "");
+}
+
+TEST_F(Program, EndsWhenItIsInterrupted) {
+  for (const char* signal : {"INT", "TERM", "HUP"}) {
+    // The pipe opens once the program waits for its input. Jobs of a shell ignore interrupts.
+    const Ran run =
+        shell(std::string("mkfifo wait; env --default-signal=INT $zvm info wait & program=$!; "
+                          "exec 3>wait; kill -") +
+              signal + " $program; wait $program; code=$?; exec 3>&-; rm wait; (exit $code)");
+    EXPECT_EQ(run.code, 130) << signal;
+    EXPECT_EQ(run.out, "") << signal;
+  }
+}
+
+TEST_F(Program, WritesOutputsOfEveryKind) {
+  const std::string text = ran({"export", "-", "--to", "gstat"}, kModel.bytes()).out;
+  const char* const lines[] = {
+      "$zvm export good.zvm --to gstat",
+      "$zvm export good.zvm --to gstat -o -",
+      "$zvm export good.zvm --to gstat -o /dev/stdout",
+      "$zvm export good.zvm --to gstat -o /dev/stdout | cat",
+      "$zvm export good.zvm --to gstat -o /dev/fd/3 3>&1",
+      "mkfifo pipe; cat pipe & $zvm export good.zvm --to gstat -o pipe; wait; rm pipe",
+      "$zvm export good.zvm --to gstat -o made; cat made",
+      "echo old >old; $zvm export good.zvm --to gstat -o old --overwrite; cat old",
+  };
+  for (const char* line : lines) {
+    const Ran run = shell(line);
+    EXPECT_EQ(run.out, text) << line;
+    EXPECT_EQ(run.err, "") << line;
+    EXPECT_EQ(run.code, 0) << line;
+  }
+  // The file that stdout leads to is continued, not written from its beginning.
+  EXPECT_EQ(shell("echo before; $zvm export good.zvm --to gstat -o /dev/stdout").out,
+            "before\n" + text);
+}
+
+TEST_F(Program, GoesOnWhereASignalIsIgnored) {
+  const Ran run = shell(
+      "mkfifo wait; trap '' HUP; $zvm info wait & program=$!; exec 3>wait; "
+      "kill -HUP $program; cat good.zvm >&3; exec 3>&-; wait $program");
+  EXPECT_EQ(run.code, 0);
+  EXPECT_EQ(run.out, ran({"info", "-"}, kModel.bytes()).out);
+}
+
+TEST_F(Program, CompletesInBash) {
+  const std::string complete =
+      "$zvm completion bash >completion && bash -c '. ./completion; COMP_WORDS=(zvm %); "
+      "COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _zvm; echo \"${COMPREPLY[@]}\"'";
+  const auto completed = [&](const std::string& words) {
+    std::string line = complete;
+    return shell(line.replace(line.find('%'), 1, words)).out;
+  };
+  EXPECT_EQ(completed("in"), "info\n");
+  EXPECT_EQ(completed("check --ov"), "--overwrite\n");
+  EXPECT_EQ(completed("info goo"), "good.zvm\n");
+  EXPECT_EQ(completed("info --json goo"), "good.zvm\n");
+  EXPECT_EQ(completed("completion z"), "zsh\n");
+  EXPECT_EQ(completed("test good.zvm --minor"), "--minor1 --minor2\n");
+}
+
+}  // namespace
+}  // namespace zevfit::test

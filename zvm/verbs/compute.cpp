@@ -1,0 +1,166 @@
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <thread>
+
+#include "zvm/experimental/job.h"
+#include "zvm/experimental/part_file.h"
+#include "zvm/points/data_error.h"
+#include "zvm/points/points_reader.h"
+#include "zvm/verbs/compute_options.h"
+#include "zvm/verbs/compute_report.h"
+#include "zvm/verbs/output.h"
+#include "zvm/verbs/progress.h"
+#include "zvm/verbs/text.h"
+#include "zvm/verbs/verb.h"
+
+namespace zevfit::verbs {
+namespace {
+
+/// What a pair takes, about, and from when on its sum is worth a word.
+constexpr double kSecondsAPair = 4e-9, kLong = 60;
+
+/// Has the exceptions of the computation end the run with their exit codes.
+template <class Work>
+auto guarded(Work&& work) {
+  try {
+    return work();
+  } catch (const zvm::DataError& error) {
+    throw Failure(Exit::data, error.what());
+  } catch (const zvm::ReadError& error) {
+    throw Failure(Exit::file, error.what());
+  } catch (const zvm::PlanError& error) {
+    throw Failure(Exit::usage, error.what());
+  }
+}
+
+zvm::PointSet pointsOf(const ComputeOptions& options, const zvm::ReadOptions& read,
+                       Context& context) {
+  if (options.points == kStandardStream) return zvm::readPoints(context.in(), "stdin", read);
+  std::ifstream file(options.points, std::ios::binary);
+  if (!file) throw Failure(Exit::file, "cannot read " + options.points + ": it can't be opened");
+  std::error_code unknown;
+  const auto size = static_cast<double>(std::filesystem::file_size(options.points, unknown));
+  Progress progress(context, "reading");
+  return zvm::readPoints(file, options.points, read, [&](std::uint64_t bytes) {
+    if (!unknown) progress.tell(static_cast<double>(bytes) / size);
+    return true;
+  });
+}
+
+void warnOfPlan(const zvm::Plan& plan, Context& context) {
+  if (plan.lags.tolerance && *plan.lags.tolerance > plan.lags.width / 2)
+    context.warning("--lag-tolerance is above half of --lag: a pair counts in several classes");
+  if (plan.compat == zvm::Compat::gamv)
+    context.warning("gamv counts each point with itself as well, at distance 0: left out here");
+}
+
+void warnOfPoints(const zvm::Job& job, Context& context) {
+  for (std::size_t p = 0; p < job.plan.pairings.size(); ++p) {
+    const zvm::Pairing& pairing = job.plan.pairings[p];
+    const auto& variables = job.frame.variables;
+    const std::uint64_t common = variables[p].points, first = variables[pairing.first].points,
+                        second = variables[pairing.second].points;
+    if (pairing.isCross() && (common < first || common < second))
+      context.warning('`' + utf8Of(pairing.name) + "` is computed at the " +
+                      std::to_string(common) + " points that both have, of " +
+                      std::to_string(first) + " and " + std::to_string(second));
+  }
+}
+
+void warnOfTime(double seconds, const ComputeOptions& options, Context& context) {
+  if (seconds < kLong) return;
+  context.warning("this takes about " + durationText(seconds) +
+                  (options.sample ? "" : "; --sample N draws some of the points"));
+}
+
+zvm::Job jobOf(const ComputeOptions& options, Context& context) {
+  const zvm::ReadOptions read = readOptionsOf(options);
+  zvm::Plan plan = planOf(options);
+  const auto sample = sampleOf(options);
+  plan.title = titleOf(options);
+  zvm::PointSet points = pointsOf(options, read, context);
+  plan.pairings = pairingsOf(options, points.names);
+  zvm::Job job = zvm::prepare(std::move(points), std::move(plan), sample);
+  if (const auto refusal = zvm::pointsRefusal(job.frame))
+    throw Failure(Exit::data, options.points + ": " + *refusal);
+  warnOfPlan(job.plan, context);
+  warnOfPoints(job, context);
+  return job;
+}
+
+std::string partBytes(const zvm::Job& job, const zvm::RunOptions& run) {
+  MemorySink sink;
+  zvm::writePartHeader(job.frame, run.part, run.parts, sink);
+  zvm::runTasks(job, run, [&sink](std::uint64_t task, const zvm::SumTable& sums) {
+    zvm::writePartTask(task, sums, sink);
+  });
+  zvm::writePartEnd(sink);
+  return std::move(sink.bytes);
+}
+
+Exit runCompute(const ComputeOptions& options, Context& context) {
+  const std::string output = outputOf(options);
+  const auto part = partOf(options);
+  const bool toStdout = isStandardOutput(output);
+  if (context.common.json && toStdout)
+    throw Failure(Exit::usage, "--json reports on a file: it takes another OUT than stdout");
+  if (output != kStandardStream) requireFree(output, context.common.overwrite);
+  const zvm::Job job = jobOf(options, context);
+
+  const unsigned cores = std::max(1U, std::thread::hardware_concurrency());
+  Progress progress(context, "computing");
+  zvm::RunOptions run;
+  run.threads = context.common.threads > 0 ? static_cast<unsigned>(context.common.threads) : cores;
+  run.part = part.value_or(Part()).number;
+  run.parts = part.value_or(Part()).count;
+  run.progress = [&progress](double share) {
+    progress.tell(share);
+    return true;
+  };
+  const double candidates = static_cast<double>(job.candidates()) / static_cast<double>(run.parts);
+  warnOfTime(candidates * kSecondsAPair * static_cast<double>(job.plan.pairings.size()) /
+                 std::min(run.threads, cores),
+             options, context);
+  if (part) {
+    context.save(output, partBytes(job, run));
+    if (context.common.json)
+      context.print(textOf(Json{{"schema", "zvm.compute/1"},
+                                {"file", options.points},
+                                {"output", output},
+                                {"part", part->number},
+                                {"parts", part->count}}));
+    return Exit::done;
+  }
+  const auto start = std::chrono::steady_clock::now();
+  const auto experimental = zvm::experimentalOf(job.frame, zvm::runWhole(job, run));
+  const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
+  const Pace pace{passed.count(), candidates / std::max(passed.count(), 1e-9)};
+  MemorySink sink;
+  zvm::composeExperimental(experimental, sink);
+  context.save(output, std::move(sink.bytes));
+  if (context.common.json) {
+    Json report{{"schema", "zvm.compute/1"}, {"file", options.points}, {"output", output}};
+    report.update(jsonOf(experimental, pace));
+    context.print(textOf(report));
+  } else if (toStdout) {
+    context.printBeside(textOf(experimental, pace));
+  } else {
+    context.print(textOf(experimental, pace));
+  }
+  return Exit::done;
+}
+
+}  // namespace
+
+Run declareCompute(CLI::App& app) {
+  const auto options = std::make_shared<ComputeOptions>();
+  declareOptions(app, *options);
+  return [options](Context& context) {
+    return guarded([&] { return runCompute(*options, context); });
+  };
+}
+
+}  // namespace zevfit::verbs

@@ -1,0 +1,259 @@
+#include "zvm/verbs/compute_options.h"
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+
+#include "zvm/points/names.h"
+#include "zvm/verbs/text.h"
+
+namespace zevfit::verbs {
+namespace {
+
+/// The texts between separators.
+std::vector<std::string> split(const std::string& text, char separator) {
+  std::vector<std::string> parts(1);
+  for (const char c : text)
+    if (c == separator)
+      parts.emplace_back();
+    else
+      parts.back() += c;
+  return parts;
+}
+
+std::vector<std::string> splitAll(const std::vector<std::string>& lists) {
+  std::vector<std::string> all;
+  for (const std::string& list : lists)
+    for (const std::string& one : split(list, ',')) all.push_back(one);
+  return all;
+}
+
+template <class Number>
+Number numberOf(const std::string& text, const std::string& what) {
+  Number value = 0;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (read.ec != std::errc() || read.ptr != text.data() + text.size())
+    throw Failure(Exit::usage, what + " takes another form than `" + text + "`");
+  return value;
+}
+
+template <class Value>
+struct Choice {
+  const char* name;
+  Value value;
+};
+
+template <class Value, std::size_t Count>
+Value choiceOf(const std::string& given, const std::string& option,
+               const Choice<Value> (&choices)[Count]) {
+  std::vector<std::string> names;
+  for (const auto& choice : choices) {
+    if (given == choice.name) return choice.value;
+    names.emplace_back(choice.name);
+  }
+  throw Failure(Exit::usage,
+                "no " + option + " `" + given + "`; there are " + nearestFirst(given, names));
+}
+
+constexpr Choice<zvm::Compat> kCompats[] = {{"gstat", zvm::Compat::gstat},
+                                            {"gamv", zvm::Compat::gamv}};
+constexpr Choice<zvm::ZeroDistances> kZeros[] = {{"skip", zvm::ZeroDistances::skip},
+                                                 {"first", zvm::ZeroDistances::first}};
+constexpr Choice<zvm::PointFormat> kFormats[] = {{"csv", zvm::PointFormat::csv},
+                                                 {"geoeas", zvm::PointFormat::geoeas}};
+
+/// The name of a column in the file.
+std::string fileName(const ComputeOptions& options, const std::string& column,
+                     const std::string& name) {
+  if (const auto refusal = zvm::nameRefusal(name))
+    throw Failure(Exit::data, "the name `" + name + "` can't stand in a variogram file: " +
+                                  *refusal + "; give it another with --name \"" + column +
+                                  "=NAME\"" + (options.names.empty() ? "" : " as well"));
+  return *zvm::latin1Of(zvm::withoutBlanks(name));
+}
+
+/// The position of a variable by its column, its name or its number among the columns as given.
+std::optional<std::size_t> positionOf(const std::string& asked, const ComputeOptions& options,
+                                      const std::vector<std::string>& columns) {
+  const std::vector<std::string> given = splitAll(options.variables);
+  for (const auto* texts : {&columns, &given})
+    if (const auto found = std::ranges::find(*texts, asked); found != texts->end())
+      return static_cast<std::size_t>(found - texts->begin());
+  return std::nullopt;
+}
+
+std::size_t requirePosition(const std::string& asked, const ComputeOptions& options,
+                            const std::vector<std::string>& columns) {
+  if (const auto position = positionOf(asked, options, columns)) return *position;
+  throw Failure(Exit::data, zvm::noSuchName("variable", asked, "--var", columns));
+}
+
+/// What the variables are called, in the order of their columns.
+std::vector<std::string> variableTexts(const ComputeOptions& options,
+                                       const std::vector<std::string>& columns) {
+  std::vector<std::string> names = columns;
+  for (const std::string& text : options.names) {
+    const std::size_t sign = text.rfind('=');
+    if (sign == std::string::npos)
+      throw Failure(Exit::usage, "--name takes COLUMN=NAME, not `" + text + "`");
+    names[requirePosition(text.substr(0, sign), options, columns)] = text.substr(sign + 1);
+  }
+  for (std::size_t v = 0; v < names.size(); ++v) names[v] = fileName(options, columns[v], names[v]);
+  return names;
+}
+
+}  // namespace
+
+void declareOptions(CLI::App& app, ComputeOptions& options) {
+  const auto add = [&](const char* name, auto& value, const char* what, const char* type) {
+    return app.add_option(name, value, what)->type_name(type);
+  };
+  const auto addEach = [&](const char* name, std::vector<std::string>& values, const char* what,
+                           const char* type) {
+    return add(name, values, what, type)
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  };
+  add("POINTS", options.points, "A table of points, - for stdin", "")->required();
+  add("OUT", options.output, "The variogram file to write, - for stdout", "");
+  add("-o,--output", options.outputOption, "The same", "OUT");
+  add("--format", options.format, "The format of the points; default: found out", "csv|geoeas");
+  add("--x", options.x, "The column of the eastings, by name or number", "COLUMN")->required();
+  add("--y", options.y, "That of the northings", "COLUMN")->required();
+  add("--z", options.z, "That of the heights; without it the points lie in a plane", "COLUMN");
+  addEach("--var", options.variables, "The columns of the variables", "A,B,...")->required();
+  addEach("--log", options.logs, "Of these variables the natural logarithm", "A,...");
+  addEach("--cross", options.crosses, "Cross semivariograms of all pairs or of these",
+          "all|A:B,...");
+  addEach("--name", options.names, "What a variable is called in the file", "COLUMN=NAME");
+  addEach("--missing", options.missing, "Stands for no value, beside nothing, NA and NaN", "VALUE");
+  add("--trim", options.trim, "Keeps the values from MIN to MAX, before --log", "MIN:MAX");
+  add("--lag", options.lag, "The width of the lag classes", "W")->required();
+  add("--lags", options.lags, "Their number", "N")->required();
+  add("--lag-tolerance", options.lagTolerance, "Classes from kW - T to kW + T", "T");
+  addEach("--dir", options.directions,
+          "A direction, azimuth and dip in degrees; without one all directions together",
+          "\"AZ;DIP\"");
+  add("--tol", options.tolerance, "Half angle of the directions; default: 22.5", "DEGREES");
+  add("--band", options.band, "Half width across the azimuth", "B");
+  add("--vband", options.vband, "Half width across the axis and the band", "B");
+  add("--zero", options.zero, "Pairs at the same place: left out, or in the first class",
+      "skip|first");
+  add("--compat", options.compat, "Counts and classes as this program has them", "gstat|gamv");
+  add("--sample", options.sample, "Draws this many of the points", "N");
+  add("--seed", options.seed, "Which sample is drawn; default: 1", "S");
+  add("--part", options.part, "Computes part I of N for zvm merge", "I/N");
+  add("--title", options.title, "The title of the file", "TEXT");
+}
+
+std::string outputOf(const ComputeOptions& options) {
+  if (options.output.empty() && options.outputOption.empty())
+    throw Failure(Exit::usage, "the file to write is missing");
+  if (!options.output.empty() && !options.outputOption.empty())
+    throw Failure(Exit::usage,
+                  "two files to write: " + options.output + " and -o " + options.outputOption);
+  return options.output.empty() ? options.outputOption : options.output;
+}
+
+std::optional<Part> partOf(const ComputeOptions& options) {
+  if (options.part.empty()) return std::nullopt;
+  const auto numbers = split(options.part, '/');
+  const std::string what = "--part takes I/N and";
+  if (numbers.size() != 2)
+    throw Failure(Exit::usage, "--part takes I/N, not `" + options.part + "`");
+  const Part part{numberOf<std::uint64_t>(numbers[0], what),
+                  numberOf<std::uint64_t>(numbers[1], what)};
+  if (part.number < 1 || part.number > part.count)
+    throw Failure(Exit::usage, "there is no part " + options.part);
+  return part;
+}
+
+std::optional<zvm::Sample> sampleOf(const ComputeOptions& options) {
+  if (!options.sample && options.seed) throw Failure(Exit::usage, "--seed takes --sample");
+  if (!options.sample) return std::nullopt;
+  if (*options.sample < 2) throw Failure(Exit::usage, "--sample takes 2 points and more");
+  return zvm::Sample{*options.sample, options.seed.value_or(1)};
+}
+
+zvm::ReadOptions readOptionsOf(const ComputeOptions& options) {
+  zvm::ReadOptions read;
+  if (!options.format.empty()) read.format = choiceOf(options.format, "--format", kFormats);
+  read.x = options.x;
+  read.y = options.y;
+  if (!options.z.empty()) read.z = options.z;
+  read.variables = splitAll(options.variables);
+  read.logs = splitAll(options.logs);
+  read.missing = zvm::MissingValues(options.missing);
+  for (auto one = read.variables.begin(); one != read.variables.end(); ++one)
+    if (std::find(read.variables.begin(), one, *one) != one)
+      throw Failure(Exit::usage, "--var " + *one + " is there twice");
+  if (options.trim.empty()) return read;
+  const auto bounds = split(options.trim, ':');
+  if (bounds.size() != 2)
+    throw Failure(Exit::usage, "--trim takes MIN:MAX, not `" + options.trim + "`");
+  read.trim =
+      zvm::Trim{numberOf<double>(bounds[0], "--trim"), numberOf<double>(bounds[1], "--trim")};
+  if (!(read.trim->lowest <= read.trim->highest))
+    throw Failure(Exit::usage, "--trim " + options.trim + " keeps nothing");
+  return read;
+}
+
+zvm::Plan planOf(const ComputeOptions& options) {
+  zvm::Plan plan;
+  plan.lags = {options.lag, options.lags, options.lagTolerance};
+  plan.zero = choiceOf(options.zero, "--zero", kZeros);
+  if (!options.compat.empty()) plan.compat = choiceOf(options.compat, "--compat", kCompats);
+  for (const std::string& name : options.directions) {
+    auto direction = zvm::directionOf(name);
+    if (!direction) throw Failure(Exit::usage, "--dir takes \"AZ;DIP\", not `" + name + "`");
+    direction->tolerance = options.tolerance.value_or(direction->tolerance);
+    direction->band = options.band;
+    direction->vband = options.vband;
+    plan.directions.push_back(*direction);
+  }
+  if (!plan.directions.empty()) return plan;
+  if (options.tolerance || options.band || options.vband)
+    throw Failure(Exit::usage, "--tol, --band and --vband take --dir");
+  plan.directions.push_back(*zvm::directionOf("0;0"));
+  plan.directions.front().tolerance = 90;
+  return plan;
+}
+
+std::vector<zvm::Pairing> pairingsOf(const ComputeOptions& options,
+                                     const std::vector<std::string>& columns) {
+  const std::vector<std::string> names = variableTexts(options, columns);
+  std::vector<zvm::Pairing> pairings;
+  for (std::size_t v = 0; v < names.size(); ++v) pairings.push_back({v, v, names[v]});
+  const auto add = [&](std::size_t first, std::size_t second) {
+    pairings.push_back({first, second, names[first] + '-' + names[second]});
+  };
+  const std::vector<std::string> crosses = splitAll(options.crosses);
+  if (crosses == std::vector<std::string>{"all"}) {
+    for (std::size_t first = 0; first < names.size(); ++first)
+      for (std::size_t second = first + 1; second < names.size(); ++second) add(first, second);
+    return pairings;
+  }
+  for (const std::string& cross : crosses) {
+    const auto pair = split(cross, ':');
+    if (pair.size() != 2)
+      throw Failure(Exit::usage, "--cross takes all or A:B, not `" + cross + "`");
+    const std::size_t first = requirePosition(pair[0], options, columns);
+    const std::size_t second = requirePosition(pair[1], options, columns);
+    if (first == second) throw Failure(Exit::usage, "--cross " + cross + " is no cross");
+    add(first, second);
+  }
+  return pairings;
+}
+
+std::string titleOf(const ComputeOptions& options) {
+  if (!options.title.empty()) {
+    if (const auto refusal = zvm::nameRefusal(options.title))
+      throw Failure(Exit::usage, "--title can't stand in a variogram file: " + *refusal);
+    return *zvm::latin1Of(zvm::withoutBlanks(options.title));
+  }
+  const std::string file = std::filesystem::path(options.points).filename().string();
+  const bool isName = file != kStandardStream && !zvm::nameRefusal(file);
+  return isName ? "Semivariograms of " + *zvm::latin1Of(file) : "Semivariograms";
+}
+
+}  // namespace zevfit::verbs

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "zvm/experimental/outcome.h"
+#include "zvm/verbs/report.h"
+
+namespace zevfit::verbs {
+
+/// How fast a computation was.
+struct Pace {
+  double seconds = 0;
+  double pairsASecond = 0;  ///< of those looked at
+};
+
+/// What became of the points, and the classes with few pairs.
+std::string textOf(const zvm::Experimental& experimental, const std::optional<Pace>& pace);
+
+/// All of it, with every class.
+Json jsonOf(const zvm::Experimental& experimental, const std::optional<Pace>& pace);
+
+}  // namespace zevfit::verbs

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace zevfit::verbs {
+
+/// The file is stdout, under either of its names.
+bool isStandardOutput(const std::string& path);
+
+/// Throws Failure where a file of that name is there and may not be overwritten. What is no regular
+/// file, such as a device, a pipe or /dev/stdout, is written to as it is, and a folder can't be.
+void requireFree(const std::string& path, bool overwrite);
+
+/// Writes a file in one step, of a symbolic link its target: at every moment there is no file, the
+/// old one whole or the new one whole. A signal that asks for the end (interrupt, terminate, hang
+/// up) is looked at before the last step; where there is one nothing is left and it takes its
+/// course. Throws Failure where the file can't be written; nothing is left then.
+void writeOutput(const std::string& path, std::string_view bytes, bool overwrite);
+
+/// From here on the signals that ask for the end exit with the code of an interruption.
+void exitOnSignals();
+
+}  // namespace zevfit::verbs

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+
+namespace zevfit::verbs {
+
+/// An object whose members keep their order.
+using Json = nlohmann::ordered_json;
+
+/// The text of a report: numbers with all digits, bytes that are no UTF-8 replaced.
+inline std::string textOf(const Json& report) {
+  return report.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+}  // namespace zevfit::verbs

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "session/session.h"
+
+namespace zevfit::verbs {
+
+/// Latin-1, as files have it, in UTF-8, as all that is printed has it.
+std::string utf8Of(std::string_view latin1);
+/// The characters of a text in UTF-8.
+std::size_t lengthOf(std::string_view utf8);
+
+/// Names in the order in which they are like the one that was asked for, parted by ", "; names
+/// that are as like keep their order. The measure is the number of letters to be inserted, dropped
+/// or changed, whatever their case (Levenshtein, "Binary codes", 1966).
+std::string nearestFirst(std::string_view asked, std::vector<std::string> names);
+
+/// Texts, parted by ", ".
+std::string listed(const std::vector<std::string>& texts);
+
+/// The names of all variables and of all directions, without outer blanks, in UTF-8.
+std::vector<std::string> variableNames(const Session& session);
+std::vector<std::string> directionNames(const Session& session);
+
+/// The subscript of a variable, or of a direction, by its name or else by its number from 1. Throws
+/// Failure with what there is. `file` is named in the message.
+std::int64_t variableOf(const Session& session, const std::string& file, const std::string& asked);
+std::int64_t directionOf(const Session& session, const std::string& file, const std::string& asked);
+
+/// Rows of cells as columns of even width, two blanks between them; the first row is the heading.
+std::string table(const std::vector<std::vector<std::string>>& rows);
+
+}  // namespace zevfit::verbs

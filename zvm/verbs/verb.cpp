@@ -1,0 +1,52 @@
+#include "zvm/verbs/verb.h"
+
+#include <array>
+#include <charconv>
+#include <system_error>
+
+namespace zevfit::verbs {
+namespace {
+
+constexpr std::array kVerbs{
+    Verb{"info", "what a variogram file holds", declareInfo},
+    Verb{"check", "what is wrong with variogram files, by line and column", declareCheck},
+    Verb{"compute", "experimental semivariograms of points", declareCompute},
+    Verb{"merge", "the parts of a computation joined", declareMerge},
+    Verb{"test", "whether models form a linear model of coregionalization", declareTest},
+    Verb{"export", "a model in the words of another system", declareExport},
+    Verb{"completion", "the completion of a shell, for it to read", declareCompletion},
+};
+
+std::string threadsFault(const std::string& text) {
+  int number = 0;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+  const bool whole = read.ec == std::errc() && read.ptr == text.data() + text.size();
+  return whole && number >= 1 ? "" : "it takes a whole number from 1, not `" + text + "`";
+}
+
+void declareCommon(CLI::App& app, Common& common) {
+  app.set_help_flag("--help", "Print this and end");
+  app.set_version_flag("--version", "zvm " ZEVFIT_VERSION, "Print the version and end");
+  app.add_flag("--json", common.json, "Report as one JSON object");
+  app.add_flag("-q,--quiet", common.quiet, "No warnings and no progress");
+  app.add_flag("--overwrite", common.overwrite, "Replace an output that exists");
+  app.add_option("--threads", common.threads, "As many threads; default: all cores")
+      ->check(threadsFault)
+      ->type_name("N");
+}
+
+}  // namespace
+
+std::span<const Verb> allVerbs() { return kVerbs; }
+
+VerbApp appOf(const Verb& verb, Common& common) {
+  const std::string name = "zvm " + std::string(verb.name);
+  auto app =
+      std::make_unique<CLI::App>("zvm " + std::string(verb.name) + ": " + verb.summary, name);
+  app->allow_extras();
+  Run run = verb.declare(*app);
+  declareCommon(*app, common);
+  return {std::move(app), std::move(run)};
+}
+
+}  // namespace zevfit::verbs
