@@ -139,12 +139,13 @@ TEST_F(Pictures, LeaveTheSessionAndThePanelAsTheyAre) {
 }
 
 TEST_F(Pictures, CancelAndFailureLeaveNothing) {
+  const auto& hint = plots_.program().control<QLabel>("LabelHint");
   QTest::keyClick(&plots_.program().window(), Qt::Key_E, Qt::ControlModifier);
-  EXPECT_EQ(plots_.program().window().findChild<QLabel*>("LabelHint"), nullptr);
+  EXPECT_EQ(hint.text(), "");
   shown().clear();
   const std::string path = save("no/such/folder.svg", 0);
   EXPECT_EQ(shown().back(), "plain: Cannot save picture: " + path);
-  EXPECT_EQ(plots_.program().window().findChild<QLabel*>("LabelHint"), nullptr);
+  EXPECT_EQ(hint.text(), "");
 }
 
 TEST_F(Pictures, TheDialogOffersTheKindOfTheLastOne) {
