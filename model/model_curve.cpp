@@ -82,7 +82,7 @@ bool fillStructure(Fit& fit, Pair pair, Line structure) {
 void raiseRanges(Session& session, Pair pair) {
   for (const Line structure : kStructures) {
     Cell& range = line(session, pair, structure).range();
-    if (range.number() <= 0) range = kSmallestRange;
+    if (const double raised = raisedRange(range.number()); raised != range.number()) range = raised;
   }
 }
 
