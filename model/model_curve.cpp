@@ -78,7 +78,7 @@ bool fillStructure(Session& session, Pair pair, Line structure) {
 void raiseRanges(Session& session, Pair pair) {
   for (const Line structure : kStructures) {
     Cell& range = line(session, pair, structure).range();
-    if (range.number() <= 0) range = kSmallestRange;
+    if (const double raised = raisedRange(range.number()); raised != range.number()) range = raised;
   }
 }
 

@@ -23,7 +23,7 @@ std::optional<Structure> structureOf(const ConstLineRef& line) {
   if (!form) return std::nullopt;
   const double range = line.range().number();
   const double sill = *form == Form::power ? 0 : line.sill().number();
-  return Structure{*form, sill, range > 0 ? range : kSmallestRange};
+  return Structure{*form, sill, raisedRange(range)};
 }
 
 }  // namespace

@@ -50,6 +50,7 @@ struct NestedModel {
 
 /// Ranges of 0 and below count as this one, which a drawing stores for them.
 inline constexpr double kSmallestRange = 1e-05;
+constexpr double raisedRange(double range) { return range > 0 ? range : kSmallestRange; }
 
 /// The model of a pair as a drawing shows it: the lines that are on, each with a form. A structure
 /// whose letter stands for no form is left out. Throws Fault for a text in place of a number and

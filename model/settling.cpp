@@ -1,5 +1,6 @@
 #include "model/settling.h"
 
+#include "model/nested_model.h"
 #include "model/slider_scale.h"
 #include "session/line.h"
 #include "session/number_reading.h"
@@ -13,12 +14,15 @@ namespace {
 /// inverses.
 constexpr int kMostShowings = 3;
 
-/// Takes the value of the tables where the file's own comes to it by being shown.
-template <class Show>
-void settle(const Cell& shown, Cell& file, Show&& showing) {
+/// Takes the value of the tables where the file's own comes to it by being shown and drawn.
+template <class Show, class Draw>
+void settle(const Cell& shown, Cell& file, Show&& showing, Draw&& drawing) {
+  const auto isReached = [&](double value) {
+    return value == shown.number() || drawing(value) == shown.number();
+  };
   double value = file.number();
-  for (int i = 0; i < kMostShowings && value != shown.number(); ++i) value = showing(value);
-  if (value == shown.number()) file = shown;
+  for (int i = 0; i < kMostShowings && !isReached(value); ++i) value = showing(value);
+  if (isReached(value)) file = shown;
 }
 
 void settleLine(const Session& shown, Session& file, Pair pair, Line which) {
@@ -28,14 +32,19 @@ void settleLine(const Session& shown, Session& file, Pair pair, Line which) {
   const ConstLineRef from = line(shown, pair, which);
   const LineRef to = line(file, pair, which);
   endSilently([&] {
-    settle(from.sill(), to.sill(),
-           [&](double sill) { return sillValue(sills, sillPosition(sills, sill)); });
+    settle(
+        from.sill(), to.sill(),
+        [&](double sill) { return sillValue(sills, sillPosition(sills, sill)); },
+        [](double sill) { return sill; });
   });
   if (which == Line::nugget) return;
   endSilently([&] {
-    settle(from.range(), to.range(), [&](double range) {
-      return leadingNumber(rangeText(ranges, rangePosition(ranges, generalText(range))));
-    });
+    settle(
+        from.range(), to.range(),
+        [&](double range) {
+          return leadingNumber(rangeText(ranges, rangePosition(ranges, generalText(range))));
+        },
+        raisedRange);
   });
 }
 

@@ -171,7 +171,7 @@ std::optional<Refusal> createVariable(Session& session, std::string_view typedNa
   const std::string_view name = trimmedLeft(typedName);
   if (auto refusal = refusedTicks(session, shownVariables)) return refusal;
   if (auto refusal = refusedName(session, name, isLatin1)) return refusal;
-  if (session.nvar >= kLastSlot) throwSubscript("varname", {session.nvar + 1});
+  if (session.nvar >= kLastSlot) return Refusal{"Cannot add more variables!", true};
   if (auto refusal = refusedSums(session)) return refusal;
 
   const std::int64_t slot = ++session.nvar;

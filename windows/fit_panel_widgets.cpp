@@ -179,6 +179,18 @@ void FitPanelWidgets::fillList(List which, const QStringList& entries) {
 
 int FitPanelWidgets::listCount(List which) const { return list(which)->count(); }
 
+void FitPanelWidgets::removeEntry(List which, int position) {
+  QComboBox* from = list(which);
+  if (position >= from->count()) return;
+  const int chosen = from->currentIndex();
+  {
+    const QSignalBlocker blocker(from);
+    from->removeItem(position);
+    if (chosen >= position) from->setCurrentIndex(-1);
+  }
+  if (chosen >= position) from->setCurrentIndex(chosen == position ? 0 : chosen - 1);
+}
+
 std::string FitPanelWidgets::text(Field which) const { return toBytes(field(which)->text()); }
 
 void FitPanelWidgets::setText(Field which, std::string_view text) {

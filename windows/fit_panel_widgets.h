@@ -37,6 +37,9 @@ class FitPanelWidgets : public QWidget, public FitPanel {
   /// Empties a list and fills it, without an event; no entry is chosen afterwards.
   void fillList(List list, const QStringList& entries);
   int listCount(List list) const;
+  /// Takes an entry away, if the list has it. The list stays on its entry, or chooses the first
+  /// where that is the one; its handler runs where its position changes.
+  void removeEntry(List list, int position);
 
   std::string text(Field field) const override;
   void setText(Field field, std::string_view text) override;

@@ -171,7 +171,8 @@ void frmzevfit::fillHeadings() {
 }
 
 void frmzevfit::reopen() {
-  session_.nvar = listed();
+  // A file that claims more than the tables have is not listed whole: it stays refused.
+  if (session_.nvarfile <= kLastVariable) session_.nvar = listed();
   showModal();
 }
 
@@ -249,6 +250,9 @@ void frmzevfit::remove_Click() {
     const QSignalBlocker quiet(*Combovar);
     Combovar->removeItem(static_cast<int>(session_.datavar) - 1);
   }
+  // The tables have moved down already, whether or not the window is accepted: a save counts the
+  // entries of that list.
+  host_.removeVariable(static_cast<int>(session_.datavar) - 1);
   grid1->setText(static_cast<int>(session_.datavar), 0, QString());
   // Names move up by one row, pictures stay where they are.
   for (std::int64_t i = session_.datavar; i <= session_.nvar; ++i)

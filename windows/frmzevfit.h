@@ -39,6 +39,10 @@ class StructureHost {
   virtual void fillDirections(const std::vector<std::string>& names) = 0;
   /// The same with the list of variables.
   virtual void fillVariables(const std::vector<std::string>& names) = 0;
+  /// Takes the entry of a variable that is removed out of the list, if it is there. The list stays
+  /// on its variable, or chooses the first where that is the one; its handler runs where its
+  /// position changes.
+  virtual void removeVariable(int position) = 0;
   /// Chooses an entry in the main window's lists, as a user would: their handlers run.
   virtual void selectDirection(int position) = 0;
   virtual void selectVariable(int position) = 0;
@@ -66,7 +70,8 @@ class frmzevfit : public QDialog {
   /// Shows the window in its normal size; returns when it is hidden again.
   void showModal();
   /// The same for a file that was taken up before. A save may have left another count in `nvar`; it
-  /// becomes that of the listed variables again.
+  /// becomes that of the listed variables again, but for a file that claims more than can be
+  /// listed.
   void reopen();
   /// The variables of the file and those derived from them.
   std::int64_t listed() const;

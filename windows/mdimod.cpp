@@ -345,6 +345,8 @@ void mdimod::fillVariables(const std::vector<std::string>& names) {
   panel_->fillList(List::Combo2, toQStrings(names));
 }
 
+void mdimod::removeVariable(int position) { panel_->removeEntry(List::Combo2, position); }
+
 void mdimod::selectDirection(int position) { panel_->setListPosition(List::Combodirvar, position); }
 
 void mdimod::selectVariable(int position) { panel_->setListPosition(List::Combo2, position); }

@@ -70,6 +70,7 @@ class mdimod : public QMainWindow, public Plotter, public Hints, public Structur
   void focusMain() override;
   void fillDirections(const std::vector<std::string>& names) override;
   void fillVariables(const std::vector<std::string>& names) override;
+  void removeVariable(int position) override;
   void selectDirection(int position) override;
   void selectVariable(int position) override;
   void enableFitControls() override;

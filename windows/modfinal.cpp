@@ -110,7 +110,8 @@ QLineEdit* modfinal::field(Axis axis, std::size_t entry) const {
 void modfinal::Combovarver_Click() {
   const int variable = Combovarver->currentIndex() + 1;
   if (const auto illegal = fillResults(session_, variable, rows_)) {
-    messages_.warning(*illegal);
+    illegal_ = *illegal;
+    messages_.warning(illegal_);
     const QSignalBlocker quiet(Combovarver);
     return Combovarver->setCurrentIndex(static_cast<int>(shown_.variable) - 1);
   }
@@ -214,8 +215,9 @@ AxisTexts modfinal::textsOf(Axis axis) const {
 }
 
 void modfinal::Command2_Click() {
-  // No variable could be shown, which was warned of: there is none to save.
-  if (Combovarver->count() > 0 && Combovarver->currentIndex() < 0) return;
+  // No variable could be shown: there is none to save, for the same reason.
+  if (Combovarver->count() > 0 && Combovarver->currentIndex() < 0)
+    return messages_.warning(illegal_);
   saveKrigingFile({session_.filetag, toBytes(Combovarver->currentText()), textsOf(Axis::main),
                    textsOf(Axis::minor1), textsOf(Axis::minor2), rowcells},
                   orthogonality_, messages_, chooser_);

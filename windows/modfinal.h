@@ -83,7 +83,8 @@ class modfinal : public QDialog, private AxisFields {
   const FaultReport& faults_;
   std::vector<ResultRow> rows_;
   RowCells rowcells;
-  ResultSource shown_;  ///< the variable of the table
+  ResultSource shown_;   ///< the variable of the table
+  std::string illegal_;  ///< the warning of the variable that could not be shown last
   ResultSources sources_;
 
   QComboBox* Combovarver;

@@ -32,7 +32,9 @@ TEST(Settling, TakesTheValuesOnWhichAShownLineSettles) {
   const Row ranges[] = {
       {"the file's own", 700.4, 700.4, true}, {"the step below", 700.4, 700, true},
       {"the step above", 700.6, 701, true},   {"the step on the other side", 700.4, 701, false},
-      {"a step more", 700, 701, false},       {"off the steps", 700, 700.4, false}};
+      {"a step more", 700, 701, false},       {"off the steps", 700, 700.4, false},
+      {"a drawn 0", 0, 1e-05, true},          {"a drawn range below 0", -5, 1e-05, true},
+      {"step 0, drawn", 0.4, 1e-05, true},    {"of no drawing", 700, 1e-05, false}};
   for (const Row& row : ranges) {
     Session file = sample(0.5, row.inFile);
     const Session shown = sample(0.5, row.shown);

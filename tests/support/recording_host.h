@@ -27,6 +27,9 @@ class RecordingHost : public StructureHost {
   void fillVariables(const std::vector<std::string>& names) override {
     record("fillVariables" + joined(names));
   }
+  void removeVariable(int position) override {
+    record("removeVariable " + std::to_string(position));
+  }
   void selectDirection(int position) override {
     record("selectDirection " + std::to_string(position));
   }

@@ -40,9 +40,12 @@ const std::set<std::string> kFatal{"Overflow", "Division by zero", "Invalid slid
                                    "Drawings do not settle"};
 /// The one that names its case behind.
 constexpr const char* kFatalBeginning = "Subscript out of range: ";
+/// But for a variable beyond the tables, which is refused.
+constexpr const char* kNoSuchVariable = "Subscript out of range: varname";
 
 bool isFatal(const std::string& fault) {
-  return kFatal.count(fault) == 1 || fault.starts_with(kFatalBeginning);
+  return kFatal.count(fault) == 1 ||
+         (fault.starts_with(kFatalBeginning) && !fault.starts_with(kNoSuchVariable));
 }
 
 /// One run of the program, from its start to its end.
