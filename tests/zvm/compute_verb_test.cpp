@@ -117,6 +117,8 @@ TEST_F(ComputeVerb, PartsJoinToTheSameFile) {
   EXPECT_EQ(run.err, "");
   EXPECT_EQ(run.code, 0);
   EXPECT_EQ(contentOf(path("joined.zvm")), contentOf(path("whole.zvm")));
+  EXPECT_EQ(ran({"merge", "-", path("1"), path("piped.zvm")}, contentOf(path("2"))).code, 0);
+  EXPECT_EQ(contentOf(path("piped.zvm")), contentOf(path("whole.zvm")));
   const Ran missing = ran({"merge", path("2"), path("other.zvm")});
   EXPECT_EQ(missing.code, 3);
   EXPECT_EQ(missing.err, "zvm: error: part 1 of 2 is missing\n");

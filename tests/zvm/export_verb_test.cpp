@@ -29,6 +29,18 @@ std::string twoDirections() {
          "1\n0.1\n1\nS\n0.5\n30\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n";
 }
 
+/// Three variables and two cross variables of the first, the last without a model.
+std::string foreignCross() {
+  std::vector<std::string> lines{"t", "zevRA1", "5", "A", "B", "C", "A-B", "A-C", "1", "1", "0;0"};
+  for (int variable = 1; variable <= 5; ++variable) {
+    lines.emplace_back("1");
+    lines.emplace_back("10 1 40");
+  }
+  const std::string model = "1\n0.1\n1\nS\n0.5\n15\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n";
+  const std::string none = "0\n0\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n";
+  return Lines(lines).bytes() + model + model + model + model + none;
+}
+
 /// Two variables and, with a name of its own, their cross variable, without models.
 std::string threeVariables(const std::string& cross) {
   return Lines({"t", "zevra", "3", "zinc", "lead", cross, "1", "1", "0;0", "1", "10 1 40", "1",
@@ -54,6 +66,17 @@ class Export : public testing::Test {
 };
 
 using Names = std::vector<std::string>;
+
+TEST_F(Export, TakesTheCrossesOfTheChosenVariablesAlone) {
+  const Ran run = ran({"export", "-", "--to", "json", "--var", "A", "--var", "B"}, foreignCross());
+  EXPECT_EQ(run.err, "");
+  ASSERT_EQ(run.code, 0);
+  EXPECT_NE(run.out.find("\"A-B\""), std::string::npos);
+  EXPECT_EQ(run.out.find("\"A-C\""), std::string::npos);
+  const std::vector<std::string> all{"export", "-",     "--to", "json",  "--var",
+                                     "A",      "--var", "B",    "--var", "C"};
+  EXPECT_EQ(ran(all, foreignCross()).code, 3) << "A-C has no model";
+}
 
 TEST_F(Export, WritesEveryTarget) {
   for (const exchange::TargetRow& row : exchange::kTargets) {

@@ -68,6 +68,8 @@ TEST_F(Program, TellsWhatIsWrong) {
       {"$zvm info .", 4, "zvm: error: cannot read .: Is a directory\n"},
       {"$zvm info good.zvm/in", 4, "zvm: error: cannot read good.zvm/in: Not a directory\n"},
       {"$zvm info bad.zvm", 3, "zvm: error: bad.zvm:3:1: `x` is no number of variables\n"},
+      {"$zvm info - </", 4, "zvm: error: cannot read stdin: Input/output error\n"},
+      {"$zvm check - <&-", 4, "zvm: error: cannot read stdin: Input/output error\n"},
       {"$zvm info - </dev/null", 3, "zvm: error: -:1:1: the file ends before the title\n"},
       {"$zvm check none.zvm", 4, "zvm: error: cannot read none.zvm: No such file or directory\n"},
       {"$zvm test good.zvm --primary zink --secondary zinc", 3,

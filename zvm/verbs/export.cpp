@@ -69,6 +69,11 @@ std::optional<std::int64_t> directionNamed(const Loaded& loaded, const std::stri
   return directionOf(loaded.session, loaded.path, name);
 }
 
+bool areOf(const std::vector<std::int64_t>& variables, std::int64_t first, std::int64_t second) {
+  const auto has = [&](std::int64_t one) { return std::ranges::count(variables, one) > 0; };
+  return has(first) && has(second);
+}
+
 exchange::Request requestOf(const Loaded& loaded, const Options& options, const TargetRow& target,
                             Context& context) {
   exchange::Request request;
@@ -84,7 +89,8 @@ exchange::Request requestOf(const Loaded& loaded, const Options& options, const 
                                    listed(directionNames(loaded.session)));
   if (request.variables.size() > 1)
     for (const auto& [cross, first, second] : coregionOf(loaded, options.crossOf, context).crosses)
-      request.crosses.push_back({cross, first, second});
+      if (areOf(request.variables, first, second))
+        request.crosses.push_back({cross, first, second});
   return request;
 }
 

@@ -65,9 +65,12 @@ void reportReading(Context& context, const std::string& path, const checking::Ch
 
 std::string readInput(Context& context, const std::string& path) {
   if (path != kStandardStream) return InputFile(path).readAll();
-  std::string bytes(std::istreambuf_iterator<char>(context.in()), {});
-  if (context.in().bad()) fail("stdin", EIO);
-  return bytes;
+  // The buffer of a stream that can't be read throws, whatever the stream's own state says.
+  try {
+    return std::string(std::istreambuf_iterator<char>(context.in()), {});
+  } catch (const std::ios_base::failure&) {
+    fail("stdin", EIO);
+  }
 }
 
 std::unique_ptr<Loaded> loadInput(Context& context, const std::string& path) {

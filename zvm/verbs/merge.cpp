@@ -13,10 +13,14 @@
 namespace zevfit::verbs {
 namespace {
 
-zvm::Experimental joined(const std::vector<std::string>& files) {
+zvm::Experimental joined(const std::vector<std::string>& files, Context& context) {
   std::vector<std::unique_ptr<std::ifstream>> streams;
   std::vector<zvm::PartReader> parts;
   for (const std::string& file : files) {
+    if (file == kStandardStream) {
+      parts.emplace_back(context.in(), "stdin");
+      continue;
+    }
     streams.push_back(std::make_unique<std::ifstream>(file, std::ios::binary));
     if (!*streams.back()) throw Failure(Exit::file, "cannot read " + file + ": it can't be opened");
     parts.emplace_back(*streams.back(), file);
@@ -32,7 +36,7 @@ Exit runMerge(std::vector<std::string> files, Context& context) {
   if (context.common.json && toStdout)
     throw Failure(Exit::usage, "--json reports on a file: it takes another OUT than stdout");
   if (output != kStandardStream) requireFree(output, context.common.overwrite);
-  const zvm::Experimental experimental = joined(files);
+  const zvm::Experimental experimental = joined(files, context);
   MemorySink sink;
   zvm::composeExperimental(experimental, sink);
   context.save(output, std::move(sink.bytes));
