@@ -112,8 +112,6 @@ void Foot::showHint(HintTopic topic, const QString& hint) {
 void Foot::clear() {
   LabelFoot->tell({}, {});
   LabelFoot->hide();
-  LabelMisfit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  setContentsMargins(kMargin, 0, 0, 0);
   showHint({});
 }
 
