@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "session/fault.h"
+#include "session/form.h"
 #include "session/line.h"
 
 namespace zevfit {
@@ -10,7 +11,11 @@ namespace {
 
 double sillOf(const Session& session, Pair pair, Line which) {
   const ConstLineRef at = line(session, pair, which);
-  return at.isOn() ? at.sill().number() : 0;
+  if (!at.isOn()) return 0;
+  if (which == Line::nugget) return at.sill().number();
+  const auto form = formOf(at.letter());
+  if (!form) return 0;
+  return *form == Form::power ? 1 : at.sill().number();
 }
 
 bool isOnSomewhere(const Session& session, const Coregion& coregion, Line which,

@@ -33,7 +33,9 @@ struct MatrixVerdict {
 };
 
 /// The sills of a line in a direction, sills of variables on the diagonal and those of cross
-/// variables beside it; 0 for a line that is off. Throws Fault for a text in place of a number.
+/// variables beside it, as the semivariance of a model has them: 1 for a power structure, which is
+/// h^a without a factor, 0 for a line that is off or without a form. Throws Fault for a text in
+/// place of a number.
 SymmetricMatrix sillMatrix(const Session& session, const Coregion& coregion, Line line,
                            std::int64_t direction);
 

@@ -86,6 +86,21 @@ TEST(FullMatrix, LooksAtEachLineThatIsOnSomewhere) {
   EXPECT_TRUE(verdicts[2].passed);
 }
 
+// h^a and what has no form take no part of their cells in a semivariance.
+TEST(FullMatrix, HasTheFactorsOfTheSemivariance) {
+  Session session = unitSills(0.9, 0.9, -0.9);
+  const double cells[] = {3, 4, 5, 7, -8, 9};
+  for (std::int64_t v = 1; v <= 6; ++v)
+    setStructure(session, {v, 1}, Line::second, v == 5 ? "X" : "P", cells[v - 1], 1.5);
+  const SymmetricMatrix sills = sillMatrix(session, kThree, Line::second, 1);
+  for (const std::size_t row : {0U, 1U, 2U}) EXPECT_EQ(sills.at(row, row), 1);
+  EXPECT_EQ(sills.at(0, 1), 1);
+  EXPECT_EQ(sills.at(0, 2), 0) << "a letter without a form";
+  EXPECT_EQ(sills.at(1, 2), 1);
+  setStructure(session, {5, 1}, Line::second, "P", -8, 1.5);
+  EXPECT_TRUE(matrixTest(session, kThree, {1}).at(1).passed) << "all 1: eigenvalues 0, 0, 3";
+}
+
 TEST(FullMatrix, WithoutModelsOrVariablesHasNoVerdict) {
   Session session;
   resetFitState(session);
