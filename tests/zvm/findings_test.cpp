@@ -83,6 +83,34 @@ INSTANTIATE_TEST_SUITE_P(
             {"2:1: warning: a comma in quotes in the tag: a program that writes it without quotes "
              "breaks the file",
              "2:1: warning: the tag `a, b` is none that a save brings back"}},
+        Row{"a line end in a name",
+            kData.with(5, "\"le\nad\""),
+            {"5:1: warning: a line end in quotes in the name of variable 2: a program that writes "
+             "it "
+             "without quotes breaks the file"}},
+        Row{"a blank in front of a name",
+            kData.with(5, "\" lead\""),
+            {"5:1: warning: a blank in front in the quotes of the name of variable 2: a program "
+             "that "
+             "writes it without quotes drops it"}},
+        Row{"blanks within and behind a name", kData.with(5, "\"le\tad \""), {}},
+        Row{"no title",
+            kData.with(1, "\" \""),
+            {"1:1: warning: no title: a program that writes it without quotes breaks the file"}},
+        Row{"a control character in a name",
+            kData.with(5, "le\x1B[31m\x07"),
+            {"5:3: warning: a control character, 0x1B, in the name of variable 2"}},
+        Row{"one beyond ASCII, in quotes",
+            kData.with(4, " \"zi\x85n\""),
+            {"4:5: warning: a control character, 0x85, in the name of variable 1"}},
+        Row{"the last of them in the title",
+            kData.with(1, "\x7F"),
+            {"1:1: warning: a control character, 0x7F, in the title"}},
+        Row{"letters of Latin-1", kData.with(5, "\xE9tain \xA0\xFF\xC3"), {}},
+        Row{"a name in UTF-8",
+            kData.with(5, "z\xC3\xAFnc \xE2\x82\xAC"),
+            {"5:2: warning: the name of variable 2 looks like UTF-8; it is read as Latin-1, each "
+             "byte as a letter of its own"}},
         Row{"equal names",
             kData.with(5, "zinc "),
             {"5:1: warning: two names of variables are `zinc`"}},
@@ -103,7 +131,7 @@ INSTANTIATE_TEST_SUITE_P(
             kData.with(10, "10 0,5 40"),
             {"10:6: warning: class 1 of `zinc` in `0;0` has 5 pairs, fewer than 30",
              "11:4: warning: class 2 of `zinc` in `0;0` has 1.5 pairs, fewer than 30",
-             "13:4: warning: class 1 of `lead` in `0;0` has 1 pairs, fewer than 30",
+             "13:4: warning: class 1 of `lead` in `0;0` has 1 pair, fewer than 30",
              "14:4: warning: class 2 of `lead` in `0;0` has 2 pairs, fewer than 30",
              "14:6: warning: 3 bytes behind the end are not read"}},
         Row{"a text for a semivariance",
@@ -218,10 +246,23 @@ INSTANTIATE_TEST_SUITE_P(
             kModel.with(15, "2"),
             {"15:1: warning: the total sill of `zinc` in `0;0` is 2.1, above twice the variance, "
              "1"}},
+        Row{"less than nothing",
+            kModel.with(15, "-2.5"),
+            {"15:1: warning: the total sill of `zinc` in `0;0` is -2.4, in size above twice the "
+             "variance, 1"}},
+        Row{"more than twice a negative variance",
+            kModel.with(8, "-1").with(15, "2"),
+            {"15:1: warning: the total sill of `zinc` in `0;0` is 2.1, in size above twice the "
+             "variance, -1"}},
         Row{"more than twice it by the nugget",
             kModel.with(12, "3").with(13, "0"),
             {"12:1: warning: the total sill of `zinc` in `0;0` is 3, above twice the variance, "
              "1"}}));
+
+TEST(Findings, CountOneByteAsOne) {
+  EXPECT_EQ(findingsOf(kData.bytes() + "."),
+            Findings{"15:1: warning: 1 byte behind the end is not read"});
+}
 
 TEST(Findings, OfNothingIsItsEnd) {
   EXPECT_EQ(findingsOf(""), Findings{"1:1: error: the file ends before the title"});

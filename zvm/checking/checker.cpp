@@ -1,6 +1,7 @@
 #include "zvm/checking/checker.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -11,6 +12,7 @@
 #include "session/policy.h"
 #include "session/tables.h"
 #include "zvm/checking/cross_names.h"
+#include "zvm/checking/letters.h"
 
 namespace zevfit::checking {
 namespace {
@@ -28,6 +30,13 @@ bool hasAngles(std::string_view name) {
       [] { return false; });
 }
 
+/// What a field without quotes ends at.
+struct Quoted {
+  const char* letters;
+  const char* what;
+};
+constexpr std::array kQuoted{Quoted{",", "a comma"}, Quoted{"\r\n", "a line end"}};
+
 bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == text.npos; }
 
 /// Written on a line of its own it is read back as it is.
@@ -39,10 +48,12 @@ bool isOneToken(std::string_view text) {
 }  // namespace
 
 std::string shown(std::string_view text) {
-  std::string cut(text.substr(0, kLongestShown));
-  std::ranges::replace_if(
-      cut, [](unsigned char c) { return c < ' '; }, ' ');
+  const std::string cut = withoutControls(text.substr(0, kLongestShown), Tabs::blanks);
   return '`' + cut + (text.size() > kLongestShown ? "...`" : "`");
+}
+
+std::string counted(const std::string& number, const std::string& word) {
+  return number + ' ' + word + (number == "1" ? "" : "s");
 }
 
 std::string Checker::words(Pair pair) const {
@@ -75,7 +86,7 @@ void Checker::endsEarly(const Item& item) {
 Token Checker::text(const Item& item) {
   const auto token = in_.text();
   if (!token) endsEarly(item);
-  quotes(*token, item);
+  lookAt(*token, item);
   return *token;
 }
 
@@ -95,18 +106,45 @@ double Checker::valueOf(const Token& token, const Item& item) {
 
 double Checker::value(const Item& item) { return valueOf(number(item), item); }
 
+void Checker::lookAt(const Token& token, const Item& item) {
+  if (token.isQuoted) quotes(token, item);
+  letters(token, item);
+}
+
+/// What nothing but the quotes holds together. zevFIT itself writes them where they are needed.
 void Checker::quotes(const Token& token, const Item& item) {
-  if (token.isQuoted && token.text.find(',') != token.text.npos)
-    warning(token.offset, "a comma in quotes in the " + words(item) +
-                              ": a program that writes it without quotes breaks the file");
+  for (const auto& [letters, what] : kQuoted)
+    if (token.text.find_first_of(letters) != token.text.npos)
+      warning(token.offset, std::string(what) + " in quotes in the " + words(item) +
+                                ": a program that writes it without quotes breaks the file");
+  if (!isBlank(token.text) && isBlank(token.text.substr(0, 1)))
+    warning(token.offset, "a blank in front in the quotes of the " + words(item) +
+                              ": a program that writes it without quotes drops it");
   if (token.isCut)
     warning(token.offset,
             "a save does not bring back what stands behind the quotes of the " + words(item));
 }
 
+/// Files are in Latin-1, of which control characters are no letters.
+void Checker::letters(const Token& token, const Item& item) {
+  const std::size_t first = token.offset + (token.isQuoted ? 1 : 0);
+  const std::size_t foreign = beyondAscii(token.text);
+  if (foreign != token.text.npos)
+    return warning(first + foreign, "the " + words(item) +
+                                        " looks like UTF-8; it is read as Latin-1, each byte as a "
+                                        "letter of its own");
+  const auto isOdd = [](char c) { return isControl(c) && !isBlank({&c, 1}); };
+  const auto found = std::ranges::find_if(token.text, isOdd);
+  if (found == token.text.end()) return;
+  warning(first + static_cast<std::size_t>(found - token.text.begin()),
+          "a control character, 0x" + hexText(*found) + ", in the " + words(item));
+}
+
 void Checker::title() {
   const Token token = text({"title"});
   file_.title = token.text;
+  if (isBlank(token.text))
+    warning(token.offset, "no title: a program that writes it without quotes breaks the file");
   const Place behind = lines_.at(in_.offset());
   const std::string_view line = lines_.line(behind.line);
   if (!isBlank(line.substr(std::min(behind.column - 1, line.size()))) && behind.column > 1)

@@ -66,7 +66,9 @@ class Checker {
   double value(const Item& item);
   double valueOf(const Token& token, const Item& item);
   [[noreturn]] void endsEarly(const Item& item);
+  void lookAt(const Token& token, const Item& item);
   void quotes(const Token& token, const Item& item);
+  void letters(const Token& token, const Item& item);
 
   void add(Severity severity, std::size_t offset, std::string text, Topic topic = Topic::content);
   void warning(std::size_t offset, std::string text) {
@@ -96,5 +98,7 @@ class Checker {
 
 /// A text of a file in a message: cut where it is long.
 std::string shown(std::string_view text);
+/// "1 pair", "2 pairs"; the word as it is for one.
+std::string counted(const std::string& number, const std::string& word);
 
 }  // namespace zevfit::checking

@@ -58,7 +58,7 @@ void Checker::pairsOf(float pairs, const Item& item, std::size_t offset) {
   if (pairs <= 0)
     warning(offset, where + " has no pairs");
   else
-    warning(offset, where + " has " + generalText(pairs) + " pairs, fewer than 30");
+    warning(offset, where + " has " + counted(generalText(pairs), "pair") + ", fewer than 30");
 }
 
 /// Classes without pairs, which have any distance, do not take part.

@@ -90,7 +90,7 @@ ModelLine Checker::modelLine(Pair pair, int structure) {
 void Checker::letterOf(ModelLine& line, const Item& item) {
   const auto token = in_.text();
   if (!token) throw EndOfModels();
-  quotes(*token, item);
+  lookAt(*token, item);
   line.letter = trimmed(token->text).substr(0, kLongestLetter);
   if (!isLetter(line.letter))
     warning(token->offset,
@@ -123,8 +123,10 @@ void Checker::totalOf(const ModelLines& lines, Pair pair) {
     if (line.flag == 1 && formOf(line.letter) != Form::power) total += line.sill;
   const double variance = file_.variances.at(static_cast<std::size_t>(pair.variable - 1));
   if (!(std::abs(total) > kMostOfVariance * std::abs(variance)) || !std::isfinite(total)) return;
+  const bool isSigned = total < 0 || variance < 0;
   warning(sillOffset_, "the total sill" + words(pair) + " is " + generalText(total) +
-                           ", above twice the variance, " + generalText(variance));
+                           (isSigned ? ", in size" : ",") + " above twice the variance, " +
+                           generalText(variance));
 }
 
 void Checker::rest() {
@@ -139,8 +141,10 @@ void Checker::rest() {
         Topic::reading);
     return;
   }
+  const std::size_t left = bytes_.size() - offset;
   add(Severity::warning, offset,
-      std::to_string(bytes_.size() - offset) + " bytes behind the end are not read",
+      counted(std::to_string(left), "byte") + " behind the end " + (left == 1 ? "is" : "are") +
+          " not read",
       Topic::reading);
 }
 
