@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 #include "files/output_file.h"
@@ -76,16 +77,31 @@ fs::path targetOf(fs::path path) {
   fail(path, std::generic_category().message(error));
 }
 
-/// The open descriptor that a path stands for, whatever it leads to.
-std::optional<int> descriptorOf(const std::string& path) {
-  if (path == "/dev/stdout") return STDOUT_FILENO;
-  if (path == "/dev/stderr") return STDERR_FILENO;
-  constexpr std::string_view kFolder = "/dev/fd/";
-  if (!path.starts_with(kFolder)) return std::nullopt;
+/// A folder in which the open descriptors of this program stand as files, by their numbers.
+bool holdsDescriptors(const fs::path& folder) {
+  std::error_code failed;
+  const std::string name = fs::canonical(folder, failed).string();
+  const std::string number = std::to_string(::getpid()), process = "/proc/" + number;
+  return !failed && (name == process + "/fd" || name == process + "/task/" + number + "/fd");
+}
+
+std::optional<int> numberOf(const std::string& text) {
   int number = 0;
-  const char* const last = path.data() + path.size();
-  const auto read = std::from_chars(path.data() + kFolder.size(), last, number);
+  const char* const last = text.data() + text.size();
+  const auto read = std::from_chars(text.data(), last, number);
   return read.ec == std::errc() && read.ptr == last ? std::optional(number) : std::nullopt;
+}
+
+/// The open descriptor that a path stands for, by itself or by a link as /dev/stdout is one,
+/// whatever the descriptor leads to.
+std::optional<int> descriptorOf(fs::path path) {
+  std::error_code failed;
+  for (int i = 0; i < kMostLinks; ++i) {
+    if (holdsDescriptors(path.parent_path())) return numberOf(path.filename().string());
+    if (!fs::is_symlink(path, failed)) return std::nullopt;
+    path = path.parent_path() / fs::read_symlink(path, failed);
+  }
+  return std::nullopt;
 }
 
 bool isSpecial(const std::string& path) {

@@ -5,11 +5,13 @@
 
 namespace zevfit::verbs {
 
-/// The file is stdout, under either of its names.
+/// The file is stdout, under any of its names.
 bool isStandardOutput(const std::string& path);
 
 /// Throws Failure where a file of that name is there and may not be overwritten. What is no regular
-/// file, such as a device, a pipe or /dev/stdout, is written to as it is, and a folder can't be.
+/// file, such as a device or a pipe, is written to as it is, and so is an open descriptor, such as
+/// /dev/stdout or /proc/self/fd/3, also one of a regular file, which it continues. A folder can't
+/// be written.
 void requireFree(const std::string& path, bool overwrite);
 
 /// Writes a file in one step, of a symbolic link its target: at every moment there is no file, the
