@@ -11,6 +11,7 @@
 #include "zvm/points/points_reader.h"
 #include "zvm/verbs/compute_options.h"
 #include "zvm/verbs/compute_report.h"
+#include "zvm/verbs/input.h"
 #include "zvm/verbs/output.h"
 #include "zvm/verbs/progress.h"
 #include "zvm/verbs/text.h"
@@ -39,8 +40,7 @@ auto guarded(Work&& work) {
 zvm::PointSet pointsOf(const ComputeOptions& options, const zvm::ReadOptions& read,
                        Context& context) {
   if (options.points == kStandardStream) return zvm::readPoints(context.in(), "stdin", read);
-  std::ifstream file(options.points, std::ios::binary);
-  if (!file) throw Failure(Exit::file, "cannot read " + options.points + ": it can't be opened");
+  std::ifstream file = openInput(options.points);
   std::error_code unknown;
   const auto size = static_cast<double>(std::filesystem::file_size(options.points, unknown));
   Progress progress(context, "reading");

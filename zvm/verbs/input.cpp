@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <filesystem>
 #include <iterator>
 #include <system_error>
 
@@ -71,6 +72,15 @@ std::string readInput(Context& context, const std::string& path) {
   } catch (const std::ios_base::failure&) {
     fail("stdin", EIO);
   }
+}
+
+std::ifstream openInput(const std::string& path) {
+  std::error_code unknown;
+  if (std::filesystem::is_directory(path, unknown)) fail(path, EISDIR);
+  errno = 0;
+  std::ifstream file(path, std::ios::binary);
+  if (!file) fail(path, errno);
+  return file;
 }
 
 std::unique_ptr<Loaded> loadInput(Context& context, const std::string& path) {

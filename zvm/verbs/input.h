@@ -1,6 +1,6 @@
 #pragma once
 
-#include <istream>
+#include <fstream>
 #include <memory>
 #include <string>
 
@@ -12,6 +12,10 @@ namespace zevfit::verbs {
 /// The bytes of a file, of "-" those of stdin; pipes and devices are read to their end. Throws
 /// Failure where it can't be read.
 std::string readInput(Context& context, const std::string& path);
+
+/// A file to be read piece by piece. Throws Failure with the system's reason where it can't be
+/// opened, and for a folder.
+std::ifstream openInput(const std::string& path);
 
 /// A variogram file in the tables of the program.
 struct Loaded {

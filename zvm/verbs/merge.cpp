@@ -7,6 +7,7 @@
 #include "zvm/experimental/part_file.h"
 #include "zvm/points/data_error.h"
 #include "zvm/verbs/compute_report.h"
+#include "zvm/verbs/input.h"
 #include "zvm/verbs/output.h"
 #include "zvm/verbs/verb.h"
 
@@ -21,8 +22,7 @@ zvm::Experimental joined(const std::vector<std::string>& files, Context& context
       parts.emplace_back(context.in(), "stdin");
       continue;
     }
-    streams.push_back(std::make_unique<std::ifstream>(file, std::ios::binary));
-    if (!*streams.back()) throw Failure(Exit::file, "cannot read " + file + ": it can't be opened");
+    streams.push_back(std::make_unique<std::ifstream>(openInput(file)));
     parts.emplace_back(*streams.back(), file);
   }
   return zvm::mergeParts(parts);
