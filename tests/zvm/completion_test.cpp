@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <nlohmann/json.hpp>
 #include <sstream>
 #include <streambuf>
 #include <string>
@@ -45,6 +46,8 @@ TEST(CommandLine, HelpsAndTellsItsVersion) {
   EXPECT_EQ(help.code, 0);
   for (const char* verb : {"info", "check", "test", "export", "completion"})
     EXPECT_NE(help.out.find("  " + std::string(verb) + "  "), std::string::npos) << verb;
+  for (const char* code : {" 0 done", " 1 the", " 2 wrong", " 3 the", " 4 a", " 130 interrupted"})
+    EXPECT_NE(help.out.find(code), std::string::npos) << code;
   EXPECT_EQ(ran({"--version"}).out.rfind("zvm ", 0), 0U);
   EXPECT_EQ(ran({"check", "--version"}).out, ran({"--version"}).out);
 }
@@ -67,6 +70,17 @@ TEST(CommandLine, TellsWhatIsWrong) {
        "--json, --overwrite"},
       {{"check", "-", "--threads", "many"},
        "--threads: it takes a whole number from 1, not `many`; zvm check --help tells more"},
+      {{"check", "-", "--threads", "1", "--threads=2"},
+       "--threads takes one value, not 2; zvm check --help tells more"},
+      {{"check", "-", "--threads"}, "--threads takes a value: N; zvm check --help tells more"},
+      {{"check", "-", "--json=maybe"}, "--json does not take `maybe`; zvm check --help tells more"},
+      {{"compute", "a", "b", "--lags", "2.5"},
+       "--lags does not take `2.5`; zvm compute --help tells more"},
+      {{"check", "-", "-q=1"},
+       "no option `-=1` of zvm check; there are --help, --json, --quiet, --version, --threads, "
+       "--overwrite"},
+      {{"info", "a", "--", "--json"},
+       "`--json` is one argument too many; zvm info --help tells more"},
       {{"completion", "bsh"}, "no shell `bsh`; there are bash, zsh"},
   };
   for (const Row& row : rows) {
@@ -74,6 +88,15 @@ TEST(CommandLine, TellsWhatIsWrong) {
     EXPECT_EQ(run.err, "zvm: error: " + row.message + "\n");
     EXPECT_EQ(run.code, 2) << row.message;
     EXPECT_EQ(run.out, "") << row.message;
+  }
+}
+
+TEST(Completion, TellsTheScriptAsJson) {
+  for (const char* shell : {"bash", "zsh"}) {
+    const auto report = nlohmann::json::parse(ran({"completion", shell, "--json"}).out);
+    EXPECT_EQ(report.at("schema"), "zvm.completion/1");
+    EXPECT_EQ(report.at("shell"), shell);
+    EXPECT_EQ(report.at("script"), ran({"completion", shell}).out);
   }
 }
 

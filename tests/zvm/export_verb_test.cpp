@@ -145,6 +145,15 @@ TEST_F(Export, AsksForWhatItNeeds) {
       {{"--to", "gstat", "--json", "-o", "/dev/stdout"},
        2,
        "--json reports on a file: it takes -o"},
+      {{"--to", "gstat", "--main", ""}, 3, "no direction `` in -; there are 0;0, 90;0"},
+      {{"--to", "zvp", "--main", "0;0"},
+       3,
+       "-: Main / Minor 1 directions are not orthogonals ! Without --minor1 that is Main; a "
+       "kriging "
+       "file takes two at right angles."},
+      {{"--to", "gstat", "--to", "csv"},
+       2,
+       "--to takes one value, not 2; zvm export --help tells more"},
       {{"--to", "gstat", "--var", "zink"}, 3, "no variable `zink` in -; there are zinc"},
       {{"--to", "gstat", "--var", "zinc", "--var", "1"}, 2, "--var 1 is there twice"},
       {{"--to", "gstat", "--main", "45;0"}, 3, "no direction `45;0` in -; there are 0;0, 90;0"},
@@ -213,13 +222,17 @@ TEST_F(Export, WritesToWhatIsNoFileAsItIs) {
 TEST_F(Export, WritesToADescriptorWhereItStands) {
   const int descriptor = ::open(path("made").c_str(), O_WRONLY | O_CREAT, 0600);
   ASSERT_EQ(::write(descriptor, "old\n", 4), 4);
-  const std::string name = "/dev/fd/" + std::to_string(descriptor);
-  EXPECT_EQ(ran({"export", "-", "--to", "gstat", "-o", name}, kModel.bytes()).code, 0);
+  const std::string number = std::to_string(descriptor);
+  const Names names{"/dev/fd/" + number, "/proc/self/fd/" + number,
+                    "/proc/" + std::to_string(::getpid()) + "/fd/" + number};
+  for (const std::string& name : names)
+    EXPECT_EQ(ran({"export", "-", "--to", "gstat", "-o", name}, kModel.bytes()).code, 0) << name;
   ::close(descriptor);
-  EXPECT_EQ(contentOf(path("made")),
-            "old\n" + ran({"export", "-", "--to", "gstat"}, kModel.bytes()).out);
-  EXPECT_EQ(ran({"export", "-", "--to", "gstat", "-o", name}, kModel.bytes()).err,
-            "zvm: error: cannot write " + name + ": Bad file descriptor\n");
+  const std::string text = ran({"export", "-", "--to", "gstat"}, kModel.bytes()).out;
+  EXPECT_EQ(contentOf(path("made")), "old\n" + text + text + text);
+  for (const std::string& name : names)
+    EXPECT_EQ(ran({"export", "-", "--to", "gstat", "-o", name}, kModel.bytes()).err,
+              "zvm: error: cannot write " + name + ": Bad file descriptor\n");
 }
 
 TEST_F(Export, LooksForSignalsBeforeTheLastStep) {
@@ -274,10 +287,20 @@ TEST_F(Export, ReportsAsJsonOnAFile) {
   EXPECT_EQ(report.at("bytes"), contentOf(path("out.R")).size());
 }
 
+TEST_F(Export, WarnsOfTheFile) {
+  const Ran run = ran({"export", "-", "--to", "gstat"}, kModel.with(16, "0").bytes());
+  EXPECT_EQ(run.code, 0);
+  EXPECT_EQ(run.err,
+            "zvm: warning: -: zinc: structure 1 along 0;0 has no range above 0; 1e-05 is taken\n");
+}
+
 TEST_F(Export, NamesAMissingCrossVariable) {
   const Names arguments{"export", "-", "--to", "gstat", "--var", "zinc", "--var", "lead"};
   const Ran none = ran(arguments, threeVariables("cov"));
   EXPECT_EQ(none.code, 3);
+  EXPECT_EQ(none.err,
+            "zvm: error: -: no variable is named zinc-lead; there are cov; --cross-of "
+            "\"NAME=A,B\" names one\n");
   EXPECT_EQ(ran(arguments, threeVariables("lead-zinc")).code, 3) << "there is no model";
 }
 

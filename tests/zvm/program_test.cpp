@@ -72,6 +72,14 @@ TEST_F(Program, TellsWhatIsWrong) {
       {"$zvm check - <&-", 4, "zvm: error: cannot read stdin: Input/output error\n"},
       {"$zvm info - </dev/null", 3, "zvm: error: -:1:1: the file ends before the title\n"},
       {"$zvm check none.zvm", 4, "zvm: error: cannot read none.zvm: No such file or directory\n"},
+      {"$zvm compute none.csv made.zvm --x x --y y --var v --lag 1 --lags 2", 4,
+       "zvm: error: cannot read none.csv: No such file or directory\n"},
+      {"$zvm compute . made.zvm --x x --y y --var v --lag 1 --lags 2", 4,
+       "zvm: error: cannot read .: Is a directory\n"},
+      {"$zvm merge none1 none2 made.zvm", 4,
+       "zvm: error: cannot read none1: No such file or directory\n"},
+      {"$zvm merge good.zvm/in none2 made.zvm", 4,
+       "zvm: error: cannot read good.zvm/in: Not a directory\n"},
       {"$zvm test good.zvm --primary zink --secondary zinc", 3,
        "zvm: error: no variable `zink` in good.zvm; there are zinc\n"},
   };
@@ -143,6 +151,12 @@ TEST_F(Program, WritesOutputsOfEveryKind) {
       "$zvm export good.zvm --to gstat -o /dev/stdout",
       "$zvm export good.zvm --to gstat -o /dev/stdout | cat",
       "$zvm export good.zvm --to gstat -o /dev/fd/3 3>&1",
+      "$zvm export good.zvm --to gstat -o /proc/self/fd/1",
+      "$zvm export good.zvm --to gstat -o /proc/self/fd/1 | cat",
+      "$zvm export good.zvm --to gstat -o /proc/thread-self/fd/1",
+      "sh -c \"exec $zvm export good.zvm --to gstat -o /proc/\\$\\$/fd/1\"",
+      "ln -s /dev/stdout link; $zvm export good.zvm --to gstat -o link; rm link",
+      "ln -s /proc/self/fd link; $zvm export good.zvm --to gstat -o link/1; rm link",
       "mkfifo pipe; cat pipe & $zvm export good.zvm --to gstat -o pipe; wait; rm pipe",
       "$zvm export good.zvm --to gstat -o made; cat made",
       "echo old >old; $zvm export good.zvm --to gstat -o old --overwrite; cat old",
@@ -154,8 +168,10 @@ TEST_F(Program, WritesOutputsOfEveryKind) {
     EXPECT_EQ(run.code, 0) << line;
   }
   // The file that stdout leads to is continued, not written from its beginning.
-  EXPECT_EQ(shell("echo before; $zvm export good.zvm --to gstat -o /dev/stdout").out,
-            "before\n" + text);
+  for (const char* name : {"/dev/stdout", "/dev/fd/1", "/proc/self/fd/1"})
+    EXPECT_EQ(shell(std::string("echo before; $zvm export good.zvm --to gstat -o ") + name).out,
+              "before\n" + text)
+        << name;
 }
 
 TEST_F(Program, GoesOnWhereASignalIsIgnored) {

@@ -157,6 +157,24 @@ TEST_F(Verbs, CheckTellsAllAsJson) {
   EXPECT_EQ(report, expected);
 }
 
+TEST_F(Verbs, CheckTellsWhatItCanNotReadAsJson) {
+  const std::string good = write("good.zvm", kData.bytes());
+  const Ran run = ran({"check", path("none.zvm"), good, "--json"});
+  EXPECT_EQ(run.code, 4);
+  const Json files = Json::parse(run.out).at("files");
+  ASSERT_EQ(files.size(), 2U);
+  EXPECT_EQ(files.at(0).at("failure"),
+            "cannot read " + path("none.zvm") + ": No such file or directory");
+  EXPECT_EQ(files.at(0).at("errors"), 0);
+  EXPECT_FALSE(files.at(1).contains("failure"));
+}
+
+TEST_F(Verbs, CheckReadsStdinOnce) {
+  const Ran run = ran({"check", "-", "-"}, kData.bytes());
+  EXPECT_EQ(run.code, 2);
+  EXPECT_EQ(run.err, "zvm: error: stdin is there twice: it can be read once\n");
+}
+
 // ---- test
 
 /// Variables with a spherical structure of range 15 in each direction; a variable as its name and
@@ -238,6 +256,26 @@ TEST_F(Verbs, TestOfAllFailsByTheMatrixAlone) {
   EXPECT_EQ(ran({"test", "-", "--all"}, threeUnits("0.9", "0.9", "0.9")).code, 0);
 }
 
+TEST_F(Verbs, TestTellsThatPowersHaveNoSill) {
+  std::string file = withModels({{"a", "1"}, {"b", "2"}, {"a-b", "3"}}, kOmni);
+  for (std::size_t at = file.find("S\n"); at != file.npos; at = file.find("S\n")) file[at] = 'P';
+  const Ran run = ran({"test", "-", "--all"}, file);
+  EXPECT_EQ(run.code, 1) << "3 squared is more than 2";
+  EXPECT_EQ(run.err,
+            "zvm: warning: -: a power structure is h^a without a sill: the tree compares the sills "
+            "that b, a-b have in the file, the full matrix takes 1\n");
+  EXPECT_NE(run.out.find("passed  structure 1 in 0;0: least eigenvalue 0, trace 2\n"),
+            std::string::npos)
+      << run.out;
+}
+
+TEST_F(Verbs, TestNamesTheFileOfSillsBeyondNumbers) {
+  const Ran run = ran({"test", "-", "--all"},
+                      withModels({{"a", "1e308"}, {"b", "1e308"}, {"a-b", "1"}}, kOmni));
+  EXPECT_EQ(run.code, 3);
+  EXPECT_EQ(run.err, "zvm: error: -: the sills can't be tested: Overflow\n");
+}
+
 TEST_F(Verbs, TestOfTwoOfThreeLooksAtThoseTwo) {
   const Ran run =
       ran({"test", "-", "--primary", "b", "--secondary", "c"}, threeUnits("0.9", "0.9", "-0.9"));
@@ -268,9 +306,10 @@ TEST_F(Verbs, TestNamesPairsWithoutACross) {
   const std::string file = withModels({{"a", "1"}, {"b", "1"}, {"c", "1"}, {"a-b", "0.5"}}, kOmni);
   const Ran run = ran({"test", "-", "--all"}, file);
   EXPECT_EQ(run.code, 0);
-  EXPECT_EQ(run.err,
-            "zvm: warning: no cross variable of a and c, b and c; in the matrix their cross sills "
-            "count as 0\n");
+  EXPECT_EQ(
+      run.err,
+      "zvm: warning: -: no cross variable of a and c, b and c; in the matrix their cross sills "
+      "count as 0\n");
 }
 
 TEST_F(Verbs, TestTakesACrossVariableOfAnotherName) {
@@ -279,9 +318,10 @@ TEST_F(Verbs, TestTakesACrossVariableOfAnotherName) {
   EXPECT_EQ(ran({"test", "-", "--all", "--cross-of", "cov=b,a"}, named).code, 1);
   const Ran none = ran({"test", "-", "--all"}, named);
   EXPECT_EQ(none.code, 3);
-  EXPECT_EQ(none.err,
-            "zvm: error: no cross variable in -: none is named A-B for two variables A and B; "
-            "--cross-of \"NAME=A,B\" names one\n");
+  EXPECT_EQ(
+      none.err,
+      "zvm: error: no cross variable in -: none is named A-B for two variables A and B; there "
+      "are a, b, cov; --cross-of \"NAME=A,B\" names one\n");
 }
 
 TEST_F(Verbs, TestTakesTheFirstOfTwoCrossVariables) {
@@ -291,8 +331,8 @@ TEST_F(Verbs, TestTakesTheFirstOfTwoCrossVariables) {
   const Ran run = ran({"test", "-", "--all", "--cross-of", "cov=a,b"}, file);
   EXPECT_EQ(run.code, 0) << run.out;
   EXPECT_EQ(run.err,
-            "zvm: warning: b-a and cov are both the cross variable of b and a; cov counts\n"
-            "zvm: warning: a-b and cov are both the cross variable of a and b; cov counts\n");
+            "zvm: warning: -: b-a and cov are both the cross variable of b and a; cov counts\n"
+            "zvm: warning: -: a-b and cov are both the cross variable of a and b; cov counts\n");
 }
 
 TEST_F(Verbs, TestAsksForWhatItNeeds) {
@@ -317,7 +357,18 @@ TEST_F(Verbs, TestAsksForWhatItNeeds) {
        "--primary and --secondary are one variable"},
       {{"--primary", "a", "--secondary", "a-b", "--main", "1"},
        2,
-       "--cross is missing: no variable is named a-a-b"},
+       "--cross is missing: no variable is named a-a-b; there are b"},
+      {{"--primary", "a", "--secondary", "b", "--cross", "b", "--main", "1"},
+       2,
+       "--cross is --primary or --secondary"},
+      {{"--primary", "a", "--secondary", "b", "--cross", "", "--main", "1"},
+       3,
+       "no variable `` in -; there are a, b, a-b"},
+      {{"--primary", "a", "--secondary", "b", "--main", ""},
+       3,
+       "no direction `` in -; there are 0;0, 90;0"},
+      {{"--all", "--cross-of", "a-b=a,a"}, 2, "--cross-of takes three variables, not `a-b=a,a`"},
+      {{"--all", "--cross-of", "b=a,b"}, 2, "--cross-of takes three variables, not `b=a,b`"},
       {{"--primary", "a", "--secondary", "c", "--main", "1"},
        3,
        "no variable `c` in -; there are a, b, a-b"},

@@ -105,7 +105,7 @@ std::string jsonText(const Session& session, const Request& request, Warnings& w
     model["crossOf"] = {variableName(session, cross.first), variableName(session, cross.second)};
     models.push_back(model);
   }
-  const Json all{{"schema", "zvm.export/1"},       {"conventions", conventions()},
+  const Json all{{"schema", "zvm.model/1"},        {"conventions", conventions()},
                  {"dimensions", triad.dimensions}, {"isotropic", triad.isotropic},
                  {"axes", axesOf(session, triad)}, {"models", models}};
   return all.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";

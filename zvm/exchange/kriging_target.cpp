@@ -13,6 +13,9 @@
 namespace zevfit::exchange {
 namespace {
 
+constexpr const char* kNoMinor =
+    " Without --minor1 that is Main; a kriging file takes two at right angles.";
+
 /// The fields of the axes as the window has them when it comes up for the first time.
 class Fields : public AxisFields {
  public:
@@ -79,7 +82,8 @@ std::string krigingFileText(const Session& session, const Request& request, Warn
   Session opened = session;
   const KrigingModel file = krigingModel(opened, variable, picked);
   refuse(illegalAngle(file));
-  refuse(angleRefusal(file, AngleTest()));
+  if (const auto reason = angleRefusal(file, AngleTest()))
+    throw Refusal(*reason + (picked.minor1 ? "" : kNoMinor));
   refuse(structureRefusal(file, std::filesystem::path(session.inputfile).filename().string()));
   if (hasGap(model))
     warnings.push_back(model.variable +

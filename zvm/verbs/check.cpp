@@ -1,8 +1,10 @@
 #include <algorithm>
 
 #include "zvm/checking/check_file.h"
+#include "zvm/checking/letters.h"
 #include "zvm/verbs/input.h"
 #include "zvm/verbs/report.h"
+#include "zvm/verbs/terminal.h"
 #include "zvm/verbs/text.h"
 #include "zvm/verbs/verb.h"
 
@@ -22,9 +24,8 @@ std::string excerpt(std::string_view line, std::size_t column) {
   const std::size_t at = column - 1;
   const std::size_t first =
       line.size() <= kShownBytes || at < kShownBytes / 2 ? 0 : at - kShownBytes / 2;
-  std::string shown(line.substr(first, kShownBytes));
-  std::ranges::replace_if(
-      shown, [](unsigned char c) { return c < ' ' && c != '\t'; }, ' ');
+  const std::string shown =
+      checking::withoutControls(line.substr(first, kShownBytes), checking::Tabs::kept);
   std::string blanks = shown.substr(0, at - first);
   std::ranges::replace_if(
       blanks, [](char c) { return c != '\t'; }, ' ');
@@ -36,9 +37,9 @@ std::string textReport(const std::string& path, const checking::LineMap& lines,
                        const std::vector<Finding>& findings) {
   std::string text;
   for (const auto& [severity, place, words, topic] : findings)
-    text += path + ':' + std::to_string(place.line) + ':' + std::to_string(place.column) + ": " +
-            wordOf(severity) + ": " + utf8Of(words) + '\n' +
-            excerpt(lines.line(place.line), place.column);
+    text += terminalText(path) + ':' + std::to_string(place.line) + ':' +
+            std::to_string(place.column) + ": " + wordOf(severity) + ": " +
+            terminalText(utf8Of(words)) + '\n' + excerpt(lines.line(place.line), place.column);
   return text;
 }
 
@@ -55,8 +56,17 @@ Json jsonReport(const std::string& path, const std::vector<Finding>& findings) {
           {"findings", rows}};
 }
 
+/// What JSON tells of a file that can't be read.
+Json failureReport(const std::string& path, const Failure& failure) {
+  Json report = jsonReport(path, {});
+  report["failure"] = failure.what();
+  return report;
+}
+
 /// The worst of all files; one that can't be read does not keep the others from being checked.
 Exit checkAll(const std::vector<std::string>& paths, Context& context) {
+  if (std::ranges::count(paths, kStandardStream) > 1)
+    throw Failure(Exit::usage, "stdin is there twice: it can be read once");
   Exit worst = Exit::done;
   Json files = Json::array();
   for (const std::string& path : paths) {
@@ -70,6 +80,7 @@ Exit checkAll(const std::vector<std::string>& paths, Context& context) {
       if (result.hasErrors()) worst = std::max(worst, Exit::bad);
     } catch (const Failure& failure) {
       context.error(failure.what());
+      if (context.common.json) files.push_back(failureReport(path, failure));
       worst = std::max(worst, failure.code());
     }
   }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <new>
+#include <optional>
+#include <span>
 #include <system_error>
 
 #include "session/fault.h"
@@ -32,8 +34,7 @@ std::string helpText() {
   return "Usage: zvm VERB [options] INPUT... [OUTPUT]\n\nVerbs:\n" + table(rows) +
          "\nzvm VERB --help tells of a verb, zvm --version of the program. - stands for stdin and "
          "stdout.\nExit: 0 done, or the verdict is good; 1 the verdict is bad; 2 wrong usage; 3 "
-         "the "
-         "data can't be\nused; 4 a file can't be read or written.\n";
+         "the data\ncan't be used; 4 a file can't be read or written; 130 interrupted.\n";
 }
 
 std::vector<std::string> optionNames(const CLI::App& app) {
@@ -47,9 +48,11 @@ std::vector<std::string> optionNames(const CLI::App& app) {
 void refuseExtras(const CLI::App& app) {
   std::vector<std::string> extras = app.remaining();
   // The mark behind which all are files counts as one of them.
+  const auto mark = std::ranges::find(extras, "--");
+  const auto options = static_cast<std::size_t>(mark - extras.begin());
   std::erase(extras, "--");
-  for (const std::string& extra : extras) {
-    const std::string name = extra.substr(0, extra.find('='));
+  for (const std::string& extra : std::span(extras).first(options)) {
+    const std::string name = extra.substr(0, extra.find('=', 2));
     if (name.size() > 1 && name.front() == '-')
       throw Failure(Exit::usage, "no option `" + name + "` of " + app.get_name() + "; there are " +
                                      nearestFirst(name, optionNames(app)));
@@ -57,6 +60,28 @@ void refuseExtras(const CLI::App& app) {
   if (!extras.empty())
     throw Failure(Exit::usage, "`" + extras.front() + "` is one argument too many; " +
                                    app.get_name() + " --help tells more");
+}
+
+/// In a text of the library what stands between two parts of it; nothing where they are not there.
+std::optional<std::string> between(std::string_view text, std::string_view before,
+                                   std::string_view behind) {
+  const std::size_t from = text.find(before);
+  if (from == text.npos) return std::nullopt;
+  const std::size_t first = from + before.size(), last = text.find(behind, first);
+  if (last == text.npos) return std::nullopt;
+  return std::string(text.substr(first, last - first));
+}
+
+/// What the library says of arguments, in our words.
+std::string wordsOf(const CLI::ParseError& error) {
+  const std::string text = std::string(error.what()) + '\n';
+  if (const auto count = between(text, ": At Most 1 required but received ", "\n"))
+    return *between(text, "", ":") + " takes one value, not " + *count;
+  if (const auto kind = between(text, ": 1 required ", " missing\n"))
+    return *between(text, "", ":") + " takes a value: " + *kind;
+  if (const auto name = between(text, "Could not convert: ", " = "))
+    return *name + " does not take `" + *between(text, " = ", "\n") + '`';
+  return error.what();
 }
 
 /// False where the arguments only ask for help or the version, which is then printed.
@@ -73,8 +98,7 @@ bool isParsed(CLI::App& app, std::vector<std::string> arguments, Context& contex
     return false;
   } catch (const CLI::ParseError& error) {
     refuseExtras(app);
-    throw Failure(Exit::usage,
-                  std::string(error.what()) + "; " + app.get_name() + " --help tells more");
+    throw Failure(Exit::usage, wordsOf(error) + "; " + app.get_name() + " --help tells more");
   }
   refuseExtras(app);
   return true;

@@ -1,6 +1,7 @@
 #include <array>
 #include <sstream>
 
+#include "zvm/verbs/report.h"
 #include "zvm/verbs/text.h"
 #include "zvm/verbs/verb.h"
 
@@ -158,7 +159,11 @@ Exit runCompletion(const std::string& asked, Context& context) {
   for (const Shell& shell : kShells) {
     names.emplace_back(shell.name);
     if (asked != shell.name) continue;
-    context.print(shell.text(walk()));
+    const std::string script = shell.text(walk());
+    context.print(
+        context.common.json
+            ? textOf({{"schema", "zvm.completion/1"}, {"shell", shell.name}, {"script", script}})
+            : script);
     return Exit::done;
   }
   throw Failure(Exit::usage, "no shell `" + asked + "`; there are " + nearestFirst(asked, names));

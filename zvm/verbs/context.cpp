@@ -1,17 +1,14 @@
 #include "zvm/verbs/context.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "zvm/verbs/output.h"
+#include "zvm/verbs/terminal.h"
 
 namespace zevfit::verbs {
 
 void Context::message(std::string_view kind, std::string_view text) {
-  std::string line(text);
-  std::ranges::replace_if(
-      line, [](char c) { return c == '\n' || c == '\r'; }, ' ');
-  err_ << "zvm: " << kind << ": " << line << '\n' << std::flush;
+  err_ << "zvm: " << kind << ": " << terminalText(text) << '\n' << std::flush;
 }
 
 void Context::error(std::string_view text) { message("error", text); }

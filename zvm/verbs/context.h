@@ -52,7 +52,7 @@ class Context {
   /// A report for stderr, since the file itself goes to stdout.
   void printBeside(std::string_view text) { err_ << text << std::flush; }
 
-  /// One line on stderr each; line ends within become blanks.
+  /// One line on stderr each, as terminalText has it.
   void error(std::string_view message);
   void warning(std::string_view message);
 

@@ -17,21 +17,25 @@ CrossVariable toldCross(const Loaded& loaded, const std::string& told) {
   const auto variable = [&](const std::string& name) {
     return variableOf(loaded.session, loaded.path, name);
   };
-  return {variable(told.substr(0, equals)), variable(told.substr(equals + 1, comma - equals - 1)),
-          variable(told.substr(comma + 1))};
+  const CrossVariable cross{variable(told.substr(0, equals)),
+                            variable(told.substr(equals + 1, comma - equals - 1)),
+                            variable(told.substr(comma + 1))};
+  if (!isOfThree(cross))
+    throw Failure(Exit::usage, "--cross-of takes three variables, not `" + told + "`");
+  return cross;
 }
 
-void addCross(const Session& session, const CrossVariable& cross, Coregion& coregion,
+void addCross(const Loaded& loaded, const CrossVariable& cross, Coregion& coregion,
               Context& context) {
   const auto same = [&](const CrossVariable& other) {
     return isOf(other, cross.first, cross.second);
   };
   const auto before = std::ranges::find_if(coregion.crosses, same);
   if (before == coregion.crosses.end()) return coregion.crosses.push_back(cross);
-  const auto names = variableNames(session);
+  const auto names = variableNames(loaded.session);
   const auto name = [&](std::int64_t v) { return names.at(static_cast<std::size_t>(v - 1)); };
   if (before->cross != cross.cross)
-    context.warning(name(cross.cross) + " and " + name(before->cross) +
+    context.warning(loaded.path + ": " + name(cross.cross) + " and " + name(before->cross) +
                     " are both the cross variable of " + name(cross.first) + " and " +
                     name(cross.second) + "; " + name(before->cross) + " counts");
 }
@@ -50,6 +54,10 @@ std::vector<CrossVariable> crossesByName(const Session& session) {
   return crosses;
 }
 
+bool isOfThree(const CrossVariable& cross) {
+  return cross.first != cross.second && cross.cross != cross.first && cross.cross != cross.second;
+}
+
 bool isOf(const CrossVariable& cross, std::int64_t first, std::int64_t second) {
   return (cross.first == first && cross.second == second) ||
          (cross.first == second && cross.second == first);
@@ -57,16 +65,25 @@ bool isOf(const CrossVariable& cross, std::int64_t first, std::int64_t second) {
 
 Coregion coregionOf(const Loaded& loaded, const std::vector<std::string>& told, Context& context) {
   Coregion coregion;
-  for (const std::string& text : told)
-    addCross(loaded.session, toldCross(loaded, text), coregion, context);
+  for (const std::string& text : told) addCross(loaded, toldCross(loaded, text), coregion, context);
   for (const CrossVariable& cross : crossesByName(loaded.session))
-    addCross(loaded.session, cross, coregion, context);
+    addCross(loaded, cross, coregion, context);
   for (std::int64_t v = 1; v <= loaded.session.nvar; ++v)
     if (std::ranges::any_of(coregion.crosses, [&](const CrossVariable& cross) {
           return cross.first == v || cross.second == v;
         }))
       coregion.variables.push_back(v);
   return coregion;
+}
+
+std::string noCrossOf(const Session& session, std::int64_t first, std::int64_t second) {
+  const std::vector<std::string> names = variableNames(session);
+  const std::string& a = names.at(static_cast<std::size_t>(first - 1));
+  const std::string& b = names.at(static_cast<std::size_t>(second - 1));
+  std::vector<std::string> others = names;
+  std::erase_if(others, [&](const std::string& name) { return name == a || name == b; });
+  const std::string wanted = a + '-' + b, none = "no variable is named " + wanted;
+  return others.empty() ? none : none + "; there are " + nearestFirst(wanted, others);
 }
 
 std::vector<std::pair<std::int64_t, std::int64_t>> pairsWithoutCross(const Session& session,

@@ -14,7 +14,8 @@ namespace {
 using exchange::TargetRow;
 
 struct Options {
-  std::string file, target, main, minor1, minor2, gaussian = "3";
+  std::string file, target, gaussian = "3";
+  std::optional<std::string> main, minor1, minor2;
   std::string output{kStandardStream};
   std::vector<std::string> variables, crossOf;
 };
@@ -39,10 +40,8 @@ void refuseMixture(const Options& options, const TargetRow& target, const Contex
   const std::string to = "--to " + std::string(target.name);
   if (options.variables.size() > 1 && !target.takesSeveral)
     throw Failure(Exit::usage, to + " takes one --var");
-  if (options.main.empty() && !options.minor1.empty())
-    throw Failure(Exit::usage, "--minor1 takes --main");
-  if (options.minor1.empty() && !options.minor2.empty())
-    throw Failure(Exit::usage, "--minor2 takes --minor1");
+  if (!options.main && options.minor1) throw Failure(Exit::usage, "--minor1 takes --main");
+  if (!options.minor1 && options.minor2) throw Failure(Exit::usage, "--minor2 takes --minor1");
   if (options.gaussian != "3" && options.gaussian != "9")
     throw Failure(Exit::usage, "--gslib-gaussian is 3 or 9, not `" + options.gaussian + "`");
   if (context.common.json && isStandardOutput(options.output))
@@ -64,14 +63,27 @@ std::vector<std::int64_t> variablesOf(const Loaded& loaded, const Options& optio
   return variables;
 }
 
-std::optional<std::int64_t> directionNamed(const Loaded& loaded, const std::string& name) {
-  if (name.empty()) return std::nullopt;
-  return directionOf(loaded.session, loaded.path, name);
+std::optional<std::int64_t> directionNamed(const Loaded& loaded,
+                                           const std::optional<std::string>& name) {
+  if (!name) return std::nullopt;
+  return directionOf(loaded.session, loaded.path, *name);
 }
 
 bool areOf(const std::vector<std::int64_t>& variables, std::int64_t first, std::int64_t second) {
   const auto has = [&](std::int64_t one) { return std::ranges::count(variables, one) > 0; };
   return has(first) && has(second);
+}
+
+/// Of two variables and more gstat takes a cross variable for each two.
+void requireCrosses(const Loaded& loaded, const exchange::Request& request) {
+  const auto& variables = request.variables;
+  for (auto a = variables.begin(); a != variables.end(); ++a)
+    for (auto b = std::next(a); b != variables.end(); ++b)
+      if (std::ranges::none_of(request.crosses, [&](const exchange::CrossVariable& cross) {
+            return areOf({*a, *b}, cross.first, cross.second);
+          }))
+        throw Failure(Exit::data, loaded.path + ": " + noCrossOf(loaded.session, *a, *b) +
+                                      "; --cross-of \"NAME=A,B\" names one");
 }
 
 exchange::Request requestOf(const Loaded& loaded, const Options& options, const TargetRow& target,
@@ -91,6 +103,7 @@ exchange::Request requestOf(const Loaded& loaded, const Options& options, const 
     for (const auto& [cross, first, second] : coregionOf(loaded, options.crossOf, context).crosses)
       if (areOf(request.variables, first, second))
         request.crosses.push_back({cross, first, second});
+  if (target.target == exchange::Target::gstat) requireCrosses(loaded, request);
   return request;
 }
 
@@ -119,7 +132,8 @@ Exit runExport(const Options& options, Context& context) {
   const auto loaded = loadInput(context, options.file);
   const exchange::Request request = requestOf(*loaded, options, target, context);
   const exchange::Outcome outcome = outcomeOf(*loaded, request);
-  for (const std::string& warning : outcome.warnings) context.warning(warning);
+  for (const std::string& warning : outcome.warnings)
+    context.warning(loaded->path + ": " + warning);
   context.save(options.output, outcome.text);
   if (context.common.json) context.print(textOf(jsonReport(*loaded, options, request, outcome)));
   return Exit::done;
@@ -129,7 +143,7 @@ Exit runExport(const Options& options, Context& context) {
 
 Run declareExport(CLI::App& app) {
   const auto options = std::make_shared<Options>();
-  const auto add = [&](const char* name, std::string& text, const char* what, const char* type) {
+  const auto add = [&](const char* name, auto& text, const char* what, const char* type) {
     return app.add_option(name, text, what)->type_name(type);
   };
   std::string targets, meanings;

@@ -8,9 +8,8 @@ namespace zevfit::verbs {
 /// An object whose members keep their order.
 using Json = nlohmann::ordered_json;
 
-/// The text of a report: numbers with all digits, bytes that are no UTF-8 replaced.
-inline std::string textOf(const Json& report) {
-  return report.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
-}
+/// The text of a report: numbers with all digits, bytes that are no UTF-8 replaced, control
+/// characters escaped.
+std::string textOf(const Json& report);
 
 }  // namespace zevfit::verbs

@@ -1,14 +1,18 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <optional>
 
 #include "coreg/crosstest.h"
 #include "coreg/full_matrix.h"
+#include "session/fault.h"
+#include "session/form.h"
 #include "session/line.h"
 #include "session/numbers.h"
 #include "zvm/verbs/coregions.h"
 #include "zvm/verbs/input.h"
 #include "zvm/verbs/report.h"
+#include "zvm/verbs/terminal.h"
 #include "zvm/verbs/text.h"
 #include "zvm/verbs/verb.h"
 
@@ -16,7 +20,8 @@ namespace zevfit::verbs {
 namespace {
 
 struct Options {
-  std::string file, primary, secondary, cross, main, minor1, minor2;
+  std::string file;
+  std::optional<std::string> primary, secondary, cross, main, minor1, minor2;
   bool all = false;
   std::vector<std::string> crossOf;
 };
@@ -26,6 +31,11 @@ struct Triple {
   CrossVariable variables;
   std::array<std::int64_t, 3> directions{};
 };
+
+std::array<std::int64_t, 3> variablesOf(const Triple& triple) {
+  const auto& [cross, first, second] = triple.variables;
+  return {first, second, cross};
+}
 
 struct TreeVerdict {
   Triple triple;
@@ -90,32 +100,30 @@ void refuseMixture(const Options& options) {
   const std::array single{&options.primary, &options.secondary, &options.cross,
                           &options.main,    &options.minor1,    &options.minor2};
   const bool anySingle =
-      std::ranges::any_of(single, [](const std::string* text) { return !text->empty(); });
+      std::ranges::any_of(single, [](const auto* text) { return text->has_value(); });
   if (options.all && anySingle)
     throw Failure(Exit::usage, "--all takes no variable and no direction");
   if (!options.all && !options.crossOf.empty())
     throw Failure(Exit::usage, "--cross-of goes with --all; a single cross variable is --cross");
-  if (!options.all && (options.primary.empty() || options.secondary.empty()))
+  if (!options.all && !(options.primary && options.secondary))
     throw Failure(Exit::usage, "--primary and --secondary are missing, or --all");
 }
 
 std::int64_t crossFor(const Loaded& loaded, const Options& options, std::int64_t first,
                       std::int64_t second) {
-  if (!options.cross.empty()) return variableOf(loaded.session, loaded.path, options.cross);
+  if (options.cross) return variableOf(loaded.session, loaded.path, *options.cross);
   for (const CrossVariable& found : crossesByName(loaded.session))
     if (isOf(found, first, second)) return found.cross;
-  throw Failure(Exit::usage, "--cross is missing: no variable is named " +
-                                 nameOf(loaded.session, first) + "-" +
-                                 nameOf(loaded.session, second));
+  throw Failure(Exit::usage, "--cross is missing: " + noCrossOf(loaded.session, first, second));
 }
 
 std::array<std::int64_t, 3> directionsOf(const Loaded& loaded, const Options& options) {
   const Session& session = loaded.session;
-  if (options.main.empty() && session.ndir > 1)
+  if (!options.main && session.ndir > 1)
     throw Failure(Exit::usage,
                   "--main is missing; there are the directions " + listed(directionNames(session)));
-  const auto named = [&](const std::string& name, std::int64_t otherwise) {
-    return name.empty() ? otherwise : directionOf(session, loaded.path, name);
+  const auto named = [&](const std::optional<std::string>& name, std::int64_t otherwise) {
+    return name ? directionOf(session, loaded.path, *name) : otherwise;
   };
   const std::int64_t main = named(options.main, 1);
   const std::int64_t minor1 = named(options.minor1, main);
@@ -124,10 +132,11 @@ std::array<std::int64_t, 3> directionsOf(const Loaded& loaded, const Options& op
 
 Verdicts testOne(const Loaded& loaded, const Options& options) {
   const Session& session = loaded.session;
-  const std::int64_t first = variableOf(session, loaded.path, options.primary);
-  const std::int64_t second = variableOf(session, loaded.path, options.secondary);
+  const std::int64_t first = variableOf(session, loaded.path, *options.primary);
+  const std::int64_t second = variableOf(session, loaded.path, *options.secondary);
   if (first == second) throw Failure(Exit::usage, "--primary and --secondary are one variable");
   const CrossVariable cross{crossFor(loaded, options, first, second), first, second};
+  if (!isOfThree(cross)) throw Failure(Exit::usage, "--cross is --primary or --secondary");
   const auto directions = directionsOf(loaded, options);
   std::vector<std::int64_t> distinct;
   for (const std::int64_t direction : directions)
@@ -143,8 +152,32 @@ void warnOfPairs(const Loaded& loaded, const Coregion& coregion, Context& contex
     pairs += (pairs.empty() ? "" : ", ") + nameOf(loaded.session, first) + " and " +
              nameOf(loaded.session, second);
   if (!pairs.empty())
-    context.warning("no cross variable of " + pairs +
+    context.warning(loaded.path + ": no cross variable of " + pairs +
                     "; in the matrix their cross sills count as 0");
+}
+
+bool hasPowerSill(const Session& session, Pair pair) {
+  return std::ranges::any_of(kStructures, [&](Line which) {
+    const ConstLineRef at = line(session, pair, which);
+    return at.isOn() && formOf(at.letter()) == Form::power && at.sill().number() != 1;
+  });
+}
+
+/// Trees compare the cells as the program does; power structures have no part of theirs.
+void warnOfPowers(const Loaded& loaded, const Verdicts& verdicts, Context& context) {
+  const Session& session = loaded.session;
+  std::vector<std::string> names;
+  for (const TreeVerdict& verdict : verdicts.trees)
+    for (const std::int64_t variable : variablesOf(verdict.triple))
+      for (const std::int64_t direction : verdict.triple.directions) {
+        const std::string name = nameOf(session, variable);
+        if (hasPowerSill(session, {variable, direction}) && std::ranges::count(names, name) == 0)
+          names.push_back(name);
+      }
+  if (!names.empty())
+    context.warning(loaded.path +
+                    ": a power structure is h^a without a sill: the tree compares the sills that " +
+                    listed(names) + " have in the file, the full matrix takes 1");
 }
 
 Verdicts testAll(const Loaded& loaded, const Options& options, Context& context) {
@@ -153,8 +186,9 @@ Verdicts testAll(const Loaded& loaded, const Options& options, Context& context)
   verdicts.coregion = coregionOf(loaded, options.crossOf, context);
   if (verdicts.coregion.crosses.empty())
     throw Failure(Exit::data, "no cross variable in " + loaded.path +
-                                  ": none is named A-B for two variables A and B; --cross-of "
-                                  "\"NAME=A,B\" names one");
+                                  ": none is named A-B for two variables A and B; there are " +
+                                  listed(variableNames(session)) +
+                                  "; --cross-of \"NAME=A,B\" names one");
   warnOfPairs(loaded, verdicts.coregion, context);
   std::vector<std::int64_t> directions;
   directions.reserve(static_cast<std::size_t>(session.ndir));
@@ -166,12 +200,21 @@ Verdicts testAll(const Loaded& loaded, const Options& options, Context& context)
   return verdicts;
 }
 
+Verdicts verdictsOf(const Loaded& loaded, const Options& options, Context& context) {
+  try {
+    return options.all ? testAll(loaded, options, context) : testOne(loaded, options);
+  } catch (const Fault& fault) {
+    throw Failure(Exit::data, loaded.path + ": the sills can't be tested: " + fault.what());
+  }
+}
+
 // ---- What is told.
 
 std::string treeText(const Session& session, const TreeVerdict& verdict) {
   const auto& [cross, first, second] = verdict.triple.variables;
-  std::string text = nameOf(session, first) + ", " + nameOf(session, second) + ", cross " +
-                     nameOf(session, cross) + '\n';
+  std::string text = terminalText(nameOf(session, first) + ", " + nameOf(session, second) +
+                                  ", cross " + nameOf(session, cross)) +
+                     '\n';
   // Children stand behind their parents, but not at once: each node brings its own.
   std::multimap<std::string, const TestNode*> children;
   for (const TestNode& node : verdict.tree) children.emplace(node.parent, &node);
@@ -179,7 +222,8 @@ std::string treeText(const Session& session, const TreeVerdict& verdict) {
     const auto [begin, end] = children.equal_range(parent);
     for (auto child = begin; child != end; ++child) {
       const TestNode& node = *child->second;
-      text += wordsOf(node.image).mark + std::string(2 * depth, ' ') + utf8Of(node.text) + '\n';
+      text += wordsOf(node.image).mark + std::string(2 * depth, ' ') +
+              terminalText(utf8Of(node.text)) + '\n';
       self(self, node.key, depth + 1);
     }
   };
@@ -192,12 +236,12 @@ std::string matrixText(const Session& session, const Verdicts& verdicts) {
   for (const std::int64_t variable : verdicts.coregion.variables)
     names += (names.empty() ? "" : ", ") + nameOf(session, variable);
   if (verdicts.matrices.empty()) return "No full matrix: no line is in use\n";
-  std::string text = "Full matrix of " + names + '\n';
+  std::string text = "Full matrix of " + terminalText(names) + '\n';
   for (const MatrixVerdict& verdict : verdicts.matrices)
     text += wordsOf(verdict.passed ? NodeImage::passed : NodeImage::failed).mark +
-            lineName(verdict.line) + " in " + directionName(session, verdict.direction) +
-            ": least eigenvalue " + generalText(verdict.least) + ", trace " +
-            generalText(verdict.trace) + '\n';
+            lineName(verdict.line) + " in " +
+            terminalText(directionName(session, verdict.direction)) + ": least eigenvalue " +
+            generalText(verdict.least) + ", trace " + generalText(verdict.trace) + '\n';
   return text;
 }
 
@@ -248,8 +292,8 @@ Json jsonReport(const Loaded& loaded, const Verdicts& verdicts) {
 Exit runTest(const Options& options, Context& context) {
   refuseMixture(options);
   const auto loaded = loadInput(context, options.file);
-  const Verdicts verdicts =
-      options.all ? testAll(*loaded, options, context) : testOne(*loaded, options);
+  const Verdicts verdicts = verdictsOf(*loaded, options, context);
+  warnOfPowers(*loaded, verdicts, context);
   context.print(context.common.json ? textOf(jsonReport(*loaded, verdicts))
                                     : textReport(loaded->session, verdicts));
   return verdicts.passed() ? Exit::done : Exit::bad;
@@ -259,9 +303,8 @@ Exit runTest(const Options& options, Context& context) {
 
 Run declareTest(CLI::App& app) {
   const auto options = std::make_shared<Options>();
-  const auto add = [&](const char* name, std::string& text, const char* what, const char* type) {
-    app.add_option(name, text, what)->type_name(type);
-  };
+  const auto add = [&](const char* name, std::optional<std::string>& text, const char* what,
+                       const char* type) { app.add_option(name, text, what)->type_name(type); };
   app.add_option("FILE", options->file, "A variogram file, - for stdin")->required()->type_name("");
   app.add_flag("--all", options->all,
                "Test all variables with a cross variable, in each direction");

@@ -7,6 +7,7 @@
 
 #include "session/numbers.h"
 #include "zvm/verbs/context.h"
+#include "zvm/verbs/terminal.h"
 
 namespace zevfit::verbs {
 namespace {
@@ -106,7 +107,8 @@ std::int64_t directionOf(const Session& session, const std::string& file,
   return subscriptOf("direction", directionNames(session), file, asked);
 }
 
-std::string table(const std::vector<std::vector<std::string>>& rows) {
+std::string table(std::vector<std::vector<std::string>> rows) {
+  for (auto& row : rows) std::ranges::transform(row, row.begin(), terminalText);
   std::vector<std::size_t> widths;
   for (const auto& row : rows) {
     widths.resize(std::max(widths.size(), row.size()));

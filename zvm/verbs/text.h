@@ -31,7 +31,8 @@ std::vector<std::string> directionNames(const Session& session);
 std::int64_t variableOf(const Session& session, const std::string& file, const std::string& asked);
 std::int64_t directionOf(const Session& session, const std::string& file, const std::string& asked);
 
-/// Rows of cells as columns of even width, two blanks between them; the first row is the heading.
-std::string table(const std::vector<std::vector<std::string>>& rows);
+/// Rows of cells as columns of even width, two blanks between them, for a terminal; the first row
+/// is the heading.
+std::string table(std::vector<std::vector<std::string>> rows);
 
 }  // namespace zevfit::verbs

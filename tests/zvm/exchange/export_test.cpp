@@ -166,7 +166,7 @@ TEST(Gstlearn, TakesExponentsUpToItsLimit) {
 
 TEST(JsonOf, TellsTheModelAndItsConventions) {
   const auto json = nlohmann::json::parse(exported(exampleFile(), Target::json));
-  EXPECT_EQ(json["schema"], "zvm.export/1");
+  EXPECT_EQ(json["schema"], "zvm.model/1");
   EXPECT_EQ(json["dimensions"], 2);
   EXPECT_EQ(json["conventions"]["azimuth"], "degrees, clockwise from north");
   EXPECT_EQ(json["axes"]["minor1"]["direction"], "135;0");

@@ -149,6 +149,11 @@ TEST(KrigingTarget, IsRefusedWhereTheWindowRefusesIt) {
   Session session = exampleFile();
   Request request = requestFor(Target::zvp);
   request.minor1.reset();
+  EXPECT_EQ(
+      refusalOf(session, request),
+      "Main / Minor 1 directions are not orthogonals ! Without --minor1 that is Main; a kriging "
+      "file takes two at right angles.");
+  request.minor1 = request.main;
   EXPECT_EQ(refusalOf(session, request), "Main / Minor 1 directions are not orthogonals !");
   for (const std::int64_t direction : {1, 2}) {
     session.use1({1, direction}) = 0;
