@@ -11,6 +11,7 @@
 #include "files/tokens.h"
 #include "files/variogram_reader.h"
 #include "files/variogram_writer.h"
+#include "fuzz/plain_fields.h"
 #include "fuzz/require.h"
 #include "session/fault.h"
 #include "session/line.h"
@@ -158,23 +159,38 @@ void checkFindings(std::string_view bytes, const Session& session, bool isRead) 
   }
 }
 
-/// Without a finding on what is read, the last token is the last of the file.
-void checkEnd(std::string_view bytes) {
+/// As many fields as the tables that were read ask for.
+bool takeAll(const Session& session, PlainFields& fields) {
+  const auto variables = static_cast<std::size_t>(session.nvar),
+             directions = static_cast<std::size_t>(session.ndir),
+             classes = static_cast<std::size_t>(session.nclass);
+  bool isThere = fields.takeTexts(2) && fields.takeNumber() && fields.takeTexts(variables) &&
+                 fields.takeNumbers(2) && fields.takeTexts(directions) &&
+                 fields.takeNumbers(variables * (1 + directions * classes * 3));
+  if (!session.hasmodel) return isThere;
+  for (std::size_t model = 0; isThere && model < variables * directions; ++model) {
+    isThere = fields.takeNumbers(2);
+    for (int structure = 1; isThere && structure <= 3; ++structure)
+      isThere = fields.takeNumber() && fields.takeText() && fields.takeNumbers(2);
+  }
+  return isThere;
+}
+
+/// Without a finding on what is read, the last field is the last of the file.
+void checkEnd(std::string_view bytes, const Session& session) {
   const checking::CheckResult result = checking::checkFile(bytes);
   for (const checking::Finding& finding : result.findings)
     if (finding.topic == checking::Topic::reading) return;
-  // One more token at the end is then one that nobody reads.
-  const std::string more = std::string(bytes) + "\n.";
-  const auto found = checking::checkFile(more).findings;
-  require(!found.empty() && found.back().topic == checking::Topic::reading,
-          "nothing stands behind the end");
+  PlainFields fields(bytes);
+  require(takeAll(session, fields), "all fields are there");
+  require(fields.isAtEnd(), "nothing stands behind the end");
 }
 
 void check(std::string_view bytes) {
   Session session;
   const bool isRead = readVariogramBytes(bytes, session);
   checkFindings(bytes, session, isRead);
-  checkEnd(bytes);
+  checkEnd(bytes, session);
   if (!isRead) return;
   acceptLoad(session, "file.zvm");
   const std::int64_t variables = session.nvar;
