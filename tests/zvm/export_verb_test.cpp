@@ -140,6 +140,8 @@ TEST_F(Export, AsksForWhatItNeeds) {
       {{"--to", "gstat", "--main", "0;0", "--minor2", "0;0"}, 2, "--minor2 takes --minor1"},
       {{"--to", "gslib", "--var", "a", "--var", "b"}, 2, "--to gslib takes one --var"},
       {{"--to", "gslib", "--gslib-gaussian", "5"}, 2, "--gslib-gaussian is 3 or 9, not `5`"},
+      {{"--to", "gstat", "--gslib-gaussian", "9"}, 2, "--gslib-gaussian goes with --to gslib"},
+      {{"--to", "gstat", "--cross-of", "c=a,b"}, 2, "--cross-of goes with several --var"},
       {{"--to", "gstat", "--json"}, 2, "--json reports on a file: it takes -o"},
       {{"--to", "gstat", "--json", "-o", "-"}, 2, "--json reports on a file: it takes -o"},
       {{"--to", "gstat", "--json", "-o", "/dev/stdout"},
@@ -210,6 +212,16 @@ TEST_F(Export, WritesTheTargetOfALink) {
       0);
   EXPECT_TRUE(fs::is_symlink(path("link")));
   EXPECT_EQ(contentOf(path("in/target.R")), text);
+  for (const auto& [link, target] : {std::pair{"a", "b"}, {"b", "a"}})
+    fs::create_symlink(target, path(link));
+  for (const char* overwrite : {"-q", "--overwrite"}) {
+    const Ran circle =
+        ran({"export", "-", "--to", "gstat", "-o", path("a"), overwrite}, kModel.bytes());
+    EXPECT_EQ(circle.code, 4);
+    EXPECT_EQ(circle.err,
+              "zvm: error: cannot write " + path("a") + ": Too many levels of symbolic links\n");
+    EXPECT_TRUE(fs::is_symlink(path("a")));
+  }
 }
 
 TEST_F(Export, WritesToWhatIsNoFileAsItIs) {

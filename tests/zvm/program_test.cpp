@@ -52,8 +52,9 @@ TEST_F(Program, TellsWhatIsWrong) {
        "zvm: error: no verb `chek`; there are check, info, test, merge, compute, export, "
        "completion\n"},
       {"$zvm --jsno", 2,
-       "zvm: error: no verb `--jsno`; there are info, test, check, merge, export, compute, "
-       "completion\n"},
+       "zvm: error: no option `--jsno` in front of a verb; there are --help, --version\n"},
+      {"$zvm --json info good.zvm", 2,
+       "zvm: error: no option `--json` in front of a verb; there are --help, --version\n"},
       {"$zvm info", 2, "zvm: error: FILE is required; zvm info --help tells more\n"},
       {"$zvm info good.zvm more", 2,
        "zvm: error: `more` is one argument too many; zvm info --help tells more\n"},

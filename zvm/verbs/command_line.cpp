@@ -117,6 +117,9 @@ Exit runTop(const std::vector<std::string>& arguments, Context& context) {
     context.print("zvm " ZEVFIT_VERSION "\n");
     return Exit::done;
   }
+  if (first.starts_with('-'))
+    throw Failure(Exit::usage, "no option `" + first + "` in front of a verb; there are " +
+                                   nearestFirst(first, {"--help", "--version"}));
   const Verb* verb = verbOf(first);
   if (verb == nullptr)
     throw Failure(Exit::usage,

@@ -44,6 +44,10 @@ void refuseMixture(const Options& options, const TargetRow& target, const Contex
   if (!options.minor1 && options.minor2) throw Failure(Exit::usage, "--minor2 takes --minor1");
   if (options.gaussian != "3" && options.gaussian != "9")
     throw Failure(Exit::usage, "--gslib-gaussian is 3 or 9, not `" + options.gaussian + "`");
+  if (!options.crossOf.empty() && options.variables.size() < 2)
+    throw Failure(Exit::usage, "--cross-of goes with several --var");
+  if (options.gaussian != "3" && target.target != exchange::Target::gslib)
+    throw Failure(Exit::usage, "--gslib-gaussian goes with --to gslib");
   if (context.common.json && isStandardOutput(options.output))
     throw Failure(Exit::usage, "--json reports on a file: it takes -o");
 }

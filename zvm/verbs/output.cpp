@@ -59,14 +59,6 @@ class HeldSignals {
 
 extern "C" void exitInterrupted(int) { ::_exit(static_cast<int>(Exit::interrupted)); }
 
-/// Where a link leads, also where there is nothing yet.
-fs::path targetOf(fs::path path) {
-  std::error_code failed;
-  for (int i = 0; i < kMostLinks && fs::is_symlink(path, failed); ++i)
-    path = path.parent_path() / fs::read_symlink(path, failed);
-  return path;
-}
-
 [[noreturn]] void fail(const std::string& path, const std::string& why) {
   throw Failure(Exit::file, "cannot write " + path + ": " + why);
 }
@@ -120,6 +112,17 @@ int writeAll(int descriptor, std::string_view bytes) {
       return errno;
   }
   return 0;
+}
+
+/// Where a link leads, also where there is nothing yet. Throws Failure for links in a circle.
+fs::path targetOf(const fs::path& link) {
+  std::error_code failed;
+  fs::path path = link;
+  for (int i = 0; i < kMostLinks; ++i) {
+    if (!fs::is_symlink(path, failed)) return path;
+    path = path.parent_path() / fs::read_symlink(path, failed);
+  }
+  fail(link.string(), ELOOP);
 }
 
 /// A device or a pipe, which has no old content to keep.
