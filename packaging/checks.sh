@@ -106,9 +106,9 @@ command_line() {
     grep -q '^#compdef zvm' "$root/share/zsh/vendor-completions/_zvm" &&
     MANROFFOPT=-ww man --warnings -l "$root/share/man/man1/zvm.1.gz" | grep -q 'zvm' || return
   # Its options are on its page.
-  local option page
+  local verb option page
   page=$(zcat "$root/share/man/man1/zvm.1.gz" | sed 's/\\-/-/g')
-  for verb in info check test export completion; do
+  for verb in $("$root/bin/zvm" --help | awk '/^  [a-z]/ { print $1 }'); do
     for option in $("$root/bin/zvm" "$verb" --help | grep -oE '^  (-., ?)?--[a-z0-9-]+' |
       grep -oE -- '--[a-z0-9-]+'); do
       grep -qF -- "$option" <<<"$page" || {
