@@ -116,6 +116,12 @@ TEST(Ore, IsWhatItsScriptMakes) {
   EXPECT_EQ(contentOf(folder / "ore.zvm"), contentOf(example("ore.zvm")));
 }
 
+TEST(Holes, AreWhatTheirScriptMakes) {
+  const test::ScratchFolder folder;
+  ASSERT_EQ(runScript("make_holes.py", folder / "holes.csv"), "");
+  EXPECT_EQ(contentOf(folder / "holes.csv"), contentOf(example("holes.csv")));
+}
+
 /// The models of a variable: what stands before the sill of its last structure, that sill, which
 /// is another one at 45 degrees, and its range in each direction.
 struct Fitted {

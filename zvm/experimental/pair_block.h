@@ -7,6 +7,7 @@
 
 #include "zvm/experimental/direction_test.h"
 #include "zvm/experimental/lag_rule.h"
+#include "zvm/experimental/pair_loops.h"
 #include "zvm/experimental/strips.h"
 
 namespace zevfit::zvm {
@@ -15,9 +16,8 @@ namespace zevfit::zvm {
 /// their steps, distances and differences, then the class and the directions of each.
 class PairBlock {
  public:
-  static constexpr std::size_t kSize = 512;
-  template <class T>
-  using Row = std::array<T, kSize>;
+  static constexpr std::size_t kSize = PairRows::kSize;
+  using Row = PairRows::Row;
 
   /// `steps`: keeps the steps, which directions need. Both stay with the caller.
   PairBlock(const SortedPoints& points, const LagRule& rule, bool steps);
@@ -35,51 +35,64 @@ class PairBlock {
   void classify();
 
   /// Every pair is in direction 0 alone.
-  void takeAll() { directions_.fill(1); }
+  void takeAll() { rows_.directions.fill(1); }
   /// Begins with no direction, then adds one after the other, from 0.
-  void clearDirections() { directions_.fill(0); }
-  void addSector(const SectorTest& test, std::size_t direction);
-  void addCone(const ConeTest& test, std::size_t direction);
+  void clearDirections() { rows_.directions.fill(0); }
+  void addSector(const SectorTest& test, std::size_t direction) {
+    loops_.sector(test, bitOf(direction), rows_, used_);
+  }
+  void addCone(const ConeTest& test, std::size_t direction) {
+    loops_.cone(test, bitOf(direction), rows_, used_);
+  }
   /// Peers test the step from the earlier to the later row, or the other way round.
   template <class Test>
   void addOrdered(const Test& test, std::size_t direction, bool turned = false) {
     const double bit = bitOf(direction);
     for (std::size_t k = 0; k < used_; ++k) {
       const double sign = backward_[k] != turned ? -1 : 1;
-      if (test.holds(sign * dx_[k], sign * dy_[k], sign * dz_[k])) directions_[k] += bit;
+      if (test.holds(sign * rows_.dx[k], sign * rows_.dy[k], sign * rows_.dz[k]))
+        rows_.directions[k] += bit;
     }
   }
   /// Has pairs at the same place and pairs in no class in direction 0 alone, and pairs in no
-  /// direction in no class of direction 0, so that each counts somewhere.
-  void settle();
+  /// direction in no class of direction 0, so that each counts somewhere. A direction has `slots`.
+  void settle(std::size_t slots);
 
   /// The most classes that a pair is in.
   std::size_t mostClasses() const;
-  const Row<double>& distances() const { return h_; }
-  std::int32_t firstClass(std::size_t k) const { return static_cast<std::int32_t>(firstClass_[k]); }
-  std::int32_t lastClass(std::size_t k) const { return static_cast<std::int32_t>(lastClass_[k]); }
-  /// The directions of a pair as bits from 0; never none.
-  std::uint64_t directions(std::size_t k) const {
-    return static_cast<std::uint64_t>(directions_[k]);
+  const Row& distances() const { return rows_.h; }
+  std::int32_t firstClass(std::size_t k) const {
+    return static_cast<std::int32_t>(rows_.firstClass[k]);
   }
-  const Row<double>& differences(std::size_t variable) const { return differences_[variable]; }
+  std::int32_t lastClass(std::size_t k) const {
+    return static_cast<std::int32_t>(rows_.lastClass[k]);
+  }
+  /// The directions of a pair as bits from 0; never none.
+  std::uint64_t directions(std::size_t k) const { return bitsOf(rows_.directions[k]); }
+  /// Where a pair counts by its first class and last direction, and its other directions.
+  std::size_t slot(std::size_t k) const {
+    return static_cast<std::size_t>(static_cast<std::int64_t>(rows_.slot[k]));
+  }
+  std::uint64_t otherDirections(std::size_t k) const { return bitsOf(rows_.rest[k]); }
+  const Row& differences(std::size_t variable) const { return differences_[variable]; }
 
  private:
   static double bitOf(std::size_t direction) {
     return static_cast<double>(std::uint64_t{1} << direction);
   }
-  template <bool Space, bool Steps>
-  void takeSteps(std::size_t i, std::size_t first, std::size_t count);
+  static std::uint64_t bitsOf(double directions) {
+    return static_cast<std::uint64_t>(static_cast<std::int64_t>(directions));
+  }
 
   const SortedPoints& points_;
   const LagRule& rule_;
-  bool steps_;
+  const PairLoops& loops_;
+  UniformClasses classes_;
+  PairLoops::Take take_;
   std::size_t used_ = 0;
-  Row<double> dx_{}, dy_{}, dz_{}, h_{};
-  // Whole numbers as doubles: rows of one width are worked on together without being repacked.
-  Row<double> firstClass_{}, lastClass_{}, directions_{};
-  Row<bool> backward_{};
-  std::vector<Row<double>> differences_;
+  PairRows rows_;
+  std::array<bool, kSize> backward_{};
+  std::vector<Row> differences_;
 };
 
 }  // namespace zevfit::zvm

@@ -51,7 +51,7 @@ void Summing::classifyBlock() {
     block_.addOrdered(gstat_[d], gstat_.size() + d, true);
   }
   for (std::size_t d = 0; d < gamv_.size(); ++d) block_.addOrdered(gamv_[d], d);
-  block_.settle();
+  block_.settle(slots_);
 }
 
 void Summing::listPlaces() {
@@ -118,15 +118,13 @@ void Summing::sumDirected() {
   const double* const second = block_.differences(plan_.pairings[0].second).data();
   const std::size_t used = block_.used();
   for (std::size_t k = 0; k < used; ++k) {
-    const auto lag = static_cast<std::uint32_t>(block_.firstClass(k));
     const double product = first[k] * second[k];
-    std::uint64_t in = block_.directions(k);
-    do {
+    places[block_.slot(k) * kTurns + k % kTurns].add(h[k], product);
+    for (std::uint64_t in = block_.otherDirections(k); in != 0; in &= in - 1) {
       const auto direction = static_cast<std::size_t>(std::countr_zero(in));
-      const std::size_t slot = std::size_t{starts_[direction]} + lag;
-      places[slot * kTurns + k % kTurns].add(h[k], product);
-      in &= in - 1;
-    } while (in != 0);
+      const auto lag = static_cast<std::size_t>(block_.firstClass(k));
+      places[(starts_[direction] + lag) * kTurns + k % kTurns].add(h[k], product);
+    }
   }
 }
 

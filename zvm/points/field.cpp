@@ -10,14 +10,6 @@ namespace {
 
 constexpr std::size_t kQuoted = 40;
 
-std::string lowerCase(std::string_view text) {
-  std::string lower(text);
-  std::ranges::transform(lower, lower.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  });
-  return lower;
-}
-
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// A number and nothing behind it. `tooLarge` for one beyond the range of a double.
@@ -70,6 +62,14 @@ MissingValues::MissingValues(const std::vector<std::string>& texts) {
 bool MissingValues::isMissing(std::string_view text) const {
   return text.empty() || text == "NA" || lowerCase(text) == "nan" ||
          std::ranges::count(texts_, text) > 0;
+}
+
+std::string lowerCase(std::string_view text) {
+  std::string lower(text);
+  std::ranges::transform(lower, lower.begin(), [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  });
+  return lower;
 }
 
 std::string_view withoutBlanks(std::string_view text) {

@@ -41,6 +41,9 @@ struct Field {
 /// optional sign and exponent, also one with D as in Fortran.
 Field readField(std::string_view text, const MissingValues& missing);
 
+/// With small letters in place of the capitals of ASCII.
+std::string lowerCase(std::string_view text);
+
 /// Without blanks and tabs on both sides.
 std::string_view withoutBlanks(std::string_view text);
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <numeric>
 
+#include "zvm/points/field.h"
+
 namespace zevfit::zvm {
 
 namespace {
@@ -13,7 +15,7 @@ unsigned byteOf(char c) { return static_cast<unsigned char>(c); }
 
 bool isControl(char c) { return byteOf(c) < 0x20 || (byteOf(c) >= 0x7F && byteOf(c) < 0xA0); }
 
-/// Letters that have to be changed, added or dropped to make one text of the other (Levenshtein).
+/// Letters that have to be changed, added or dropped to make one text of the other.
 std::size_t distance(std::string_view a, std::string_view b) {
   std::vector<std::size_t> row(b.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
@@ -74,10 +76,10 @@ std::optional<std::string> nameRefusal(std::string_view utf8) {
 std::vector<std::string> nearestFirst(std::string_view to, std::vector<std::string> names) {
   // Texts of any length come from files; of a name the beginning is enough.
   constexpr std::size_t kCompared = 64;
+  const auto compared = [](std::string_view name) { return lowerCase(name.substr(0, kCompared)); };
   std::vector<std::pair<std::size_t, std::size_t>> order;
   for (std::size_t i = 0; i < names.size(); ++i)
-    order.emplace_back(
-        distance(to.substr(0, kCompared), std::string_view(names[i]).substr(0, kCompared)), i);
+    order.emplace_back(distance(compared(to), compared(names[i])), i);
   std::ranges::sort(order);
   std::vector<std::string> sorted;
   sorted.reserve(names.size());

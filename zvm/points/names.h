@@ -16,7 +16,9 @@ std::string utf8Of(std::string_view latin1);
 /// where it can. Blanks around it do not count.
 std::optional<std::string> nameRefusal(std::string_view utf8);
 
-/// The names in the order of their likeness to another, those alike as they stood.
+/// The names in the order of their likeness to another, those as like as they stood. The measure is
+/// the number of letters to be inserted, dropped or changed, whatever their case (Levenshtein,
+/// "Binary codes", 1966).
 std::vector<std::string> nearestFirst(std::string_view to, std::vector<std::string> names);
 
 /// "no column `zin` in meuse.csv; there are zinc, lead": what there is, nearest first, at most

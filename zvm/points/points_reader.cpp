@@ -148,7 +148,8 @@ PointSet readPoints(std::istream& in, const std::string& name, const ReadOptions
   Collector collector(columns, options, rows);
   // A byte order mark stands before column 1 and takes no place there.
   for (Record record; records.next(record);)
-    if (!withoutBlanks(record.text).empty()) collector.take(record, rows.read(record));
+    if (record.text.find_first_not_of(" \t") != std::string_view::npos)
+      collector.take(record, rows.read(record));
   return std::move(collector.set());
 }
 

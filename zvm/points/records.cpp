@@ -30,6 +30,7 @@ bool Records::fill() {
   if (progress_ && !progress_(bytes_)) throw Cancelled();
   block_.erase(0, at_);
   at_ = 0;
+  quoteAt_ = 0;
   const std::size_t kept = block_.size();
   // A record longer than a block has it grow in proportion.
   const std::size_t more = std::max(std::clamp(bytes_, kFirstBlock, kLargestBlock), kept);
@@ -50,9 +51,11 @@ bool Records::findEnd(std::size_t& end) {
     end = findFrom(block_, '\n', at_ + seen_);
     if (end == std::string::npos) return false;
     if (!quotes_) return true;
-    const std::string_view text(block_.data() + at_ + seen_, end - at_ - seen_);
-    if (findFrom(text, '"', 0) != std::string_view::npos)
-      inQuotes_ = inQuotes_ != (std::ranges::count(text, '"') % 2 != 0);
+    const std::size_t first = at_ + seen_;
+    // Most blocks hold no quote, and are searched for one once.
+    if (quoteAt_ < first || quoteAt_ == 0) quoteAt_ = findFrom(block_, '"', first);
+    const std::string_view text(block_.data() + first, end - first);
+    if (quoteAt_ < end) inQuotes_ = inQuotes_ != (std::ranges::count(text, '"') % 2 != 0);
     if (!inQuotes_) return true;
     ++lines_;
     seen_ = end + 1 - at_;

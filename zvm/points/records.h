@@ -43,6 +43,7 @@ class Records {
   bool quotes_ = false, ended_ = false;
   std::string block_;
   std::size_t at_ = 0;       ///< where the next record begins in the block
+  std::size_t quoteAt_ = 0;  ///< of the next quote in the block; 0 where it is not known
   std::size_t seen_ = 0;     ///< how much of it is known to hold no end
   bool inQuotes_ = false;    ///< what was seen ends between quotes
   std::uint64_t lines_ = 0;  ///< line ends in what was seen

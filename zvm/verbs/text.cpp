@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <numeric>
 #include <utility>
 
 #include "session/numbers.h"
@@ -12,24 +11,7 @@
 namespace zevfit::verbs {
 namespace {
 
-constexpr unsigned char kFirstOfTwo = 0x80;
-
-bool isContinued(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == kFirstOfTwo; }
-
-/// Row by row over the table of distances of the beginnings of the two texts.
-std::size_t editDistance(std::string_view a, std::string_view b) {
-  std::vector<std::size_t> row(b.size() + 1);
-  std::iota(row.begin(), row.end(), std::size_t{0});
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    std::size_t corner = std::exchange(row[0], i + 1);
-    for (std::size_t j = 0; j < b.size(); ++j) {
-      const std::size_t changed = corner + (a[i] == b[j] ? 0 : 1);
-      corner = row[j + 1];
-      row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
-    }
-  }
-  return row.back();
-}
+bool isContinued(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
 /// From 1; 0 for another text than a number of the list.
 std::int64_t numberIn(const std::vector<std::string>& names, std::string_view asked) {
@@ -58,30 +40,13 @@ std::vector<std::string> namesOf(const auto& table, std::int64_t count) {
 
 }  // namespace
 
-std::string utf8Of(std::string_view latin1) {
-  std::string text;
-  for (const char c : latin1) {
-    const auto code = static_cast<unsigned char>(c);
-    if (code < kFirstOfTwo) {
-      text += c;
-      continue;
-    }
-    text += static_cast<char>(0xC0U | (code >> 6U));
-    text += static_cast<char>(kFirstOfTwo | (code & 0x3FU));
-  }
-  return text;
-}
-
 std::size_t lengthOf(std::string_view utf8) {
   return static_cast<std::size_t>(
       std::ranges::count_if(utf8, [](char c) { return !isContinued(c); }));
 }
 
 std::string nearestFirst(std::string_view asked, std::vector<std::string> names) {
-  const std::string wanted = lowered(asked);
-  std::ranges::stable_sort(
-      names, {}, [&](const std::string& name) { return editDistance(wanted, lowered(name)); });
-  return listed(names);
+  return listed(zvm::nearestFirst(asked, std::move(names)));
 }
 
 std::string listed(const std::vector<std::string>& texts) {

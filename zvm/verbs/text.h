@@ -6,17 +6,16 @@
 #include <vector>
 
 #include "session/session.h"
+#include "zvm/points/names.h"
 
 namespace zevfit::verbs {
 
-/// Latin-1, as files have it, in UTF-8, as all that is printed has it.
-std::string utf8Of(std::string_view latin1);
+/// Files are in Latin-1, all that is printed in UTF-8.
+using zvm::utf8Of;
 /// The characters of a text in UTF-8.
 std::size_t lengthOf(std::string_view utf8);
 
-/// Names in the order in which they are like the one that was asked for, parted by ", "; names
-/// that are as like keep their order. The measure is the number of letters to be inserted, dropped
-/// or changed, whatever their case (Levenshtein, "Binary codes", 1966).
+/// Names in the order in which they are like the one that was asked for, parted by ", ".
 std::string nearestFirst(std::string_view asked, std::vector<std::string> names);
 
 /// Texts, parted by ", ".

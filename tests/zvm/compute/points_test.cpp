@@ -1,13 +1,17 @@
 // Tables of points: what is read of them, and where what can't be used stands.
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <ostream>
 #include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "zvm/experimental/sample.h"
 #include "zvm/points/data_error.h"
 #include "zvm/points/names.h"
 #include "zvm/points/points_reader.h"
@@ -210,6 +214,61 @@ TEST(Points, RecordsLieAcrossBlocks) {
             "a.csv:" + std::to_string(2 * rows + 2) + ":7: `x` is no number");
 }
 
+// Short decimals take a way of their own; each has the very bits that from_chars has for it.
+TEST(Points, DecimalsOfAllLengthsAreRoundedOnce) {
+  std::vector<std::string> texts{"0",
+                                 "-0",
+                                 "-0.0",
+                                 ".5",
+                                 "5.",
+                                 "-.25",
+                                 "0.1",
+                                 "1e5",
+                                 "1.5e-3",
+                                 "00001.50",
+                                 "999999999999999",
+                                 "99999999999999.9",
+                                 "9999999999999999",
+                                 "0.000000000000001",
+                                 "-0.30000000000000004",
+                                 "123456789012345678901234567890",
+                                 "9007199254740993",
+                                 "4.9e-324",
+                                 "1.7976931348623157e308"};
+  SplitMix random(5);
+  for (std::size_t digits = 1; digits <= 20; ++digits)
+    for (std::size_t point = 0; point <= digits; ++point)
+      for (int i = 0; i < 20; ++i) {
+        std::string text;
+        for (std::size_t d = 0; d < digits; ++d) text += static_cast<char>('0' + random.below(10));
+        texts.push_back((i % 2 == 0 ? "-" : "") + text.insert(point, "."));
+      }
+  std::string table = "x,y,v\n";
+  for (const std::string& text : texts) table += text + ",0,\n";
+  const PointSet points = read(table);
+  ASSERT_EQ(points.size(), texts.size());
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    double value = 0;
+    std::from_chars(texts[i].data(), texts[i].data() + texts[i].size(), value);
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(points.x[i]), std::bit_cast<std::uint64_t>(value))
+        << texts[i];
+  }
+}
+
+// A quote in a later row, in front of and behind the end of a block, still begins a field.
+TEST(Points, QuotesBehindRowsWithoutThem) {
+  for (const std::size_t rows : {1U, 800U, 1023U, 1024U, 1025U, 5000U}) {
+    std::string table = "x,y,v\n";
+    for (std::size_t i = 0; i < rows; ++i) table += "1,2\t,\n";
+    table += "\"7\",8,\"9\"\n1,2,3\n";
+    const PointSet points = read(table);
+    ASSERT_EQ(points.size(), rows + 2) << rows;
+    EXPECT_EQ(points.x[rows], 7);
+    EXPECT_EQ(points.values[0][rows], 9);
+    EXPECT_EQ(points.x[rows + 1], 1);
+  }
+}
+
 TEST(Points, ProgressEndsTheReading) {
   std::istringstream in("x,y,v\n1,2,3\n");
   EXPECT_THROW(readPoints(in, "a.csv", columns(), [](std::uint64_t) { return false; }), Cancelled);
@@ -243,6 +302,7 @@ TEST(Names, OfAVariogramFile) {
 TEST(Names, NearestFirst) {
   EXPECT_EQ(nearestFirst("zin", {"x", "y", "zinc", "lead"}),
             (std::vector<std::string>{"zinc", "x", "y", "lead"}));
+  EXPECT_EQ(nearestFirst("ZINC", {"ZICK", "zinc"}), (std::vector<std::string>{"zinc", "ZICK"}));
 }
 
 }  // namespace
