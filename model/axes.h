@@ -2,7 +2,7 @@
 
 #include <array>
 
-namespace zevfit::exchange {
+namespace zevfit {
 
 // Axes of anisotropy as vectors, and the angles by which other systems name them. All angles are in
 // degrees; azimuths go clockwise from north, dips are positive downward.
@@ -51,4 +51,4 @@ struct Ellipsoid {
 /// and the third has the range of the second.
 Ellipsoid descending(const Ellipsoid& ellipsoid, bool plane);
 
-}  // namespace zevfit::exchange
+}  // namespace zevfit

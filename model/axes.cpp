@@ -1,11 +1,11 @@
-#include "zvm/exchange/axes.h"
+#include "model/axes.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <numbers>
 
-namespace zevfit::exchange {
+namespace zevfit {
 namespace {
 
 constexpr double kRadians = std::numbers::pi / 180;
@@ -97,4 +97,4 @@ Ellipsoid descending(const Ellipsoid& ellipsoid, bool plane) {
           {ellipsoid.ranges.at(first), ellipsoid.ranges.at(second), ellipsoid.ranges.at(third)}};
 }
 
-}  // namespace zevfit::exchange
+}  // namespace zevfit
