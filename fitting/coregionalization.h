@@ -10,17 +10,11 @@
 
 namespace zevfit::fitting {
 
-/// Forms with their common ranges that a coregionalization was tried with.
-struct CoregionCandidate {
-  std::vector<Form> forms;     ///< by rising range, a power form last
+/// Forms with their common ranges that a coregionalization was tried with. `sum` is that of the
+/// standardised semivariances.
+struct CoregionCandidate : Tried {
   std::vector<double> ranges;  ///< along Main where there is an ellipse
-  std::optional<Anisotropy> anisotropy;
-  std::size_t parameters = 0;
-  double sum = 0;   ///< of weighted squared differences of the standardised semivariances
-  double free = 0;  ///< the same where each variable and cross variable is fitted by itself
-  double aicc = 0;
-  bool unbounded = false;
-  std::string refusal;  ///< as of a candidate of one variable
+  double free = 0;  ///< the sum where each variable and cross variable has sills by itself
 };
 
 /// A linear model of coregionalization: the variables share forms and ranges, and the sills of each

@@ -23,19 +23,24 @@ struct Anisotropy {
 };
 
 /// What was tried: a nugget with structures of these forms; none is a nugget alone.
-struct Candidate {
+struct Tried {
   std::vector<Form> forms;  ///< by rising range, a power form last
-  NestedModel model;        ///< along Main where there is an ellipse
   std::optional<Anisotropy> anisotropy;
   std::size_t parameters = 0;  ///< fitted ones
   double sum = 0;              ///< of weighted squared differences
   /// n ln(sum / n) + 2k + 2k(k + 1) / (n - k - 1), of n classes and k = parameters + 1 (Hurvich and
-  /// Tsai 1989); the smaller the better.
+  /// Tsai 1989); the smaller the better, infinite for too few classes.
   double aicc = 0;
   /// A range has run into the end of the grid, 4 times the largest distance.
   bool unbounded = false;
   /// Why it is not taken, in English without a point; empty where it could be.
   std::string refusal;
+};
+
+/// The same of one variable.
+struct Candidate : Tried {
+  NestedModel model;                ///< along Main where there is an ellipse
+  std::vector<NestedModel> models;  ///< by direction, from 0
 };
 
 /// What a fit offers.
@@ -46,9 +51,8 @@ struct Result {
   /// All candidates: those that could be taken by rising AICc, then the refused ones by theirs.
   std::vector<Candidate> ranking;
   std::size_t chosen = 0;  ///< its place in the ranking; without meaning where nothing is offered
-  /// By direction, from 0; each its own or, with an ellipse, all those of the chosen one.
-  std::vector<NestedModel> models;
-  std::size_t classes = 0;  ///< that counted
+  std::vector<NestedModel> models;  ///< of the chosen one, by direction, from 0
+  std::size_t classes = 0;          ///< that counted
 
   bool isOffered() const { return refusal.empty(); }
   const Candidate& choice() const { return ranking.at(chosen); }

@@ -18,7 +18,7 @@ void writeModel(FitTables& tables, Pair pair, const NestedModel& model);
 
 /// Puts the models that are offered into the cells of a variable; a direction without one gets the
 /// cells of a load, not ticked.
-void writeFit(FitTables& tables, std::int64_t variable, const VariableFit& fit);
+void writeFit(Session& session, std::int64_t variable, const VariableFit& fit);
 
 /// Puts an offered coregionalization into the cells of its variables and cross variables. A line is
 /// ticked in all of them or in none.

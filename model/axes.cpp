@@ -5,6 +5,10 @@
 #include <cstddef>
 #include <numbers>
 
+#include "model/axis_fields.h"
+#include "session/number_reading.h"
+#include "session/policy.h"
+
 namespace zevfit {
 namespace {
 
@@ -52,6 +56,15 @@ Vector cross(const Vector& a, const Vector& b) {
 Vector unitVector(const Direction& direction) {
   const double azimuth = direction.azimuth * kRadians, dip = direction.dip * kRadians;
   return {std::sin(azimuth) * std::cos(dip), std::cos(azimuth) * std::cos(dip), -std::sin(dip)};
+}
+
+std::optional<Direction> directionNamed(std::string_view name) {
+  return attempt(
+      [&]() -> std::optional<Direction> {
+        const DirectionAngles angles = directionAngles(name);
+        return Direction{leadingNumber(angles.azimuth), leadingNumber(angles.dip)};
+      },
+      []() -> std::optional<Direction> { return std::nullopt; });
 }
 
 Axes rightAngled(const Direction& main, const Direction& minor1) {

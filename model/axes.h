@@ -1,6 +1,8 @@
 #pragma once
 
 #include <array>
+#include <optional>
+#include <string_view>
 
 namespace zevfit {
 
@@ -17,6 +19,8 @@ struct Direction {
   double azimuth = 0, dip = 0;
 };
 Vector unitVector(const Direction& direction);
+/// What the outer words of a direction's name tell; nothing for a name that can't be split.
+std::optional<Direction> directionNamed(std::string_view name);
 
 /// Main, Minor 1 and Minor 2: unit vectors at right angles, Minor 2 the cross product of the
 /// others.
