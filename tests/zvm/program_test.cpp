@@ -45,13 +45,15 @@ struct Row {
 TEST_F(Program, TellsWhatIsWrong) {
   const Row rows[] = {
       {"$zvm", 2,
-       "zvm: error: no verb; there are info, check, compute, merge, import, test, export, "
+       "zvm: error: no verb; there are info, check, compute, merge, import, fit, test, export, "
        "completion; zvm --help tells more\n"},
       {"$zvm chek good.zvm", 2,
-       "zvm: error: no verb `chek`; there are check, info, test, merge, compute, import, export, "
+       "zvm: error: no verb `chek`; there are check, info, fit, test, merge, compute, import, "
+       "export, "
        "completion\n"},
       {"$zvm --jsno", 2,
-       "zvm: error: no verb `--jsno`; there are info, test, check, merge, import, export, compute, "
+       "zvm: error: no verb `--jsno`; there are info, test, check, merge, import, fit, export, "
+       "compute, "
        "completion\n"},
       {"$zvm info", 2, "zvm: error: FILE is required; zvm info --help tells more\n"},
       {"$zvm info good.zvm more", 2,
