@@ -1,7 +1,10 @@
 // The verb fit: what it writes, what it tells, and what it refuses.
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
 #include <cmath>
+#include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <numbers>
@@ -280,6 +283,24 @@ TEST_F(FitVerb, AFileThatIsNotAcceptedTakesNoPlace) {
                                    }};
   EXPECT_THROW(verbs::writeOutput(pending, true), verbs::Failure);
   EXPECT_EQ(contentOf(old), "old");
+}
+
+TEST_F(FitVerb, LeavesNoFileWhenItIsInterrupted) {
+  std::vector<Truth> truths(40);
+  for (std::size_t v = 0; v < truths.size(); ++v) truths[v].name = "v" + std::to_string(v);
+  std::vector<double> azimuths;
+  for (int d = 0; d < 20; ++d) azimuths.push_back(9.0 * d);
+  write("large.zvm", fileOf(truths, azimuths));
+  // The pipe is empty once the program has read it all; jobs of a shell ignore interrupts.
+  const std::string command =
+      "cd '" + path("") +
+      "' && mkfifo in && { env --default-signal=INT '" ZEVFIT_ZVM
+      "' fit in out.zvm >printed 2>&1 & program=$!; cat large.zvm >in; sleep 0.1; "
+      "kill -INT $program; wait $program; }";
+  const int status = std::system(command.c_str());
+  EXPECT_EQ(WIFEXITED(status) ? WEXITSTATUS(status) : -1, 130);
+  EXPECT_EQ(contentOf(path("printed")), "");
+  EXPECT_FALSE(std::filesystem::exists(path("out.zvm")));
 }
 
 // ---- Wrong use.

@@ -53,6 +53,9 @@ std::string variableName(const FitReport& report, std::int64_t variable) {
 
 // ---- Texts.
 
+/// A line that is no table has names as a table prints them.
+std::string lineOf(const std::string& text) { return table({{text}}); }
+
 std::size_t mostStructures(const std::vector<NestedModel>& models) {
   std::size_t most = 0;
   for (const NestedModel& model : models)
@@ -118,11 +121,10 @@ std::string rankingText(const fitting::Result& result, const fitting::Options& o
 
 std::string resultText(const FitReport& report, const fitting::Result& result,
                        const std::string& heading) {
-  std::string text = heading + ", " + std::to_string(result.classes) + " classes";
-  if (!result.isOffered())
-    return text + ": not fitted, " + result.refusal + '\n' +
-           rankingText(result, report.plan.options);
-  text += '\n';
+  const std::string classes = heading + ", " + std::to_string(result.classes) + " classes";
+  std::string text =
+      lineOf(classes + (result.isOffered() ? "" : ": not fitted, " + result.refusal));
+  if (!result.isOffered()) return text + rankingText(result, report.plan.options);
   if (const auto& anisotropy = result.choice().anisotropy) text += ellipseText(*anisotropy);
   return text + rankingText(result, report.plan.options);
 }
@@ -164,8 +166,9 @@ std::string coregionText(const FitReport& report) {
   std::string names;
   for (const std::int64_t v : report.plan.coregion->variables)
     names += (names.empty() ? "" : ", ") + variableName(report, v);
-  std::string text = "\ncoregionalization of " + names + ", " + std::to_string(fit.classes) +
-                     " classes" + (fit.isOffered() ? "" : ": not fitted, " + fit.refusal) + '\n';
+  std::string text =
+      '\n' + lineOf("coregionalization of " + names + ", " + std::to_string(fit.classes) +
+                    " classes" + (fit.isOffered() ? "" : ": not fitted, " + fit.refusal));
   if (fit.isOffered() && fit.choice().anisotropy) text += ellipseText(*fit.choice().anisotropy);
   Rows rows{{"candidate", "sum of squares", "of free sills", "AICc", ""}};
   for (std::size_t i = 0; i < fit.ranking.size(); ++i) {
@@ -334,7 +337,7 @@ std::string textOf(const FitReport& report) {
     text += variableText(report, task);
   const std::vector<NotFitted> missing = notFitted(report);
   if (!missing.empty()) text += '\n';
-  for (const NotFitted& one : missing) text += textOf(one) + '\n';
+  for (const NotFitted& one : missing) text += lineOf(textOf(one));
   return text;
 }
 
