@@ -8,7 +8,7 @@
 #             some long use
 # By name alone, for their time:
 #   core      the core, zvm and their tests on a build without Qt; saves that fail
-#   peers     R's gstat: experimental semivariograms; semivariances, kriging and cokriging of exported models
+#   peers     R's gstat: experimental semivariograms; fits; semivariances, kriging and cokriging of exported models
 #   windows   the windows and their tests on a plain build; the program as users build it
 #   tour      the session of `program`
 #   tidy      clang-tidy over all sources but the tests; `linttests`: over the tests
@@ -31,7 +31,7 @@ asan         asan         zevfit_core_tests,zvm_tests,zevfit_window_tests,zevfit
 fuzz         asan         zevfit_fuzz fuzz
 program      program      zevfit_program_tests crash,desktop,wayland,tour,shortuse
 core         core         zevfit_core_tests,zvm_tests,zevfit_crash_tests core,zvm,house,crash
-peers        core         zevfit_exchange_cases,zvm peers
+peers        core         zevfit_exchange_cases,zevfit_fit_cases,zvm peers
 windows      debug        zevfit_window_tests,zevfit_desktop_tests,zevfit_wayland_tests,zevfit_long_tests windows,desktop,wayland,shortuse
 windows      program      zevfit,zvm -
 tour         program      zevfit_tour tour

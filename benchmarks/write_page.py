@@ -103,6 +103,8 @@ def figures(results):
                   "BM_WriteAndFlushToDisk/min_time:2.000"),
         memory_row(results),
         model_row(results),
+        plain_row(results, "start models of 40 variables, 20 directions, 20 classes, two threads",
+                  "fit_bench", "fitAll/2/process_time/real_time", "2 s with the command"),
         ratio_row(results, "one redraw, 20 classes, panel included", "redraw_qt_bench", "BM_Redraw",
                   "BM_QCustomPlotReplot", library, "at most 0.4"),
         plain_row(results, "one step of a slider with all that follows", "redraw_qt_bench",

@@ -257,8 +257,8 @@ TEST_F(Export, LooksForSignalsBeforeTheLastStep) {
     sigaddset(&waiting, SIGTERM);
     ::sigprocmask(SIG_BLOCK, &waiting, nullptr);
     ::raise(SIGTERM);
-    verbs::writeOutput(path("new"), "new", false);
-    verbs::writeOutput(path("old"), "new", true);
+    verbs::writeOutput({path("new"), "new", {}}, false);
+    verbs::writeOutput({path("old"), "new", {}}, true);
     ::sigprocmask(SIG_UNBLOCK, &waiting, nullptr);
     ::_exit(1);
   }

@@ -45,11 +45,11 @@ struct Row {
 TEST_F(Program, TellsWhatIsWrong) {
   const Row rows[] = {
       {"$zvm", 2,
-       "zvm: error: no verb; there are info, check, compute, merge, test, export, completion; zvm "
-       "--help tells "
-       "more\n"},
+       "zvm: error: no verb; there are info, check, compute, merge, import, fit, test, export, "
+       "completion; zvm --help tells more\n"},
       {"$zvm chek good.zvm", 2,
-       "zvm: error: no verb `chek`; there are check, info, test, merge, compute, export, "
+       "zvm: error: no verb `chek`; there are check, info, fit, test, merge, compute, import, "
+       "export, "
        "completion\n"},
       {"$zvm --jsno", 2,
        "zvm: error: no option `--jsno` in front of a verb; there are --help, --version\n"},

@@ -173,8 +173,8 @@ char separatorOf(std::string_view header) {
   return kSeparators[static_cast<std::size_t>(most - counts.begin())];
 }
 
-std::vector<std::string> headerNames(std::string_view line, char separator) {
-  std::vector<std::string> names;
+std::vector<std::string_view> fieldsOf(std::string_view line, char separator) {
+  std::vector<std::string_view> fields;
   const char* at = line.data();
   const char* const end = at + line.size();
   for (;;) {
@@ -182,10 +182,16 @@ std::vector<std::string> headerNames(std::string_view line, char separator) {
     while (at != end && *at != separator && isBlank(*at)) ++at;
     if (at != end && *at == '"') at = behindQuotes(at, end);
     at = std::find(at, end, separator);
-    names.push_back(unquoted({first, static_cast<std::size_t>(at - first)}));
-    if (at == end) return names;
+    fields.emplace_back(first, static_cast<std::size_t>(at - first));
+    if (at == end) return fields;
     ++at;
   }
+}
+
+std::vector<std::string> headerNames(std::string_view line, char separator) {
+  std::vector<std::string> names;
+  for (const std::string_view field : fieldsOf(line, separator)) names.push_back(unquoted(field));
+  return names;
 }
 
 }  // namespace zevfit::zvm

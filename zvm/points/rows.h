@@ -44,6 +44,9 @@ class RowReader {
   std::vector<RowField> fields_;
 };
 
+/// The fields of a line as they stand in it, with quotes and blanks; a separator between quotes
+/// parts none.
+std::vector<std::string_view> fieldsOf(std::string_view line, char separator);
 /// The fields of a header line without their quotes and blanks.
 std::vector<std::string> headerNames(std::string_view line, char separator);
 /// Comma, semicolon or tab, whichever stands most often outside quotes.

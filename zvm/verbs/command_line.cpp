@@ -136,8 +136,7 @@ void deliver(const Context& context, std::ostream& out) {
     throw Failure(Exit::file, errno == EPIPE ? std::string()
                                              : "cannot write stdout: " +
                                                    std::generic_category().message(errno));
-  if (const auto& file = context.pending())
-    writeOutput(file->path, file->bytes, context.common.overwrite);
+  if (const auto& file = context.pending()) writeOutput(*file, context.common.overwrite);
 }
 
 Exit runAll(const std::vector<std::string>& arguments, Context& context, std::ostream& out) {

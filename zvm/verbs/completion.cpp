@@ -21,7 +21,8 @@ struct OptionWords {
 struct VerbWords {
   std::string name, summary;
   std::vector<OptionWords> options;
-  std::vector<std::string> arguments;  ///< the values of an argument of a few; otherwise files
+  std::vector<std::string> arguments;  ///< the values of an argument of a few
+  bool takesFiles = false;             ///< another argument is a file
 };
 
 /// The values of a type such as "bash|zsh"; none where it names but a kind.
@@ -50,10 +51,13 @@ std::vector<VerbWords> walk() {
     const VerbApp made = appOf(verb, common);
     VerbWords words{verb.name, verb.summary, {}, {}};
     for (const CLI::Option* option : std::as_const(*made.app).get_options()) {
-      if (option->get_positional())
-        words.arguments = valuesOf(option->get_type_name());
-      else
+      if (!option->get_positional()) {
         words.options.push_back(wordsOf(*option));
+        continue;
+      }
+      const auto values = valuesOf(option->get_type_name());
+      words.arguments.insert(words.arguments.end(), values.begin(), values.end());
+      words.takesFiles = words.takesFiles || values.empty();
     }
     verbs.push_back(words);
   }
@@ -68,9 +72,10 @@ std::string joined(const std::vector<std::string>& words, const char* between) {
 
 // ---- bash
 
-/// What completes a word: one of these words, or a file where there is none.
-std::string bashReply(const std::vector<std::string>& words) {
-  const std::string from = words.empty() ? "-f" : "-W '" + joined(words, " ") + '\'';
+/// What completes a word: one of these words, or a file where there is none or `alsoFiles`.
+std::string bashReply(const std::vector<std::string>& words, bool alsoFiles = false) {
+  const std::string from =
+      words.empty() ? "-f" : (alsoFiles ? "-f -W '" : "-W '") + joined(words, " ") + '\'';
   return "mapfile -t COMPREPLY < <(compgen " + from + " -- \"$word\")";
 }
 
@@ -85,7 +90,7 @@ std::string bashVerb(const VerbWords& verb) {
   }
   return "    " + verb.name + ")\n      case $before in\n" + values +
          "      esac\n      if [[ $word == -* ]]; then\n        " + bashReply(names) +
-         "\n      else\n        " + bashReply(verb.arguments) + "\n      fi ;;\n";
+         "\n      else\n        " + bashReply(verb.arguments, verb.takesFiles) + "\n      fi ;;\n";
 }
 
 std::string bashText(const std::vector<VerbWords>& verbs) {
@@ -130,7 +135,11 @@ std::string zshVerb(const VerbWords& verb) {
     for (const std::string& name : option.names)
       text += " \\\n        '*" + name + '[' + zshQuoted(option.description) + ']' +
               (option.takesValue ? ":value" + zshValues(option.values) : "") + '\'';
-  return text + " \\\n        '*:argument" + zshValues(verb.arguments) + "' ;;\n";
+  // Words come first, files behind them.
+  const bool isFirst = verb.takesFiles && !verb.arguments.empty();
+  if (isFirst) text += " \\\n        '1:argument" + zshValues(verb.arguments) + '\'';
+  return text + " \\\n        '*:argument" +
+         zshValues(isFirst ? std::vector<std::string>() : verb.arguments) + "' ;;\n";
 }
 
 std::string zshText(const std::vector<VerbWords>& verbs) {

@@ -1,59 +1,14 @@
 #include "zvm/verbs/compute_options.h"
 
 #include <algorithm>
-#include <charconv>
-#include <filesystem>
 
 #include "zvm/points/names.h"
+#include "zvm/verbs/names.h"
+#include "zvm/verbs/option_values.h"
 #include "zvm/verbs/text.h"
 
 namespace zevfit::verbs {
 namespace {
-
-/// The texts between separators.
-std::vector<std::string> split(const std::string& text, char separator) {
-  std::vector<std::string> parts(1);
-  for (const char c : text)
-    if (c == separator)
-      parts.emplace_back();
-    else
-      parts.back() += c;
-  return parts;
-}
-
-std::vector<std::string> splitAll(const std::vector<std::string>& lists) {
-  std::vector<std::string> all;
-  for (const std::string& list : lists)
-    for (const std::string& one : split(list, ',')) all.push_back(one);
-  return all;
-}
-
-template <class Number>
-Number numberOf(const std::string& text, const std::string& what) {
-  Number value = 0;
-  const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (read.ec != std::errc() || read.ptr != text.data() + text.size())
-    throw Failure(Exit::usage, what + " takes another form than `" + text + "`");
-  return value;
-}
-
-template <class Value>
-struct Choice {
-  const char* name;
-  Value value;
-};
-
-template <class Value, std::size_t Count>
-Value choiceOf(const std::string& given, const std::string& option,
-               const Choice<Value> (&choices)[Count]) {
-  std::vector<std::string> names;
-  for (const auto& choice : choices) {
-    if (given == choice.name) return choice.value;
-    names.emplace_back(choice.name);
-  }
-  throw Failure(Exit::usage,
-                "no " + option + " `" + given + "`; there are " + nearestFirst(given, names));
-}
 
 constexpr Choice<zvm::Compat> kCompats[] = {{"gstat", zvm::Compat::gstat},
                                             {"gamv", zvm::Compat::gamv}};
@@ -61,16 +16,6 @@ constexpr Choice<zvm::ZeroDistances> kZeros[] = {{"skip", zvm::ZeroDistances::sk
                                                  {"first", zvm::ZeroDistances::first}};
 constexpr Choice<zvm::PointFormat> kFormats[] = {{"csv", zvm::PointFormat::csv},
                                                  {"geoeas", zvm::PointFormat::geoeas}};
-
-/// The name of a column in the file.
-std::string fileName(const ComputeOptions& options, const std::string& column,
-                     const std::string& name) {
-  if (const auto refusal = zvm::nameRefusal(name))
-    throw Failure(Exit::data, "the name `" + name + "` can't stand in a variogram file: " +
-                                  *refusal + "; give it another with --name \"" + column +
-                                  "=NAME\"" + (options.names.empty() ? "" : " as well"));
-  return *zvm::latin1Of(zvm::withoutBlanks(name));
-}
 
 /// The position of a variable by its column, its name or its number among the columns as given.
 std::optional<std::size_t> positionOf(const std::string& asked, const ComputeOptions& options,
@@ -98,7 +43,8 @@ std::vector<std::string> variableTexts(const ComputeOptions& options,
       throw Failure(Exit::usage, "--name takes COLUMN=NAME, not `" + text + "`");
     names[requirePosition(text.substr(0, sign), options, columns)] = text.substr(sign + 1);
   }
-  for (std::size_t v = 0; v < names.size(); ++v) names[v] = fileName(options, columns[v], names[v]);
+  for (std::size_t v = 0; v < names.size(); ++v)
+    names[v] = nameForFile(columns[v], names[v], !options.names.empty());
   return names;
 }
 
@@ -246,14 +192,7 @@ std::vector<zvm::Pairing> pairingsOf(const ComputeOptions& options,
 }
 
 std::string titleOf(const ComputeOptions& options) {
-  if (!options.title.empty()) {
-    if (const auto refusal = zvm::nameRefusal(options.title))
-      throw Failure(Exit::usage, "--title can't stand in a variogram file: " + *refusal);
-    return *zvm::latin1Of(zvm::withoutBlanks(options.title));
-  }
-  const std::string file = std::filesystem::path(options.points).filename().string();
-  const bool isName = file != kStandardStream && !zvm::nameRefusal(file);
-  return isName ? "Semivariograms of " + *zvm::latin1Of(file) : "Semivariograms";
+  return options.title.empty() ? titleOfFile(options.points) : titleAsTold(options.title);
 }
 
 }  // namespace zevfit::verbs

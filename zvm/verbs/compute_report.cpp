@@ -29,6 +29,33 @@ std::string fewIn(const std::vector<zvm::LagClass>& classes) {
 
 }  // namespace
 
+std::string fewPairsText(const zvm::Experimental& experimental) {
+  const zvm::Frame& frame = experimental.frame;
+  std::vector<std::vector<std::string>> rows{
+      {"direction", "variable", "classes with fewer than " + std::to_string(kFewPairs) + " pairs"}};
+  for (std::size_t d = 0; d < frame.directions.size(); ++d)
+    for (std::size_t v = 0; v < frame.variables.size(); ++v)
+      rows.push_back({utf8Of(frame.directions[d].name), utf8Of(frame.variables[v].name),
+                      fewIn(experimental.classes[v][d])});
+  return table(rows);
+}
+
+Json semivariogramsOf(const zvm::Experimental& experimental) {
+  const zvm::Frame& frame = experimental.frame;
+  Json semivariograms = Json::array();
+  for (std::size_t v = 0; v < frame.variables.size(); ++v)
+    for (std::size_t d = 0; d < frame.directions.size(); ++d) {
+      Json classes = Json::array();
+      for (const zvm::LagClass& lag : experimental.classes[v][d])
+        classes.push_back(
+            {{"distance", lag.distance}, {"semivariance", lag.semivariance}, {"pairs", lag.pairs}});
+      semivariograms.push_back({{"variable", utf8Of(frame.variables[v].name)},
+                                {"direction", utf8Of(frame.directions[d].name)},
+                                {"classes", classes}});
+    }
+  return semivariograms;
+}
+
 std::string textOf(const zvm::Experimental& experimental, const std::optional<Pace>& pace) {
   const zvm::Frame& frame = experimental.frame;
   const zvm::PointCounts& counts = frame.counts;
@@ -46,19 +73,13 @@ std::string textOf(const zvm::Experimental& experimental, const std::optional<Pa
     rows.push_back({utf8Of(frame.variables[v].name), std::to_string(frame.variables[v].points),
                     placesText(experimental.zeroPairs[v], frame)});
   text += '\n' + table(rows);
-  rows = {
-      {"direction", "variable", "classes with fewer than " + std::to_string(kFewPairs) + " pairs"}};
-  for (std::size_t d = 0; d < frame.directions.size(); ++d)
-    for (std::size_t v = 0; v < frame.variables.size(); ++v)
-      rows.push_back({utf8Of(frame.directions[d].name), utf8Of(frame.variables[v].name),
-                      fewIn(experimental.classes[v][d])});
-  return text + '\n' + table(rows);
+  return text + '\n' + fewPairsText(experimental);
 }
 
 Json jsonOf(const zvm::Experimental& experimental, const std::optional<Pace>& pace) {
   const zvm::Frame& frame = experimental.frame;
   const zvm::PointCounts& counts = frame.counts;
-  Json variables = Json::array(), directions = Json::array(), semivariograms = Json::array();
+  Json variables = Json::array(), directions = Json::array();
   for (std::size_t v = 0; v < frame.variables.size(); ++v) {
     const zvm::Frame::Variable& variable = frame.variables[v];
     variables.push_back({{"name", utf8Of(variable.name)},
@@ -66,15 +87,6 @@ Json jsonOf(const zvm::Experimental& experimental, const std::optional<Pace>& pa
                          {"variance", variable.variance},
                          {"points", variable.points},
                          {"pairsAtOnePlace", experimental.zeroPairs[v]}});
-    for (std::size_t d = 0; d < frame.directions.size(); ++d) {
-      Json classes = Json::array();
-      for (const zvm::LagClass& lag : experimental.classes[v][d])
-        classes.push_back(
-            {{"distance", lag.distance}, {"semivariance", lag.semivariance}, {"pairs", lag.pairs}});
-      semivariograms.push_back({{"variable", utf8Of(variable.name)},
-                                {"direction", utf8Of(frame.directions[d].name)},
-                                {"classes", classes}});
-    }
   }
   for (const zvm::Frame::Toward& direction : frame.directions)
     directions.push_back(utf8Of(direction.name));
@@ -87,7 +99,7 @@ Json jsonOf(const zvm::Experimental& experimental, const std::optional<Pace>& pa
                 {"duplicates", counts.duplicates}}},
               {"variables", variables},
               {"directions", directions},
-              {"semivariograms", semivariograms}};
+              {"semivariograms", semivariogramsOf(experimental)}};
   if (pace) report["seconds"] = pace->seconds;
   if (pace) report["pairsASecond"] = pace->pairsASecond;
   return report;

@@ -14,6 +14,11 @@ struct Pace {
   double pairsASecond = 0;  ///< of those looked at
 };
 
+/// A table of the classes with few pairs, by direction and variable.
+std::string fewPairsText(const zvm::Experimental& experimental);
+/// Every class, by variable and direction.
+Json semivariogramsOf(const zvm::Experimental& experimental);
+
 /// What became of the points, and the classes with few pairs.
 std::string textOf(const zvm::Experimental& experimental, const std::optional<Pace>& pace);
 

@@ -17,10 +17,10 @@ void Context::warning(std::string_view text) {
   if (!common.quiet) message("warning", text);
 }
 
-void Context::save(const std::string& path, std::string bytes) {
+void Context::save(const std::string& path, std::string bytes, AcceptBytes accept) {
   if (path == kStandardStream) return print(bytes);
   requireFree(path, common.overwrite);
-  pending_ = PendingFile{path, std::move(bytes)};
+  pending_ = PendingFile{path, std::move(bytes), std::move(accept)};
 }
 
 }  // namespace zevfit::verbs

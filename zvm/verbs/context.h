@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <istream>
 #include <optional>
 #include <ostream>
@@ -30,10 +31,14 @@ struct Common {
   int threads = 0;  ///< 0: as many as there are cores
 };
 
+/// Throws Failure for the bytes of a file that may not take its place.
+using AcceptBytes = std::function<void(const std::string&)>;
+
 /// A file to be written when all else has gone well.
 struct PendingFile {
   std::string path;
   std::string bytes;
+  AcceptBytes accept;  ///< may be empty
 };
 
 /// What a verb has around it: its options, stdin, and where its words go.
@@ -58,7 +63,8 @@ class Context {
 
   /// Writes to a file at the end of the run, or with "-" to stdout. Throws Failure at once where
   /// there is a file of that name and it may not be overwritten.
-  void save(const std::string& path, std::string bytes);
+  /// `accept` is asked of what is on the disk before it takes the place of the file.
+  void save(const std::string& path, std::string bytes, AcceptBytes accept = {});
   const std::optional<PendingFile>& pending() const { return pending_; }
 
  private:

@@ -8,6 +8,8 @@
 #include <charconv>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -154,6 +156,12 @@ class NewFile {
     if (isMade_) ::unlink(path_.c_str());
   }
 
+  /// What is on the disk.
+  std::string content() const {
+    std::ifstream in(path_, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+  }
+
   void takePlaceOf(const fs::path& target) {
     replaceFile(path_, target);
     isMade_ = false;
@@ -189,7 +197,8 @@ void requireFree(const std::string& path, bool overwrite) {
   if (::access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) != 0) fail(path, errno);
 }
 
-void writeOutput(const std::string& path, std::string_view bytes, bool overwrite) {
+void writeOutput(const PendingFile& file, bool overwrite) {
+  const auto& [path, bytes, accept] = file;
   if (const auto descriptor = descriptorOf(path)) {
     if (const int error = writeAll(*descriptor, bytes); error != 0) fail(path, error);
     return;
@@ -199,6 +208,7 @@ void writeOutput(const std::string& path, std::string_view bytes, bool overwrite
   const HeldSignals held;
   try {
     NewFile made(target, bytes);
+    if (accept) accept(made.content());
     if (HeldSignals::anyWaits()) return;
     requireFree(path, overwrite);
     made.takePlaceOf(target);

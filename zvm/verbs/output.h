@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "zvm/verbs/context.h"
+
 namespace zevfit::verbs {
 
 /// The file is stdout, under any of its names.
@@ -17,8 +19,9 @@ void requireFree(const std::string& path, bool overwrite);
 /// Writes a file in one step, of a symbolic link its target: at every moment there is no file, the
 /// old one whole or the new one whole. A signal that asks for the end (interrupt, terminate, hang
 /// up) is looked at before the last step; where there is one nothing is left and it takes its
-/// course. Throws Failure where the file can't be written; nothing is left then.
-void writeOutput(const std::string& path, std::string_view bytes, bool overwrite);
+/// course. Throws Failure where the file can't be written, and what `accept` of the file throws for
+/// the bytes that are read back from the disk; nothing is left then.
+void writeOutput(const PendingFile& file, bool overwrite);
 
 /// From here on the signals that ask for the end exit with the code of an interruption.
 void exitOnSignals();

@@ -12,6 +12,8 @@ constexpr std::array kVerbs{
     Verb{"check", "what is wrong with variogram files, by line and column", declareCheck},
     Verb{"compute", "experimental semivariograms of points", declareCompute},
     Verb{"merge", "the parts of a computation joined", declareMerge},
+    Verb{"import", "experimental semivariograms of other systems", declareImport},
+    Verb{"fit", "start models by weighted least squares, for fitting by eye", declareFit},
     Verb{"test", "whether models form a linear model of coregionalization", declareTest},
     Verb{"export", "a model in the words of another system", declareExport},
     Verb{"completion", "the completion of a shell, for it to read", declareCompletion},

@@ -35,6 +35,8 @@ Run declareInfo(CLI::App& app);
 Run declareCheck(CLI::App& app);
 Run declareCompute(CLI::App& app);
 Run declareMerge(CLI::App& app);
+Run declareImport(CLI::App& app);
+Run declareFit(CLI::App& app);
 Run declareTest(CLI::App& app);
 Run declareExport(CLI::App& app);
 Run declareCompletion(CLI::App& app);

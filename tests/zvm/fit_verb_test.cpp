@@ -1,0 +1,359 @@
+// The verb fit: what it writes, what it tells, and what it refuses.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <numbers>
+#include <string>
+#include <vector>
+
+#include "files/variogram_reader.h"
+#include "model/nested_model.h"
+#include "session/session.h"
+#include "tests/zvm/command.h"
+#include "zvm/verbs/output.h"
+
+namespace zevfit::test {
+namespace {
+
+using Json = nlohmann::json;
+using Arguments = std::vector<std::string>;
+
+/// A variable with a spherical model; the range may depend on the azimuth.
+struct Truth {
+  std::string name;
+  double nugget = 0.1, sill = 0.5, range = 300;
+  double ratio = 1;    ///< of the range at right angles to the azimuth
+  double azimuth = 0;  ///< of the longest range
+  int pairs = 100;     ///< of every class; 0: classes without pairs
+
+  double rangeAlong(double toward) const {
+    const double angle = (toward - azimuth) * std::numbers::pi / 180;
+    return range / std::hypot(std::cos(angle), std::sin(angle) / ratio);
+  }
+};
+
+constexpr int kClasses = 12;
+
+std::string number(double value) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%.15g", value);
+  return text;
+}
+
+/// A file of classes at 50, 100, ... that lie on the models.
+std::string fileOf(const std::vector<Truth>& truths, const std::vector<double>& azimuths) {
+  std::string head = "plain\nzevlag\n" + std::to_string(truths.size()) + '\n', data;
+  for (const Truth& truth : truths) {
+    head += truth.name + '\n';
+    data += number(std::abs(truth.nugget + truth.sill)) + '\n';
+    for (const double azimuth : azimuths)
+      for (int k = 1; k <= kClasses; ++k) {
+        const double h = 50.0 * k;
+        const double gamma = truth.nugget + spherical(h, truth.sill, truth.rangeAlong(azimuth));
+        data += number(h) + ' ' + (truth.pairs > 0 ? number(gamma) : "0") + ' ' +
+                std::to_string(truth.pairs) + '\n';
+      }
+  }
+  head += std::to_string(azimuths.size()) + '\n' + std::to_string(kClasses) + '\n';
+  for (const double azimuth : azimuths) head += number(azimuth) + ";0\n";
+  return head + data;
+}
+
+const std::vector<double> kFour{0, 45, 90, 135};
+
+class FitVerb : public testing::Test {
+ protected:
+  std::string path(const std::string& name) const { return (folder_ / name).string(); }
+  std::string write(const std::string& name, const std::string& bytes) const {
+    putFile(folder_ / name, bytes);
+    return path(name);
+  }
+  /// Fits a file into "out.zvm", which it replaces.
+  Ran fitted(const std::string& bytes, const Arguments& more = {}) const {
+    Arguments arguments{"fit", "-", path("out.zvm"), "--overwrite"};
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return ran(arguments, bytes);
+  }
+  std::string output() const { return contentOf(path("out.zvm")); }
+  /// The model that the written file has for a pair.
+  NestedModel modelAt(std::int64_t variable, std::int64_t direction) const {
+    const auto session = std::make_unique<Session>();
+    EXPECT_TRUE(readVariogramFile(path("out.zvm"), *session));
+    return modelOf(*session, {variable, direction});
+  }
+
+ private:
+  ScratchFolder folder_;
+};
+
+void expectSpherical(const NestedModel& model, double nugget, double sill, double range) {
+  ASSERT_TRUE(model.structures[0]);
+  EXPECT_EQ(model.structures[0]->form, Form::spherical);
+  EXPECT_NEAR(model.nugget, nugget, 1e-4);
+  EXPECT_NEAR(model.structures[0]->sill, sill, 1e-4);
+  EXPECT_NEAR(model.structures[0]->range, range, 1e-3 * range);
+  EXPECT_FALSE(model.structures[1]);
+}
+
+TEST_F(FitVerb, WritesTheModelThatTheClassesLieOn) {
+  const Ran run = fitted(fileOf({{"zinc"}}, {0}), {"--structures", "1"});
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.code, 0);
+  EXPECT_TRUE(output().starts_with("plain\r\nzevRA1\r\n 1 \r\nzinc\r\n 1 \r\n 12 \r\n0;0\r\n"));
+  expectSpherical(modelAt(1, 1), 0.1, 0.5, 300);
+  // As a save of the program writes it: lines that are not used have a letter and a range.
+  EXPECT_TRUE(output().ends_with("0 \r\n-\r\n0\r\n0.0001\r\n 0 \r\n-\r\n0\r\n0.0001\r\n"))
+      << output();
+  EXPECT_EQ(ran({"check", "-"}, output()).out, "");
+}
+
+TEST_F(FitVerb, FitsOneEllipseToAllDirections) {
+  const Truth truth{"zinc", 0.1, 0.5, 400, 0.5, 30};
+  const Ran run = fitted(fileOf({truth}, kFour), {"--structures", "1", "--forms", "S", "--json"});
+  EXPECT_EQ(run.code, 0) << run.err;
+  for (std::int64_t d = 1; d <= 4; ++d)
+    expectSpherical(modelAt(1, d), 0.1, 0.5,
+                    truth.rangeAlong(kFour[static_cast<std::size_t>(d - 1)]));
+  const Json report = Json::parse(run.out);
+  EXPECT_EQ(report.at("directions"), "geometric");
+  const Json& fit = report.at("variables").at(0).at("fits").at(0);
+  EXPECT_TRUE(fit.at("direction").is_null());
+  EXPECT_EQ(fit.at("models").size(), 4U);
+  const Json& taken = fit.at("ranking").at(0);
+  EXPECT_EQ(taken.at("lines"), "N+S");
+  EXPECT_EQ(taken.at("taken"), true);
+  EXPECT_NEAR(taken.at("ellipse").at("azimuth").get<double>(), 30, 0.1);
+  EXPECT_NEAR(taken.at("ellipse").at("minor1").get<double>(), 0.5, 1e-3);
+}
+
+TEST_F(FitVerb, FitsEachDirectionByItselfWhereThatIsAskedFor) {
+  const std::string file = fileOf({{"zinc", 0.1, 0.5, 400, 0.5, 0}}, {0, 90});
+  const Ran run = fitted(file, {"--structures", "1", "--free"});
+  EXPECT_EQ(run.code, 0) << run.err;
+  expectSpherical(modelAt(1, 1), 0.1, 0.5, 400);
+  expectSpherical(modelAt(1, 2), 0.1, 0.5, 200);
+  EXPECT_NE(run.out.find("directions  each by itself\n"), std::string::npos) << run.out;
+  EXPECT_NE(run.out.find("\nzinc in 90;0, 12 classes\n"), std::string::npos) << run.out;
+}
+
+TEST_F(FitVerb, TellsWeightsRankingAndEllipse) {
+  const Truth truth{"zinc", 0.1, 0.5, 400, 0.5, 30};
+  const Ran run = fitted(fileOf({truth}, kFour), {"--weights", "npairs"});
+  for (const char* part :
+       {"title       plain\n", "weights     N\n", "forms       S, E, G\n",
+        "structures  up to 2, by AICc\n", "nugget      fitted\n", "directions  one ellipse\n",
+        "\nzinc in all directions, 48 classes\n", "ellipse: azimuth 30", ", ratio 0.5", "candidate",
+        "sum of squares", "AICc", "taken\n", "\nN+S ", "\nN+E ", "\nN+G ", "\nN  ",
+        "direction  model  nugget  C1   a1\n", "\n45;0       N+S    0.1     0.5  "})
+    EXPECT_NE(run.out.find(part), std::string::npos) << part << " in\n" << run.out;
+  const char* const formulas[][2] = {{"npairs-over-h2", "N/h^2"},
+                                     {"npairs-over-gamma2", "N/gamma^2"},
+                                     {"npairs", "N\n"},
+                                     {"equal", "1\n"}};
+  for (const auto& [name, formula] : formulas)
+    EXPECT_NE(fitted(fileOf({truth}, {0}), {"--weights", name})
+                  .out.find(std::string("weights     ") + formula),
+              std::string::npos);
+}
+
+TEST_F(FitVerb, TakesWhatTheOptionsTell) {
+  const std::string file = fileOf({{"zinc"}}, {0});
+  EXPECT_EQ(fitted(file, {"--nugget", "0.2", "--forms", "e", "--structures", "1"}).code, 0);
+  EXPECT_EQ(modelAt(1, 1).nugget, 0.2);
+  EXPECT_EQ(modelAt(1, 1).structures[0]->form, Form::exponential);
+  const Ran run = fitted(file, {"--nugget", "0", "--structures", "2", "--title", "caf\xC3\xA9"});
+  EXPECT_EQ(run.code, 0) << run.err;
+  EXPECT_TRUE(output().starts_with("caf\xE9\r\nzevRA1\r\n"));
+  EXPECT_EQ(modelAt(1, 1).nugget, 0);
+  EXPECT_TRUE(modelAt(1, 1).structures[1]);
+}
+
+TEST_F(FitVerb, NamesAVariableThatCannotBeFittedAndWritesTheOthers) {
+  Truth none{"lead"};
+  none.pairs = 0;
+  const Ran run = fitted(fileOf({{"zinc"}, none, {"copper"}}, {0}), {"--structures", "1"});
+  EXPECT_EQ(run.code, 1);
+  EXPECT_TRUE(run.err.starts_with("zvm: warning: `lead` in 0;0 is not fitted: ")) << run.err;
+  EXPECT_NE(run.out.find("\n`lead` in 0;0 is not fitted: "), std::string::npos) << run.out;
+  expectSpherical(modelAt(1, 1), 0.1, 0.5, 300);
+  expectSpherical(modelAt(3, 1), 0.1, 0.5, 300);
+  EXPECT_FALSE(modelAt(2, 1).structures[0]);
+  EXPECT_EQ(modelAt(2, 1).nugget, 0);
+  EXPECT_EQ(ran({"check", "-q", "-"}, output()).code, 0);
+  const Json report =
+      Json::parse(fitted(fileOf({{"zinc"}, none}, {0}), {"--structures", "1", "--json", "-q"}).out);
+  ASSERT_EQ(report.at("notFitted").size(), 1U);
+  EXPECT_EQ(report.at("notFitted").at(0).at("variable"), "lead");
+  EXPECT_EQ(report.at("variables").at(0).at("fitted"), true);
+  EXPECT_EQ(report.at("variables").at(1).at("fitted"), false);
+}
+
+TEST_F(FitVerb, NamesASemivarianceWithoutASill) {
+  std::string file = "t\nzevlag\n1\nzinc\n1\n12\n0;0\n1\n";
+  for (int k = 1; k <= 12; ++k) file += number(50.0 * k) + ' ' + number(0.01 * k) + " 100\n";
+  const Ran run = fitted(file, {"--structures", "1", "--nugget", "0"});
+  EXPECT_EQ(run.code, 1) << run.out;
+  EXPECT_NE(run.err.find("unbounded"), std::string::npos) << run.err;
+  EXPECT_NE(run.err.find("; --forms with P tries a power structure\n"), std::string::npos)
+      << run.err;
+}
+
+TEST_F(FitVerb, LetsOtherVariablesKeepTheirModels) {
+  ASSERT_EQ(fitted(fileOf({{"zinc"}, {"lead"}}, {0}), {"--structures", "1"}).code, 0);
+  const std::string before = output();
+  const Ran run = fitted(before, {"--structures", "1", "--forms", "E", "--var", "lead"});
+  EXPECT_EQ(run.code, 0) << run.err;
+  expectSpherical(modelAt(1, 1), 0.1, 0.5, 300);
+  EXPECT_EQ(modelAt(2, 1).structures[0]->form, Form::exponential);
+  EXPECT_EQ(run.out.find("\nzinc in "), std::string::npos) << run.out;
+}
+
+TEST_F(FitVerb, HasTheSameBytesForAnyNumberOfThreads) {
+  std::vector<Truth> truths;
+  for (int v = 0; v < 6; ++v)
+    truths.push_back({"v" + std::to_string(v), 0.1 * v, 1.0 + v, 200.0 + 30 * v, 0.6, 20.0 * v});
+  ASSERT_EQ(fitted(fileOf(truths, kFour), {"--threads", "1"}).code, 0);
+  const std::string one = output();
+  ASSERT_EQ(fitted(fileOf(truths, kFour), {"--threads", "5"}).code, 0);
+  EXPECT_EQ(output(), one);
+}
+
+// ---- Several variables together.
+
+/// Sills that make no model together: a cross sill above the root of the product.
+const std::vector<Truth> kThree{{"zinc", 0.1, 0.5}, {"lead", 0.2, 0.8}, {"zinc-lead", 0.2, 0.7}};
+
+TEST_F(FitVerb, FitsACoregionalizationThatPassesTheTest) {
+  const std::string file = fileOf(kThree, {0, 90});
+  ASSERT_EQ(fitted(file, {"--structures", "1", "--forms", "S"}).code, 0);
+  EXPECT_EQ(ran({"test", path("out.zvm"), "--all"}).code, 1) << "each by itself they are none";
+  const Ran run = fitted(file, {"--structures", "1", "--forms", "S", "--lmc", "zinc,lead"});
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.code, 0);
+  const Ran tested = ran({"test", path("out.zvm"), "--all"});
+  EXPECT_EQ(tested.code, 0) << tested.out;
+  EXPECT_NE(run.out.find("\ncoregionalization of zinc, lead, 72 classes\n"), std::string::npos)
+      << run.out;
+  EXPECT_NE(run.out.find("The test of coregionalization is passed.\n"), std::string::npos);
+  // One range for all; the three of them have the same digits.
+  for (std::int64_t v = 2; v <= 3; ++v)
+    for (std::int64_t d = 1; d <= 2; ++d)
+      EXPECT_EQ(modelAt(v, d).structures[0]->range, modelAt(1, 1).structures[0]->range);
+}
+
+TEST_F(FitVerb, FitsTheOtherVariablesBesideACoregionalization) {
+  std::vector<Truth> truths = kThree;
+  truths.push_back({"copper"});
+  truths[2].name = "cov";
+  const Ran run = fitted(fileOf(truths, {0}), {"--structures", "1", "--forms", "S", "--lmc",
+                                               "lead,1", "--cross-of", "cov=zinc,lead", "--json"});
+  EXPECT_EQ(run.code, 0) << run.err;
+  const Json report = Json::parse(run.out);
+  EXPECT_EQ(report.at("coregionalization").at("variables"), Json({"lead", "zinc"}));
+  EXPECT_EQ(report.at("coregionalization").at("fitted"), true);
+  EXPECT_EQ(report.at("coregionalization").at("models").size(), 3U);
+  ASSERT_EQ(report.at("variables").size(), 1U);
+  EXPECT_EQ(report.at("variables").at(0).at("name"), "copper");
+  EXPECT_EQ(ran({"test", path("out.zvm"), "--all", "--cross-of", "cov=lead,zinc"}).code, 0);
+}
+
+TEST_F(FitVerb, UnticksVariablesWithoutACoregionalization) {
+  std::vector<Truth> truths = kThree;
+  truths[2].pairs = 0;
+  ASSERT_EQ(fitted(fileOf(kThree, {0}), {"--structures", "1"}).code, 0);
+  const Ran run = fitted(fileOf(truths, {0}), {"--lmc", "zinc,lead"});
+  EXPECT_EQ(run.code, 1);
+  for (const char* name : {"zinc", "lead", "zinc-lead"})
+    EXPECT_NE(run.err.find("zvm: warning: `" + std::string(name) + "` is not fitted: "),
+              std::string::npos)
+        << run.err;
+  for (std::int64_t v = 1; v <= 3; ++v) EXPECT_FALSE(modelAt(v, 1).structures[0]);
+}
+
+TEST_F(FitVerb, AFileThatIsNotAcceptedTakesNoPlace) {
+  const std::string old = write("old", "old");
+  const verbs::PendingFile pending{old, "new", [](const std::string& bytes) {
+                                     EXPECT_EQ(bytes, "new");
+                                     throw verbs::Failure(verbs::Exit::bad, "no");
+                                   }};
+  EXPECT_THROW(verbs::writeOutput(pending, true), verbs::Failure);
+  EXPECT_EQ(contentOf(old), "old");
+}
+
+TEST_F(FitVerb, LeavesNoFileWhenItIsInterrupted) {
+  std::vector<Truth> truths(40);
+  for (std::size_t v = 0; v < truths.size(); ++v) truths[v].name = "v" + std::to_string(v);
+  std::vector<double> azimuths;
+  for (int d = 0; d < 20; ++d) azimuths.push_back(9.0 * d);
+  write("large.zvm", fileOf(truths, azimuths));
+  // The pipe is empty once the program has read it all; jobs of a shell ignore interrupts.
+  const std::string command =
+      "cd '" + path("") +
+      "' && mkfifo in && { env --default-signal=INT '" ZEVFIT_ZVM
+      "' fit in out.zvm >printed 2>&1 & program=$!; cat large.zvm >in; sleep 0.1; "
+      "kill -INT $program; wait $program; }";
+  const int status = std::system(command.c_str());
+  EXPECT_EQ(WIFEXITED(status) ? WEXITSTATUS(status) : -1, 130);
+  EXPECT_EQ(contentOf(path("printed")), "");
+  EXPECT_FALSE(std::filesystem::exists(path("out.zvm")));
+}
+
+// ---- Wrong use.
+
+TEST_F(FitVerb, SaysWhatIsWrong) {
+  const std::string file = fileOf({{"zinc"}, {"lead"}, {"zinc-lead"}, {"copper"}}, {0});
+  const std::string there = write("there.zvm", "");
+  const std::string out = path("new.zvm");
+  const struct {
+    Arguments more;
+    int code;
+    std::string message;
+  } rows[] = {
+      {{out, "--forms", "SX"}, 2, "--forms takes letters of S, E, G and P, not `SX`"},
+      {{out, "--structures", "4"}, 2, "--structures takes 1, 2 or 3, not 4"},
+      {{out, "--structures", "two"}, 2, "--structures takes another form than `two`"},
+      {{out, "--nugget", "much"}, 2, "--nugget takes another form than `much`"},
+      {{out, "--nugget", "-1"}, 2, "--nugget takes free or a number from 0, not -1"},
+      {{out, "--weights", "npair"},
+       2,
+       "no --weights `npair`; there are npairs, equal, npairs-over-h2, npairs-over-gamma2"},
+      {{out, "--geometric", "--free"}, 2, "--geometric and --free exclude each other"},
+      {{out, "--var", "zink"},
+       3,
+       "no variable `zink` in -; there are zinc, lead, zinc-lead, copper"},
+      {{out, "--lmc", "zinc"}, 2, "--lmc takes 2 variables and more"},
+      {{out, "--lmc", "zinc,1"}, 2, "--lmc has `1` twice"},
+      {{out, "--lmc", "zinc,zinc-lead"},
+       2,
+       "`zinc-lead` is a cross variable; --lmc takes the variables that crosses are of"},
+      {{out, "--lmc", "zinc,lead,copper"},
+       3,
+       "no cross variable of zinc and copper, lead and copper in -: it is named A-B for two "
+       "variables A and B, or told by --cross-of \"NAME=A,B\""},
+      {{out, "--lmc", "zinc,lead", "--nugget", "0.1"}, 2, "--nugget takes free or 0 with --lmc"},
+      {{out, "--title", "a,b"}, 2, "--title can't stand in a variogram file: it holds a comma"},
+      {{"-", "--json"}, 2, "--json reports on a file: it takes another OUT than stdout"},
+      {{there}, 4, there + " exists; --overwrite replaces it"},
+  };
+  for (const auto& row : rows) {
+    Arguments arguments{"fit", "-"};
+    arguments.insert(arguments.end(), row.more.begin(), row.more.end());
+    const Ran run = ran(arguments, file);
+    EXPECT_EQ(run.err, "zvm: error: " + row.message + '\n');
+    EXPECT_EQ(run.code, row.code) << row.message;
+    EXPECT_EQ(run.out, "") << row.message;
+  }
+  EXPECT_EQ(ran({"fit", path("none.zvm"), out}).code, 4);
+  EXPECT_EQ(ran({"fit", "-", out}, "no file").code, 3);
+  const Ran toStdout = ran({"fit", "-", "-", "--structures", "1"}, file);
+  EXPECT_TRUE(toStdout.out.starts_with("plain\r\nzevRA1\r\n"));
+  EXPECT_TRUE(toStdout.err.starts_with("title ")) << toStdout.err;
+}
+
+}  // namespace
+}  // namespace zevfit::test

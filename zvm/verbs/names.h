@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace zevfit::verbs {
+
+/// A title that the user tells, in Latin-1. Throws Failure for one that a file can't hold.
+std::string titleAsTold(const std::string& title);
+/// The title of semivariograms that stem from a file, in Latin-1.
+std::string titleOfFile(const std::string& file);
+
+/// A name that is to stand in a file, in Latin-1; `from` is what it is called in the input. Throws
+/// Failure where a file can't hold it, with --name as the way out; `again`: there is one already.
+std::string nameForFile(const std::string& from, const std::string& name, bool again);
+
+}  // namespace zevfit::verbs

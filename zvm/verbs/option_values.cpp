@@ -1,0 +1,22 @@
+#include "zvm/verbs/option_values.h"
+
+namespace zevfit::verbs {
+
+std::vector<std::string> split(const std::string& text, char separator) {
+  std::vector<std::string> parts(1);
+  for (const char c : text)
+    if (c == separator)
+      parts.emplace_back();
+    else
+      parts.back() += c;
+  return parts;
+}
+
+std::vector<std::string> splitAll(const std::vector<std::string>& lists) {
+  std::vector<std::string> all;
+  for (const std::string& list : lists)
+    for (const std::string& one : split(list, ',')) all.push_back(one);
+  return all;
+}
+
+}  // namespace zevfit::verbs
