@@ -1,8 +1,10 @@
+#include <cerrno>
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <system_error>
 #include <thread>
 
 #include "zvm/experimental/job.h"
@@ -36,12 +38,21 @@ auto guarded(Work&& work) {
   }
 }
 
+/// What messages call the points.
+std::string pointsName(const ComputeOptions& options) {
+  return options.points == kStandardStream ? "stdin" : options.points;
+}
+
 zvm::PointSet pointsOf(const ComputeOptions& options, const zvm::ReadOptions& read,
                        Context& context) {
-  if (options.points == kStandardStream) return zvm::readPoints(context.in(), "stdin", read);
+  if (options.points == kStandardStream)
+    return zvm::readPoints(context.in(), pointsName(options), read);
   std::ifstream file(options.points, std::ios::binary);
-  if (!file) throw Failure(Exit::file, "cannot read " + options.points + ": it can't be opened");
+  const int failed = file ? 0 : errno;
   std::error_code unknown;
+  if (failed != 0 || std::filesystem::is_directory(options.points, unknown))
+    throw Failure(Exit::file, "cannot read " + options.points + ": " +
+                                  std::generic_category().message(failed != 0 ? failed : EISDIR));
   const auto size = static_cast<double>(std::filesystem::file_size(options.points, unknown));
   Progress progress(context, "reading");
   return zvm::readPoints(file, options.points, read, [&](std::uint64_t bytes) {
@@ -85,7 +96,7 @@ zvm::Job jobOf(const ComputeOptions& options, Context& context) {
   plan.pairings = pairingsOf(options, points.names);
   zvm::Job job = zvm::prepare(std::move(points), std::move(plan), sample);
   if (const auto refusal = zvm::pointsRefusal(job.frame))
-    throw Failure(Exit::data, options.points + ": " + *refusal);
+    throw Failure(Exit::data, pointsName(options) + ": " + *refusal);
   warnOfPlan(job.plan, context);
   warnOfPoints(job, context);
   return job;
