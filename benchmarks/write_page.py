@@ -3,8 +3,9 @@
 
     write_page.py RESULTS PAGE
 
-RESULTS is a folder with the output of each benchmark, NAME.json. All between the two marks of the
-page is replaced: the date, the machine and the tables.
+RESULTS is a folder with the output of each benchmark, NAME.json. All between the two marks of a part
+of the page is replaced: the date, the machine and the tables. A part of whose benchmarks none was run
+stays as it is.
 """
 import datetime
 import json
@@ -12,8 +13,6 @@ import pathlib
 import re
 import sys
 
-BEGIN = "<!-- figures: begin -->"
-END = "<!-- figures: end -->"
 
 
 class Results:
@@ -25,7 +24,13 @@ class Results:
         self.runs = {}
         for path in sorted(pathlib.Path(folder).glob("*.json")):
             for run in json.loads(path.read_text())["benchmarks"]:
-                self.runs[path.stem, run["name"]] = run
+                if run.get("error_occurred"):
+                    sys.exit(f"{path.stem}: {run['name']}: {run['error_message']}")
+                # Without how often it was run, which is part of the name where that is fixed.
+                self.runs[path.stem, run["name"].split("/iterations:")[0]] = run
+
+    def has(self, program):
+        return any(run == program for run, _ in self.runs)
 
     def of(self, program, name):
         return self.runs[program, name]
@@ -152,25 +157,102 @@ def machine():
     return f"{cores} cores of {cpu.group(1) if cpu else 'an unknown processor'}"
 
 
-def page(results):
+def windows_page(results):
     return "\n\n".join([
-        f"Measured on {datetime.date.today()} on {machine()}.",
-        table(["what", "benchmark", "yardstick", "figure", "to be"],
-              [[what, f"`{program}`", told, figure, goal]
-               for what, program, told, figure, goal in figures(results)]),
+        measured(),
+        figures_table(figures(results)),
         "How the cost grows (`growth_qt_bench`):",
         table(["what", "", "", ""], growth(results)),
         "Where the time of one redraw goes:",
         table(["part", "time", "of the whole"], parts(results))])
 
 
+def gstat_row(results, what, name, goal):
+    run = results.of("compute_gstat_bench", name)
+    return (what, "compute_gstat_bench", "gstat",
+            f"{1000 * run['best_s']:.0f} ms to {run['gstat_s']:.1f} s: {run['speed_of_gstat']:.0f} times its speed",
+            f"at least {goal}")
+
+
+def bare_row(results, what, name):
+    run = results.of("compute_bench", name)
+    return (what, "compute_bench", "a bare loop over the same pairs",
+            f"{run['ns_a_pair']:.2f} ns to {run['yardstick_ns_a_pair']:.2f} ns a pair: "
+            f"{run['times_yardstick']:.2f}")
+
+
+def two_threads_row(results):
+    run = results.of("compute_bench", "BM_TwoThreads")
+    return ("two threads, 200,000 points", "compute_bench", "one thread",
+            f"{run['two_s']:.2f} s to {run['one_s']:.2f} s: {run['times_one']:.2f} times its speed", "at least 1.85")
+
+
+def point_growth_row(results):
+    one, ten = (results.of("compute_bench", f"BM_Growth/{size}")["ns_a_pair"] for size in (1_000_000, 10_000_000))
+    return ("ten million points, with as many partners each", "compute_bench", "one million",
+            f"{ten:.2f} ns to {one:.2f} ns a pair: {ten / one:.2f}", "0.85 to 1.15")
+
+
+def point_memory_row(results):
+    run = results.of("compute_memory_bench", "BM_ComputeMemory")
+    return ("memory of `zvm compute`, a million points", "compute_memory_bench", "64 bytes a point and 16 MB",
+            f"{run['taken_MB']:.1f} MB to {run['allowed_MB']:.1f} MB: {run['taken_MB'] / run['allowed_MB']:.2f}",
+            "at most 1")
+
+
+def reading_row(results):
+    run = results.of("points_bench", "BM_ReadPoints")
+    return ("reading a CSV file of a million points", "points_bench", "a bare loop of `from_chars`",
+            f"{run['best_ms']:.0f} ms to {run['yardstick_ms']:.0f} ms: {run['speed_of_yardstick']:.2f} of its speed",
+            "at least 0.5")
+
+
+def points_figures(results):
+    rows = []
+    if results.has("compute_gstat_bench"):
+        rows = [gstat_row(results, "50,000 random points, cutoff 0.1, 15 classes, one thread",
+                          "BM_OmnidirectionalBesideGstat", 60),
+                gstat_row(results, "the same in four directions", "BM_FourDirectionsBesideGstat", 150)]
+    return rows + [
+        *((*bare_row(results, f"its pairs, {size:,} points", f"BM_Omnidirectional/{size}"), "at most 1.5")
+          for size in (10_000, 50_000, 500_000)),
+        (*bare_row(results, "the pairs in four directions", "BM_FourDirections/50000"), ""),
+        two_threads_row(results),
+        point_growth_row(results),
+        point_memory_row(results),
+        reading_row(results),
+    ]
+
+
+def points_page(results):
+    return "\n\n".join([measured(), figures_table(points_figures(results))])
+
+
+def measured():
+    return f"Measured on {datetime.date.today()} on {machine()}."
+
+
+def figures_table(rows):
+    return table(["what", "benchmark", "yardstick", "figure", "to be"],
+                 [[what, f"`{program}`", told, figure, goal] for what, program, told, figure, goal in rows])
+
+
+# The parts of the page by the words of their marks, and a benchmark that each takes.
+PARTS = {"figures": ("redraw_qt_bench", windows_page), "points": ("compute_bench", points_page)}
+
+
 def main():
     folder, target = sys.argv[1:]
+    results = Results(folder)
     path = pathlib.Path(target)
-    before, rest = path.read_text().split(BEGIN)
-    after = rest.split(END)[1]
-    text = page(Results(folder))
-    path.write_text(f"{before}{BEGIN}\n\n{text}\n\n{END}{after}")
+    text = path.read_text()
+    for name, (program, page) in PARTS.items():
+        if not results.has(program):
+            continue
+        begin, end = f"<!-- {name}: begin -->", f"<!-- {name}: end -->"
+        before, rest = text.split(begin)
+        text = f"{before}{begin}\n\n{page(results)}\n\n{end}{rest.split(end)[1]}"
+    path.write_text(text)
 
 
 if __name__ == "__main__":

@@ -146,12 +146,20 @@ TEST_F(ComputeVerb, RefusesWithReasonAndExitCode) {
        3,
        "the name `a,b` can't stand in a variogram file: it holds a comma; give it another with "
        "--name \"zinc=NAME\" as well"},
+      {{out, "--var", "3"}, 2, "two variables named `zinc`"},
+      {{out, "--var", "lead", "--name", "lead=zinc"}, 2, "two variables named `zinc`"},
+      {{out, "--var", "lead", "--cross", "zinc:lead,zinc:lead"},
+       2,
+       "two variables named `zinc-lead`"},
+      {{out, "--dir", "0;0", "--dir", " 0;0"}, 2, "two directions named `0;0`"},
       {{out, "--dir", "45"}, 2, "--dir takes \"AZ;DIP\", not `45`"},
       {{out, "--dir", "45;10"}, 2, "the dip of direction `45;10` needs points with z"},
       {{out, "--tol", "10"}, 2, "--tol, --band and --vband take --dir"},
       {{out, "--trim", "5"}, 2, "--trim takes MIN:MAX, not `5`"},
-      {{out, "--trim", "5:6"}, 3, "-: no semivariogram: one point alone"},
-      {{out, "--trim", "50:60"}, 3, "-: no semivariogram: no point with coordinates and a value"},
+      {{out, "--trim", "5:6"}, 3, "stdin: no semivariogram: one point alone"},
+      {{out, "--trim", "50:60"},
+       3,
+       "stdin: no semivariogram: no point with coordinates and a value"},
       {{out, "--part", "3/2"}, 2, "there is no part 3/2"},
       {{out, "--seed", "3"}, 2, "--seed takes --sample"},
       {{out, "--compat", "gsat"}, 2, "no --compat `gsat`; there are gstat, gamv"},
@@ -167,10 +175,13 @@ TEST_F(ComputeVerb, RefusesWithReasonAndExitCode) {
     if (refusal.message.empty()) continue;
     EXPECT_EQ(run.err, "zvm: error: " + refusal.message + '\n');
   }
-  EXPECT_EQ(ran({"compute", path("none.csv"), out, "--x", "x", "--y", "y", "--var", "v", "--lag",
-                 "1", "--lags", "2"})
-                .code,
-            4);
+  for (const auto& [points, why] : {std::pair(path("none.csv"), "No such file or directory"),
+                                    std::pair(path(""), "Is a directory")}) {
+    const Ran run = ran({"compute", points, out, "--x", "x", "--y", "y", "--var", "v", "--lag", "1",
+                         "--lags", "2"});
+    EXPECT_EQ(run.code, 4);
+    EXPECT_EQ(run.err, "zvm: error: cannot read " + points + ": " + why + '\n');
+  }
 }
 
 TEST_F(ComputeVerb, NamesVariablesAndCrosses) {
@@ -183,6 +194,16 @@ TEST_F(ComputeVerb, NamesVariablesAndCrosses) {
   EXPECT_EQ(session.varname(1), "Zn");
   EXPECT_EQ(session.varname(2), "Pb");
   EXPECT_EQ(session.varname(3), "Zn-Pb");
+}
+
+// A name with outer blanks would stand in quotes, which a save drops.
+TEST_F(ComputeVerb, KeepsTheNamesOfDirectionsButForOuterBlanks) {
+  EXPECT_EQ(square({path("a.zvm"), "--dir", " -45 ; 0 ", "--dir", "090;0.0", "-q"}).code, 0);
+  Session session;
+  ASSERT_TRUE(readVariogramFile(path("a.zvm"), session));
+  EXPECT_EQ(session.dirname(1), "-45 ; 0");
+  EXPECT_EQ(session.dirname(2), "090;0.0");
+  EXPECT_EQ(contentOf(path("a.zvm")).find('"'), std::string::npos);
 }
 
 TEST_F(ComputeVerb, SaysWhatASampleIs) {

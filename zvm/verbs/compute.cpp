@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <system_error>
 #include <thread>
 
 #include "zvm/experimental/job.h"
@@ -37,9 +38,15 @@ auto guarded(Work&& work) {
   }
 }
 
+/// What messages call the points.
+std::string pointsName(const ComputeOptions& options) {
+  return options.points == kStandardStream ? "stdin" : options.points;
+}
+
 zvm::PointSet pointsOf(const ComputeOptions& options, const zvm::ReadOptions& read,
                        Context& context) {
-  if (options.points == kStandardStream) return zvm::readPoints(context.in(), "stdin", read);
+  if (options.points == kStandardStream)
+    return zvm::readPoints(context.in(), pointsName(options), read);
   std::ifstream file = openInput(options.points);
   std::error_code unknown;
   const auto size = static_cast<double>(std::filesystem::file_size(options.points, unknown));
@@ -85,7 +92,7 @@ zvm::Job jobOf(const ComputeOptions& options, Context& context) {
   plan.pairings = pairingsOf(options, points.names);
   zvm::Job job = zvm::prepare(std::move(points), std::move(plan), sample);
   if (const auto refusal = zvm::pointsRefusal(job.frame))
-    throw Failure(Exit::data, options.points + ": " + *refusal);
+    throw Failure(Exit::data, pointsName(options) + ": " + *refusal);
   warnOfPlan(job.plan, context);
   warnOfPoints(job, context);
   return job;

@@ -33,6 +33,16 @@ std::size_t requirePosition(const std::string& asked, const ComputeOptions& opti
   throw Failure(Exit::data, zvm::noSuchName("variable", asked, "--var", columns));
 }
 
+/// Names that are equal would be told apart by their numbers alone.
+template <class Named>
+void requireDifferent(const std::vector<Named>& all, std::string Named::*name, const char* what) {
+  for (auto one = all.begin(); one != all.end(); ++one)
+    if (std::find_if(all.begin(), one,
+                     [&](const Named& other) { return other.*name == (*one).*name; }) != one)
+      throw Failure(Exit::usage,
+                    "two " + std::string(what) + "s named `" + utf8Of((*one).*name) + '`');
+}
+
 /// What the variables are called, in the order of their columns.
 std::vector<std::string> variableTexts(const ComputeOptions& options,
                                        const std::vector<std::string>& columns) {
@@ -152,11 +162,13 @@ zvm::Plan planOf(const ComputeOptions& options) {
   for (const std::string& name : options.directions) {
     auto direction = zvm::directionOf(name);
     if (!direction) throw Failure(Exit::usage, "--dir takes \"AZ;DIP\", not `" + name + "`");
+    direction->name = zvm::withoutBlanks(name);
     direction->tolerance = options.tolerance.value_or(direction->tolerance);
     direction->band = options.band;
     direction->vband = options.vband;
     plan.directions.push_back(*direction);
   }
+  requireDifferent(plan.directions, &zvm::Direction::name, "direction");
   if (!plan.directions.empty()) return plan;
   if (options.tolerance || options.band || options.vband)
     throw Failure(Exit::usage, "--tol, --band and --vband take --dir");
@@ -173,11 +185,11 @@ std::vector<zvm::Pairing> pairingsOf(const ComputeOptions& options,
   const auto add = [&](std::size_t first, std::size_t second) {
     pairings.push_back({first, second, names[first] + '-' + names[second]});
   };
-  const std::vector<std::string> crosses = splitAll(options.crosses);
+  std::vector<std::string> crosses = splitAll(options.crosses);
   if (crosses == std::vector<std::string>{"all"}) {
     for (std::size_t first = 0; first < names.size(); ++first)
       for (std::size_t second = first + 1; second < names.size(); ++second) add(first, second);
-    return pairings;
+    crosses.clear();
   }
   for (const std::string& cross : crosses) {
     const auto pair = split(cross, ':');
@@ -188,6 +200,7 @@ std::vector<zvm::Pairing> pairingsOf(const ComputeOptions& options,
     if (first == second) throw Failure(Exit::usage, "--cross " + cross + " is no cross");
     add(first, second);
   }
+  requireDifferent(pairings, &zvm::Pairing::name, "variable");
   return pairings;
 }
 

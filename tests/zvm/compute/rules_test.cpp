@@ -76,6 +76,35 @@ TEST(Lattice, GamvCountsOmnidirectionalPairsTwice) {
   expectSemivariances(wide, {2.0903, 1.8682, 2.1857});
 }
 
+/// The pairs whose distance is at least `from` and less than `to`, by one centred class.
+Experimental between(double from, double to) {
+  Plan plan = planOf((from + to) / 2, 1);
+  plan.lags.tolerance = (to - from) / 2;
+  return computed(lattice(), plan);
+}
+
+// GSTools and scikit-gstat take the lower edge into a class and leave the upper one out.
+TEST(Lattice, ClassesFromTheirLowerEdgeAsInGstoolsAndScikit) {
+  EXPECT_EQ(pairsOf(between(0, 1)), (Counts{0}));
+  EXPECT_EQ(pairsOf(between(1, 2)), (Counts{72}));
+  expectSemivariances(between(1, 2), {2.0903});
+  EXPECT_EQ(pairsOf(between(2, 3)), (Counts{96}));
+  expectSemivariances(between(2, 3), {2.1146});
+}
+
+// Of 188 pairs 50 are diagonal, 25 in each way. GSTools leaves out both edges of a sector;
+// scikit-gstat takes both into that of 90 degrees and one into that of 0.
+TEST(Lattice, SectorsAsOthersHaveThem) {
+  const auto counted = [](const char* name, double tolerance) {
+    const Counts counts = pairsOf(computed(lattice(), planOf(1, 3, {toward(name, tolerance)})));
+    return std::accumulate(counts.begin(), counts.end(), std::uint64_t{0});
+  };
+  EXPECT_EQ(counted("0;0", 44.9), 69U);
+  EXPECT_EQ(counted("90;0", 44.9), 69U);
+  EXPECT_EQ(counted("0;0", 45), 94U);
+  EXPECT_EQ(counted("90;0", 45.1), 119U);
+}
+
 TEST(Lattice, DisjointSectorsSumToAllWhereGstatsDoNot) {
   const std::vector<Direction> halves{toward("0;0", 45), toward("90;0", 45)};
   const auto all = [](const Experimental& result, std::size_t direction) {
