@@ -72,8 +72,9 @@ void refuseNumbers(std::size_t classes, Tried& tried) {
   if (!std::isfinite(tried.sum))
     tried.refusal = "its sum of squares is beyond all numbers";
   else if (!std::isfinite(tried.aicc))
-    tried.refusal = std::to_string(classes) + " classes are too few for " +
-                    std::to_string(tried.parameters) + " parameters";
+    tried.refusal = std::to_string(classes) + (classes == 1 ? " class is" : " classes are") +
+                    " too few for " + std::to_string(tried.parameters) +
+                    (tried.parameters == 1 ? " parameter" : " parameters");
 }
 
 void refuseRanges(const Problem& problem, const Theta& theta, Tried& tried) {

@@ -5,12 +5,16 @@
 #include <cstddef>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "fitting/fit.h"
 #include "fitting/search.h"
 
 namespace zevfit::fitting {
+
+/// A nugget below this part of the sills is none beside Gaussian structures.
+inline constexpr double kLeastNugget = 1e-3;
 
 /// The sets of forms that options ask for, each form once or more, the nugget alone first.
 std::vector<std::vector<Form>> formSets(const Options& options);
@@ -58,6 +62,17 @@ Choice rank(std::vector<Candidate>& ranking) {
     if (isPower || !(unbounded < ranking[i].aicc - kClearlyBetter)) return {true, false, i};
   }
   return {false, std::isfinite(unbounded), 0};
+}
+
+/// Of equal sets the better candidates.
+template <class Candidate>
+void takeBetter(std::vector<Candidate>& best, std::vector<Candidate> others) {
+  if (best.empty()) {
+    best = std::move(others);
+    return;
+  }
+  for (std::size_t i = 0; i < others.size(); ++i)
+    if (others[i].sum < best[i].sum) best[i] = std::move(others[i]);
 }
 
 /// Why nothing is offered.

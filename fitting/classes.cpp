@@ -12,9 +12,9 @@ Classes classesOf(const FileTables& data, Pair pair) {
     const double pairs = data.npairs(pair, lag), semivariance = data.gam(pair, lag);
     if (!(pairs > 0)) continue;
     const double distance = data.hlag(pair, lag).number();
-    const bool isFinite =
-        std::isfinite(distance) && std::isfinite(semivariance) && std::isfinite(pairs);
-    if (distance > 0 && isFinite) classes.push_back({distance, semivariance, pairs});
+    const bool isFinite = std::isfinite(semivariance) && std::isfinite(pairs);
+    if (distance > 0 && std::isnormal(distance) && isFinite)
+      classes.push_back({distance, semivariance, pairs});
   }
   return classes;
 }

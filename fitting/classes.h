@@ -23,9 +23,9 @@ struct DirectionClasses {
   Classes classes;
 };
 
-/// The classes of a pair that have pairs, a distance above 0 and finite numbers, by their order in
-/// the file, of which `nclass` count. Throws Fault for a distance that is a text, and for a pair
-/// outside the tables.
+/// The classes of a pair that have pairs, a distance above 0 (by more than 1e-307) and finite
+/// numbers, by their order in the file, of which `nclass` count. Throws Fault for a distance that
+/// is a text, and for a pair outside the tables.
 Classes classesOf(const FileTables& data, Pair pair);
 
 /// The same of all directions of a variable.

@@ -14,8 +14,6 @@
 namespace zevfit::fitting {
 namespace {
 
-/// A nugget below this part of the sills is none beside Gaussian structures.
-constexpr double kLeastNugget = 1e-3;
 constexpr int kMostRounds = 50;
 constexpr double kSettled = 1e-6;
 
@@ -161,22 +159,9 @@ class Drafts {
     for (int round = 0; round < kMostRounds; ++round) {
       GoulardVoltz fit(problem, block_.places, found.forms);
       sills = fit.fit(found.theta);
-      if (renewWeights(problem, fit.residuals()) < kSettled) break;
+      if (renewWeights(problem.entries, fit.residuals()) < kSettled) break;
     }
     return sills;
-  }
-
-  static double renewWeights(Problem& problem, std::span<const double> residuals) {
-    double change = 0;
-    std::size_t at = 0;
-    for (Entry& entry : problem.entries) {
-      std::vector<double> model;
-      for (std::size_t i = 0; i < entry.size(); ++i)
-        model.push_back(entry.values[i] - residuals[at++] / entry.roots[i]);
-      change = std::max(change, reweigh(entry, model));
-    }
-    shareUnits(problem.entries);
-    return change;
   }
 
   void refuse(const SillMatrices& sills, const Found& found, Draft& draft) const {
@@ -245,13 +230,6 @@ class Drafts {
 Problem problemOf(const std::vector<Entry>& entries, EllipseFamily family, const Options& options) {
   Problem problem{entries, options.nugget, std::move(family), limitsOf(entries)};
   return problem;
-}
-
-/// Of equal sets the better drafts.
-void takeBetter(std::vector<Draft>& drafts, std::vector<Draft> others) {
-  if (drafts.empty()) drafts = std::move(others);
-  for (std::size_t i = 0; i < others.size(); ++i)
-    if (others[i].sum < drafts[i].sum) drafts[i] = std::move(others[i]);
 }
 
 CoregionFit fitChosen(const FileTables& data, const Block& block, const Chosen& directions,

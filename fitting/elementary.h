@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <limits>
 #include <numbers>
 
 namespace zevfit::fitting {
@@ -12,10 +13,11 @@ namespace zevfit::fitting {
 /// ln 2 in two parts, of which the first is exact when multiplied by an exponent.
 inline constexpr double kLn2High = 0x1.62e42fefa38p-1, kLn2Low = 0x1.ef35793c7673p-45;
 
-/// e^x within 2 units in the last place, x below 700; 0 for x below -700.
+/// e^x within 2 units in the last place; 0 for x below -700, infinite above 709.
 inline double exponentialOf(double x) {
-  constexpr double kLeast = -700, kWhole = 0x1.8p52;
-  const double clipped = x < kLeast ? kLeast : x;
+  constexpr double kLeast = -700, kMost = 709, kWhole = 0x1.8p52;
+  const double above = x < kLeast ? kLeast : x;
+  const double clipped = above > kMost ? kMost : above;
   // The sum has the whole number nearest to x / ln 2 in its last bits.
   const double shifted = clipped * std::numbers::log2e + kWhole;
   const double whole = shifted - kWhole;
@@ -36,7 +38,8 @@ inline double exponentialOf(double x) {
   p = p * r + 1;
   const std::uint64_t exponent = std::bit_cast<std::uint64_t>(shifted) << 52U;
   const auto value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(p) + exponent);
-  return x < kLeast ? 0 : value;
+  const double below = x > kMost ? std::numeric_limits<double>::infinity() : value;
+  return x < kLeast ? 0 : below;
 }
 
 /// The natural logarithm of a normal number above 0, within 2 units in the last place of the larger

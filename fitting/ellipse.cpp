@@ -294,7 +294,7 @@ std::vector<std::vector<double>> EllipseFamily::grid() const {
 }
 
 std::vector<std::size_t> mainChoices(const std::vector<Arm>& arms) {
-  const std::vector<std::size_t> axes = axesOf(arms);
+  std::vector<std::size_t> axes = axesOf(arms);
   if (isPlane(arms) && axes.size() == 2) return axes;
   // In space the azimuth of the first level direction, where it matters.
   const auto level = std::ranges::find_if(axes, [&](std::size_t i) { return isLevel(arms[i]); });

@@ -12,8 +12,6 @@
 namespace zevfit::fitting {
 namespace {
 
-/// A nugget below this part of the sills is none beside Gaussian structures.
-constexpr double kLeastNugget = 1e-3;
 /// What sills of either sign may add up to, in largest semivariances.
 constexpr double kLargestSills = 3;
 constexpr const char* kNoClasses = "no class has pairs";
@@ -142,14 +140,6 @@ Result refused(std::string why) {
   Result result;
   result.refusal = std::move(why);
   return result;
-}
-
-/// Of equal sets the better candidates.
-void takeBetter(std::vector<Candidate>& candidates, std::vector<Candidate> others) {
-  if (candidates.empty()) candidates.resize(others.size());
-  for (std::size_t i = 0; i < others.size(); ++i)
-    if (candidates[i].models.empty() || others[i].sum < candidates[i].sum)
-      candidates[i] = std::move(others[i]);
 }
 
 Result oneModel(const FileTables& data, Pair pair, const Options& options) {

@@ -74,6 +74,25 @@ void subtract(std::span<double> from, std::span<const double> what, double facto
   for (std::size_t i = 0; i < from.size(); ++i) from[i] -= factor * what[i];
 }
 
+/// The largest change of a weight's root.
+double reweigh(Entry& entry, std::span<const double> residuals) {
+  double largest = 0;
+  for (const double value : entry.values) largest = std::max(largest, std::abs(value));
+  const double least = kLeastModel * largest, before = entry.weightUnit;
+  std::vector<double> old = std::exchange(entry.roots, {});
+  for (std::size_t i = 0; i < entry.size(); ++i) {
+    const double model = entry.values[i] - residuals[i] / old[i];
+    const double value = std::max(std::abs(model), least) * entry.unit;
+    entry.roots.push_back(entry.pairs[i] / value / value);
+  }
+  takeRoots(entry);
+  const double same = std::sqrt(before / entry.weightUnit);
+  double change = 0;
+  for (std::size_t i = 0; i < entry.size(); ++i)
+    change = std::max(change, std::abs(entry.roots[i] - old[i] * same));
+  return change;
+}
+
 }  // namespace
 
 Entry entryOf(const std::vector<DirectionClasses>& directions, const Options& options,
@@ -107,20 +126,14 @@ void shareUnits(std::vector<Entry>& entries) {
   }
 }
 
-double reweigh(Entry& entry, std::span<const double> model) {
-  double largest = 0;
-  for (const double value : entry.values) largest = std::max(largest, std::abs(value));
-  const double least = kLeastModel * largest, before = entry.weightUnit;
-  std::vector<double> old = std::exchange(entry.roots, {});
-  for (std::size_t i = 0; i < entry.size(); ++i) {
-    const double value = std::max(std::abs(model[i]), least) * entry.unit;
-    entry.roots.push_back(entry.pairs[i] / value / value);
-  }
-  takeRoots(entry);
-  const double same = std::sqrt(before / entry.weightUnit);
+double renewWeights(std::vector<Entry>& entries, std::span<const double> residuals) {
   double change = 0;
-  for (std::size_t i = 0; i < entry.size(); ++i)
-    change = std::max(change, std::abs(entry.roots[i] - old[i] * same));
+  std::size_t at = 0;
+  for (Entry& entry : entries) {
+    change = std::max(change, reweigh(entry, residuals.subspan(at, entry.size())));
+    at += entry.size();
+  }
+  shareUnits(entries);
   return change;
 }
 

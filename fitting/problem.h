@@ -36,9 +36,9 @@ Entry entryOf(const std::vector<DirectionClasses>& directions, const Options& op
 /// Gives entries the same units, so that their sums of squares can be added.
 void shareUnits(std::vector<Entry>& entries);
 
-/// Weights by the model: N by the square of its values at the classes, in units of the entry.
-/// Returns the largest change of a weight's root, as a part of the largest root.
-double reweigh(Entry& entry, std::span<const double> model);
+/// Weights by the model that leaves these residuals: N by the square of its values, as of
+/// Weights::pairsOverModel2. Returns the largest change of a weight's root, in largest roots.
+double renewWeights(std::vector<Entry>& entries, std::span<const double> residuals);
 
 /// The parameters that sills and nugget are no part of: of each structure the logarithm of its
 /// mean range or, for a power form, its exponent; behind them those of the ellipse.

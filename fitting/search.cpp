@@ -154,16 +154,7 @@ Found settled(Problem problem, const std::vector<Form>& set, Minimum minimum) {
   for (int round = 0; round < kMostRounds; ++round) {
     Projection before(problem, set);
     const std::span<const double> residuals = before.residuals(minimum.theta);
-    double change = 0;
-    std::size_t at = 0;
-    for (Entry& entry : problem.entries) {
-      std::vector<double> model;
-      for (std::size_t i = 0; i < entry.size(); ++i)
-        model.push_back(entry.values[i] - residuals[at++] / entry.roots[i]);
-      change = std::max(change, reweigh(entry, model));
-    }
-    shareUnits(problem.entries);
-    if (change < kSettled) break;
+    if (renewWeights(problem.entries, residuals) < kSettled) break;
     Projection projection(problem, set);
     minimum = descend([&](std::span<const double> theta) { return projection.residuals(theta); },
                       [&](std::span<double> theta) { projection.clamp(theta); }, minimum.theta);
@@ -179,6 +170,7 @@ std::vector<Found> search(const Problem& problem, const std::vector<std::vector<
   std::size_t most = 0;
   for (const std::vector<Form>& set : sets) most = std::max(most, set.size());
   std::vector<Minimum> singles;
+  singles.reserve(forms.size());
   for (const Form form : forms) singles.push_back(single(problem, form));
   std::vector<Joint> joint;
   if (most > 1) joint.emplace_back(problem, forms, ellipsesOf(problem, singles), most);

@@ -1,5 +1,6 @@
 #include "fitting/write.h"
 
+#include <cmath>
 #include <string>
 
 #include "session/line.h"
@@ -41,7 +42,9 @@ NestedModel modelFor(const VariableFit& fit, std::size_t direction) {
 
 }  // namespace
 
-double asInFile(double value) { return leadingNumber(generalText(value)); }
+double asInFile(double value) {
+  return std::isfinite(value) ? leadingNumber(generalText(value)) : value;
+}
 
 void writeModel(FitTables& tables, Pair pair, const NestedModel& model) {
   write(tables, pair, model, model.nugget != 0);

@@ -8,7 +8,8 @@
 
 namespace zevfit::fitting {
 
-/// The number that a file brings back for this one: 15 significant digits.
+/// The number that a file brings back for this one, which has 15 significant digits; itself where
+/// it is not finite.
 double asInFile(double value);
 
 /// Puts a model into the cells of a pair: nugget and structures of the model are ticked, with

@@ -75,7 +75,10 @@ TEST(Recovery, OfAnEllipseIsWithinItsBands) {
   for (int trial = 0; trial < kEllipseCases; ++trial) {
     const double turn = noise.uniform(0, 180), shrink = noise.uniform(0.3, 0.7);
     const NestedModel model = test::nested(0.2, {{Form::spherical, 0.8, noise.uniform(500, 1200)}});
-    const Result result = ellipseModel(directions(model, turn, shrink, noise), {});
+    Options options;
+    options.forms = {Form::spherical};
+    options.structures = 1;
+    const Result result = ellipseModel(directions(model, turn, shrink, noise), options);
     ASSERT_TRUE(result.isOffered()) << result.refusal;
     const Anisotropy& found = *result.choice().anisotropy;
     azimuth.add(std::remainder(found.angles.azimuth - turn, 180));

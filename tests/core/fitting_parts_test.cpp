@@ -25,6 +25,7 @@ TEST(Elementary, IsThatOfTheLibraryWithinAFewBits) {
     EXPECT_NEAR(exponentialOf(x) / std::exp(x), 1, kBits) << x;
   EXPECT_EQ(exponentialOf(0), 1);
   EXPECT_EQ(exponentialOf(-701), 0);
+  EXPECT_EQ(exponentialOf(710), HUGE_VAL);
   EXPECT_EQ(exponentialOf(-HUGE_VAL), 0);
   for (double x = 1e-300; x < 1e300; x *= 1.0137)
     EXPECT_NEAR(logarithmOf(x), std::log(x), kBits * std::max(0.7, std::abs(std::log(x)))) << x;

@@ -258,9 +258,11 @@ Imported importGstat(const std::vector<GstatRow>& rows, const GstatOptions& opti
   Imported imported =
       joinBlocks(blocks.blocks(), std::move(blocks.directions()),
                  [&](std::size_t k) { return (static_cast<double>(k) + 0.5) * options.width; });
-  for (const std::string& id : ids.doubtful())
-    imported.warnings.push_back("`" + id + "` is taken for a variable by itself; --cross-of \"" +
-                                id + "=A,B\" makes it a cross");
+  for (const std::string& id : ids.doubtful()) {
+    const std::string quoted = '`' + id + '`', told = "\"" + id + "=A,B\"";
+    imported.warnings.push_back(quoted + " is taken for a variable by itself; --cross-of " + told +
+                                " makes it a cross");
+  }
   if (blocks.areMostEmpty())
     imported.warnings.push_back("most classes have no row; is --width that of gstat?");
   return imported;

@@ -75,6 +75,7 @@ FitPlan planOf(const Loaded& loaded, const FitOptions& options, const fitting::O
   FitPlan plan{fit, {}, std::nullopt};
   if (!options.lmc.empty()) plan.coregion = coregionFor(loaded, splitAll(options.lmc), known);
   std::vector<std::int64_t> wanted;
+  wanted.reserve(options.variables.size());
   for (const std::string& name : options.variables)
     wanted.push_back(variableOf(session, loaded.path, name));
   for (std::int64_t v = 1; v <= session.nvar; ++v)

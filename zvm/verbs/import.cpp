@@ -173,6 +173,7 @@ std::vector<std::string> fileNames(const exchange::Imported& imported, const Opt
 std::vector<std::optional<double>> toldVariances(const std::vector<std::string>& names,
                                                  const Options& options) {
   std::vector<std::string> printed;
+  printed.reserve(names.size());
   for (const std::string& name : names) printed.push_back(utf8Of(name));
   std::vector<std::optional<double>> variances(names.size());
   for (const std::string& text : options.variances) {
