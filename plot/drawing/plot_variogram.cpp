@@ -1,5 +1,6 @@
 #include "plot/drawing/plot_variogram.h"
 
+#include "model/fields.h"
 #include "model/refresh.h"
 #include "plot/drawing/data_steps.h"
 #include "plot/drawing/frame.h"
@@ -56,6 +57,9 @@ void plotvariogram(Fit& fit, PlotWindows& windows) {
   PlotWindow& window = windows.plotwin(session.current());
   if (window.minimised()) window.restore();
   selectFirstStructure(fit, session.current());
+  // What stands in the field is of the pair of the drawing before.
+  const bool isTyped = session.plotted() == session.current() && session.atyped(session.current());
+  const std::string range = fit.panel.text(Field::a);
   session.setPlotted(session.current());
   Drawing drawing{session, window, kScreenPlot};
   mirrorBoxes(fit);
@@ -63,6 +67,7 @@ void plotvariogram(Fit& fit, PlotWindows& windows) {
   writeCaption(session, window);
   drawWindowFrame(drawing, window);
   endSilently([&] { drawData(fit, drawing, window); });
+  if (isTyped) tellDrawnRange(fit, range);
 }
 
 void redrawPlot(Fit& fit, PlotWindow& window) {
