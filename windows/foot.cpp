@@ -25,6 +25,24 @@ constexpr double kLargestShown = 9999.9;
 
 QString toText(const std::string& bytes) { return QFile::decodeName(bytes.c_str()); }
 
+/// What a label fills: its texts change with every step of a slider, and none asks for a layout.
+class Room : public QWidget {
+ public:
+  Room(const char* name, QWidget* label) : label_(label) {
+    setObjectName(name);
+    label->setParent(this);
+    // A long text must not make the window wider.
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  }
+  QSize sizeHint() const override { return label_->minimumSizeHint(); }
+
+ protected:
+  void resizeEvent(QResizeEvent* /*event*/) override { label_->resize(size()); }
+
+ private:
+  QWidget* label_;
+};
+
 /// A label whose texts change without any other moving.
 QLabel* makeFixed(const char* name, const QString& longest) {
   auto* label = new QLabel;
@@ -60,12 +78,11 @@ Foot::Foot()
   setObjectName("Foot");
   LabelFile->setMaximumWidth(kLongestName);
   LabelFile->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  // A long path must not make the window wider.
-  for (ElidedLabel* label : {LabelHint, LabelFoot})
-    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  // Nor must a long path.
+  LabelFoot->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   addWidget(LabelFile);
   addWidget(LabelChanged);
-  addWidget(LabelHint, 1);
+  addWidget(new Room("RoomHint", LabelHint), 1);
   addWidget(LabelFoot, 1);
   addPermanentWidget(LabelMisfit);
   LabelFoot->hide();
@@ -75,8 +92,11 @@ Foot::Foot()
 }
 
 void Foot::showFile(const std::string& path, bool modelsDiffer) {
-  const QString whole = toText(path);
-  LabelFile->tell(QFileInfo(whole).fileName(), whole);
+  if (path != path_) {
+    path_ = path;
+    const QString whole = toText(path);
+    LabelFile->tell(QFileInfo(whole).fileName(), whole);
+  }
   const QString mark = modelsDiffer ? kMark : "";
   if (LabelChanged->text() == mark) return;
   LabelChanged->setText(mark);
@@ -100,7 +120,15 @@ void Foot::addNote(const QString& line) {
 
 void Foot::showHint(const QString& hint) {
   topic_.reset();
-  LabelHint->tell(hint, hint);
+  const bool isSame = hint == hint_;
+  hint_ = hint;
+  // What takes nothing away leaves a tip on show.
+  if (!isSame || !hint.isEmpty()) showTip({});
+}
+
+void Foot::showTip(const QString& tip) {
+  const QString& shown = tip.isEmpty() ? hint_ : tip;
+  LabelHint->tell(shown, shown);
 }
 
 void Foot::showHint(HintTopic topic, const QString& hint) {

@@ -69,7 +69,10 @@ void ToolsMenu::follow() {
 bool ToolsMenu::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::ChildAdded)
     static_cast<QChildEvent*>(event)->child()->installEventFilter(this);
-  if (event->type() == QEvent::Hide) follow();
+  if (event->type() == QEvent::Hide) {
+    follow();
+    if (plotGone) plotGone();
+  }
   return QObject::eventFilter(watched, event);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -33,8 +34,11 @@ class ToolsMenu : public QObject {
   void follow();
   Manual& manual() { return manual_; }
 
+  /// Called behind the end of a plot, of which the area does not tell where it is the last one.
+  std::function<void()> plotGone;
+
  protected:
-  /// Takes notice of plots that come and go: the area does not tell when its last one is closed.
+  /// Takes notice of plots that come and go.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

@@ -3,6 +3,7 @@
 #include "model/fields.h"
 #include "model/refresh.h"
 #include "plot/drawing/data_steps.h"
+#include "plot/drawing/drawn_misfit.h"
 #include "plot/drawing/frame.h"
 #include "plot/drawing/plot_kept.h"
 #include "plot/drawing/window_key.h"
@@ -17,6 +18,7 @@ namespace {
 
 /// The picture without numbers and data.
 void drawWindowFrame(Drawing& drawing, PlotWindow& window) {
+  window.misfit().reset();
   clearPicture(drawing);
   drawTitle(drawing);
   sizeWindow(window);
@@ -37,6 +39,7 @@ void drawData(Fit& fit, Drawing& drawing, PlotWindow& window) {
   renewFrame(drawing, window);
   drawContent(drawing);
   window.toFront();
+  window.misfit() = drawnMisfit(fit.session);
 }
 
 }  // namespace
@@ -85,8 +88,11 @@ void redrawPlot(Fit& fit, PlotWindow& window) {
   drawTitle(drawing);
   drawFrame(drawing);
   endSilently([&] {
-    if (!hasCurve) sampleModel(fit);
+    if (hasCurve) return drawContent(drawing);
+    window.misfit().reset();
+    sampleModel(fit);
     drawContent(drawing);
+    window.misfit() = drawnMisfit(session);
   });
 }
 
