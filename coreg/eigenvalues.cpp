@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <utility>
 
 namespace zevfit {
@@ -41,7 +42,10 @@ std::pair<double, double> rotationOf(const SymmetricMatrix& matrix, std::size_t 
   return {c, t * c};
 }
 
-void rotate(SymmetricMatrix& matrix, std::size_t p, std::size_t q) {
+using Vectors = std::vector<std::vector<double>>;
+
+/// Turns the matrix, and the vectors with it.
+void rotate(SymmetricMatrix& matrix, Vectors& vectors, std::size_t p, std::size_t q) {
   const double besides = matrix.at(p, q);
   if (besides == 0) return;
   const auto [c, s] = rotationOf(matrix, p, q);
@@ -55,6 +59,17 @@ void rotate(SymmetricMatrix& matrix, std::size_t p, std::size_t q) {
   matrix.set(p, p, matrix.at(p, p) - shift);
   matrix.set(q, q, matrix.at(q, q) + shift);
   matrix.set(p, q, 0);
+  for (std::size_t k = 0; k < matrix.order(); ++k) {
+    const double atP = vectors[p][k], atQ = vectors[q][k];
+    vectors[p][k] = c * atP - s * atQ;
+    vectors[q][k] = s * atP + c * atQ;
+  }
+}
+
+Vectors unitVectors(std::size_t order) {
+  Vectors vectors(order, std::vector<double>(order));
+  for (std::size_t i = 0; i < order; ++i) vectors[i][i] = 1;
+  return vectors;
 }
 
 }  // namespace
@@ -65,20 +80,29 @@ double SymmetricMatrix::trace() const {
   return sum;
 }
 
-std::vector<double> eigenvalues(SymmetricMatrix matrix) {
+Eigensystem eigensystem(SymmetricMatrix matrix) {
   int exponent = 0;
   // At about 1 no product overflows or is lost; a power of two changes no digit.
   std::frexp(largestElement(matrix), &exponent);
   scale(matrix, -exponent);
+  Vectors vectors = unitVectors(matrix.order());
   const double small = largestElement(matrix) * std::numeric_limits<double>::min();
   for (int sweep = 0; sweep < kMostSweeps && largestBesideDiagonal(matrix) > small; ++sweep)
     for (std::size_t p = 0; p < matrix.order(); ++p)
-      for (std::size_t q = p + 1; q < matrix.order(); ++q) rotate(matrix, p, q);
-  std::vector<double> values;
-  for (std::size_t i = 0; i < matrix.order(); ++i)
-    values.push_back(std::ldexp(matrix.at(i, i), exponent));
-  std::ranges::sort(values);
-  return values;
+      for (std::size_t q = p + 1; q < matrix.order(); ++q) rotate(matrix, vectors, p, q);
+  std::vector<std::size_t> order(matrix.order());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::ranges::stable_sort(order, {}, [&](std::size_t i) { return matrix.at(i, i); });
+  Eigensystem system;
+  for (const std::size_t i : order) {
+    system.values.push_back(std::ldexp(matrix.at(i, i), exponent));
+    system.vectors.push_back(std::move(vectors[i]));
+  }
+  return system;
+}
+
+std::vector<double> eigenvalues(const SymmetricMatrix& matrix) {
+  return eigensystem(matrix).values;
 }
 
 }  // namespace zevfit

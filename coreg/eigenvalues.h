@@ -26,6 +26,14 @@ class SymmetricMatrix {
 
 /// The eigenvalues in rising order, by the cyclic Jacobi method (Golub and Van Loan, "Matrix
 /// Computations", 4th edition, 8.5.3). All elements must be finite.
-std::vector<double> eigenvalues(SymmetricMatrix matrix);
+std::vector<double> eigenvalues(const SymmetricMatrix& matrix);
+
+/// Eigenvalues in rising order, each with its vector of length 1; those of equal values are at
+/// right angles too.
+struct Eigensystem {
+  std::vector<double> values;
+  std::vector<std::vector<double>> vectors;
+};
+Eigensystem eigensystem(SymmetricMatrix matrix);
 
 }  // namespace zevfit

@@ -57,8 +57,8 @@ std::vector<std::string> quotedIn(std::string_view page) {
 const std::set<std::string>& wordsOfTheProgram() {
   static const std::set<std::string> words = [] {
     std::set<std::string> found;
-    for (const char* folder :
-         {"session", "model", "files", "coreg", "plot", "report", "windows", "platform", "zvm"})
+    for (const char* folder : {"session", "model", "files", "coreg", "fitting", "plot", "report",
+                               "windows", "platform", "zvm"})
       for (const auto& entry : fs::recursive_directory_iterator(kRoot / folder))
         if (entry.path().extension() == ".cpp" || entry.path().extension() == ".h")
           found.merge(wordsOf(contentOf(entry.path())));

@@ -6,7 +6,7 @@
 #   all      all sources; it and `changed` leave out tests and benchmarks
 #   tests, benchmarks  these
 set -euo pipefail
-readonly folders=(session model files coreg plot report windows platform zvm main.cpp fuzz)
+readonly folders=(session model files coreg fitting plot report windows platform zvm main.cpp fuzz)
 readonly most=40
 
 all() { find "${folders[@]}" -name '*.cpp' | sort; }

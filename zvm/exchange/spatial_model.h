@@ -8,12 +8,12 @@
 #include <string_view>
 #include <vector>
 
+#include "model/axes.h"
 #include "session/axis.h"
 #include "session/form.h"
 #include "session/line.h"
 #include "session/pair.h"
 #include "session/session.h"
-#include "zvm/exchange/axes.h"
 #include "zvm/exchange/refusal.h"
 
 namespace zevfit::exchange {

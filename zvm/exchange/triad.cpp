@@ -2,11 +2,7 @@
 #include <string>
 
 #include "files/orthogonality.h"
-#include "model/axis_fields.h"
-#include "session/fault.h"
-#include "session/number_reading.h"
 #include "session/numbers.h"
-#include "session/policy.h"
 #include "zvm/exchange/spatial_model.h"
 #include "zvm/exchange/texts.h"
 
@@ -23,15 +19,11 @@ std::string directionText(const Session& session, std::int64_t direction) {
 }
 
 Direction directionOf(const Session& session, std::int64_t direction) {
-  return attempt(
-      [&] {
-        const DirectionAngles angles = directionAngles(session.dirname(direction));
-        return Direction{leadingNumber(angles.azimuth), leadingNumber(angles.dip)};
-      },
-      [&]() -> Direction {
-        throw Refusal("direction " + directionText(session, direction) +
-                      " has no azimuth and dip, as in 45;0");
-      });
+  const std::optional<Direction> named = directionNamed(session.dirname(direction));
+  if (!named)
+    throw Refusal("direction " + directionText(session, direction) +
+                  " has no azimuth and dip, as in 45;0");
+  return *named;
 }
 
 bool same(const Direction& a, const Direction& b) {

@@ -1,10 +1,8 @@
 #include <optional>
 
-#include "model/axis_fields.h"
+#include "model/axes.h"
 #include "session/line.h"
-#include "session/number_reading.h"
 #include "session/numbers.h"
-#include "session/policy.h"
 #include "zvm/verbs/input.h"
 #include "zvm/verbs/report.h"
 #include "zvm/verbs/text.h"
@@ -12,20 +10,6 @@
 
 namespace zevfit::verbs {
 namespace {
-
-struct Angles {
-  double azimuth = 0, dip = 0;
-};
-
-/// Nothing for a name that tells none.
-std::optional<Angles> anglesOf(const std::string& name) {
-  return attempt(
-      [&]() -> std::optional<Angles> {
-        const DirectionAngles texts = directionAngles(name);
-        return Angles{leadingNumber(texts.azimuth), leadingNumber(texts.dip)};
-      },
-      [] { return std::optional<Angles>(); });
-}
 
 /// The lines in use, as in "N+S+E"; "-" without a model.
 std::string modelText(const Session& session, Pair pair) {
@@ -49,7 +33,7 @@ std::string textReport(const Loaded& loaded) {
                             {"classes", std::to_string(session.nclass)}});
   std::vector<std::vector<std::string>> rows{{"direction", "azimuth", "dip"}};
   for (std::int64_t d = 1; d <= session.ndir; ++d) {
-    const auto angles = anglesOf(session.dirname(d));
+    const auto angles = directionNamed(session.dirname(d));
     rows.push_back({directions.at(static_cast<std::size_t>(d - 1)),
                     angles ? generalText(angles->azimuth) : "-",
                     angles ? generalText(angles->dip) : "-"});
@@ -84,7 +68,7 @@ Json jsonReport(const Loaded& loaded) {
     variables.push_back({{"name", utf8Of(trimmed(session.varname(v)))},
                          {"variance", session.variance(v).number()}});
   for (std::int64_t d = 1; d <= session.ndir; ++d) {
-    const auto angles = anglesOf(session.dirname(d));
+    const auto angles = directionNamed(session.dirname(d));
     Json row{{"name", utf8Of(trimmed(session.dirname(d)))}};
     row["azimuth"] = angles ? Json(angles->azimuth) : Json();
     row["dip"] = angles ? Json(angles->dip) : Json();

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <array>
+#include <optional>
+#include <string_view>
 
-namespace zevfit::exchange {
+namespace zevfit {
 
 // Axes of anisotropy as vectors, and the angles by which other systems name them. All angles are in
 // degrees; azimuths go clockwise from north, dips are positive downward.
@@ -17,6 +19,8 @@ struct Direction {
   double azimuth = 0, dip = 0;
 };
 Vector unitVector(const Direction& direction);
+/// What the outer words of a direction's name tell; nothing for a name that can't be split.
+std::optional<Direction> directionNamed(std::string_view name);
 
 /// Main, Minor 1 and Minor 2: unit vectors at right angles, Minor 2 the cross product of the
 /// others.
@@ -51,4 +55,4 @@ struct Ellipsoid {
 /// and the third has the range of the second.
 Ellipsoid descending(const Ellipsoid& ellipsoid, bool plane);
 
-}  // namespace zevfit::exchange
+}  // namespace zevfit

@@ -1,4 +1,4 @@
-#include "zvm/exchange/axes.h"
+#include "model/axes.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <ostream>
 #include <vector>
 
-namespace zevfit::exchange {
+namespace zevfit {
 namespace {
 
 constexpr double kClose = 1e-14;
@@ -138,4 +138,4 @@ TEST(Descending, OrdersTheAxesInSpace) {
 }
 
 }  // namespace
-}  // namespace zevfit::exchange
+}  // namespace zevfit

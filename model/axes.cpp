@@ -1,11 +1,15 @@
-#include "zvm/exchange/axes.h"
+#include "model/axes.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <numbers>
 
-namespace zevfit::exchange {
+#include "model/axis_fields.h"
+#include "session/number_reading.h"
+#include "session/policy.h"
+
+namespace zevfit {
 namespace {
 
 constexpr double kRadians = std::numbers::pi / 180;
@@ -54,6 +58,15 @@ Vector unitVector(const Direction& direction) {
   return {std::sin(azimuth) * std::cos(dip), std::cos(azimuth) * std::cos(dip), -std::sin(dip)};
 }
 
+std::optional<Direction> directionNamed(std::string_view name) {
+  return attempt(
+      [&]() -> std::optional<Direction> {
+        const DirectionAngles angles = directionAngles(name);
+        return Direction{leadingNumber(angles.azimuth), leadingNumber(angles.dip)};
+      },
+      []() -> std::optional<Direction> { return std::nullopt; });
+}
+
 Axes rightAngled(const Direction& main, const Direction& minor1) {
   const Vector first = unitVector(main), named = unitVector(minor1);
   const Vector along = scaled(first, dot(first, named));
@@ -97,4 +110,4 @@ Ellipsoid descending(const Ellipsoid& ellipsoid, bool plane) {
           {ellipsoid.ranges.at(first), ellipsoid.ranges.at(second), ellipsoid.ranges.at(third)}};
 }
 
-}  // namespace zevfit::exchange
+}  // namespace zevfit
