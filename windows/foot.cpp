@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMainWindow>
+#include <utility>
+#include <vector>
 
 #include "session/number_pattern.h"
 #include "windows/elided_label.h"
@@ -25,22 +27,25 @@ constexpr double kLargestShown = 9999.9;
 
 QString toText(const std::string& bytes) { return QFile::decodeName(bytes.c_str()); }
 
-/// What a label fills: its texts change with every step of a slider, and none asks for a layout.
+/// What labels fill, one over the other: their texts change with every step of a slider, and none
+/// asks for a layout.
 class Room : public QWidget {
  public:
-  Room(const char* name, QWidget* label) : label_(label) {
+  Room(const char* name, std::vector<QWidget*> labels) : labels_(std::move(labels)) {
     setObjectName(name);
-    label->setParent(this);
+    for (QWidget* label : labels_) label->setParent(this);
     // A long text must not make the window wider.
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   }
-  QSize sizeHint() const override { return label_->minimumSizeHint(); }
+  QSize sizeHint() const override { return labels_.front()->minimumSizeHint(); }
 
  protected:
-  void resizeEvent(QResizeEvent* /*event*/) override { label_->resize(size()); }
+  void resizeEvent(QResizeEvent* /*event*/) override {
+    for (QWidget* label : labels_) label->resize(size());
+  }
 
  private:
-  QWidget* label_;
+  std::vector<QWidget*> labels_;
 };
 
 /// A label whose texts change without any other moving.
@@ -53,13 +58,6 @@ QLabel* makeFixed(const char* name, const QString& longest) {
   return label;
 }
 
-QString misfitText(double share) {
-  const double percent = share * 100;
-  const bool fits = percent <= kLargestShown;
-  return QString(fits ? "Misfit %1 %" : "Misfit over %1 %")
-      .arg(QString::fromStdString(formatNumber(fits ? percent : kLargestShown, "###0.0")));
-}
-
 Foot& footOf(QMainWindow& window) {
   if (auto* foot = dynamic_cast<Foot*>(window.findChild<QStatusBar*>())) return *foot;
   auto* foot = new Foot;
@@ -69,10 +67,18 @@ Foot& footOf(QMainWindow& window) {
 
 }  // namespace
 
+QString misfitText(double share) {
+  const double percent = share * 100;
+  const bool fits = percent <= kLargestShown;
+  return QString(fits ? "Misfit %1 %" : "Misfit over %1 %")
+      .arg(QString::fromStdString(formatNumber(fits ? percent : kLargestShown, "###0.0")));
+}
+
 Foot::Foot()
     : LabelFile(new ElidedLabel("LabelFile", Qt::ElideMiddle)),
       LabelChanged(makeFixed("LabelChanged", kMark)),
       LabelHint(new ElidedLabel("LabelHint", Qt::ElideRight)),
+      LabelTip(new ElidedLabel("LabelTip", Qt::ElideRight)),
       LabelFoot(new ElidedLabel("LabelFoot", Qt::ElideMiddle)),
       LabelMisfit(makeFixed("LabelMisfit", misfitText(kLargestShown))) {
   setObjectName("Foot");
@@ -82,10 +88,11 @@ Foot::Foot()
   LabelFoot->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   addWidget(LabelFile);
   addWidget(LabelChanged);
-  addWidget(new Room("RoomHint", LabelHint), 1);
+  addWidget(new Room("RoomHint", {LabelHint, LabelTip}), 1);
   addWidget(LabelFoot, 1);
   addPermanentWidget(LabelMisfit);
   LabelFoot->hide();
+  LabelTip->hide();
   LabelMisfit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   setContentsMargins(kMargin, 0, 0, 0);
   setFixedHeight(fontMetrics().height() + kMargin);
@@ -120,15 +127,14 @@ void Foot::addNote(const QString& line) {
 
 void Foot::showHint(const QString& hint) {
   topic_.reset();
-  const bool isSame = hint == hint_;
-  hint_ = hint;
-  // What takes nothing away leaves a tip on show.
-  if (!isSame || !hint.isEmpty()) showTip({});
+  LabelHint->tell(hint, hint);
+  if (!hint.isEmpty()) showTip({});
 }
 
 void Foot::showTip(const QString& tip) {
-  const QString& shown = tip.isEmpty() ? hint_ : tip;
-  LabelHint->tell(shown, shown);
+  LabelTip->tell(tip, tip);
+  LabelTip->setVisible(!tip.isEmpty());
+  LabelHint->setVisible(tip.isEmpty());
 }
 
 void Foot::showHint(HintTopic topic, const QString& hint) {

@@ -38,13 +38,15 @@ class Foot : public QStatusBar {
   ElidedLabel* LabelFile;
   QLabel* LabelChanged;
   ElidedLabel* LabelHint;
+  ElidedLabel* LabelTip;  ///< in the place of the hint
   ElidedLabel* LabelFoot;  ///< the notes
   QLabel* LabelMisfit;
   std::optional<HintTopic> topic_;  ///< of the hint on show, where it has one
-  QString hint_;
   std::string path_;  ///< of the file on show
 };
 
+/// As in "Misfit 5.1 %", of a share of the variance.
+QString misfitText(double share);
 /// Adds a line to what stands at the foot of a window until a good load; a line that stands there
 /// already stays one.
 void tellAtFoot(QMainWindow& window, const std::string& note);

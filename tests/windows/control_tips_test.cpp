@@ -33,7 +33,13 @@ class ControlTips : public testing::Test, protected TwoPlots {
     QEvent event(QEvent::Leave);
     QApplication::sendEvent(&control, &event);
   }
-  std::string foot() { return program().control<QLabel>("LabelHint").text().toStdString(); }
+  /// What stands where hints stand.
+  std::string foot() {
+    auto& tip = program().control<QLabel>("LabelTip");
+    auto& hint = program().control<QLabel>("LabelHint");
+    EXPECT_NE(tip.isVisible(), hint.isVisible());
+    return (tip.isVisible() ? tip : hint).text().toStdString();
+  }
   /// Brings out the handles of the first plot.
   void bringOut() { QTest::mouseClick(&picture(1), Qt::LeftButton, {}, QPoint(20, 20)); }
 };
