@@ -13,29 +13,18 @@ std::int64_t held(std::int64_t count, int slots) {
   return std::clamp<std::int64_t>(count, 0, slots - 1);
 }
 
-bool isSameCell(const Cell& one, const Cell& other) {
-  if (one.isText() != other.isText()) return false;
-  return one.isText() ? *one.text() == *other.text() : one.number() == other.number();
-}
-
 bool isOff(const Cell& flag) { return !flag.isText() && flag.number() == 0; }
 
 }  // namespace
 
-FileModels::LineCells FileModels::cellsOf(const Session& session, Pair pair, Line which) {
-  const ConstLineRef at = line(session, pair, which);
-  if (which == Line::nugget) return {at.flag(), at.sill(), {}, {}};
-  return {at.flag(), at.sill(), at.range(), at.letter()};
-}
-
 bool FileModels::isSame(const LineCells& kept, const Session& session, Pair pair, Line which) {
   const ConstLineRef at = line(session, pair, which);
   const Cell flag = at.flag();
-  if (!isSameCell(kept.flag, flag)) return false;
+  if (!zevfit::isSame(kept.flag, flag)) return false;
   if (isOff(flag)) return true;
-  if (!isSameCell(kept.sill, at.sill())) return false;
+  if (!zevfit::isSame(kept.sill, at.sill())) return false;
   if (which == Line::nugget) return true;
-  return isSameCell(kept.range, at.range()) && kept.letter == at.letter();
+  return zevfit::isSame(kept.range, at.range()) && kept.letter == at.letter();
 }
 
 bool FileModels::isSame(const Variable& kept, const Session& session, std::int64_t variable) {
@@ -54,8 +43,7 @@ void FileModels::take(const Session& session, std::int64_t variables) {
     Variable& kept = variables_.emplace_back();
     kept.name = session.varname(v);
     for (std::int64_t d = 1; d <= held(session.ndir, kDirectionSlots); ++d) {
-      Model& model = kept.models.emplace_back();
-      for (const Line which : kLines) model[indexOf(which)] = cellsOf(session, {v, d}, which);
+      kept.models.push_back(cellsOf(session, {v, d}));
     }
   }
 }

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
 
+#include "session/model_cells.h"
 #include "session/session.h"
 
 namespace zevfit {
@@ -20,17 +20,11 @@ class FileModels {
   bool differFrom(const Session& session, std::int64_t variables) const;
 
  private:
-  struct LineCells {
-    Cell flag, sill, range;
-    std::string letter;
-  };
-  using Model = std::array<LineCells, 4>;  ///< by lines
   struct Variable {
     std::string name;
-    std::vector<Model> models;  ///< by directions
+    std::vector<ModelCells> models;  ///< by directions
   };
 
-  static LineCells cellsOf(const Session& session, Pair pair, Line which);
   static bool isSame(const LineCells& kept, const Session& session, Pair pair, Line which);
   static bool isSame(const Variable& kept, const Session& session, std::int64_t variable);
 

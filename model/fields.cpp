@@ -1,7 +1,10 @@
 #include "model/fields.h"
 
+#include <algorithm>
+#include <optional>
 #include <string>
 
+#include "model/nested_model.h"
 #include "model/sliders.h"
 #include "session/hint_number.h"
 #include "session/line.h"
@@ -15,6 +18,8 @@ namespace zevfit {
 namespace {
 
 constexpr const char* kTotalPattern = "#####.###";
+/// Drags and the slider write ranges by this one.
+constexpr const char* kRangePattern = "####.###";
 /// This word as the whole text is refused as a sill.
 constexpr const char* kRefusedWord = "False";
 /// No handler writes this caption, so the check of the field stays silent; the limit that works is
@@ -41,14 +46,79 @@ std::string refusedRange(double typed, double farEnd) {
          ", 20 times the largest distance. The far end is taken.";
 }
 
+/// The selected line, where that is a structure.
+std::optional<ConstLineRef> selectedStructure(const Session& session) {
+  if (!session.sel || session.sel == Line::nugget) return std::nullopt;
+  return line(session, session.current(), *session.sel);
+}
+
+/// Nothing for a text beyond all numbers.
+std::optional<double> readingOf(std::string_view text) {
+  return attempt([&] { return std::optional(leadingNumber(text)); },
+                 [] { return std::optional<double>(); });
+}
+
+/// Empty for a text that a number can hold.
+std::string beyondNumbers(std::string_view text, std::string_view what, const Cell& stays) {
+  if (readingOf(text)) return "";
+  return std::string(text) + " is beyond all numbers. The " + std::string(what) + " stays " +
+         stays.toText() + ".";
+}
+
+std::string beyondNumbers(const Session& session, std::string_view range) {
+  const auto selected = selectedStructure(session);
+  return selected ? beyondNumbers(range, "range", selected->range()) : "";
+}
+
+bool isNought(std::string_view text) {
+  return !text.empty() && text.find_first_not_of("+-.0") == text.npos;
+}
+
+bool isWholeNumber(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(" \t");
+  if (first == text.npos) return false;
+  text = text.substr(first, text.find_last_not_of(" \t") - first + 1);
+  return wholeNumber(text).has_value();
+}
+
+std::string asTyped(std::string_view text) {
+  return text.empty() ? "The empty field" : "\"" + std::string(text) + "\"";
+}
+
+/// Why a drawing has raised the range that a text stands for; empty where it has not.
+std::string raisedHint(const Session& session, std::string_view text) {
+  const auto selected = selectedStructure(session);
+  const auto reading = readingOf(text);
+  if (!selected || !reading || *reading > 0) return "";
+  if (selected->range().number() != kSmallestRange) return "";
+  const std::string why = isNought(text) ? "" : asTyped(text) + " counts as 0, and ";
+  return why + "0 is no range: " + generalText(kSmallestRange) + " is taken.";
+}
+
+/// Empty where a text stands for another range than the selected structure has, or is that number
+/// and nothing else.
+std::string countedHint(const Session& session, std::string_view text) {
+  const auto selected = selectedStructure(session);
+  const auto reading = readingOf(text);
+  if (!selected || !reading || selected->range().number() != *reading) return "";
+  return isWholeNumber(text) ? "" : asTyped(text) + " counts as " + generalText(*reading) + ".";
+}
+
+/// A range that is written as the end of the axis counts as that: the axis has more digits than
+/// drags, the slider and most files.
+bool isBeyond(double range, double axisEnd) {
+  if (range <= axisEnd || hintNumber(range, "") == hintNumber(axisEnd, "")) return false;
+  return range > leadingNumber(formatNumber(axisEnd, kRangePattern));
+}
+
 /// Empty where the handle of the selected structure is in view as far as its range tells.
 std::string rangeOutOfView(const Session& session) {
   const Pair pair = session.current();
-  if (!session.sel || session.sel == Line::nugget) return "";
-  const ConstLineRef selected = line(session, pair, *session.sel);
+  const auto selected = selectedStructure(session);
+  if (!selected || !selected->isOn()) return "";
   const double axisEnd = session.xmax(pair) == 0 ? session.hmax(pair) : session.xmax(pair);
-  if (!selected.isOn() || selected.range().number() <= axisEnd) return "";
-  const std::string range = selected.range().toText();
+  if (!isBeyond(selected->range().number(), axisEnd)) return "";
+  const std::string range = selected->range().toText();
   return "a" + std::to_string(indexOf(*session.sel)) + " = " + range +
          " lies beyond the distance axis, which ends at " + hintNumber(axisEnd, range) +
          ": its handle is out of view.";
@@ -122,19 +192,25 @@ void Textc0_Change(Fit& fit) {
   });
   // Behind all changes that this one has brought about.
   endSilently([&] {
-    const bool refused = !taken && fit.session.sel;
-    fit.hints.hint(HintTopic::sill, refused ? refusedSill(fit.session, text) : "");
+    const Session& session = fit.session;
+    std::string hint;
+    if (session.sel)
+      hint =
+          taken ? beyondNumbers(text, "sill", line(session, session.current(), *session.sel).sill())
+                : refusedSill(session, text);
+    fit.hints.hint(HintTopic::sill, hint);
   });
 }
 
 // A failure ends the handler silently: a text beyond all numbers changes no cell.
 void Texta_Change(Fit& fit) {
   if (!requireFile(fit)) return;
-  std::string hint;
+  const std::string text = fit.panel.text(Field::a);
+  std::string hint = beyondNumbers(fit.session, text);
   endSilently([&] {
     Session& session = fit.session;
     const double farEnd = kRangesInScale * session.hmax(session.current());
-    const double typed = leadingNumber(fit.panel.text(Field::a));
+    const double typed = leadingNumber(text);
     if (typed < 0 || typed > farEnd) {
       fit.panel.setText(Field::a, generalText(farEnd));
       hint = refusedRange(typed, farEnd);
@@ -143,8 +219,19 @@ void Texta_Change(Fit& fit) {
     takeRangeText(fit);
     if (!session.atyped(session.current())) fit.plotter.plotvariogram();
   });
-  endSilently(
-      [&] { fit.hints.hint(HintTopic::range, hint.empty() ? rangeOutOfView(fit.session) : hint); });
+  endSilently([&] {
+    if (hint.empty()) hint = raisedHint(fit.session, text);
+    if (hint.empty()) hint = rangeOutOfView(fit.session);
+    fit.hints.hint(HintTopic::range, hint);
+  });
+}
+
+void tellDrawnRange(Fit& fit, std::string_view text) {
+  endSilently([&] {
+    std::string hint = raisedHint(fit.session, text);
+    if (hint.empty()) hint = countedHint(fit.session, text);
+    if (!hint.empty()) fit.hints.hint(HintTopic::range, hint);
+  });
 }
 
 // These two catch no failure.

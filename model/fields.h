@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "model/fit.h"
 
 namespace zevfit {
@@ -14,6 +16,9 @@ void Textc0_Change(Fit& fit);
 void Texta_Change(Fit& fit);
 void Textc0_Click(Session& session);
 void Texta_Click(Session& session, Messages& messages);
+/// Says, behind a drawing, why it shows another range than the text that the field had before it;
+/// nothing where that is no text of the selected structure. No failure.
+void tellDrawnRange(Fit& fit, std::string_view text);
 /// Key down in Textc0 or Texta; kEnterKeyCode draws.
 void Text_KeyDown(Plotter& plotter, int keyCode);
 void Labelvariance_Click(Fit& fit);

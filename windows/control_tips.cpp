@@ -5,6 +5,8 @@
 #include <array>
 #include <string_view>
 
+#include "windows/program_keys.h"
+
 namespace zevfit {
 
 namespace {
@@ -16,12 +18,15 @@ constexpr const char* kTotal = "Sum of the sills of all ticked lines; red above 
 constexpr const char* kVariance =
     "Click, or Alt+V, to use the variance as the sill of the selected line";
 
-// Those of the lists, the letters and the buttons are the ones that users know.
+constexpr const char* kEntries = "arrows go from entry to entry";
+constexpr const char* kPress = "blank key";
+
+// Those of the lists, the letters and the buttons are the ones that users know, without a key.
 constexpr std::array kTips{
-    ControlTip{"Label8", "Select the Variable"},
-    ControlTip{"Combo2", "Select the Variable"},
-    ControlTip{"Label9", "Select the Direction"},
-    ControlTip{"Combodirvar", "Select the Direction"},
+    ControlTip{"Label8", "Select the Variable", kEntries},
+    ControlTip{"Combo2", "Select the Variable", kEntries},
+    ControlTip{"Label9", "Select the Direction", kEntries},
+    ControlTip{"Combodirvar", "Select the Direction", kEntries},
     ControlTip{"Frame1", "The line that fields and sliders show and change"},
     ControlTip{"est1", "Fit the nugget effect (blank key; arrows go from line to line)"},
     ControlTip{"est2", "Fit structure 1 (blank key; arrows go from line to line)"},
@@ -54,10 +59,10 @@ constexpr std::array kTips{
     ControlTip{"labelvari", kVariance},
     ControlTip{"Labelvariance", kVariance},
     ControlTip{"psill", "Draw the variance as a line, from the next drawing on (blank key)"},
-    ControlTip{"Command1", "Change X-Y scales"},
-    ControlTip{"Command2", "Test - Cross Semivariogram"},
-    ControlTip{"Command3", "Grid ON/OFF"},
-    ControlTip{"Command4", "Legend h[units]"},
+    ControlTip{"Command1", "Change X-Y scales", kPress},
+    ControlTip{"Command2", "Test - Cross Semivariogram", kPress},
+    ControlTip{"Command3", "Grid ON/OFF", kPress},
+    ControlTip{"Command4", "Legend h[units]", kPress},
     ControlTip{"Command5", "Plot Theoretical Model"},
     ControlTip{"estru_0", "Nugget: drag for the sill"},
     ControlTip{"estru_1", "Structure 1: left button for the range, right button for the sill"},
@@ -77,13 +82,25 @@ const char* controlTip(const char* control) {
   return found == kTips.end() ? "" : found->text;
 }
 
+QString withKey(const char* control, const QString& text, const QString& otherwise) {
+  const QList<QKeySequence> keys = keysOf(control);
+  const QString key = keys.isEmpty() ? otherwise : keys.first().toString(QKeySequence::NativeText);
+  return key.isEmpty() ? text : text + " (" + key + ")";
+}
+
 void giveTips(QWidget& widget) {
   for (const ControlTip& tip : kTips) {
     auto* control = widget.findChild<QWidget*>(tip.control);
     if (!control) continue;
     control->setToolTip(tip.text);
-    control->setAccessibleDescription(tip.text);
+    control->setAccessibleDescription(withKey(tip.control, tip.text, tip.key));
   }
+}
+
+void tellTipsAtFoot(QWidget& widget) {
+  for (const ControlTip& tip : kTips)
+    if (auto* control = widget.findChild<QWidget*>(tip.control))
+      control->setStatusTip(control->accessibleDescription());
 }
 
 }  // namespace zevfit

@@ -76,6 +76,7 @@ FitPanelWidgets::FitPanelWidgets(QWidget* parent) : QWidget(parent) {
   layOut();
   orderTabs();
   giveTips(*this);
+  tellTipsAtFoot(*this);
 }
 
 void FitPanelWidgets::makeLists() {

@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMainWindow>
+#include <utility>
+#include <vector>
 
 #include "session/number_pattern.h"
 #include "windows/elided_label.h"
@@ -25,6 +27,27 @@ constexpr double kLargestShown = 9999.9;
 
 QString toText(const std::string& bytes) { return QFile::decodeName(bytes.c_str()); }
 
+/// What labels fill, one over the other: their texts change with every step of a slider, and none
+/// asks for a layout.
+class Room : public QWidget {
+ public:
+  Room(const char* name, std::vector<QWidget*> labels) : labels_(std::move(labels)) {
+    setObjectName(name);
+    for (QWidget* label : labels_) label->setParent(this);
+    // A long text must not make the window wider.
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  }
+  QSize sizeHint() const override { return labels_.front()->minimumSizeHint(); }
+
+ protected:
+  void resizeEvent(QResizeEvent* /*event*/) override {
+    for (QWidget* label : labels_) label->resize(size());
+  }
+
+ private:
+  std::vector<QWidget*> labels_;
+};
+
 /// A label whose texts change without any other moving.
 QLabel* makeFixed(const char* name, const QString& longest) {
   auto* label = new QLabel;
@@ -33,13 +56,6 @@ QLabel* makeFixed(const char* name, const QString& longest) {
   label->setFixedSize(label->fontMetrics().horizontalAdvance(longest) + kMargin,
                       label->fontMetrics().height());
   return label;
-}
-
-QString misfitText(double share) {
-  const double percent = share * 100;
-  const bool fits = percent <= kLargestShown;
-  return QString(fits ? "Misfit %1 %" : "Misfit over %1 %")
-      .arg(QString::fromStdString(formatNumber(fits ? percent : kLargestShown, "###0.0")));
 }
 
 Foot& footOf(QMainWindow& window) {
@@ -51,32 +67,43 @@ Foot& footOf(QMainWindow& window) {
 
 }  // namespace
 
+QString misfitText(double share) {
+  const double percent = share * 100;
+  const bool fits = percent <= kLargestShown;
+  return QString(fits ? "Misfit %1 %" : "Misfit over %1 %")
+      .arg(QString::fromStdString(formatNumber(fits ? percent : kLargestShown, "###0.0")));
+}
+
 Foot::Foot()
     : LabelFile(new ElidedLabel("LabelFile", Qt::ElideMiddle)),
       LabelChanged(makeFixed("LabelChanged", kMark)),
       LabelHint(new ElidedLabel("LabelHint", Qt::ElideRight)),
+      LabelTip(new ElidedLabel("LabelTip", Qt::ElideRight)),
       LabelFoot(new ElidedLabel("LabelFoot", Qt::ElideMiddle)),
       LabelMisfit(makeFixed("LabelMisfit", misfitText(kLargestShown))) {
   setObjectName("Foot");
   LabelFile->setMaximumWidth(kLongestName);
   LabelFile->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  // A long path must not make the window wider.
-  for (ElidedLabel* label : {LabelHint, LabelFoot})
-    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  // Nor must a long path.
+  LabelFoot->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   addWidget(LabelFile);
   addWidget(LabelChanged);
-  addWidget(LabelHint, 1);
+  addWidget(new Room("RoomHint", {LabelHint, LabelTip}), 1);
   addWidget(LabelFoot, 1);
   addPermanentWidget(LabelMisfit);
   LabelFoot->hide();
+  LabelTip->hide();
   LabelMisfit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   setContentsMargins(kMargin, 0, 0, 0);
   setFixedHeight(fontMetrics().height() + kMargin);
 }
 
 void Foot::showFile(const std::string& path, bool modelsDiffer) {
-  const QString whole = toText(path);
-  LabelFile->tell(QFileInfo(whole).fileName(), whole);
+  if (path != path_) {
+    path_ = path;
+    const QString whole = toText(path);
+    LabelFile->tell(QFileInfo(whole).fileName(), whole);
+  }
   const QString mark = modelsDiffer ? kMark : "";
   if (LabelChanged->text() == mark) return;
   LabelChanged->setText(mark);
@@ -101,6 +128,13 @@ void Foot::addNote(const QString& line) {
 void Foot::showHint(const QString& hint) {
   topic_.reset();
   LabelHint->tell(hint, hint);
+  if (!hint.isEmpty()) showTip({});
+}
+
+void Foot::showTip(const QString& tip) {
+  LabelTip->tell(tip, tip);
+  LabelTip->setVisible(!tip.isEmpty());
+  LabelHint->setVisible(tip.isEmpty());
 }
 
 void Foot::showHint(HintTopic topic, const QString& hint) {

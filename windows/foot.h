@@ -28,6 +28,9 @@ class Foot : public QStatusBar {
   void showHint(const QString& hint);
   /// By the rule of Hints.
   void showHint(HintTopic topic, const QString& hint);
+  /// Shows what the pointer is over in place of the hint, which comes back with an empty tip; a new
+  /// hint goes before it.
+  void showTip(const QString& tip);
   /// Takes away notes and hint.
   void clear();
 
@@ -35,11 +38,15 @@ class Foot : public QStatusBar {
   ElidedLabel* LabelFile;
   QLabel* LabelChanged;
   ElidedLabel* LabelHint;
+  ElidedLabel* LabelTip;  ///< in the place of the hint
   ElidedLabel* LabelFoot;  ///< the notes
   QLabel* LabelMisfit;
   std::optional<HintTopic> topic_;  ///< of the hint on show, where it has one
+  std::string path_;  ///< of the file on show
 };
 
+/// As in "Misfit 5.1 %", of a share of the variance.
+QString misfitText(double share);
 /// Adds a line to what stands at the foot of a window until a good load; a line that stands there
 /// already stays one.
 void tellAtFoot(QMainWindow& window, const std::string& note);

@@ -53,6 +53,7 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
   void setPictureSize(double width, double height) override;
   Surface& picture() override { return Picture4->surface(); }
   PenState& pen() override { return pen_; }
+  std::optional<double>& misfit() override { return misfit_; }
   void setHandleBorder(Line handle, bool border) override;
   void hideGuides() override;
   void toFront() override;
@@ -128,6 +129,7 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
   bool appeared_ = false;
   bool fitting_ = false;  ///< the frame follows the nominal size, not the other way round
   PenState pen_;
+  std::optional<double> misfit_;
   DragState drag_;
   std::array<double, 2> guideAt_{}, guideFrom_{}, guideTo_{};
   QWidget* pressed_ = nullptr;  ///< where the mouse went down for a click

@@ -277,6 +277,7 @@ void mdimod::takeFile() {
   about().hide();
   saver_.startFile();
   fileModels_.take(session_, variableCount());
+  tools_->takeFile();
   clearFoot(*this);
 }
 

@@ -79,6 +79,7 @@ class mdimod : public QMainWindow, public Plotter, public Hints, public Structur
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
   /// A command of a menu or the toolbar.
@@ -146,6 +147,8 @@ class mdimod : public QMainWindow, public Plotter, public Hints, public Structur
   void tellOfHalf(const std::string& path);
   /// Brings the foot up to date once the events under way have ended, however often it is asked.
   void renewFoot();
+  /// That of the plot on show, as it was drawn.
+  std::optional<double> shownMisfit() const;
 
   Dialogs& dialogs_;
   /// Keeps the models and tells of a fault that ends the program.

@@ -8,6 +8,7 @@
 #include <QShortcut>
 #include <QToolBar>
 
+#include "windows/control_tips.h"
 #include "windows/controls.h"
 #include "windows/fit_panel_widgets.h"
 #include "windows/mdimod.h"
@@ -69,6 +70,7 @@ void mdimod::makeToolbar() {
                                             : Toolbar1->addAction(blank, command.caption);
     action->setObjectName(command.key);
     action->setToolTip(command.tip);
+    action->setStatusTip(withKey(command.key, command.tip));
     action->setShortcuts(keysOf(command.key));
     // Tab reaches the button; a click leaves the focus where it is.
     if (QWidget* button = Toolbar1->widgetForAction(action); button && !action->isSeparator()) {
@@ -105,6 +107,7 @@ void mdimod::makeShortcuts(QWidget& window) {
 
 void mdimod::makeTools() {
   tools_ = std::make_unique<ToolsMenu>(*this, *area_, *fit_, dialogs_, faults_);
+  tools_->plotGone = [this] { renewFoot(); };
   for (const char* list : {"Combo2", "Combodirvar"})
     connect(panel_->findChild<QComboBox*>(list), &QComboBox::currentIndexChanged, tools_.get(),
             [this] { tools_->follow(); });

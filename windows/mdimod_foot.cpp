@@ -1,8 +1,9 @@
 // What the main window tells at its foot.
 #include <QFile>
+#include <QMdiArea>
+#include <QStatusTipEvent>
 
 #include "files/rescue.h"
-#include "model/misfit.h"
 #include "session/policy.h"
 #include "windows/foot.h"
 #include "windows/mdimod.h"
@@ -22,6 +23,11 @@ void mdimod::hint(HintTopic topic, std::string_view text) {
                   QFile::decodeName(QByteArray(text.data(), static_cast<qsizetype>(text.size()))));
 }
 
+std::optional<double> mdimod::shownMisfit() const {
+  auto* plot = dynamic_cast<Formod*>(area_->currentSubWindow());
+  return plot && plot->appeared() ? plot->misfit() : std::nullopt;
+}
+
 void mdimod::renewFoot() {
   if (std::exchange(footDue_, true)) return;
   const auto renew = [this] {
@@ -30,12 +36,16 @@ void mdimod::renewFoot() {
                         attempt([&] { return fileModels_.differFrom(session_, variableCount()); },
                                 [] { return true; });
     foot_->showFile(session_.inputfile, differ);
-    const Pair shown = session_.plotted();
-    foot_->showMisfit(
-        attempt([&] { return windows_->isOpen(shown) ? misfit(session_, shown) : std::nullopt; },
-                [] { return std::optional<double>(); }));
+    foot_->showMisfit(shownMisfit());
   };
   QMetaObject::invokeMethod(this, renew, Qt::QueuedConnection);
+}
+
+// The toolkit's own way would hide the rest of the foot.
+bool mdimod::event(QEvent* event) {
+  if (event->type() != QEvent::StatusTip) return QMainWindow::event(event);
+  foot_->showTip(static_cast<QStatusTipEvent*>(event)->tip());
+  return true;
 }
 
 void mdimod::tellOfRescue() {

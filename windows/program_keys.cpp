@@ -38,6 +38,7 @@ constexpr auto kKeys = std::to_array<ProgramKey>({
     {kPlots, kMain, "formerplot", "Ctrl+Shift+F6", "Previous plot"},
     {kPlots, "", "", "Ctrl+F4", "Close the plot"},
     {kPanel, kMain, "Command5", "Alt+P", "PLOT"},
+    {kPanel, kMain, "mnustart", "Ctrl+Shift+S", "Start model; again: take it back"},
     {kPanel, kMain, "takevariance", "Alt+V", "Take the variance as the sill"},
     {kPanel, "", "", "Enter", "A typed number counts"},
     {kPanel, "", "", "Arrows, Page Up, Page Down", "Move a slider; choose an option or an entry"},

@@ -9,6 +9,7 @@
 #include <QMenuBar>
 
 #include "windows/all_directions.h"
+#include "windows/foot.h"
 #include "windows/formod.h"
 #include "windows/keys_window.h"
 #include "windows/program_keys.h"
@@ -22,6 +23,8 @@ const std::vector<ToolsMenu::Tool>& ToolsMenu::tools() {
        &ToolsMenu::hasPlot, &ToolsMenu::savePicture},
       {"mnudirections", "All &directions", "Show all directions of the current variable",
        &ToolsMenu::hasVariable, &ToolsMenu::showAllDirections},
+      {"mnustart", "S&tart model", "Fit a model to the current plot; once more takes it back",
+       &ToolsMenu::hasPair, &ToolsMenu::startModel},
       {"mnumanual", "&Manual", "Open the manual at the section of the window", &ToolsMenu::always,
        &ToolsMenu::openManual},
       {"mnukeys", "&Keys", "List the keys of the program", &ToolsMenu::always,
@@ -37,7 +40,14 @@ ToolsMenu::ToolsMenu(QMainWindow& window, QMdiArea& area, Fit& fit, Dialogs& dia
       fit_(fit),
       dialogs_(dialogs),
       faults_(faults),
-      manual_(dialogs, faults) {
+      manual_(dialogs, faults),
+      start_(
+          fit,
+          [this] {
+            Formod* plot = activePlot();
+            return plot ? plot->misfit() : std::nullopt;
+          },
+          [this](const std::string& text) { hintAtFoot(window_, text); }) {
   QMenu* menu = window.menuBar()->addMenu("&Tools");
   menu->setObjectName("mnutools");
   menu->setToolTipsVisible(true);
@@ -69,7 +79,10 @@ void ToolsMenu::follow() {
 bool ToolsMenu::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::ChildAdded)
     static_cast<QChildEvent*>(event)->child()->installEventFilter(this);
-  if (event->type() == QEvent::Hide) follow();
+  if (event->type() == QEvent::Hide) {
+    follow();
+    if (plotGone) plotGone();
+  }
   return QObject::eventFilter(watched, event);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "session/dialogs.h"
 #include "windows/boundary.h"
 #include "windows/manual.h"
+#include "windows/start_model.h"
 
 class QAction;
 class QMainWindow;
@@ -31,10 +33,15 @@ class ToolsMenu : public QObject {
 
   /// The session or the active plot may have changed.
   void follow();
+  /// The tables hold another file.
+  void takeFile() { start_.forget(); }
   Manual& manual() { return manual_; }
 
+  /// Called behind the end of a plot, of which the area does not tell where it is the last one.
+  std::function<void()> plotGone;
+
  protected:
-  /// Takes notice of plots that come and go: the area does not tell when its last one is closed.
+  /// Takes notice of plots that come and go.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -51,9 +58,11 @@ class ToolsMenu : public QObject {
   Formod* activePlot() const;
   bool hasPlot() const;
   bool hasVariable() const;
+  bool hasPair() const { return start_.isReady(); }
   bool always() const { return true; }
   void savePicture();
   void showAllDirections();
+  void startModel() { start_.run(); }
   void openManual();
   void showKeys();
 
@@ -63,6 +72,7 @@ class ToolsMenu : public QObject {
   Dialogs& dialogs_;
   const FaultReport& faults_;
   Manual manual_;
+  StartModel start_;
   std::vector<std::pair<QAction*, const Tool*>> entries_;
   AllDirections* directions_ = nullptr;
   KeysWindow* keys_ = nullptr;

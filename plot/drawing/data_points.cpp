@@ -12,9 +12,10 @@ std::int64_t lastClass(const Session& session, Pair pair) {
 
 std::optional<DataPoint> pointWithin(const Session& session, Pair pair, std::int64_t lag,
                                      double xmax, double ymax) {
-  const DataPoint point{session.hlag(pair, lag).number(), session.gam(pair, lag)};
+  const DataPoint point{session.hlag(pair, lag).number(), session.gam(pair, lag),
+                        session.npairs(pair, lag)};
   const bool inside = point.gamma <= ymax && point.h <= xmax;
-  const bool hasData = session.npairs(pair, lag) != 0 && point.gamma != 0;
+  const bool hasData = point.pairs != 0 && point.gamma != 0;
   return inside && hasData ? std::optional(point) : std::nullopt;
 }
 

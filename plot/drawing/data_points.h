@@ -3,14 +3,10 @@
 #include <cstdint>
 #include <optional>
 
+#include "model/data_point.h"
 #include "session/session.h"
 
 namespace zevfit {
-
-/// A lag class that a plot shows.
-struct DataPoint {
-  double h = 0, gamma = 0;
-};
 
 /// The last class that can give a point or a fault: what no table holds is a class without pairs,
 /// however many classes a file has claimed.

@@ -1,7 +1,9 @@
 #include "plot/drawing/plot_variogram.h"
 
+#include "model/fields.h"
 #include "model/refresh.h"
 #include "plot/drawing/data_steps.h"
+#include "plot/drawing/drawn_misfit.h"
 #include "plot/drawing/frame.h"
 #include "plot/drawing/plot_kept.h"
 #include "plot/drawing/window_key.h"
@@ -16,6 +18,7 @@ namespace {
 
 /// The picture without numbers and data.
 void drawWindowFrame(Drawing& drawing, PlotWindow& window) {
+  window.misfit().reset();
   clearPicture(drawing);
   drawTitle(drawing);
   sizeWindow(window);
@@ -36,6 +39,7 @@ void drawData(Fit& fit, Drawing& drawing, PlotWindow& window) {
   renewFrame(drawing, window);
   drawContent(drawing);
   window.toFront();
+  window.misfit() = drawnMisfit(fit.session);
 }
 
 }  // namespace
@@ -56,6 +60,9 @@ void plotvariogram(Fit& fit, PlotWindows& windows) {
   PlotWindow& window = windows.plotwin(session.current());
   if (window.minimised()) window.restore();
   selectFirstStructure(fit, session.current());
+  // What stands in the field is of the pair of the drawing before.
+  const bool isTyped = session.plotted() == session.current() && session.atyped(session.current());
+  const std::string range = fit.panel.text(Field::a);
   session.setPlotted(session.current());
   Drawing drawing{session, window, kScreenPlot};
   mirrorBoxes(fit);
@@ -63,6 +70,7 @@ void plotvariogram(Fit& fit, PlotWindows& windows) {
   writeCaption(session, window);
   drawWindowFrame(drawing, window);
   endSilently([&] { drawData(fit, drawing, window); });
+  if (isTyped) tellDrawnRange(fit, range);
 }
 
 void redrawPlot(Fit& fit, PlotWindow& window) {
@@ -80,8 +88,11 @@ void redrawPlot(Fit& fit, PlotWindow& window) {
   drawTitle(drawing);
   drawFrame(drawing);
   endSilently([&] {
-    if (!hasCurve) sampleModel(fit);
+    if (hasCurve) return drawContent(drawing);
+    window.misfit().reset();
+    sampleModel(fit);
     drawContent(drawing);
+    window.misfit() = drawnMisfit(session);
   });
 }
 

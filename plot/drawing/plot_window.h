@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -50,6 +51,10 @@ class PlotWindow : public PlotPicture {
 
   /// Keeps what is drawn; new parts show the background of the last clear.
   virtual void setPictureSize(double width, double height) = 0;
+
+  /// How far the curve on the picture lies from the points on it, as the last drawing has found;
+  /// nothing where a model, points or the variance are missing.
+  virtual std::optional<double>& misfit() = 0;
 
   /// The border of the handle of a line, which tells a free one from a held one.
   virtual void setHandleBorder(Line handle, bool border) = 0;

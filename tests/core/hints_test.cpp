@@ -35,6 +35,27 @@ struct ToldFit : FitFixture {
   }
 };
 
+/// A plot of the first structure, selected, in a fit that tells its hints.
+struct ToldPlot : PlotBench {
+  RecordingHints hints;
+  Fit told{session, panel, *this, dialogs, hints};
+
+  ToldPlot() {
+    connectPanel(panel, told);
+    setStructure(session, zevfit::kPair, Line::first, "S", 1, 20);
+    plotvariogram();
+    panel.selectLine(Line::first);
+  }
+  void plotvariogram() override {
+    const DrawingDepth::Level level(depth);
+    zevfit::plotvariogram(told, windows);
+  }
+  void type(const char* text) {
+    Texta_Click(session, dialogs);
+    panel.setText(Field::a, text);
+  }
+};
+
 TEST(Hint, SaysWhyASillSprangBackUntilOneIsTaken) {
   struct Row {
     const char* text;
@@ -91,6 +112,97 @@ TEST(Hint, SaysWhatBecameOfARange) {
                   "distance. The far end is taken.");
     fit.type(Field::a, "50");
     EXPECT_EQ(fit.hints.standing, "");
+  }
+}
+
+TEST(Hint, SaysWhyADrawingShowsAnotherRangeThanTheTypedOne) {
+  struct Row {
+    const char* text;
+    const char* typed;  ///< the hint before the drawing
+    const char* drawn;  ///< and the one behind it
+    const char* left;   ///< in the field
+  };
+  const Row rows[] = {
+      {"0", "", "0 is no range: 1E-05 is taken.", "0"},
+      {"-0.0", "", "0 is no range: 1E-05 is taken.", "0"},
+      {"", "", "The empty field counts as 0, and 0 is no range: 1E-05 is taken.", "0"},
+      {"km", "", "\"km\" counts as 0, and 0 is no range: 1E-05 is taken.", "0"},
+      // No number lies so near to 0.
+      {"1E-05900", "", "\"1E-05900\" counts as 0, and 0 is no range: 1E-05 is taken.", "0"},
+      {"3 km", "", "\"3 km\" counts as 3.", "3"},
+      {"1E999", "1E999 is beyond all numbers. The range stays 50.",
+       "1E999 is beyond all numbers. The range stays 50.", "1E999"},
+      {" 7.50 ", "", "", "7.5"},
+      {"1e1", "", "", "10"},
+  };
+  for (const Row& row : rows) {
+    ToldPlot fit;
+    fit.type("50");
+    fit.type(row.text);
+    EXPECT_EQ(fit.hints.standing, row.typed) << row.text;
+    Text_KeyDown(fit, kEnterKeyCode);
+    EXPECT_EQ(fit.hints.standing, row.drawn) << row.text;
+    EXPECT_EQ(fit.panel.text(Field::a), row.left) << row.text;
+    fit.type("50");
+    EXPECT_EQ(fit.hints.standing, "") << row.text;
+  }
+}
+
+TEST(Hint, OfARangeOfNoughtStaysWhereTheNextDrawingShowsTheOneTaken) {
+  ToldPlot fit;
+  fit.type("0");
+  Text_KeyDown(fit, kEnterKeyCode);
+  Text_KeyDown(fit, kEnterKeyCode);
+  EXPECT_EQ(fit.panel.text(Field::a), "1E-05");
+  EXPECT_EQ(fit.hints.standing, "0 is no range: 1E-05 is taken.");
+  Text_KeyDown(fit, kEnterKeyCode);
+  EXPECT_EQ(fit.panel.text(Field::a), "1E-05");
+}
+
+TEST(Hint, SaysThatTheSliderStandsAtNoRange) {
+  ToldPlot fit;
+  HScrolla_GotFocus(fit.told);
+  fit.panel.setPosition(Slider::a, 500);
+  EXPECT_EQ(fit.hints.standing, "");
+  fit.panel.setPosition(Slider::a, 0);
+  EXPECT_EQ(fit.hints.standing, "0 is no range: 1E-05 is taken.");
+}
+
+TEST(Hint, OfATypedRangeIsNotThatOfAnotherPair) {
+  ToldPlot fit;
+  const Pair other{1, 1};
+  fit.type("0");
+  fit.session.setCurrent(other);
+  fit.plotvariogram();
+  EXPECT_EQ(fit.hints.standing, "") << "its own range was 1E-05 before";
+}
+
+TEST(Hint, SaysThatASillIsBeyondAllNumbers) {
+  ToldFit fit;
+  fit.select(Line::first);
+  fit.type(Field::c0, "3");
+  fit.type(Field::c0, "1E999");
+  EXPECT_EQ(fit.hints.standing, "1E999 is beyond all numbers. The sill stays 3.");
+}
+
+// Files have seven digits, drags three decimals.
+TEST(Hint, SaysNothingOfARangeThatIsTheEndOfTheAxisInItsDigits) {
+  struct Row {
+    double axisEnd;
+    const char* range;
+    bool beyond;
+  };
+  const Row rows[] = {{1620.3727726, "1620.373", false},
+                      {1620.3727726, "1620.374", true},
+                      {162037.27726, "162037.3", false},
+                      {0.1236, "0.124", false},
+                      {0.1236, "0.125", true}};
+  for (const Row& row : rows) {
+    ToldFit fit;
+    fit.select(Line::first);
+    fit.cell(&Session::hmax) = fit.cell(&Session::xmax) = row.axisEnd;
+    fit.type(Field::a, row.range);
+    EXPECT_EQ(fit.hints.standing != "", row.beyond) << row.range;
   }
 }
 

@@ -5,83 +5,48 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-
-#include "session/fault.h"
+#include <vector>
 
 namespace zevfit {
 namespace {
 
-constexpr Pair kPair{2, 3};
+NestedModel nugget(double value) {
+  NestedModel model;
+  model.nugget = value;
+  return model;
+}
 
-/// Three classes of distances 10, 20, 40 with semivariances 2, 3, 6 and 4, 12, 0 pairs.
-class Misfit : public testing::Test {
- protected:
-  Misfit() {
-    session_.hlag.create(3);
-    session_.gam.create(3);
-    session_.npairs.create(3);
-    put(1, 10, 2, 4);
-    put(2, 20, 3, 12);
-    put(3, 40, 6, 0);
-    session_.variance(2) = 8;
-  }
-  void put(std::int64_t lag, double h, double gamma, float pairs) {
-    session_.hlag.set(kPair, lag, h);
-    session_.gam.set(kPair, lag, gamma);
-    session_.npairs.set(kPair, lag, pairs);
-  }
-  static NestedModel nugget(double value) {
-    NestedModel model;
-    model.nugget = value;
-    return model;
-  }
-
-  Session session_;
-};
+/// Distances 10 and 20 with semivariances 2 and 3 and 4 and 12 pairs.
+const std::vector<DataPoint> kPoints{{10, 2, 4}, {20, 3, 12}};
 
 // Differences 1 and 0: sqrt((4 * 1 + 12 * 0) / 16) = 0.5, over 8.
-TEST_F(Misfit, WeightsTheClassesByTheirPairs) {
-  EXPECT_DOUBLE_EQ(misfit(nugget(3), session_, kPair).value(), 0.0625);
+TEST(Misfit, WeightsThePointsByTheirPairs) {
+  EXPECT_DOUBLE_EQ(misfit(nugget(3), kPoints, 8).value(), 0.0625);
 }
 
 // Spherical, sill 16, range 20: at 10 the curve is 16 (0.75 - 0.0625) = 11, at 20 it is 16.
 // Differences 9 and 13: sqrt((4 * 81 + 12 * 169) / 16) = sqrt(147), over 8.
-TEST_F(Misfit, TakesTheCurveOfTheModel) {
+TEST(Misfit, TakesTheCurveOfTheModel) {
   NestedModel model;
   model.structures[0] = Structure{Form::spherical, 16, 20};
-  EXPECT_DOUBLE_EQ(misfit(model, session_, kPair).value(), std::sqrt(147.0) / 8);
+  EXPECT_DOUBLE_EQ(misfit(model, kPoints, 8).value(), std::sqrt(147.0) / 8);
 }
 
-TEST_F(Misfit, LeavesOutClassesWithoutPairs) {
-  put(1, 10, 100, 0);
-  put(2, 20, -100, -1);
-  put(3, 40, 6, 1);
-  EXPECT_DOUBLE_EQ(misfit(nugget(4), session_, kPair).value(), 0.25);
-  put(3, 40, 6, 0);
-  EXPECT_EQ(misfit(nugget(4), session_, kPair), std::nullopt);
+// Difference 1 with -4 and 0 with 12 pairs, as above.
+TEST(Misfit, WeightsANegativeCountByItsMagnitude) {
+  const std::vector<DataPoint> points{{10, 2, -4}, {20, 3, 12}};
+  EXPECT_DOUBLE_EQ(misfit(nugget(3), points, 8).value(), 0.0625);
 }
 
-TEST_F(Misfit, IsAShareOfTheMagnitudeOfTheVariance) {
-  session_.variance(2) = -2;
-  EXPECT_DOUBLE_EQ(misfit(nugget(3), session_, kPair).value(), 0.25);
-  session_.variance(2) = 0;
-  EXPECT_EQ(misfit(nugget(3), session_, kPair), std::nullopt);
-  session_.variance(2) = Cell::ofText("none");
-  EXPECT_EQ(misfit(nugget(3), session_, kPair), std::nullopt);
+TEST(Misfit, NeedsAWeight) {
+  const std::vector<DataPoint> weightless{{10, 2, 0}};
+  EXPECT_EQ(misfit(nugget(3), {}, 8), std::nullopt);
+  EXPECT_EQ(misfit(nugget(3), weightless, 8), std::nullopt);
 }
 
-TEST_F(Misfit, OfASessionIsThatOfItsLinesInUse) {
-  EXPECT_EQ(misfit(session_, kPair), std::nullopt) << "no model";
-  session_.use0(kPair) = 1;
-  session_.c0(kPair) = 3;
-  session_.c1(kPair) = 5;
-  EXPECT_DOUBLE_EQ(misfit(session_, kPair).value(), 0.0625);
-  EXPECT_EQ(misfit(session_, {2, 4}), std::nullopt);
-}
-
-TEST_F(Misfit, OfADistanceThatIsATextIsAFault) {
-  session_.hlag.set(kPair, 1, Cell::ofText("far"));
-  EXPECT_THROW(misfit(nugget(3), session_, kPair), Fault);
+TEST(Misfit, IsAShareOfTheMagnitudeOfTheVariance) {
+  EXPECT_DOUBLE_EQ(misfit(nugget(3), kPoints, -2).value(), 0.25);
+  EXPECT_EQ(misfit(nugget(3), kPoints, 0), std::nullopt);
 }
 
 }  // namespace

@@ -73,6 +73,7 @@ class MemoryPlotWindow : public DirectionWindow {
   }
   RecordingSurface& picture() override { return surface; }
   PenState& pen() override { return penState; }
+  std::optional<double>& misfit() override { return drawnMisfit; }
 
   void setHandleBorder(Line handle, bool border) override {
     note("border " + std::to_string(index(handle)), border ? "on" : "off");
@@ -156,6 +157,7 @@ class MemoryPlotWindow : public DirectionWindow {
   Font measuredFont;
   RecordingSurface surface;
   PenState penState;
+  std::optional<double> drawnMisfit;
   DragState drag;
   double pictureBorder = 0;
   std::array<Handle, 4> handles;

@@ -4,12 +4,16 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAction>
+#include <QEnterEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QTest>
+#include <QToolBar>
 #include <algorithm>
 
 #include "tests/support/two_plots.h"
+#include "windows/foot.h"
 
 namespace zevfit::test {
 namespace {
@@ -21,6 +25,21 @@ class ControlTips : public testing::Test, protected TwoPlots {
   }
   static std::string tipOf(const QWidget& control) { return control.toolTip().toStdString(); }
   Qt::CursorShape cursor(int i) { return handle(1, i).cursor().shape(); }
+  static void enter(QWidget& control) {
+    QEnterEvent event(QPointF(5, 5), QPointF(5, 5), control.mapToGlobal(QPointF(5, 5)));
+    QApplication::sendEvent(&control, &event);
+  }
+  static void leave(QWidget& control) {
+    QEvent event(QEvent::Leave);
+    QApplication::sendEvent(&control, &event);
+  }
+  /// What stands where hints stand.
+  std::string foot() {
+    auto& tip = program().control<QLabel>("LabelTip");
+    auto& hint = program().control<QLabel>("LabelHint");
+    EXPECT_NE(tip.isVisible(), hint.isVisible());
+    return (tip.isVisible() ? tip : hint).text().toStdString();
+  }
   /// Brings out the handles of the first plot.
   void bringOut() { QTest::mouseClick(&picture(1), Qt::LeftButton, {}, QPoint(20, 20)); }
 };
@@ -61,6 +80,90 @@ TEST_F(ControlTips, StayThoseThatUsersKnow) {
                                                       {"Command5", "Plot Theoretical Model"}};
   for (const auto& [name, tip] : rows)
     EXPECT_EQ(tipOf(Program::find<QWidget>(panel(), name)), tip) << name;
+}
+
+/// The keys of the controls that have one; what only shows something has none.
+const std::pair<const char*, const char*> kKeys[] = {
+    {"Combo2", "arrows go from entry to entry"},
+    {"Combodirvar", "arrows go from entry to entry"},
+    {"est1", "blank key; arrows go from line to line"},
+    {"est2", "blank key; arrows go from line to line"},
+    {"est3", "blank key; arrows go from line to line"},
+    {"est4", "blank key; arrows go from line to line"},
+    {"plot1", "blank key"},
+    {"plot2", "blank key"},
+    {"plot3", "blank key"},
+    {"plot4", "blank key"},
+    {"tipo1", "blank key"},
+    {"tipo2", "blank key"},
+    {"tipo3", "blank key"},
+    {"tipo4", "blank key"},
+    {"Textc0", "Enter draws"},
+    {"Texta", "Enter draws"},
+    {"HScrollc0", "arrows; Page Up and Page Down"},
+    {"HScrolla", "arrows; Page Up and Page Down"},
+    {"Labelvariance", "Alt+V"},
+    {"psill", "blank key"},
+    {"Command1", "blank key"},
+    {"Command2", "blank key"},
+    {"Command3", "blank key"},
+    {"Command4", "blank key"},
+    {"Command5", "Alt+P"},
+};
+
+/// Labels name what stands beside them, frames what stands within.
+bool onlyShows(const QWidget& control) {
+  if (control.objectName() == "Labelvariance") return false;
+  return qobject_cast<const QLabel*>(&control) || qobject_cast<const QGroupBox*>(&control);
+}
+
+TEST_F(ControlTips, TellTheKeyOfEveryControlUnderThePointer) {
+  std::size_t told = 0;
+  for (QWidget* control : panel().findChildren<QWidget*>()) {
+    if (control->objectName().isEmpty() || control->objectName().startsWith("qt_")) continue;
+    if (onlyShows(*control)) continue;
+    const std::string name = control->objectName().toStdString();
+    const auto* row =
+        std::ranges::find(kKeys, name, [](const auto& one) { return std::string(one.first); });
+    ASSERT_NE(row, std::end(kKeys)) << name << " has no row";
+    ++told;
+    enter(*control);
+    EXPECT_NE(foot().find(row->second), std::string::npos) << name << ": " << foot();
+    EXPECT_EQ(foot(), control->accessibleDescription().toStdString()) << name;
+    leave(*control);
+    EXPECT_EQ(foot(), "") << name;
+  }
+  EXPECT_EQ(told, std::size(kKeys));
+}
+
+TEST_F(ControlTips, StandAtTheFootOverTheHint) {
+  auto& plotButton = Program::find<QWidget>(panel(), "Command5");
+  const std::string tip = "Plot Theoretical Model (Alt+P)";
+  hintAtFoot(program().window(), "before");
+  enter(plotButton);
+  EXPECT_EQ(foot(), tip);
+  leave(plotButton);
+  EXPECT_EQ(foot(), "before") << "it was only covered";
+  enter(plotButton);
+  hintAtFoot(program().window(), "news");
+  EXPECT_EQ(foot(), "news");
+  hintAtFoot(program().window(), "");
+  enter(plotButton);
+  hintAtFoot(program().window(), "");
+  EXPECT_EQ(foot(), tip) << "there was no hint to take away";
+  EXPECT_TRUE(program().control("LabelMisfit").isVisible());
+  EXPECT_TRUE(program().control("LabelFile").isVisible());
+}
+
+TEST_F(ControlTips, OfTheToolbarTellTheirKeysAtTheFoot) {
+  QWidget* open = program()
+                      .control<QToolBar>("Toolbar1")
+                      .widgetForAction(program().window().findChild<QAction*>("k1"));
+  enter(*open);
+  EXPECT_EQ(foot(), "Open Data File (*.ZVM) (Ctrl+O)");
+  EXPECT_EQ(open->toolTip(), "Open Data File (*.ZVM)");
+  leave(*open);
+  EXPECT_EQ(foot(), "");
 }
 
 TEST_F(ControlTips, GiveWayToTheNumbersUnderThePointer) {

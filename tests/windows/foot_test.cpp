@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QSlider>
 #include <QTemporaryDir>
 #include <QTest>
@@ -45,6 +46,9 @@ class FootOfTheWindow : public testing::Test {
     auto& edit = program_.control<QLineEdit>(field);
     edit.selectAll();
     QTest::keyClicks(&edit, typed);
+  }
+  void enter(const char* field) {
+    QTest::keyClick(&program_.control<QLineEdit>(field), Qt::Key_Return);
   }
   Session& session() { return program_.session(); }
 
@@ -96,8 +100,12 @@ TEST_F(FootOfTheWindow, TellsTheMisfitOfTheModelOnShow) {
   press("est1");
   press("plot1");
   type("Textc0", "1");
+  EXPECT_EQ(text("LabelMisfit"), "") << "typed, and not drawn yet";
+  enter("Textc0");
   EXPECT_EQ(text("LabelMisfit"), "Misfit 66.1 %");
   type("Textc0", "2");
+  EXPECT_EQ(text("LabelMisfit"), "Misfit 66.1 %") << "the curve is that of before";
+  enter("Textc0");
   EXPECT_EQ(text("LabelMisfit"), "Misfit 129.9 %");
   program_.control<QComboBox>("Combodirvar").setCurrentIndex(1);
   EXPECT_EQ(text("LabelMisfit"), "Misfit 129.9 %") << "the other direction is not on show yet";
@@ -112,6 +120,53 @@ TEST_F(FootOfTheWindow, TellsTheMisfitOfTheModelOnShow) {
   session().variance(1) = 0;
   press("Command5");
   EXPECT_EQ(text("LabelMisfit"), "");
+}
+
+TEST_F(FootOfTheWindow, KeepsTheMisfitOfTheCurveUntilItIsDrawnAnew) {
+  press("est1");
+  press("plot1");
+  type("Textc0", "1");
+  enter("Textc0");
+  press("plot1");
+  EXPECT_EQ(text("LabelMisfit"), "Misfit 66.1 %") << "the curve of the unticked line still stands";
+  program_.window().resize(1100, 700);
+  auto& plot = *program_.control<QMdiArea>("Area").currentSubWindow();
+  plot.resize(plot.width() + 30, plot.height() + 10);
+  EXPECT_EQ(text("LabelMisfit"), "Misfit 66.1 %") << "the same curve in another size";
+  press("Command5");
+  EXPECT_EQ(text("LabelMisfit"), "");
+}
+
+TEST_F(FootOfTheWindow, TellsTheMisfitOfTheLastPlotAsLongAsItIsOpen) {
+  press("est1");
+  press("plot1");
+  type("Textc0", "1");
+  enter("Textc0");
+  program_.control<QComboBox>("Combodirvar").setCurrentIndex(1);
+  press("Command5");
+  EXPECT_EQ(text("LabelMisfit"), "");
+  auto& area = program_.control<QMdiArea>("Area");
+  area.currentSubWindow()->close();
+  EXPECT_EQ(text("LabelMisfit"), "Misfit 66.1 %") << "the other plot is active now";
+  area.currentSubWindow()->close();
+  EXPECT_EQ(text("LabelMisfit"), "");
+}
+
+// The class of 1.5 with a count of -9 is drawn and those of a semivariance of 0 are not:
+// sqrt((9 * 0.25 + 9 * 0.25 + 3 * 1) / 21) = 0.5976.
+TEST_F(FootOfTheWindow, CountsTheClassesThatThePlotShows) {
+  press("est1");
+  press("plot1");
+  type("Textc0", "1");
+  session().npairs.set({1, 1}, 2, -9);
+  enter("Textc0");
+  EXPECT_EQ(text("LabelMisfit"), "Misfit 59.8 %");
+  session().gam.set({1, 1}, 3, 0);
+  press("Command5");
+  EXPECT_EQ(text("LabelMisfit"), "Misfit 50.0 %");
+  session().xmax({1, 1}) = 5;
+  press("Command5");
+  EXPECT_EQ(text("LabelMisfit"), "") << "no class is on show";
 }
 
 TEST_F(FootOfTheWindow, SaysWhyATypedSillSprangBack) {

@@ -34,7 +34,8 @@ TEST(ToolsMenu, StandsBehindTheOthersWithItsKeys) {
     found << entry->objectName() + "|" + entry->text() + "|" +
                  entry->shortcut().toString(QKeySequence::PortableText);
   EXPECT_EQ(found, (QStringList{"mnupicture|&Save picture...|Ctrl+E",
-                                "mnudirections|All &directions|Ctrl+L", "mnumanual|&Manual|F1",
+                                "mnudirections|All &directions|Ctrl+L",
+                                "mnustart|S&tart model|Ctrl+Shift+S", "mnumanual|&Manual|F1",
                                 "mnukeys|&Keys|Ctrl+F1"}));
 }
 
@@ -43,11 +44,13 @@ TEST(ToolsMenu, EntriesAreOnWhenTheyCanDoSomething) {
   Program program(folder.folder());
   EXPECT_FALSE(enabled(program, "mnupicture"));
   EXPECT_FALSE(enabled(program, "mnudirections"));
+  EXPECT_FALSE(enabled(program, "mnustart"));
   EXPECT_TRUE(enabled(program, "mnumanual"));
   EXPECT_TRUE(enabled(program, "mnukeys"));
   program.openBytes(kOneDirection);
   EXPECT_TRUE(enabled(program, "mnupicture"));
   EXPECT_TRUE(enabled(program, "mnudirections"));
+  EXPECT_TRUE(enabled(program, "mnustart"));
   QMdiSubWindow* plot = program.control<QMdiArea>("Area").activeSubWindow();
   // The button PLOT would draw it anew when it takes the focus back.
   program.control("Combo2").setFocus();
