@@ -72,7 +72,10 @@ class OpenPlot {
     picture_ = &program_.control<QWidget>("Picture4");
   }
 
+  /// Of other data on each call: points and curve are drawn anew.
   void redraw() {
+    first_ = first_ == kNugget ? kNugget / 2 : kNugget;
+    program_.session().gam.set({1, 1}, 1, first_);
     program_.window().plotvariogram();
     picture_->repaint();
   }
@@ -100,6 +103,7 @@ class OpenPlot {
   test::Program program_;
   QWidget* picture_ = nullptr;
   int position_ = 3000;
+  double first_ = kNugget;
 };
 
 inline void setUpAxes(QCustomPlot& plot) {

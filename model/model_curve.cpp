@@ -9,6 +9,7 @@
 
 #include "model/nested_model.h"
 #include "model/sliders.h"
+#include "model/wide_registers.h"
 
 namespace zevfit {
 
@@ -109,6 +110,7 @@ void addRows(Session& session, Pair pair) {
 }  // namespace
 
 std::optional<Line> sampleCurve(Session& session, Pair pair, double distanceend) {
+  emptyWideRegisters();
   raiseRanges(session, pair);
   fillDistances(session, distanceend);
   fillNugget(session, pair);

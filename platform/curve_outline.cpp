@@ -27,6 +27,35 @@ QPointF mitre(const QPointF& before, const QPointF& behind) {
 
 }  // namespace
 
+namespace {
+
+/// What of a polygon lies on the side of an upright where `side` times x is at least `side` times
+/// its place: Sutherland and Hodgman, Reentrant polygon clipping, 1974.
+QPolygonF besideOf(const QPolygonF& polygon, double upright, double side) {
+  QPolygonF kept;
+  kept.reserve(polygon.size() + 4);
+  QPointF before = polygon.constLast();
+  bool wasIn = side * (before.x() - upright) >= 0;
+  for (const QPointF& point : polygon) {
+    const bool isIn = side * (point.x() - upright) >= 0;
+    if (isIn != wasIn) {
+      const double share = (upright - before.x()) / (point.x() - before.x());
+      kept << QPointF(upright, before.y() + share * (point.y() - before.y()));
+    }
+    if (isIn) kept << point;
+    before = point;
+    wasIn = isIn;
+  }
+  return kept;
+}
+
+}  // namespace
+
+QPolygonF columnOf(const QPolygonF& polygon, double left, double right) {
+  const QPolygonF rightOf = besideOf(polygon, left, 1);
+  return rightOf.isEmpty() ? rightOf : besideOf(rightOf, right, -1);
+}
+
 QPolygonF outlineOf(const QPolygonF& curve, double width) {
   const qsizetype count = curve.size();
   const double reach = width / 2;

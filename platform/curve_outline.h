@@ -10,4 +10,7 @@ namespace zevfit {
 /// a pen's own stroke.
 QPolygonF outlineOf(const QPolygonF& curve, double width);
 
+/// The part of a polygon between two uprights; empty where there is none.
+QPolygonF columnOf(const QPolygonF& polygon, double left, double right);
+
 }  // namespace zevfit

@@ -48,6 +48,10 @@ constexpr std::size_t kStampsKept = 256;
 /// Discs are kept at this many places within a pixel, each way.
 constexpr int kPhases = 4;
 
+/// A polygon is filled in columns of as many pixels of the bitmap: Qt fills a wide one several
+/// times over, with more memory each time, until a row of it finds room.
+constexpr double kColumn = 64;
+
 /// Nothing farther away than this many pixels is drawn: a painter's own numbers are not made for
 /// the coordinates that an axis of next to no length can give.
 constexpr double kReach = 10000;
@@ -183,10 +187,21 @@ void PainterSurface::finish() {
     to.setRenderHint(QPainter::Antialiasing, true);
     to.setPen(Qt::NoPen);
     to.setBrush(toQColor(curveStroke_.colour));
-    to.drawPolygon(outlineOf(curve_, curveStroke_.width), Qt::WindingFill);
+    drawColumns(outlineOf(curve_, curveStroke_.width));
     to.setBrush(Qt::NoBrush);
   }
   curve_.clear();
+}
+
+void PainterSurface::drawColumns(const QPolygonF& outline) {
+  QPainter& to = painter();
+  const double ratio = to.device()->devicePixelRatioF();
+  const double wide = kColumn / ratio;
+  const QRectF reach = outline.boundingRect();
+  const double end = std::min(reach.right(), to.device()->width() / ratio);
+  double left = std::max(0.0, std::floor(reach.left() / wide) * wide);
+  for (; left < end; left += wide)
+    to.drawPolygon(columnOf(outline, left, left + wide), Qt::WindingFill);
 }
 
 const QImage& PainterSurface::stamp(double radius, const Stroke& outline, Colour fill, int phaseX,

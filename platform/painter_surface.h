@@ -63,6 +63,8 @@ class PainterSurface : public Surface {
   const QImage& stamp(double radius, const Stroke& outline, Colour fill, int phaseX, int phaseY);
   /// Takes a line into the curve that stands open; false for one that does not go on from its end.
   bool goesOn(const QLineF& line, const Stroke& stroke);
+  /// Fills a polygon, smooth, with the painter's brush.
+  void drawColumns(const QPolygonF& outline);
   void straight(const QLineF& line, const Stroke& stroke);
 
   std::vector<Face> faces_;

@@ -7,7 +7,7 @@
 #include <QSvgGenerator>
 #include <cmath>
 
-#include "platform/painter_surface.h"
+#include "platform/bitmap_surface.h"
 #include "platform/sheet_surface.h"
 #include "session/fault.h"
 
@@ -32,26 +32,6 @@ void drawOn(QPaintDevice& device, const Draw& draw) {
   surface.finish();
   if (!painter.end()) throw Fault("The picture is not whole");
 }
-
-/// A bitmap in the memory.
-class BitmapSurface : public PainterSurface {
- public:
-  explicit BitmapSurface(QImage& image) : image_(image), painter_(&image) {}
-  ~BitmapSurface() override { finish(); }
-  BitmapSurface(const BitmapSurface&) = delete;
-  BitmapSurface& operator=(const BitmapSurface&) = delete;
-
-  void clear(Colour background) override {
-    finish();
-    painter_.fillRect(QRectF(QPointF(), image_.deviceIndependentSize()), toQColor(background));
-  }
-
- private:
-  QPainter& painter() override { return painter_; }
-
-  QImage& image_;
-  QPainter painter_;
-};
 
 QImage blank(QSizeF twips, double scale) {
   const QSizeF dots = twips / kTwipsPerPixel * scale;

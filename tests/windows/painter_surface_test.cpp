@@ -153,6 +153,35 @@ TEST(CurveOutline, IsMitredAndCapped) {
   }
 }
 
+// Of a rhombus around (5, 0) the column from 3 to 6 has the corners at 5, which lie within, and
+// those where its sides, which rise by 1 in 2.5, meet the uprights.
+TEST(CurveOutline, ColumnIsWhatLiesBetweenTheUprights) {
+  const QPolygonF rhombus({{0, 0}, {5, 2}, {10, 0}, {5, -2}});
+  const QPolygonF column = columnOf(rhombus, 3, 6);
+  const QPolygonF expected({{3, -1.2}, {3, 1.2}, {5, 2}, {6, 1.6}, {6, -1.6}, {5, -2}});
+  ASSERT_EQ(column.size(), expected.size());
+  for (const QPointF& corner : expected) {
+    const bool isThere = std::any_of(column.begin(), column.end(), [&](const QPointF& place) {
+      return std::hypot(place.x() - corner.x(), place.y() - corner.y()) < 1e-9;
+    });
+    EXPECT_TRUE(isThere) << corner.x() << " " << corner.y();
+  }
+  EXPECT_TRUE(columnOf(rhombus, 11, 12).isEmpty());
+  EXPECT_TRUE(columnOf(rhombus, -2, -1).isEmpty());
+  EXPECT_EQ(columnOf(rhombus, -1, 11), rhombus);
+}
+
+// The bitmap is filled in columns of 64 pixels: none of their edges at 64, 128, ... shows.
+TEST_F(PainterSurfaceTest, ColumnsOfACurveHaveNoSeams) {
+  surface().line(300, 600, 5700, 1500, {kBlue, 2, LineStyle::solid});
+  for (int column = 30; column < 370; ++column) {
+    int ink = 0;
+    for (int row = 30; row < 110; ++row) ink += 255 - (at(column + 0.5, row + 0.5) & 255);
+    // The width of 2 across a slope of 1 in 6.
+    EXPECT_NEAR(ink, 2 * 255 * std::hypot(1, 1 / 6.0), 12) << column;
+  }
+}
+
 // Back the way it came there is no mitre to take; at 120 degrees it is as long as it gets.
 TEST(CurveOutline, KeepsItsMitresShort) {
   const double sixty = std::sqrt(0.75);
