@@ -38,11 +38,11 @@ class Foot : public QStatusBar {
   ElidedLabel* LabelFile;
   QLabel* LabelChanged;
   ElidedLabel* LabelHint;
-  ElidedLabel* LabelTip;  ///< in the place of the hint
+  ElidedLabel* LabelTip;   ///< in the place of the hint
   ElidedLabel* LabelFoot;  ///< the notes
   QLabel* LabelMisfit;
   std::optional<HintTopic> topic_;  ///< of the hint on show, where it has one
-  std::string path_;  ///< of the file on show
+  std::string path_;                ///< of the file on show
 };
 
 /// As in "Misfit 5.1 %", of a share of the variance.

@@ -121,6 +121,7 @@ TEST_F(MainWindow, MenusHaveTheirEntries) {
       {"&About", "mnuabout2", "About"},
       {"&Tools", "mnupicture", "&Save picture..."},
       {"&Tools", "mnudirections", "All &directions"},
+      {"&Tools", "mnustart", "S&tart model"},
       {"&Tools", "mnumanual", "&Manual"},
       {"&Tools", "mnukeys", "&Keys"},
   };
