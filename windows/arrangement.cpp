@@ -1,10 +1,9 @@
 #include "windows/arrangement.h"
 
-#include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QScrollBar>
 #include <functional>
 
+#include "windows/plot_area.h"
 #include "windows/quiet_focus.h"
 
 namespace zevfit {
@@ -13,25 +12,6 @@ namespace {
 
 using Plots = QList<QMdiSubWindow*>;
 
-/// The area at its origin and without its scroll bars, which may come back afterwards.
-class WithoutScrollBars {
- public:
-  explicit WithoutScrollBars(QMdiArea& area) : area_(area) {
-    for (QScrollBar* bar : {area.horizontalScrollBar(), area.verticalScrollBar()}) bar->setValue(0);
-    setPolicies(Qt::ScrollBarAlwaysOff);
-  }
-  WithoutScrollBars(const WithoutScrollBars&) = delete;
-  WithoutScrollBars& operator=(const WithoutScrollBars&) = delete;
-  ~WithoutScrollBars() { setPolicies(Qt::ScrollBarAsNeeded); }
-
- private:
-  void setPolicies(Qt::ScrollBarPolicy policy) {
-    area_.setHorizontalScrollBarPolicy(policy);
-    area_.setVerticalScrollBarPolicy(policy);
-  }
-  QMdiArea& area_;
-};
-
 Plots shownPlots(const QMdiArea& area, QMdiArea::WindowOrder order) {
   Plots shown;
   for (QMdiSubWindow* window : area.subWindowList(order))
@@ -39,16 +19,13 @@ Plots shownPlots(const QMdiArea& area, QMdiArea::WindowOrder order) {
   return shown;
 }
 
-void arrange(QMdiArea& area, QMdiArea::WindowOrder order,
+void arrange(PlotArea& area, QMdiArea::WindowOrder order,
              const std::function<void(const Plots&)>& layOut) {
   const QuietFocus focus(area);
   Plots shown = shownPlots(area, order);
   QMdiSubWindow* active = area.currentSubWindow();
   const bool isAside = active && active->isVisible() && active->isMinimized();
-  {
-    const WithoutScrollBars whole(area);
-    layOut(shown);
-  }
+  area.withoutScrollBars([&] { layOut(shown); });
   if (isAside || shown.contains(active)) shown.append(active);
   for (QMdiSubWindow* window : shown) area.setActiveSubWindow(window);
   // It was brought back to be drawn.
@@ -57,7 +34,7 @@ void arrange(QMdiArea& area, QMdiArea::WindowOrder order,
 
 }  // namespace
 
-void cascadePlots(QMdiArea& area) {
+void cascadePlots(PlotArea& area) {
   // The active plot comes last, in front of the others.
   constexpr auto kOrder = QMdiArea::ActivationHistoryOrder;
   arrange(area, kOrder, [&area](const Plots& /*shown*/) {
@@ -68,7 +45,7 @@ void cascadePlots(QMdiArea& area) {
   });
 }
 
-void tilePlots(QMdiArea& area, Qt::Orientation along) {
+void tilePlots(PlotArea& area, Qt::Orientation along) {
   const bool sideBySide = along == Qt::Horizontal;
   arrange(area, QMdiArea::CreationOrder, [&](const Plots& shown) {
     const QSize room = area.viewport()->size();

@@ -6,7 +6,6 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QIcon>
-#include <QMdiArea>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -31,6 +30,7 @@
 #include "windows/formfont.h"
 #include "windows/legenda.h"
 #include "windows/modfinal.h"
+#include "windows/plot_area.h"
 #include "windows/printcolection.h"
 #include "windows/save_picture.h"
 #include "windows/testcruz.h"
@@ -62,15 +62,12 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
       folder_(std::move(folder)),
       saver_(folder_),
       unsaved_(folder_, settleAsShown),
-      area_(new QMdiArea),
+      area_(new PlotArea),
       panel_(new FitPanelWidgets),
       foot_(new Foot) {
   setObjectName("mdimod");
   setWindowTitle("zevFIT");
   area_->setObjectName("Area");
-  area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
-  area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-  area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
 
   auto* scroller = new QScrollArea;
   scroller->setWidget(panel_);

@@ -22,7 +22,6 @@
 #include "windows/plot_window_table.h"
 
 class QAction;
-class QMdiArea;
 class QToolBar;
 
 namespace zevfit {
@@ -31,6 +30,7 @@ class FileDrop;
 class FitPanelWidgets;
 class Foot;
 class Orthogonality;
+class PlotArea;
 class Printer;
 class cutgraph;
 class Formfont;
@@ -161,7 +161,7 @@ class mdimod : public QMainWindow, public Plotter, public Hints, public Structur
   ModelSaver saver_;
   Unsaved unsaved_;
   FileModels fileModels_;
-  QMdiArea* area_;
+  PlotArea* area_;
   FitPanelWidgets* panel_;
   Foot* foot_;
   bool footDue_ = false;  ///< it is about to be brought up to date

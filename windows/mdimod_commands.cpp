@@ -1,7 +1,6 @@
 // The menus, the toolbar and the buttons of the main window, each with its command.
 #include <QAction>
 #include <QComboBox>
-#include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -12,6 +11,7 @@
 #include "windows/controls.h"
 #include "windows/fit_panel_widgets.h"
 #include "windows/mdimod.h"
+#include "windows/plot_area.h"
 #include "windows/program_keys.h"
 #include "windows/tools_menu.h"
 

@@ -73,8 +73,9 @@ void User::end(const std::string& broken) {
   QCoreApplication::exit(1);
 }
 
+// A hand is slower than the program: what an event has posted is done before the next one.
 void User::schedule() {
-  QTimer::singleShot(0, window_, [this] { turn(); });
+  QTimer::singleShot(0, window_, [this] { QTimer::singleShot(0, window_, [this] { turn(); }); });
 }
 
 // An event may run a loop of its own, in which the next turns come; a turn within the handling of

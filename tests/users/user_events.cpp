@@ -188,10 +188,8 @@ void User::dragOn(QWidget& control) {
     QTest::mouseMove(window, at);
   }
   if (window) QTest::mouseRelease(window, button, {}, at);
-  // Boxes that have come up in it let others do things to the plot, and a maximised one follows the
-  // area, whose scroll bars go when a press activates it.
-  if (!plot || plot->isMaximized() || turns != turns_ || plot->size() == size || !broken_.empty())
-    return;
+  // Boxes that have come up in it let others do things to the plot.
+  if (!plot || turns != turns_ || plot->size() == size || !broken_.empty()) return;
   end("a drag in a plot leaves its window as large as it was");
 }
 
