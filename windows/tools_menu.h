@@ -34,7 +34,7 @@ class ToolsMenu : public QObject {
   Manual& manual() { return manual_; }
 
  protected:
-  /// Takes notice of plots that come and go: the area does not tell when its last one is closed.
+  /// Takes notice of plots that are closed: the area does not tell when its last one is.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -48,6 +48,7 @@ class ToolsMenu : public QObject {
   };
   static const std::vector<Tool>& tools();
 
+  void enableEntries();
   Formod* activePlot() const;
   bool hasPlot() const;
   bool hasVariable() const;
