@@ -1,7 +1,9 @@
 #include "platform/house_style.h"
 
+#include <QPainter>
 #include <QPalette>
 #include <QStyleOptionButton>
+#include <QStyleOptionSlider>
 
 namespace zevfit {
 
@@ -9,34 +11,93 @@ namespace {
 
 /// By how much the style that Qt brings along darkens the ground for an outline, per cent.
 constexpr int kDarkening = 140;
+/// From the ground to the letters, per cent: where outlines are, and handles of sliders that can't
+/// be moved, can be and are.
+constexpr int kOutlineShare = 50, kHandleOff = 25, kHandle = 65, kHandleHeld = 85;
+/// Of a corner, pixels.
+constexpr double kRounding = 2;
 
 bool isDark(const QPalette& palette) {
   return palette.color(QPalette::Window).lightness() <
          palette.color(QPalette::WindowText).lightness();
 }
 
-QColor halfway(const QColor& a, const QColor& b) {
-  return {(a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2};
+/// A colour on the way from one to another, per cent.
+QColor between(const QColor& from, const QColor& to, int share) {
+  const auto mixed = [share](int a, int b) { return a + (b - a) * share / 100; };
+  return {mixed(from.red(), to.red()), mixed(from.green(), to.green()),
+          mixed(from.blue(), to.blue())};
+}
+
+/// Between ground and letters.
+QColor towardsLetters(const QPalette& palette, int share) {
+  return between(palette.color(QPalette::Window), palette.color(QPalette::WindowText), share);
 }
 
 /// Outlines are made from the ground, which darker is next to black: from this one they come out
 /// between ground and letters.
 QColor groundOfOutline(const QPalette& palette) {
-  return halfway(palette.color(QPalette::Window), palette.color(QPalette::WindowText))
-      .lighter(kDarkening);
+  return towardsLetters(palette, kOutlineShare).lighter(kDarkening);
+}
+
+/// The option with that ground, for outlines alone.
+template <class Option>
+Option outlined(const Option& option) {
+  Option seen = option;
+  seen.palette.setColor(QPalette::Window, groundOfOutline(option.palette));
+  return seen;
+}
+
+/// Around the inside of a control.
+void drawOutline(QPainter& painter, const QRect& place, const QPen& pen, const QBrush& brush) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(pen);
+  painter.setBrush(brush);
+  painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), kRounding, kRounding);
+  painter.restore();
+}
+
+/// How light the handle of a slider is.
+int shareOfHandle(const QStyleOptionSlider& slider) {
+  if (!slider.state.testFlag(QStyle::State_Enabled)) return kHandleOff;
+  const bool isHeld = slider.activeSubControls.testFlag(QStyle::SC_SliderHandle) &&
+                      slider.state.testFlag(QStyle::State_Sunken);
+  return isHeld ? kHandleHeld : kHandle;
 }
 
 }  // namespace
 
 void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {
+  if (!isDark(option->palette)) return QProxyStyle::drawPrimitive(element, option, painter, widget);
   const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
   const bool isMark = element == PE_IndicatorRadioButton || element == PE_IndicatorCheckBox;
-  if (!isMark || !button || !isDark(option->palette))
-    return QProxyStyle::drawPrimitive(element, option, painter, widget);
-  QStyleOptionButton seen = *button;
-  seen.palette.setColor(QPalette::Window, groundOfOutline(option->palette));
-  QProxyStyle::drawPrimitive(element, &seen, painter, widget);
+  if (isMark && button) {
+    const QStyleOptionButton seen = outlined(*button);
+    return QProxyStyle::drawPrimitive(element, &seen, painter, widget);
+  }
+  const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+  if (element == PE_FrameLineEdit && frame) {
+    const QStyleOptionFrame seen = outlined(*frame);
+    return QProxyStyle::drawPrimitive(element, &seen, painter, widget);
+  }
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+  if (element == PE_PanelButtonCommand && !option->state.testFlag(State_HasFocus))
+    drawOutline(*painter, option->rect, towardsLetters(option->palette, kOutlineShare / 2),
+                Qt::NoBrush);
+}
+
+void HouseStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                    QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+  const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
+  if (control != CC_Slider || !slider || !isDark(option->palette)) return;
+  const QRect handle = subControlRect(CC_Slider, option, SC_SliderHandle, widget);
+  const QColor letters = towardsLetters(option->palette, shareOfHandle(*slider));
+  const bool isChosen = option->state.testFlag(State_HasFocus);
+  const QColor edge = isChosen ? option->palette.color(QPalette::Highlight) : letters;
+  drawOutline(*painter, handle.adjusted(1, 1, -1, -1), {edge, 2}, letters);
 }
 
 }  // namespace zevfit

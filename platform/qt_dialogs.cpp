@@ -142,7 +142,8 @@ std::optional<std::string> QtDialogs::saveFile(std::string_view title, std::stri
 }
 
 std::optional<ChosenFile> QtDialogs::saveFileAs(std::string_view title,
-                                                std::span<const FileKind> kinds, std::size_t kind) {
+                                                std::span<const FileKind> kinds, std::size_t kind,
+                                                std::string_view name) {
   QFileDialog dialog(QApplication::activeWindow(), toShown(title));
   dialog.setObjectName("Dialog3");
   dialog.setOption(QFileDialog::DontUseNativeDialog);
@@ -162,6 +163,7 @@ std::optional<ChosenFile> QtDialogs::saveFileAs(std::string_view title,
     dialog.setDirectory(QFile::decodeName(lastFolder_.c_str()));
   else if (!lastFile_.empty())
     dialog.setDirectory(infoOf(lastFile_).absolutePath());
+  if (!name.empty()) dialog.selectFile(toShown(name) + '.' + kinds[kind].ending);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   const QString path = dialog.selectedFiles().constFirst();
   lastFolder_ = QFile::encodeName(QFileInfo(path).absolutePath()).toStdString();

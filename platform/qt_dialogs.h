@@ -18,7 +18,7 @@ class QtDialogs : public Dialogs {
   std::optional<std::string> openFile(std::string_view title, std::string_view pattern) override;
   std::optional<std::string> saveFile(std::string_view title, std::string_view pattern) override;
   std::optional<ChosenFile> saveFileAs(std::string_view title, std::span<const FileKind> kinds,
-                                       std::size_t kind) override;
+                                       std::size_t kind, std::string_view name) override;
   std::optional<FontChoice> chooseFont(const FontChoice& start) override;
   std::optional<Colour> chooseColour(Colour start) override;
   std::string heldFile() const override;

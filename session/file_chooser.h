@@ -29,11 +29,12 @@ class FileChooser {
   /// Asks for the name of a file to write, as `openFile` does for one to read; an existing file is
   /// asked about.
   virtual std::optional<std::string> saveFile(std::string_view title, std::string_view pattern) = 0;
-  /// The same with a choice of kinds, of which `kind` is offered first. The ending of a name that
-  /// is typed counts more than the chosen kind.
+  /// The same with a choice of kinds, of which `kind` is offered first, and a `name` to start with,
+  /// which gets the ending of the kind. The ending of a name that is typed counts more than the
+  /// chosen kind.
   virtual std::optional<ChosenFile> saveFileAs(std::string_view title,
-                                               std::span<const FileKind> kinds,
-                                               std::size_t kind) = 0;
+                                               std::span<const FileKind> kinds, std::size_t kind,
+                                               std::string_view name) = 0;
   /// The name that the file dialog took last and starts with; empty at first.
   virtual std::string heldFile() const = 0;
   /// Lets the file dialog start with `path`.

@@ -29,6 +29,15 @@ namespace zevfit {
 
 namespace {
 
+bool isDarkGround(const QColor& ground) { return qGray(ground.rgb()) < 128; }
+
+/// Black as on paper. On a dark desktop, where white ones are what the eye looks for, these on a
+/// ground that is not light.
+QColor lettersOn(const QColor& ground, const QPalette& desktop) {
+  const bool isDark = isDarkGround(desktop.color(QPalette::Window));
+  return isDark && isDarkGround(ground) ? Qt::white : Qt::black;
+}
+
 bool isClick(const QEvent& event, const QWidget& on) {
   const auto& mouse = static_cast<const QMouseEvent&>(event);
   return mouse.button() == Qt::LeftButton && on.rect().contains(mouse.position().toPoint());
@@ -229,11 +238,20 @@ void FitPanelWidgets::setCaption(Caption which, std::string_view text) {
 void FitPanelWidgets::setSillBackground(Colour colour) {
   const QColor ground = toQColor(colour);
   if (Labelc->autoFillBackground() && Labelc->palette().color(QPalette::Window) == ground) return;
+  paintSill(ground);
+}
+
+void FitPanelWidgets::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) paintSill(Labelc->palette().color(QPalette::Window));
+}
+
+void FitPanelWidgets::paintSill(const QColor& ground) {
   for (QLabel* label : {Labelc, labelvari}) {
     QPalette coloured = label->palette();
     coloured.setColor(QPalette::Window, ground);
-    // Neither ground is the desktop's: dark letters stay readable in a dark theme.
-    coloured.setColor(QPalette::WindowText, Qt::black);
+    // Neither ground is the desktop's.
+    coloured.setColor(QPalette::WindowText, lettersOn(ground, palette()));
     label->setPalette(coloured);
     label->setAutoFillBackground(true);
   }

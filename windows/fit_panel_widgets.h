@@ -67,6 +67,7 @@ class FitPanelWidgets : public QWidget, public FitPanel {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   /// What a control does on the events that have no signal of their own.
@@ -81,6 +82,7 @@ class FitPanelWidgets : public QWidget, public FitPanel {
   void makeModels();
   void makeValues();
   void makeButtons();
+  void paintSill(const QColor& ground);
   void layOut();
   void orderTabs();
   void connectValues();

@@ -1,11 +1,13 @@
 #include "windows/formod.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QFrame>
 #include <QIcon>
 #include <QLabel>
 #include <QLayout>
 #include <QMdiArea>
+#include <QMenu>
 #include <QScopedValueRollback>
 #include <algorithm>
 #include <utility>
@@ -54,6 +56,7 @@ Formod::Formod(Fit& fit, DirectionWindows& windows, const FaultReport& faults,
   // The right button drags sills; behind a fast move from its icon the frame would open its menu.
   form_->setContextMenuPolicy(Qt::PreventContextMenu);
   setWidget(form_);
+  leaveKeysToTheMainWindow();
   Picture4 = new PictureBox(form_);
   Picture4->setObjectName("Picture4");
   Picture4->setFocusPolicy(Qt::ClickFocus);
@@ -93,6 +96,13 @@ void Formod::keepFocusOnPicture() {
     part->setFocusPolicy(Qt::ClickFocus);
     part->setFocusProxy(Picture4);
   }
+}
+
+// The main window has them wherever the focus is; keys of two of its controls press neither. The
+// menu still shows them.
+void Formod::leaveKeysToTheMainWindow() {
+  for (QAction* entry : systemMenu()->actions())
+    if (!entry->shortcut().isEmpty()) entry->setShortcutContext(Qt::WidgetShortcut);
 }
 
 QLabel* Formod::makeOverlay(const QString& name, const QString& text, bool bold) {

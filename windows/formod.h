@@ -91,6 +91,7 @@ class Formod : public QMdiSubWindow, public DirectionWindow {
   QLabel* makeOverlay(const QString& name, const QString& text, bool bold);
   GuideLine* makeGuide(const QString& name);
   void keepFocusOnPicture();
+  void leaveKeysToTheMainWindow();
   void layGuide(Guide which);
   GuideLine* guide(Guide which) const { return which == Guide::Line1 ? Line1 : Line2; }
 

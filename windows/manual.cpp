@@ -173,7 +173,8 @@ bool Manual::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
   const auto& key = static_cast<const QKeyEvent&>(*event);
   if (key.key() != Qt::Key_F1 || key.modifiers() != Qt::NoModifier) return false;
-  guarded(faults_, [&] { open(static_cast<QWidget*>(watched)); });
+  // A key that is held opens it once.
+  if (!key.isAutoRepeat()) guarded(faults_, [&] { open(static_cast<QWidget*>(watched)); });
   return true;
 }
 

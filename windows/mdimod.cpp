@@ -100,6 +100,7 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
   makeToolbar();
   makeButtons();
   makeShortcuts(*this);
+  addShortcut(*this, "closeplot", &QMdiArea::closeActiveSubWindow);
   makeTools();
   drop_ = std::make_unique<FileDrop>(*this, faults_, [this](const std::string& path) {
     dialogs_.holdFile(path);
@@ -153,6 +154,11 @@ void mdimod::showAbout() { about().showAtStart(); }
 std::int64_t mdimod::variableCount() const {
   // Neither the list of the panel nor, behind a save, the count of the session knows them all.
   return structure_ ? structure_->listed() : 0;
+}
+
+std::int64_t mdimod::savedCount() const {
+  const int listed = panel_->listCount(List::Combo2);
+  return listed > 0 ? listed : session_.nvarfile;
 }
 
 std::optional<std::string> mdimod::keepUnsaved() {

@@ -95,7 +95,9 @@ class mdimod : public QMainWindow, public Plotter, public Hints, public Structur
 
   void makeMenus();
   void makeToolbar();
-  /// Keys that go from plot to plot, in a window of the program.
+  /// Keys of a window of the program that do something with the plots.
+  void addShortcut(QWidget& window, const char* name, void (QMdiArea::*way)());
+  /// Those that go from plot to plot.
   void makeShortcuts(QWidget& window);
   QAction* addEntry(QMenu* menu, const char* name, const char* caption, void (mdimod::*action)());
   void run(const Command& command);
@@ -135,6 +137,8 @@ class mdimod : public QMainWindow, public Plotter, public Hints, public Structur
   /// Writes the models into the program's folder, as a program that must end does; the path.
   std::optional<std::string> keepModels();
   void reportFault(std::string_view fault);
+  /// The variables that a save would write; those of the file as long as it would write none.
+  std::int64_t savedCount() const;
   /// The variables of the loaded file and those derived from them.
   std::int64_t variableCount() const;
   /// Keeps what differs from the loaded file; what is to be told where it can't.

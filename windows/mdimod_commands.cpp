@@ -93,16 +93,17 @@ void mdimod::makeButtons() {
             [this, action = action] { guarded(faults_, [&] { (this->*action)(); }); });
 }
 
+void mdimod::addShortcut(QWidget& window, const char* name, void (QMdiArea::*way)()) {
+  auto* keys = new QShortcut(&window);
+  keys->setObjectName(name);
+  keys->setKeys(keysOf(name));
+  connect(keys, &QShortcut::activated, area_, way);
+}
+
 // Qt itself only has Ctrl+Tab.
 void mdimod::makeShortcuts(QWidget& window) {
-  const std::initializer_list<std::pair<const char*, void (QMdiArea::*)()>> ways{
-      {"nextplot", &QMdiArea::activateNextSubWindow},
-      {"formerplot", &QMdiArea::activatePreviousSubWindow}};
-  for (const auto& [name, way] : ways) {
-    auto* keys = new QShortcut(keysOf(name).value(0), &window);
-    keys->setObjectName(name);
-    connect(keys, &QShortcut::activated, area_, way);
-  }
+  addShortcut(window, "nextplot", &QMdiArea::activateNextSubWindow);
+  addShortcut(window, "formerplot", &QMdiArea::activatePreviousSubWindow);
 }
 
 void mdimod::makeTools() {

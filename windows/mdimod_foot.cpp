@@ -32,9 +32,9 @@ void mdimod::renewFoot() {
   if (std::exchange(footDue_, true)) return;
   const auto renew = [this] {
     footDue_ = false;
-    const bool differ = session_.loaded &&
-                        attempt([&] { return fileModels_.differFrom(session_, variableCount()); },
-                                [] { return true; });
+    const bool differ =
+        session_.loaded && attempt([&] { return fileModels_.differFrom(session_, savedCount()); },
+                                   [] { return true; });
     foot_->showFile(session_.inputfile, differ);
     foot_->showMisfit(shownMisfit());
   };

@@ -72,7 +72,7 @@ bool OutsideClick::takePress(const QObject& pressed) {
     close_();
     return true;
   }
-  const bool swallowed = awaited_.elapsed() < kSoon;
+  const bool swallowed = isBeside(pressed) && awaited_.elapsed() < kSoon;
   enter(swallowed ? State::swallowing : State::idle);
   return swallowed;
 }

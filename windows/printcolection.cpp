@@ -98,6 +98,11 @@ void printcolection::closeEvent(QCloseEvent* event) {
   hide();
 }
 
+void printcolection::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) return void(close());
+  QWidget::keyPressEvent(event);
+}
+
 bool printcolection::event(QEvent* event) {
   if (event->type() == QEvent::WindowActivate && !isMinimized())
     resize(toPixels(kWindowWidth), toPixels(kWindowHeight));

@@ -37,6 +37,8 @@ class printcolection : public QWidget, private ReportWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  /// Escape is the close box.
+  void keyPressEvent(QKeyEvent* event) override;
   bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -36,7 +36,7 @@ constexpr auto kKeys = std::to_array<ProgramKey>({
     {kPlots, kMain, "kmenos", "Ctrl+-", "Reduce the current plot"},
     {kPlots, kMain, "nextplot", "Ctrl+F6", "Next plot"},
     {kPlots, kMain, "formerplot", "Ctrl+Shift+F6", "Previous plot"},
-    {kPlots, "", "", "Ctrl+F4", "Close the plot"},
+    {kPlots, kMain, "closeplot", "Ctrl+F4; Ctrl+W", "Close the current plot"},
     {kPanel, kMain, "Command5", "Alt+P", "PLOT"},
     {kPanel, kMain, "mnustart", "Ctrl+Shift+S", "Start model; again: take it back"},
     {kPanel, kMain, "takevariance", "Alt+V", "Take the variance as the sill"},
@@ -64,8 +64,8 @@ constexpr auto kKeys = std::to_array<ProgramKey>({
     {kAll, "alldirections", "shownone", "Alt+N", "Show none"},
     {kEverywhere, "", "", "Tab, Shift+Tab", "From control to control; the toolbar too"},
     {kEverywhere, "", "", "Blank", "Press, tick, or click the cell that the arrows have led to"},
-    {kEverywhere, "", "", "Alt, F10", "The menus"},
-    {kEverywhere, "", "", "Esc", "Leave a window"},
+    {kEverywhere, "", "", "Alt", "The menus"},
+    {kEverywhere, "", "", "Esc", "Leave a window or a box; not the colours, which would be lost"},
 });
 
 }  // namespace

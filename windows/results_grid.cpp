@@ -204,6 +204,8 @@ ResultsGrid::ResultsGrid(QWidget* parent) : Grid(std::vector<int>(kResultColumns
   setItemDelegate(new ResultsDelegate(this));
   verticalHeader()->setDefaultSectionSize((kRowHeight + kTwips / 2) / kTwips);
   setFrameShape(StyledPanel);
+  // What a row is taken for is told by its ground; the program moves the current cell by itself.
+  setSelectionMode(NoSelection);
   setHorizontalScrollMode(ScrollPerPixel);
   viewport()->setMouseTracking(true);
   setRowCount(kHeadingRows);

@@ -1,6 +1,7 @@
 #include "windows/save_picture.h"
 
 #include <QMimeData>
+#include <QStringList>
 #include <array>
 #include <string>
 
@@ -73,6 +74,20 @@ constexpr auto kKinds = std::to_array<FileKind>({{"SVG drawing", "svg"},
 constexpr std::array<Make, kKinds.size()> kMakers{svgOf,    pdfOf,    pngOf<1>,
                                                   pngOf<2>, pngOf<4>, pngOf<8>};
 
+/// Characters of a name; with its ending a file's name has room for two of them.
+constexpr qsizetype kLongestName = 60;
+
+/// A name without what a file system or a shell takes for something else.
+QString cleaned(std::string_view name) {
+  QString clean;
+  for (const QChar c : toQString(name).left(kLongestName)) {
+    const bool isPlain = c.isLetterOrNumber() || c == '-' || c == '+';
+    if (isPlain || (!clean.isEmpty() && !clean.endsWith('_'))) clean.append(isPlain ? c : '_');
+  }
+  if (clean.endsWith('_')) clean.chop(1);
+  return clean;
+}
+
 bool write(const ChosenFile& file, Formod& plot, const Session& session) {
   const WaitCursor wait;
   return attempt(
@@ -86,9 +101,18 @@ bool write(const ChosenFile& file, Formod& plot, const Session& session) {
 
 }  // namespace
 
+QString pictureName(const Session& session, Pair pair) {
+  QStringList names{cleaned(session.varname(pair.variable)),
+                    cleaned(session.dirname(pair.direction))};
+  names.removeAll(QString());
+  return names.isEmpty() ? "plot" : names.join('_');
+}
+
 void savePicture(QMainWindow& window, Formod& plot, const Session& session, Dialogs& dialogs,
                  std::size_t& kind) {
-  const auto chosen = dialogs.saveFileAs("Save Picture", kKinds, kind);
+  const Pair pair = windowKey(plot.caption());
+  const auto chosen =
+      dialogs.saveFileAs("Save Picture", kKinds, kind, pictureName(session, pair).toStdString());
   if (!chosen) return;
   kind = chosen->kind;
   if (!write(*chosen, plot, session)) return dialogs.plain("Cannot save picture: " + chosen->path);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <cstddef>
 
 #include "session/dialogs.h"
@@ -11,6 +12,10 @@ class QMimeData;
 namespace zevfit {
 
 class Formod;
+
+/// A name for the picture of a plot, without its ending: that of the variable and of the direction,
+/// such as zinc_45_-30, in letters, digits and signs that every file system takes.
+QString pictureName(const Session& session, Pair pair);
 
 /// Asks where to save the picture of a plot, and as what, of which `kind` is offered first and
 /// takes the choice; then writes the file in one step and says at the foot of the window where it

@@ -56,6 +56,8 @@ ToolsMenu::ToolsMenu(QMainWindow& window, QMdiArea& area, Fit& fit, Dialogs& dia
     entry->setObjectName(tool.name);
     entry->setToolTip(tool.tip);
     entry->setShortcuts(keysOf(tool.name));
+    // A key that is held opens a window once.
+    entry->setAutoRepeat(false);
     connect(entry, &QAction::triggered, this,
             [this, &tool] { guarded(faults_, [&] { (this->*tool.run)(); }); });
     entries_.emplace_back(entry, &tool);
@@ -72,15 +74,21 @@ ToolsMenu::~ToolsMenu() {
 }
 
 void ToolsMenu::follow() {
-  for (const auto& [entry, tool] : entries_) entry->setEnabled((this->*tool->ready)());
+  enableEntries();
   if (directions_) directions_->follow();
 }
 
+void ToolsMenu::enableEntries() {
+  for (const auto& [entry, tool] : entries_) entry->setEnabled((this->*tool->ready)());
+}
+
+// At the time of the event a child is not yet what it is going to be.
 bool ToolsMenu::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::ChildAdded)
     static_cast<QChildEvent*>(event)->child()->installEventFilter(this);
-  if (event->type() == QEvent::Hide) {
-    follow();
+  const auto* plot = event->type() == QEvent::Hide ? dynamic_cast<const Formod*>(watched) : nullptr;
+  if (plot && !plot->loaded()) {
+    enableEntries();
     if (plotGone) plotGone();
   }
   return QObject::eventFilter(watched, event);

@@ -41,7 +41,7 @@ class ToolsMenu : public QObject {
   std::function<void()> plotGone;
 
  protected:
-  /// Takes notice of plots that come and go.
+  /// Takes notice of plots that are closed: the area does not tell when its last one is.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -55,6 +55,7 @@ class ToolsMenu : public QObject {
   };
   static const std::vector<Tool>& tools();
 
+  void enableEntries();
   Formod* activePlot() const;
   bool hasPlot() const;
   bool hasVariable() const;

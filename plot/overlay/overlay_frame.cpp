@@ -71,17 +71,20 @@ void drawAxes(const Frame& frame) {
                        tick);
 }
 
-/// The distance axis begins with 0, as in a plot of one direction; unlike there, the lower end of
-/// the semivariance axis has its own number.
+/// Nothing is written as in the corner of a plot, whatever the pattern makes of it.
+std::string numberText(double value, std::string_view pattern) {
+  return value == 0 ? "0" : std::string(trimmed(formatNumber(value, pattern)));
+}
+
+/// Unlike a plot of one direction, the lower end of the semivariance axis has its own number.
 void drawNumbers(const Frame& frame) {
   const PlotBox& box = frame.box();
   const auto& patterns = frame.session.style.Formfont.formato;
   const double step = (frame.map.ymax - frame.map.ymin) / kDivisions;
   for (int k = 0; k <= kDivisions; ++k) {
-    const std::string distance(
-        k == 0 ? "0" : trimmed(formatNumber(k * frame.map.xmax / kDivisions, patterns[1])));
+    const std::string distance = numberText(k * frame.map.xmax / kDivisions, patterns[1]);
     frame.textAround(box.xgrid(k), box.ybottom() + kNumberGap, distance, FontRole::numbers);
-    const std::string gamma(trimmed(formatNumber(frame.map.ymin + k * step, patterns[0])));
+    const std::string gamma = numberText(frame.map.ymin + k * step, patterns[0]);
     frame.textTo(PlotBox::xleft - kNumberGap, box.ygrid(kDivisions - k) - kNumberRise, gamma,
                  FontRole::numbers);
   }

@@ -117,6 +117,17 @@ TEST(Overlay, FrameHasItsPlaces) {
   EXPECT_EQ(linesOf(all, kGrid).size(), 10U);
 }
 
+// The distance around the corner, the semivariance to the left of it, one character each.
+TEST(Overlay, TheCornerIsNothingInWhateverPattern) {
+  Session session = plotSample();
+  const std::vector<TextOf> corner{{{720, 3140}, "0", kNumberFont, kText},
+                                   {{600, 3020}, "0", kNumberFont, kText}};
+  EXPECT_EQ(textsNamed(overlayOf(session), "0"), corner);
+  session.ymin({1, 1}) = -2;
+  EXPECT_EQ(textsNamed(overlayOf(session), "0").size(), 1U);
+  EXPECT_EQ(textsNamed(overlayOf(session), "-2.00").size(), 1U) << "an end of its own";
+}
+
 TEST(Overlay, AxesWithoutALengthLeaveTheFrame) {
   Session session = plotSample();
   for (std::int64_t d = 1; d <= 2; ++d) session.ymax({1, d}) = 0;

@@ -71,8 +71,8 @@ class ScriptedDialogs : public Dialogs {
     return next(saved);
   }
   std::optional<ChosenFile> saveFileAs(std::string_view title, std::span<const FileKind> kinds,
-                                       std::size_t kind) override {
-    keep("save", std::string(title) + "|" + kinds[kind].name);
+                                       std::size_t kind, std::string_view name) override {
+    keep("save", std::string(title) + "|" + kinds[kind].name + "|" + std::string(name));
     return next(pictures);
   }
   std::optional<FontChoice> chooseFont(const FontChoice& start) override {

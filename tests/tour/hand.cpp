@@ -36,7 +36,7 @@ bool isUnder(const QWidget& control, const QWidget* found) {
 }  // namespace
 
 void fail(const char* what, const QWidget& where) {
-  std::cout << "The tour ends: " << what << ": " << where.metaObject()->className() << ' '
+  std::cout << "The hand ends: " << what << ": " << where.metaObject()->className() << ' '
             << where.objectName().toStdString() << " in '"
             << where.window()->windowTitle().toStdString() << "'" << std::endl;
   std::_Exit(1);

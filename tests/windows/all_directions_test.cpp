@@ -8,8 +8,10 @@
 #include <QSlider>
 #include <QTest>
 
+#include "platform/painter_surface.h"
 #include "platform/picture_box.h"
 #include "tests/support/two_plots.h"
+#include "tests/tour/hand.h"
 
 namespace zevfit::test {
 namespace {
@@ -40,7 +42,18 @@ class AllDirectionsWindow : public testing::Test {
     return false;
   }
 
+  void press(const char* button) { hand_.click(program().control(button)); }
+  void choose(const char* list, int index) {
+    hand_.choose(program().control<QComboBox>(list), index);
+  }
+  /// By its box.
+  void switchEntry(int row) {
+    const QRect place = legend().visualItemRect(legend().item(row));
+    hand_.clickAt(*legend().viewport(), {place.left() + 10, place.center().y()});
+  }
+
   TwoPlots plots_;
+  tour::Hand hand_;
 };
 
 TEST_F(AllDirectionsWindow, ShowsEachDirectionWithAnEntry) {
@@ -54,34 +67,82 @@ TEST_F(AllDirectionsWindow, ShowsEachDirectionWithAnEntry) {
 }
 
 TEST_F(AllDirectionsWindow, EntriesAreSwitchedByMouseAndKeys) {
-  legend().setFocus();
-  legend().setCurrentRow(1);
-  QTest::keyClick(&legend(), Qt::Key_Space);
+  EXPECT_TRUE(legend().hasFocus());
+  hand_.key(window(), Qt::Key_Down);
+  hand_.key(window(), Qt::Key_Space);
   EXPECT_EQ(legend().item(1)->checkState(), Qt::Unchecked);
   EXPECT_FALSE(hasSecond());
-  const QRect row = legend().visualItemRect(legend().item(1));
-  QTest::mouseClick(legend().viewport(), Qt::LeftButton, {}, {row.left() + 10, row.center().y()});
+  switchEntry(1);
   EXPECT_EQ(legend().item(1)->checkState(), Qt::Checked);
   EXPECT_TRUE(hasSecond());
-  QTest::keyClick(&window(), Qt::Key_N, Qt::AltModifier);
+  hand_.key(window(), Qt::Key_N, Qt::AltModifier);
   EXPECT_TRUE(QTest::qWaitFor([this] { return !hasSecond(); }));
-  QTest::keyClick(&window(), Qt::Key_A, Qt::AltModifier);
+  hand_.key(window(), Qt::Key_A, Qt::AltModifier);
   EXPECT_TRUE(QTest::qWaitFor([this] { return hasSecond(); }));
 }
 
 TEST_F(AllDirectionsWindow, FollowsASliderOnceTheEventsAreDone) {
-  const QImage before = picture();
+  hand_.clickMark(program().control("est1"));
   auto& slider = program().control<QSlider>("HScrollc0");
-  program().control<QAbstractButton>("est1").click();
-  slider.setValue(slider.value() + slider.maximum() / 4);
+  hand_.click(slider);
+  const QImage before = picture();
+  QTest::keyClick(&slider, Qt::Key_PageUp);
   EXPECT_EQ(Program::find<PictureBox>(window(), "overlay").image(), before) << "not at once";
+  EXPECT_NE(picture(), before);
+}
+
+// The press brings the window of the plot to the front; the drag leaves that of all directions be.
+TEST_F(AllDirectionsWindow, FollowsTheDragOfAHandle) {
+  hand_.clickAt(plots_.picture(1), {20, 20});
+  const double range = line(program().session(), {1, 1}, Line::first).range().number();
+  QImage before = picture();
+  hand_.press(plots_.handle(1, 1), {2, 2}, Qt::LeftButton);
+  hand_.drag(plots_.handle(1, 1), {-60, 2});
+  EXPECT_LT(line(program().session(), {1, 1}, Line::first).range().number(), range);
+  EXPECT_NE(picture(), before) << "while it is held";
+  before = picture();
+  hand_.drag(plots_.handle(1, 1), {-30, 2});
+  EXPECT_NE(picture(), before) << "at each step";
+  hand_.release(Qt::LeftButton);
+}
+
+TEST_F(AllDirectionsWindow, FollowsTheGrid) {
+  const QImage with = picture();
+  press("Command3");
+  EXPECT_NE(picture(), with);
+  press("Command3");
+  EXPECT_EQ(picture(), with);
+}
+
+TEST_F(AllDirectionsWindow, FollowsTheColours) {
+  constexpr Colour kPaper = 0xCCFFCC;
+  EXPECT_EQ(toColour(picture().pixelColor(1, 1)), kWhite);
+  press("Command5");
+  hand_.key(program().window(), Qt::Key_F, Qt::ControlModifier);
+  auto& format = program().control("Formfont");
+  hand_.click(Program::find<QWidget>(format, "Command5"));
+  auto& colours = program().control("cores");
+  hand_.clickMark(Program::find<QWidget>(colours, "Option5"));
+  program().dialogs().colours = {kPaper};
+  hand_.click(Program::find<QWidget>(colours, "Command1"));
+  hand_.click(Program::find<QWidget>(colours, "Command2"));
+  hand_.click(Program::find<QWidget>(format, "Command2"));
+  EXPECT_EQ(toColour(picture().pixelColor(1, 1)), kPaper);
+}
+
+TEST_F(AllDirectionsWindow, FollowsTheScalesOfTheAxes) {
+  const QImage before = picture();
+  press("Command1");
+  auto& scales = program().control("cutgraph");
+  hand_.typeAndEnter(Program::find<QWidget>(scales, "novoxmax"), "60");
+  EXPECT_EQ(program().session().xmax({1, 1}), 60);
   EXPECT_NE(picture(), before);
 }
 
 TEST_F(AllDirectionsWindow, FollowsAnotherVariableAndAnotherFile) {
   program().openBytes(kTwoVariables);
   const QImage zinc = picture();
-  program().control<QComboBox>("Combo2").setCurrentIndex(1);
+  choose("Combo2", 1);
   EXPECT_NE(picture(), zinc);
   EXPECT_EQ(window().windowTitle(), "All directions of lead");
   program().openBytes(kOneDirection);
@@ -91,9 +152,9 @@ TEST_F(AllDirectionsWindow, FollowsAnotherVariableAndAnotherFile) {
 }
 
 TEST_F(AllDirectionsWindow, KeepsWhatIsOffWhileTheFileIsTheSame) {
-  legend().item(1)->setCheckState(Qt::Unchecked);
-  program().control<QComboBox>("Combodirvar").setCurrentIndex(1);
-  program().window().plotvariogram();
+  switchEntry(1);
+  choose("Combodirvar", 1);
+  press("Command5");
   EXPECT_FALSE(hasSecond());
   EXPECT_EQ(legend().item(1)->checkState(), Qt::Unchecked);
 }
@@ -102,7 +163,7 @@ TEST_F(AllDirectionsWindow, ChangesNothingInTheSession) {
   const Session& session = program().session();
   const Pair current = session.current(), plotted = session.plotted();
   const double xmax = session.xmax({1, 2}), sample = session.curvegam(50);
-  legend().item(0)->setCheckState(Qt::Unchecked);
+  switchEntry(0);
   picture();
   EXPECT_EQ(session.current(), current);
   EXPECT_EQ(session.plotted(), plotted);
@@ -111,13 +172,13 @@ TEST_F(AllDirectionsWindow, ChangesNothingInTheSession) {
 }
 
 TEST_F(AllDirectionsWindow, DoesNothingWhileItIsHidden) {
-  QTest::keyClick(&window(), Qt::Key_Escape);
+  hand_.key(window(), Qt::Key_Escape);
   EXPECT_FALSE(window().isVisible());
   const QImage before = picture();
-  line(program().session(), {1, 1}, Line::nugget).sill() = 1;
-  program().window().plotvariogram();
+  hand_.clickMark(program().control("est1"));
+  hand_.typeAndEnter(program().control("Textc0"), "1");
   EXPECT_EQ(picture(), before);
-  program().trigger("mnudirections");
+  hand_.key(program().window(), Qt::Key_L, Qt::ControlModifier);
   EXPECT_NE(picture(), before);
 }
 

@@ -4,12 +4,14 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
 
 #include "tests/support/program.h"
+#include "tests/tour/hand.h"
 #include "windows/formod.h"
 
 namespace zevfit::test {
@@ -45,6 +47,7 @@ class AxisWindows : public testing::Test {
 
   QTemporaryDir folder_;
   Program program_;
+  tour::Hand hand_;
 };
 
 TEST_F(AxisWindows, ScalesShowTheirTextsAndHints) {
@@ -119,8 +122,8 @@ TEST_F(AxisWindows, TabGoesFromFieldToFieldAndEnterSaves) {
 // The window has the second direction's scales when the lists say so, but what is saved belongs to
 // the plot that is the current one; it is drawn, and the lists show it again.
 TEST_F(AxisWindows, SavingDrawsTheActivePlotAtOnce) {
-  program_.control<QAbstractButton>("Command5").click();
-  program_.control<QComboBox>("Combodirvar").setCurrentIndex(1);
+  hand_.click(program_.control("Command5"));
+  hand_.choose(program_.control<QComboBox>("Combodirvar"), 1);
   session().setCurrent({1, 1});
   openScales();
   const QImage before = picture();
@@ -198,7 +201,7 @@ class ClickBesideScales : public AxisWindows {
     return control.mapTo(&program_.window(), control.rect().center());
   }
   void prepare() {
-    program_.control<QAbstractButton>("Command5").click();
+    hand_.click(program_.control("Command5"));
     openScales();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&scales()));
     type(in<QLineEdit>(scales(), "novoxmax"), "60");
@@ -260,6 +263,24 @@ TEST_F(ClickBesideScales, ThatComesBehindAKeyCounts) {
   expectFreeAgain();
 }
 
+// What comes up over the window is no window beside the scales.
+TEST_F(ClickBesideScales, ThatGoesToABoxCounts) {
+  prepare();
+  program_.window().activateWindow();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !scales().isVisible(); }));
+  QMessageBox box(QMessageBox::NoIcon, "box", "text", QMessageBox::Ok, &program_.window());
+  bool pressed = false;
+  QTimer::singleShot(0, &box, [&] {
+    const QWidget* ok = box.button(QMessageBox::Ok);
+    QTest::mouseClick(box.windowHandle(), Qt::LeftButton, {}, ok->mapTo(&box, ok->rect().center()));
+    pressed = !box.isVisible();
+    box.reject();
+  });
+  box.exec();
+  EXPECT_TRUE(pressed);
+  expectFreeAgain();
+}
+
 TEST_F(AxisWindows, CancelAndEscapeClose) {
   for (const bool key : {false, true}) {
     openScales();
@@ -280,8 +301,8 @@ TEST_F(AxisWindows, TheFieldKeepsTheTextOfTheFormerOpening) {
   openScales();
   type(in<QLineEdit>(scales(), "novoxmax"), "12.5");
   QTest::mouseClick(&in<QWidget>(scales(), "Command1"), Qt::LeftButton);
-  program_.control<QComboBox>("Combodirvar").setCurrentIndex(1);
-  program_.control<QAbstractButton>("Command5").click();
+  hand_.choose(program_.control<QComboBox>("Combodirvar"), 1);
+  hand_.click(program_.control("Command5"));
   EXPECT_EQ(session().xmax({1, 2}), 40);
   openScales();
   EXPECT_EQ(scales().windowTitle(), "Axis Scale (X,Y):  (90;0)");
@@ -293,10 +314,11 @@ TEST_F(AxisWindows, TheFieldKeepsTheTextOfTheFormerOpening) {
 }
 
 TEST_F(AxisWindows, TheFocusComesBackWhereItWas) {
-  program_.control("Textc0").setFocus();
-  program_.control<QPushButton>("Command1").click();
-  QTest::keyClick(&scales(), Qt::Key_Escape);
-  EXPECT_EQ(program_.window().focusWidget(), &program_.control("Textc0"));
+  QWidget& button = program_.control("Command1");
+  hand_.click(program_.control("Textc0"));
+  hand_.click(button);
+  hand_.key(scales(), Qt::Key_Escape);
+  EXPECT_EQ(program_.window().focusWidget(), &button);
 }
 
 TEST_F(AxisWindows, ALegendIsStoredAndDrawn) {
@@ -319,7 +341,7 @@ TEST_F(AxisWindows, ALegendIsStoredAndDrawn) {
 TEST_F(AxisWindows, ALegendCountsCharactersAsTheUserTypesThem) {
   const QString mu(6, QChar(0xb5));
   for (const QString& typed : {mu, mu + QChar(0xb5)}) {
-    Program::inModal([&] { program_.control<QPushButton>("Command4").click(); },
+    Program::inModal([&] { QTest::mouseClick(&program_.control("Command4"), Qt::LeftButton); },
                      [&](QWidget& modal) {
                        auto& text = in<QLineEdit>(modal, "Text1");
                        text.selectAll();
@@ -334,7 +356,7 @@ TEST_F(AxisWindows, ALegendCountsCharactersAsTheUserTypesThem) {
 }
 
 TEST_F(AxisWindows, ALegendThatIsTooLongIsGone) {
-  Program::inModal([&] { program_.control<QPushButton>("Command4").click(); },
+  Program::inModal([&] { QTest::mouseClick(&program_.control("Command4"), Qt::LeftButton); },
                    [&](QWidget& modal) {
                      auto& text = in<QLineEdit>(modal, "Text1");
                      type(text, "meters.");
@@ -349,7 +371,7 @@ TEST_F(AxisWindows, ALegendThatIsTooLongIsGone) {
                    });
   EXPECT_EQ(session().xlegend({1, 1}), "h ()");
   // The box shows what it last held.
-  Program::inModal([&] { program_.control<QPushButton>("Command4").click(); },
+  Program::inModal([&] { QTest::mouseClick(&program_.control("Command4"), Qt::LeftButton); },
                    [&](QWidget& modal) {
                      EXPECT_EQ(in<QLineEdit>(modal, "Text1").text(), "km");
                      modal.close();

@@ -52,6 +52,10 @@ class BoxesUnderTheMouse : public testing::Test {
   QWindow* window() { return program_.window().windowHandle(); }
   QPoint placeOf(QWidget& control, QPoint at) { return control.mapTo(&program_.window(), at); }
   QPoint middleOf(QWidget& control) { return placeOf(control, control.rect().center()); }
+  void choose(const char* option) {
+    QWidget& mark = program_.control(option);
+    QTest::mouseClick(window(), Qt::LeftButton, {}, placeOf(mark, {8, mark.height() / 2}));
+  }
   Boxes& shown() { return program_.dialogs().shown; }
 
   QTemporaryDir folder_;
@@ -116,7 +120,7 @@ TEST_F(BoxesUnderTheMouse, PlotCountsAPressBehindABoxThatTheTabKeyBroughtUp) {
 TEST_F(BoxesUnderTheMouse, ASliderIsNotLeftPressed) {
   auto& slider = program_.control<QSlider>("HScrolla");
   usePower(1.5);
-  program_.control<QAbstractButton>("est2").click();
+  choose("est2");
   showRealBoxes();
   // The groove to the right of the handle: a page step.
   const QPoint far = placeOf(slider, QPoint(slider.width() - 4, slider.height() / 2));
@@ -131,7 +135,7 @@ TEST_F(BoxesUnderTheMouse, ASliderIsNotLeftPressed) {
 
 TEST_F(BoxesUnderTheMouse, APressOnASliderGivesItTheFocus) {
   auto& slider = program_.control<QSlider>("HScrollc0");
-  program_.control<QAbstractButton>("est1").click();
+  choose("est1");
   program_.control("Textc0").setFocus(Qt::MouseFocusReason);
   program_.session().c0typed({1, 1}) = true;
   QTest::mousePress(window(), Qt::LeftButton, {}, middleOf(slider));

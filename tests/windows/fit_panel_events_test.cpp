@@ -108,6 +108,21 @@ TEST_F(PanelOnScreen, TheTotalAndItsLabelTakeTheBackgroundTogether) {
   }
 }
 
+TEST_F(PanelOnScreen, TheLettersOfTheTotalStandOutOnADarkDesktop) {
+  const auto letters = [this] {
+    return find<QLabel>("Labelc")->palette().color(QPalette::WindowText);
+  };
+  panel.setSillBackground(kRed);
+  panel.setPalette(QPalette(QColor(50, 50, 50)));
+  EXPECT_EQ(letters(), QColor(Qt::white)) << "the desktop turns dark meanwhile";
+  panel.setSillBackground(kLightGrey);
+  EXPECT_EQ(letters(), QColor(Qt::black));
+  panel.setSillBackground(kRed);
+  EXPECT_EQ(letters(), QColor(Qt::white));
+  panel.setPalette(QPalette(QColor(239, 239, 239)));
+  EXPECT_EQ(letters(), QColor(Qt::black));
+}
+
 TEST_F(PanelOnScreen, SlidersStepAsTheScalesSay) {
   session.hmax(kPair) = 0.001;
   scalesliders(fit, kPair);

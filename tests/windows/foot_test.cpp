@@ -11,10 +11,10 @@
 #include <QMdiSubWindow>
 #include <QSlider>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include "tests/support/model_lines.h"
 #include "tests/support/program.h"
+#include "tests/tour/hand.h"
 #include "windows/formod.h"
 
 namespace zevfit::test {
@@ -41,19 +41,25 @@ class FootOfTheWindow : public testing::Test {
     settle();
     return program_.control<QLabel>(label).toolTip().toStdString();
   }
-  void press(const char* button) { program_.control<QAbstractButton>(button).click(); }
-  void type(const char* field, const char* typed) {
-    auto& edit = program_.control<QLineEdit>(field);
-    edit.selectAll();
-    QTest::keyClicks(&edit, typed);
+  void press(const char* button) {
+    auto& pressed = program_.control<QAbstractButton>(button);
+    pressed.isCheckable() ? hand_.clickMark(pressed) : hand_.click(pressed);
   }
   void enter(const char* field) {
-    QTest::keyClick(&program_.control<QLineEdit>(field), Qt::Key_Return);
+    hand_.key(program_.control<QLineEdit>(field), Qt::Key_Return);
   }
+  void type(const char* field, const char* typed) {
+    hand_.type(program_.control<QLineEdit>(field), typed);
+  }
+  void choose(const char* list, int index) {
+    hand_.choose(program_.control<QComboBox>(list), index);
+  }
+  void save() { hand_.key(program_.window(), Qt::Key_S, Qt::ControlModifier); }
   Session& session() { return program_.session(); }
 
   QTemporaryDir folder_;
   Program program_;
+  tour::Hand hand_;
 };
 
 TEST_F(FootOfTheWindow, NamesTheOpenFileAndWhereItIs) {
@@ -71,7 +77,7 @@ TEST_F(FootOfTheWindow, MarksModelsThatDifferFromTheFile) {
   EXPECT_EQ(text("LabelChanged"), "");
   press("plot1");
   type("Textc0", "0.5");
-  program_.trigger("k11");
+  save();
   EXPECT_EQ(text("LabelChanged"), "");
   EXPECT_EQ(tip("LabelChanged"), "");
   type("Textc0", "0.25");
@@ -89,7 +95,7 @@ TEST_F(FootOfTheWindow, KeepsTheMarkWhereASaveIsCancelled) {
   press("est1");
   press("plot1");
   program_.dialogs().confirmations = {false};
-  program_.trigger("k11");
+  save();
   EXPECT_EQ(text("LabelChanged"), "*");
 }
 
@@ -107,11 +113,11 @@ TEST_F(FootOfTheWindow, TellsTheMisfitOfTheModelOnShow) {
   EXPECT_EQ(text("LabelMisfit"), "Misfit 66.1 %") << "the curve is that of before";
   enter("Textc0");
   EXPECT_EQ(text("LabelMisfit"), "Misfit 129.9 %");
-  program_.control<QComboBox>("Combodirvar").setCurrentIndex(1);
+  choose("Combodirvar", 1);
   EXPECT_EQ(text("LabelMisfit"), "Misfit 129.9 %") << "the other direction is not on show yet";
   press("Command5");
   EXPECT_EQ(text("LabelMisfit"), "");
-  program_.control<QComboBox>("Combodirvar").setCurrentIndex(0);
+  choose("Combodirvar", 0);
   press("Command5");
   EXPECT_EQ(text("LabelMisfit"), "Misfit 129.9 %");
   session().variance(1) = 1e-6;
@@ -184,17 +190,14 @@ TEST_F(FootOfTheWindow, SaysThatARangeBeyondTheAxisHasItsHandleOutOfView) {
   setStructure(session(), {1, 1}, Line::first, "S", 1, 15);
   program_.window().plotvariogram();
   press("est2");
+  // In the groove behind the handle, a page of 1600: 599.99999 * 2400 / 32000.
   auto& slider = program_.control<QSlider>("HScrolla");
-  slider.setFocus(Qt::TabFocusReason);
-  // 599.99999 * 3200 / 32000.
-  slider.setValue(3200);
+  hand_.clickAt(slider, {slider.width() - 2, slider.height() / 2});
   EXPECT_EQ(text("LabelHint"),
-            "a1 = 60 lies beyond the distance axis, which ends at 30: its handle is out of view.");
-  QWidget& picture = program_.control("Picture4");
-  QTest::mouseClick(&picture, Qt::LeftButton, {}, QPoint(20, 20));
-  EXPECT_EQ(text("LabelHint"), "Out of view: S1 (a1 = 60). The axes go to 30 and from 0 to 2.12.");
-  slider.setFocus(Qt::TabFocusReason);
-  slider.setValue(800);
+            "a1 = 45 lies beyond the distance axis, which ends at 30: its handle is out of view.");
+  hand_.clickAt(program_.control("Picture4"), QPoint(20, 20));
+  EXPECT_EQ(text("LabelHint"), "Out of view: S1 (a1 = 45). The axes go to 30 and from 0 to 2.12.");
+  hand_.clickAt(slider, {2, slider.height() / 2});
   EXPECT_EQ(text("LabelHint"), "");
 }
 

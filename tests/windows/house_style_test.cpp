@@ -9,6 +9,7 @@
 #include <QRadioButton>
 #include <QStyleFactory>
 #include <QStyleOptionButton>
+#include <QStyleOptionSlider>
 #include <algorithm>
 
 namespace zevfit {
@@ -53,9 +54,70 @@ TEST(HouseStyle, WhatIsNotTickedIsSeenOnDarkGrounds) {
           << mark << " on " << ground;
 }
 
+/// A slider with its handle in the middle.
+QImage drawnSlider(const QStyle& style, const QPalette& palette, QStyle::State state) {
+  QImage image(120, 24, QImage::Format_RGB32);
+  image.fill(palette.color(QPalette::Window));
+  QStyleOptionSlider option;
+  option.rect = image.rect();
+  option.palette = palette;
+  option.state = state | QStyle::State_Horizontal;
+  option.orientation = Qt::Horizontal;
+  option.maximum = 100;
+  option.sliderPosition = option.sliderValue = 50;
+  option.subControls = QStyle::SC_SliderGroove | QStyle::SC_SliderHandle;
+  QPainter painter(&image);
+  style.drawComplexControl(QStyle::CC_Slider, &option, &painter);
+  return image;
+}
+
+TEST(HouseStyle, HandlesOfSlidersStandOutFromDarkGrounds) {
+  const HouseStyle style;
+  for (const int ground : {20, 45, 60}) {
+    const QPalette dark = paletteOf(ground, 240, ground - 15);
+    const int on = qGray(drawnSlider(style, dark, QStyle::State_Enabled).pixel(60, 12));
+    const int off = qGray(drawnSlider(style, dark, QStyle::State_None).pixel(60, 12));
+    EXPECT_GT(on - ground, 100) << ground;
+    EXPECT_GT(off - ground, 30) << ground;
+    EXPECT_GT(on, off) << ground;
+  }
+}
+
+/// A field or a button that fills its image but for a border.
+template <class Option>
+QImage drawnPart(const QStyle& style, QStyle::PrimitiveElement part, const QPalette& palette) {
+  QImage image(20, 20, QImage::Format_RGB32);
+  image.fill(palette.color(QPalette::Window));
+  Option option;
+  option.rect = image.rect().adjusted(3, 3, -3, -3);
+  option.palette = palette;
+  option.state = QStyle::State_Enabled;
+  QPainter painter(&image);
+  style.drawPrimitive(part, &option, &painter);
+  return image;
+}
+
+TEST(HouseStyle, FieldsAndButtonsHaveOutlinesOnDarkGrounds) {
+  const HouseStyle style;
+  for (const int ground : {20, 45, 60}) {
+    const QPalette dark = paletteOf(ground, 240, ground - 15);
+    EXPECT_GT(
+        outlineOf(drawnPart<QStyleOptionFrame>(style, QStyle::PE_FrameLineEdit, dark), ground), 60)
+        << ground;
+    EXPECT_GT(outlineOf(drawnPart<QStyleOptionButton>(style, QStyle::PE_PanelButtonCommand, dark),
+                        ground),
+              40)
+        << ground;
+  }
+}
+
 TEST(HouseStyle, LeavesLightGroundsAlone) {
   HouseStyle style;
   const QPalette light = paletteOf(239, 0, 255);
+  EXPECT_EQ(drawnSlider(style, light, QStyle::State_Enabled),
+            drawnSlider(*style.baseStyle(), light, QStyle::State_Enabled));
+  EXPECT_EQ(drawnPart<QStyleOptionFrame>(style, QStyle::PE_FrameLineEdit, light),
+            drawnPart<QStyleOptionFrame>(*style.baseStyle(), QStyle::PE_FrameLineEdit, light));
   for (const auto mark : kMarks)
     EXPECT_EQ(drawn(style, mark, light), drawn(*style.baseStyle(), mark, light)) << mark;
 }

@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QUrl>
 
+#include "tests/support/modal_steps.h"
 #include "tests/support/two_plots.h"
 
 namespace zevfit::test {
@@ -25,6 +26,7 @@ class ManualTest : public testing::Test {
     plots_.program().window().manual().setFolder(kDocs);
     plots_.program().window().manual().setOpener([this](const QString& path) {
       opened_ = path;
+      ++openings_;
       return true;
     });
   }
@@ -37,8 +39,15 @@ class ManualTest : public testing::Test {
     return QRegularExpression("url=manual.html#([a-z0-9-]+)\"").match(textOf(opened_)).captured(1);
   }
 
+  void pressInMain(QKeyCombination keys) {
+    plots_.program().window().activateWindow();
+    QTest::keyClick(plots_.window(), keys.key(), keys.keyboardModifiers());
+    QApplication::processEvents();
+  }
+
   TwoPlots plots_;
   QString opened_;
+  int openings_ = 0;
 };
 
 TEST(ManualSections, AreHeadingsOfTheManual) {
@@ -59,18 +68,19 @@ TEST_F(ManualTest, OpensFromTheMainWindowAndFromAPlot) {
 
 struct WindowRow {
   const char* window;
-  const char* action;
+  QKeyCombination opens;
   bool modal;
   const char* section;
 };
 
 TEST_F(ManualTest, OpensFromOtherWindowsAtTheirSections) {
-  const WindowRow rows[] = {{"frmzevfit", "k2", true, "data-structure"},
-                            {"modfinal", "k3", true, "results-and-the-kriging-file"},
-                            {"printcolection", "kp", false, "reports"},
-                            {"alldirections", "mnudirections", false, "all-directions"},
-                            {"keyswindow", "mnukeys", false, "keys"},
-                            {"Formfont", "k10", false, "format-and-colours"}};
+  const WindowRow rows[] = {
+      {"frmzevfit", Qt::CTRL | Qt::Key_D, true, "data-structure"},
+      {"modfinal", Qt::CTRL | Qt::Key_R, true, "results-and-the-kriging-file"},
+      {"printcolection", Qt::CTRL | Qt::Key_P, false, "reports"},
+      {"alldirections", Qt::CTRL | Qt::Key_L, false, "all-directions"},
+      {"keyswindow", Qt::CTRL | Qt::Key_F1, false, "keys"},
+      {"Formfont", Qt::CTRL | Qt::Key_F, false, "format-and-colours"}};
   for (const WindowRow& row : rows) {
     QString section;
     const auto look = [&] {
@@ -80,11 +90,29 @@ TEST_F(ManualTest, OpensFromOtherWindowsAtTheirSections) {
           if (row.modal) window->close();
         }
     };
-    if (row.modal) QTimer::singleShot(0, look);
-    plots_.program().trigger(row.action);
-    QApplication::processEvents();
-    if (!row.modal) look();
+    const auto open = [&] { pressInMain(row.opens); };
+    if (row.modal) {
+      duringModal(open, [&](QWidget& /*modal*/) { look(); });
+    } else {
+      open();
+      look();
+    }
     EXPECT_EQ(section, row.section) << row.window;
+  }
+}
+
+// The main window has the key as that of a menu's entry, the others by themselves.
+TEST_F(ManualTest, OpensOnceWhileTheKeyIsHeld) {
+  pressInMain(Qt::CTRL | Qt::Key_F1);
+  QWidget& keys = plots_.program().control("keyswindow");
+  for (QWidget* window : std::initializer_list<QWidget*>{&plots_.program().window(), &keys}) {
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    openings_ = 0;
+    for (int i = 0; i < 5; ++i)
+      QTest::simulateEvent(window->windowHandle(), true, Qt::Key_F1, {}, {}, i > 0);
+    EXPECT_EQ(openings_, 1) << window->objectName().toStdString();
+    QTest::simulateEvent(window->windowHandle(), false, Qt::Key_F1, {}, {}, false);
   }
 }
 
@@ -100,7 +128,7 @@ TEST_F(ManualTest, OpensFromAMessageAtTheMessages) {
 }
 
 TEST_F(ManualTest, ThePageHasItsAnchorsPicturesTablesAndLinks) {
-  plots_.program().trigger("mnumanual");
+  pressInMain(Qt::Key_F1);
   const QString folder = opened_.section('/', 0, -2);
   const QString page = textOf(folder + "/manual.html");
   for (const ManualSection& section : manualSections())
@@ -126,11 +154,11 @@ TEST_F(ManualTest, SaysWhereItIsNotThereOrNothingOpensIt) {
   Manual& manual = plots_.program().window().manual();
   manual.setFolder("/nowhere");
   shown.clear();
-  plots_.program().trigger("mnumanual");
+  pressInMain(Qt::Key_F1);
   EXPECT_EQ(shown, (std::vector<std::string>{"plain: The manual is not there."}));
   manual.setFolder(kDocs);
   manual.setOpener([](const QString&) { return false; });
-  plots_.program().trigger("mnumanual");
+  pressInMain(Qt::Key_F1);
   ASSERT_EQ(shown.size(), 2U);
   EXPECT_EQ(shown.back().find("plain: Cannot open the manual: "), 0U);
 }

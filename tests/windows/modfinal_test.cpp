@@ -263,6 +263,22 @@ TEST_F(Modfinal, ANameWithoutASeparatorIsWarnedOfAndChangesNothing) {
   });
 }
 
+// The program moves the selection to the last row by itself; only axes give rows another ground.
+TEST_F(Modfinal, NoRowLooksChosenByItself) {
+  results([&](OpenResults& open) {
+    const QImage table = open.grid().viewport()->grab().toImage();
+    const auto ground = [&](int row) {
+      return table.pixelColor(open.grid().visualItemRect(open.grid().item(row, 0)).topLeft() +
+                              QPoint(2, 2));
+    };
+    EXPECT_EQ(open.grid().currentRow(), 4);
+    EXPECT_EQ(ground(4), ground(2)) << "both on the ground of their rows";
+    open.pick("Option3d4", 3);
+    EXPECT_EQ(open.grid().currentRow(), 4);
+    EXPECT_NE(open.grid().viewport()->grab().toImage(), table) << "the tint of the axis";
+  });
+}
+
 TEST_F(Modfinal, ItIsHiddenByItsButtonTheKeyAndTheCloseBox) {
   const std::function<void(OpenResults&)> ways[] = {
       [](OpenResults& open) { open.click("Command1"); },

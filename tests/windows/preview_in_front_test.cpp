@@ -8,6 +8,7 @@
 
 #include "tests/support/full_report.h"
 #include "tests/support/two_plots.h"
+#include "tests/tour/hand.h"
 
 namespace zevfit::test {
 namespace {
@@ -21,6 +22,7 @@ class PreviewInFront : public testing::Test, protected TwoPlots {
   std::string legend() { return Program::find<QLabel>(reports_, "Labeldir").text().toStdString(); }
 
   QWidget& reports_;
+  tour::Hand hand_;
 };
 
 TEST_F(PreviewInFront, IsKeptBeforeTheMainWindowByTheDesktop) {
@@ -60,7 +62,7 @@ TEST_F(PreviewInFront, LetsTheKeysGoFromPlotToPlotAndFillTheCells) {
 }
 
 TEST_F(PreviewInFront, SaysAtTheFootWhereASheetWent) {
-  Program::find<QAbstractButton>(reports_, "printar").click();
+  hand_.click(Program::find<QWidget>(reports_, "printar"));
   EXPECT_EQ(program().control<QLabel>("LabelHint").text(),
             "Report 1 went to the printer in memory.");
 }

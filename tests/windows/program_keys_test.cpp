@@ -27,7 +27,7 @@ QString keysIn(const QObject& control) {
   if (const auto* button = qobject_cast<const QAbstractButton*>(&control))
     return button->shortcut().toString();
   if (const auto* shortcut = qobject_cast<const QShortcut*>(&control))
-    return shortcut->key().toString();
+    return QKeySequence::listToString(shortcut->keys());
   return {};
 }
 

@@ -304,6 +304,8 @@ struct KindRow {
 TEST(QtDialogs, SaveAsTakesTheKindOfTheListOrOfTheName) {
   const KindRow rows[] = {{"as it stands", "sketch", -1, "sketch.png", 1},
                           {"another", "sketch", 0, "sketch.svg", 0},
+                          {"the proposed name", "", -1, "zinc_0_0.png", 1},
+                          {"the same as another kind", "", 0, "zinc_0_0.svg", 0},
                           {"the last", "sketch", 2, "sketch.png", 2},
                           {"by its name", "sketch.svg", 2, "sketch.svg", 0},
                           {"of the same ending", "sketch.PNG", 2, "sketch.PNG", 2},
@@ -313,19 +315,22 @@ TEST(QtDialogs, SaveAsTakesTheKindOfTheListOrOfTheName) {
     QtDialogs dialogs;
     std::optional<ChosenFile> file;
     during<QFileDialog>(
-        [&] { file = dialogs.saveFileAs("Save Picture", kKinds, 1); },
+        [&] { file = dialogs.saveFileAs("Save Picture", kKinds, 1, "zinc_0_0"); },
         [&](QFileDialog& dialog) {
           EXPECT_EQ(dialog.windowTitle(), "Save Picture");
           EXPECT_EQ(dialog.nameFilters(),
                     (QStringList{"Drawing (*.svg)", "Picture (*.png)", "Finer picture (*.png)"}));
+          auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+          EXPECT_EQ(name->text(), "zinc_0_0.png");
           dialog.setDirectory(QString::fromStdString((folder / "").string()));
           auto* kinds = dialog.findChild<QComboBox*>("fileTypeCombo");
           if (row.chosen >= 0) {
             kinds->setCurrentIndex(row.chosen);
+            Q_EMIT kinds->activated(row.chosen);
             Q_EMIT kinds->textActivated(kinds->currentText());
           }
-          dialog.findChild<QLineEdit*>("fileNameEdit")->setText(row.typed);
-          QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+          if (*row.typed != 0) name->setText(row.typed);
+          QTest::keyClick(name, Qt::Key_Return);
         });
     ASSERT_TRUE(file) << row.what;
     EXPECT_EQ(file->path, (folder / row.path).string()) << row.what;
@@ -339,7 +344,7 @@ TEST(QtDialogs, SaveAsAsksAboutAFileThatIsThere) {
   QtDialogs dialogs;
   std::optional<ChosenFile> file;
   bool asked = false;
-  during<QFileDialog>([&] { file = dialogs.saveFileAs("Save Picture", kKinds, 0); },
+  during<QFileDialog>([&] { file = dialogs.saveFileAs("Save Picture", kKinds, 0, ""); },
                       [&](QFileDialog& dialog) {
                         dialog.setDirectory(QString::fromStdString((folder / "").string()));
                         dialog.findChild<QLineEdit*>("fileNameEdit")->setText("sketch");

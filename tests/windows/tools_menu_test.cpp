@@ -14,6 +14,7 @@
 
 #include "tests/support/same_tables.h"
 #include "tests/support/two_plots.h"
+#include "windows/save_picture.h"
 
 namespace zevfit::test {
 namespace {
@@ -61,6 +62,20 @@ TEST(ToolsMenu, EntriesAreOnWhenTheyCanDoSomething) {
   EXPECT_TRUE(enabled(program, "mnudirections"));
 }
 
+// Entries follow plots alone: whatever else comes and goes in the area does not matter.
+TEST(ToolsMenu, TakesNoNoticeOfWhatIsNoPlot) {
+  TwoPlots plots;
+  auto& entry = plots.program().control<QAction>("mnupicture");
+  QWidget other(plots.area().viewport());
+  other.show();
+  entry.setEnabled(false);
+  other.hide();
+  EXPECT_FALSE(entry.isEnabled());
+  plots.plot(1).close();
+  QApplication::processEvents();
+  EXPECT_TRUE(entry.isEnabled()) << "the other plot is left";
+}
+
 /// What a picture could disturb.
 std::string stateOf(Program& program) {
   Session& session = program.session();
@@ -91,7 +106,7 @@ TEST_F(Pictures, SvgHasTwipsAndTexts) {
   shown().clear();
   const std::string path = save("plot.svg", 0), svg = contentOf(path);
   const Formod& plot = plots_.plot(1);
-  EXPECT_EQ(shown(), (std::vector<std::string>{"save: Save Picture|SVG drawing"}));
+  EXPECT_EQ(shown(), (std::vector<std::string>{"save: Save Picture|SVG drawing|zinc_0_0"}));
   EXPECT_EQ(foot(), "The picture is saved as " + path);
   const std::string size = "0 0 " + std::to_string(std::lround(plot.pictureWidth())) + " " +
                            std::to_string(std::lround(plot.pictureHeight()));
@@ -137,7 +152,7 @@ TEST_F(Pictures, LeaveTheSessionAndThePanelAsTheyAre) {
   program.session().setCurrent({1, 2});
   const std::string before = stateOf(program);
   for (const std::size_t kind : {0U, 1U, 2U}) save("plot", kind);
-  program.trigger("k8");
+  plots_.keyWithControl(Qt::Key_C);
   EXPECT_EQ(stateOf(program), before);
 }
 
@@ -155,11 +170,33 @@ TEST_F(Pictures, TheDialogOffersTheKindOfTheLastOne) {
   save("plot.png", 3);
   shown().clear();
   save("other.png", 3);
-  EXPECT_EQ(shown().front(), "save: Save Picture|PNG picture, 2 times as fine");
+  EXPECT_EQ(shown().front(), "save: Save Picture|PNG picture, 2 times as fine|zinc_0_0");
+}
+
+TEST(PictureNames, AreThoseOfVariableAndDirectionAsEveryFileSystemTakesThem) {
+  struct Row {
+    const char *variable, *direction, *name;
+  };
+  const std::string longest(80, 'x');
+  const std::string most = std::string(60, 'x') + "_0_0";
+  const Row rows[] = {{"ln zinc", "45;-30", "ln_zinc_45_-30"},
+                      {" lead ", "-45;30", "lead_-45_30"},
+                      {"a/b:c*?", "0;0", "a_b_c_0_0"},
+                      {"../etc", "90;0", "etc_90_0"},
+                      {"\xe9t\xe9", "22.5;0", "\u00e9t\u00e9_22_5_0"},
+                      {"", "0;0", "0_0"},
+                      {"<>", "|", "plot"},
+                      {longest.c_str(), "0;0", most.c_str()}};
+  Session session;
+  for (const Row& row : rows) {
+    session.varname(2) = row.variable;
+    session.dirname(3) = row.direction;
+    EXPECT_EQ(pictureName(session, {2, 3}).toStdString(), row.name);
+  }
 }
 
 TEST_F(Pictures, TheClipboardHasADrawingBesideTheBitmap) {
-  plots_.program().trigger("k8");
+  plots_.keyWithControl(Qt::Key_C);
   const QMimeData* data = QGuiApplication::clipboard()->mimeData();
   EXPECT_TRUE(data->hasImage());
   EXPECT_TRUE(data->data("image/svg+xml").contains(">Semivariogram (0;0)</text>"));

@@ -12,6 +12,7 @@
 
 #include "tests/support/results_window.h"
 #include "tests/support/small_files.h"
+#include "tests/tour/hand.h"
 
 namespace zevfit::test {
 namespace {
@@ -33,10 +34,10 @@ class Wheel : public testing::Test {
     // 64 steps of 32000 are 0.064 on this axis, which the three decimals of the field can hold.
     session().ymax({1, 1}) = 32;
     program_.window().plotvariogram();
-    program_.control<QAbstractButton>("est1").click();
-    program_.control<QAbstractButton>("plot1").click();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&program_.window()));
-    field().setFocus(Qt::MouseFocusReason);
+    hand_.clickMark(program_.control("est1"));
+    hand_.clickMark(program_.control("plot1"));
+    hand_.click(field());
   }
 
   QSlider& slider() { return program_.control<QSlider>("HScrollc0"); }
@@ -50,6 +51,7 @@ class Wheel : public testing::Test {
 
   ScratchFolder folder_;
   Program program_;
+  tour::Hand hand_;
 };
 
 TEST_F(Wheel, OverWhatHasNoFocusChangesNothing) {
