@@ -7,6 +7,7 @@
 #include "session/policy.h"
 #include "windows/foot.h"
 #include "windows/mdimod.h"
+#include "windows/plot_area.h"
 
 namespace zevfit {
 

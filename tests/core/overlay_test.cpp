@@ -112,8 +112,6 @@ TEST(Overlay, FrameHasItsPlaces) {
   // 6 characters of 160 around the end of the axis.
   EXPECT_EQ(textsNamed(all, "100.00"),
             (std::vector<TextOf>{{{5320, 3140}, "100.00", kNumberFont, kText}}));
-  // The origin is no number of the pattern, which would be .00.
-  EXPECT_EQ(textsNamed(all, "0"), (std::vector<TextOf>{{{720, 3140}, "0", kNumberFont, kText}}));
   EXPECT_EQ(linesOf(all, kGrid).size(), 10U);
 }
 

@@ -85,7 +85,7 @@ TEST(StartModel, HasTheSameDigitsEverywhere) {
 }
 
 TEST(StartModel, HasDigitsThatAFileHolds) {
-  const NestedModel& model = startModel(test::kMeuse1500, {}).choice().model;
+  const NestedModel model = startModel(test::kMeuse1500, {}).choice().model;
   EXPECT_EQ(model.nugget, asInFile(model.nugget));
   EXPECT_EQ(model.structures[0]->sill, asInFile(model.structures[0]->sill));
   EXPECT_EQ(model.structures[0]->range, asInFile(model.structures[0]->range));

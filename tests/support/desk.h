@@ -96,4 +96,11 @@ class Desk : public TwoPlots {
   int openings = 0;  ///< of the manual
 };
 
+/// Sees that Escape closes a window that is open.
+inline void expectLeft(QWidget& window, const char* what) {
+  ASSERT_TRUE(window.isVisible()) << what;
+  Desk::send(window, QKeySequence(Qt::Key_Escape));
+  EXPECT_FALSE(window.isVisible()) << what;
+}
+
 }  // namespace zevfit::test

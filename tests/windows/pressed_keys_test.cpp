@@ -3,6 +3,7 @@
 
 #include <QClipboard>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -21,13 +22,6 @@
 
 namespace zevfit::test {
 namespace {
-
-/// Opens a window, and sees that Escape closes it.
-void expectLeft(QWidget& window, const char* what) {
-  ASSERT_TRUE(window.isVisible()) << what;
-  Desk::send(window, QKeySequence(Qt::Key_Escape));
-  EXPECT_FALSE(window.isVisible()) << what;
-}
 
 bool isTicked(QWidget& list, int row) {
   return dynamic_cast<QListWidget&>(list).item(row)->checkState() == Qt::Checked;
@@ -228,6 +222,11 @@ constexpr auto kProofs = std::to_array<Proof>({
      for (const int each : {1, 2}) desk.plot(each).close();
      desk.send(keys);
      EXPECT_TRUE(desk.plot(static_cast<int>(desk.session().curdir)).isVisible());
+   }},
+  {"mdimod mnustart",
+   [](Desk& desk, const QKeySequence& keys) {
+     desk.send(keys);
+     EXPECT_TRUE(desk.program().control<QLabel>("LabelHint").text().startsWith("Start model"));
    }},
   {"mdimod takevariance",
    [](Desk& desk, const QKeySequence& keys) {
