@@ -43,7 +43,7 @@ fuzzcoverage fuzzcoverage zevfit_fuzz fuzzcoverage
 users        asan         zevfit_user_tests users
 longuse      program      zevfit_long_tests longuse
 bench        bench        all bench
-pictures     program      zevfit_pictures,zevfit_tour tour,pictures
+pictures     program      zevfit_pictures,zevfit_tour,zvm,zvm-plot tour,pictures
 package      package      all package
 coverage     coverage     zevfit_core_tests,zvm_tests,zevfit_window_tests reset
 coverage     coverage     - core,zvm,windows

@@ -108,7 +108,7 @@ command_line() {
   # Its options are on its page.
   local option page
   page=$(zcat "$root/share/man/man1/zvm.1.gz" | sed 's/\\-/-/g')
-  for verb in info check test export completion; do
+  for verb in info check test export plot completion; do
     for option in $("$root/bin/zvm" "$verb" --help | grep -oE '^  (-., ?)?--[a-z0-9-]+' |
       grep -oE -- '--[a-z0-9-]+'); do
       grep -qF -- "$option" <<<"$page" || {

@@ -29,7 +29,7 @@ std::vector<std::string> optionsIn(const std::string& help) {
 TEST(Completion, KnowsEveryVerbAndOption) {
   for (const char* shell : {"bash", "zsh"}) {
     const std::string script = ran({"completion", shell}).out;
-    for (const char* verb : {"info", "check", "test", "export", "completion"}) {
+    for (const char* verb : {"info", "check", "test", "export", "plot", "completion"}) {
       EXPECT_NE(script.find("    " + std::string(verb) + ")\n"), std::string::npos) << verb;
       for (const std::string& option : optionsIn(ran({verb, "--help"}).out))
         EXPECT_NE(script.find(option), std::string::npos) << shell << verb << option;
@@ -43,7 +43,7 @@ TEST(Completion, KnowsEveryVerbAndOption) {
 TEST(CommandLine, HelpsAndTellsItsVersion) {
   const Ran help = ran({"--help"});
   EXPECT_EQ(help.code, 0);
-  for (const char* verb : {"info", "check", "test", "export", "completion"})
+  for (const char* verb : {"info", "check", "test", "export", "plot", "completion"})
     EXPECT_NE(help.out.find("  " + std::string(verb) + "  "), std::string::npos) << verb;
   EXPECT_EQ(ran({"--version"}).out.rfind("zvm ", 0), 0U);
   EXPECT_EQ(ran({"check", "--version"}).out, ran({"--version"}).out);
@@ -56,10 +56,10 @@ TEST(CommandLine, TellsWhatIsWrong) {
   };
   const Row rows[] = {
       {{},
-       "no verb; there are info, check, compute, merge, test, export, completion; zvm --help tells "
-       "more"},
+       "no verb; there are info, check, compute, merge, test, export, plot, completion; zvm --help "
+       "tells more"},
       {{"exprt"},
-       "no verb `exprt`; there are export, test, info, check, compute, merge, completion"},
+       "no verb `exprt`; there are export, test, plot, info, check, compute, merge, completion"},
       {{"info"}, "FILE is required; zvm info --help tells more"},
       {{"info", "a", "b"}, "`b` is one argument too many; zvm info --help tells more"},
       {{"check", "-", "--thread=2"},

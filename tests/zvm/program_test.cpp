@@ -45,14 +45,14 @@ struct Row {
 TEST_F(Program, TellsWhatIsWrong) {
   const Row rows[] = {
       {"$zvm", 2,
-       "zvm: error: no verb; there are info, check, compute, merge, test, export, completion; zvm "
-       "--help tells "
-       "more\n"},
+       "zvm: error: no verb; there are info, check, compute, merge, test, export, plot, "
+       "completion; "
+       "zvm --help tells more\n"},
       {"$zvm chek good.zvm", 2,
-       "zvm: error: no verb `chek`; there are check, info, test, merge, compute, export, "
+       "zvm: error: no verb `chek`; there are check, info, test, plot, merge, compute, export, "
        "completion\n"},
       {"$zvm --jsno", 2,
-       "zvm: error: no verb `--jsno`; there are info, test, check, merge, export, compute, "
+       "zvm: error: no verb `--jsno`; there are info, test, check, merge, export, plot, compute, "
        "completion\n"},
       {"$zvm info", 2, "zvm: error: FILE is required; zvm info --help tells more\n"},
       {"$zvm info good.zvm more", 2,

@@ -1,17 +1,14 @@
 #include <chrono>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <memory>
 #include <thread>
 
 #include "zvm/experimental/job.h"
 #include "zvm/experimental/part_file.h"
-#include "zvm/points/data_error.h"
-#include "zvm/points/points_reader.h"
 #include "zvm/verbs/compute_options.h"
 #include "zvm/verbs/compute_report.h"
 #include "zvm/verbs/output.h"
+#include "zvm/verbs/points_input.h"
 #include "zvm/verbs/progress.h"
 #include "zvm/verbs/text.h"
 #include "zvm/verbs/verb.h"
@@ -21,34 +18,6 @@ namespace {
 
 /// What a pair takes, about, and from when on its sum is worth a word.
 constexpr double kSecondsAPair = 4e-9, kLong = 60;
-
-/// Has the exceptions of the computation end the run with their exit codes.
-template <class Work>
-auto guarded(Work&& work) {
-  try {
-    return work();
-  } catch (const zvm::DataError& error) {
-    throw Failure(Exit::data, error.what());
-  } catch (const zvm::ReadError& error) {
-    throw Failure(Exit::file, error.what());
-  } catch (const zvm::PlanError& error) {
-    throw Failure(Exit::usage, error.what());
-  }
-}
-
-zvm::PointSet pointsOf(const ComputeOptions& options, const zvm::ReadOptions& read,
-                       Context& context) {
-  if (options.points == kStandardStream) return zvm::readPoints(context.in(), "stdin", read);
-  std::ifstream file(options.points, std::ios::binary);
-  if (!file) throw Failure(Exit::file, "cannot read " + options.points + ": it can't be opened");
-  std::error_code unknown;
-  const auto size = static_cast<double>(std::filesystem::file_size(options.points, unknown));
-  Progress progress(context, "reading");
-  return zvm::readPoints(file, options.points, read, [&](std::uint64_t bytes) {
-    if (!unknown) progress.tell(static_cast<double>(bytes) / size);
-    return true;
-  });
-}
 
 void warnOfPlan(const zvm::Plan& plan, Context& context) {
   if (plan.lags.tolerance && *plan.lags.tolerance > plan.lags.width / 2)
@@ -81,7 +50,7 @@ zvm::Job jobOf(const ComputeOptions& options, Context& context) {
   zvm::Plan plan = planOf(options);
   const auto sample = sampleOf(options);
   plan.title = titleOf(options);
-  zvm::PointSet points = pointsOf(options, read, context);
+  zvm::PointSet points = pointsOf(options.points, read, context);
   plan.pairings = pairingsOf(options, points.names);
   zvm::Job job = zvm::prepare(std::move(points), std::move(plan), sample);
   if (const auto refusal = zvm::pointsRefusal(job.frame))

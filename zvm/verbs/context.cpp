@@ -23,7 +23,7 @@ void Context::warning(std::string_view text) {
 void Context::save(const std::string& path, std::string bytes) {
   if (path == kStandardStream) return print(bytes);
   requireFree(path, common.overwrite);
-  pending_ = PendingFile{path, std::move(bytes)};
+  pending_.push_back({path, std::move(bytes)});
 }
 
 }  // namespace zevfit::verbs

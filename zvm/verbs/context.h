@@ -1,11 +1,11 @@
 #pragma once
 
 #include <istream>
-#include <optional>
 #include <ostream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zevfit::verbs {
 
@@ -59,7 +59,7 @@ class Context {
   /// Writes to a file at the end of the run, or with "-" to stdout. Throws Failure at once where
   /// there is a file of that name and it may not be overwritten.
   void save(const std::string& path, std::string bytes);
-  const std::optional<PendingFile>& pending() const { return pending_; }
+  const std::vector<PendingFile>& pending() const { return pending_; }
 
  private:
   void message(std::string_view kind, std::string_view text);
@@ -67,7 +67,7 @@ class Context {
   std::istream& in_;
   std::ostream& err_;
   std::string printed_;
-  std::optional<PendingFile> pending_;
+  std::vector<PendingFile> pending_;
 };
 
 /// The name that stands for stdin and stdout.

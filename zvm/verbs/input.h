@@ -17,6 +17,7 @@ std::string readInput(Context& context, const std::string& path);
 struct Loaded {
   std::string path;
   std::string title;  ///< in the bytes of the file, as all names
+  std::string bytes;  ///< the whole file
   Session session;
 };
 

@@ -8,13 +8,14 @@
 #include <charconv>
 #include <csignal>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include "files/output_file.h"
 #include "session/fault.h"
-#include "zvm/verbs/context.h"
 
 namespace zevfit::verbs {
 namespace {
@@ -88,12 +89,6 @@ std::optional<int> descriptorOf(const std::string& path) {
   return read.ec == std::errc() && read.ptr == last ? std::optional(number) : std::nullopt;
 }
 
-bool isSpecial(const std::string& path) {
-  std::error_code unknown;
-  const fs::file_status status = fs::status(path, unknown);
-  return fs::exists(status) && !fs::is_regular_file(status);
-}
-
 /// Errors are those of the system; 0 when all is written.
 int writeAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
@@ -158,6 +153,12 @@ bool isStandardOutput(const std::string& path) {
   return path == kStandardStream || descriptorOf(path) == STDOUT_FILENO;
 }
 
+bool isSpecial(const std::string& path) {
+  std::error_code unknown;
+  const fs::file_status status = fs::status(path, unknown);
+  return fs::exists(status) && !fs::is_regular_file(status);
+}
+
 void requireFree(const std::string& path, bool overwrite) {
   if (descriptorOf(path)) return;
   std::error_code unknown;
@@ -186,6 +187,26 @@ void writeOutput(const std::string& path, std::string_view bytes, bool overwrite
   } catch (const Fault& fault) {
     fail(path, reasonOf(fault));
   }
+}
+
+void writeOutputs(std::span<const PendingFile> files, bool overwrite) {
+  if (files.size() == 1) return writeOutput(files[0].path, files[0].bytes, overwrite);
+  const HeldSignals held;
+  std::vector<std::unique_ptr<NewFile>> made;
+  for (const PendingFile& file : files) {
+    try {
+      made.push_back(std::make_unique<NewFile>(targetOf(file.path), file.bytes));
+      requireFree(file.path, overwrite);
+    } catch (const Fault& fault) {
+      fail(file.path, reasonOf(fault));
+    }
+  }
+  if (HeldSignals::anyWaits()) return;
+  for (std::size_t i = 0; i < files.size(); ++i) try {
+      made[i]->takePlaceOf(targetOf(files[i].path));
+    } catch (const Fault& fault) {
+      fail(files[i].path, reasonOf(fault));
+    }
 }
 
 void exitOnSignals() {

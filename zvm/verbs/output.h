@@ -1,12 +1,18 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
+
+#include "zvm/verbs/context.h"
 
 namespace zevfit::verbs {
 
 /// The file is stdout, under either of its names.
 bool isStandardOutput(const std::string& path);
+
+/// What is there and no regular file, such as a device or a pipe.
+bool isSpecial(const std::string& path);
 
 /// Throws Failure where a file of that name is there and may not be overwritten. What is no regular
 /// file, such as a device, a pipe or /dev/stdout, is written to as it is, and a folder can't be.
@@ -17,6 +23,9 @@ void requireFree(const std::string& path, bool overwrite);
 /// up) is looked at before the last step; where there is one nothing is left and it takes its
 /// course. Throws Failure where the file can't be written; nothing is left then.
 void writeOutput(const std::string& path, std::string_view bytes, bool overwrite);
+
+/// Writes several files so: where one can't be made none of them is there.
+void writeOutputs(std::span<const PendingFile> files, bool overwrite);
 
 /// From here on the signals that ask for the end exit with the code of an interruption.
 void exitOnSignals();

@@ -37,6 +37,7 @@ Run declareCompute(CLI::App& app);
 Run declareMerge(CLI::App& app);
 Run declareTest(CLI::App& app);
 Run declareExport(CLI::App& app);
+Run declarePlot(CLI::App& app);
 Run declareCompletion(CLI::App& app);
 
 }  // namespace zevfit::verbs

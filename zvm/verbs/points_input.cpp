@@ -1,0 +1,25 @@
+#include "zvm/verbs/points_input.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+#include "zvm/verbs/progress.h"
+
+namespace zevfit::verbs {
+
+zvm::PointSet pointsOf(const std::string& path, const zvm::ReadOptions& read, Context& context) {
+  if (path == kStandardStream) return zvm::readPoints(context.in(), "stdin", read);
+  std::ifstream file(path, std::ios::binary);
+  if (!file) throw Failure(Exit::file, "cannot read " + path + ": it can't be opened");
+  std::error_code unknown;
+  const auto size = static_cast<double>(std::filesystem::file_size(path, unknown));
+  Progress progress(context, "reading");
+  return zvm::readPoints(file, path, read, [&](std::uint64_t bytes) {
+    if (!unknown) progress.tell(static_cast<double>(bytes) / size);
+    return true;
+  });
+}
+
+}  // namespace zevfit::verbs

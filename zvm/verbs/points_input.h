@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "zvm/experimental/job.h"
+#include "zvm/points/data_error.h"
+#include "zvm/points/points_reader.h"
+#include "zvm/verbs/context.h"
+
+namespace zevfit::verbs {
+
+/// Has the exceptions of a computation end the run with their exit codes.
+template <class Work>
+auto guarded(Work&& work) {
+  try {
+    return work();
+  } catch (const zvm::DataError& error) {
+    throw Failure(Exit::data, error.what());
+  } catch (const zvm::ReadError& error) {
+    throw Failure(Exit::file, error.what());
+  } catch (const zvm::PlanError& error) {
+    throw Failure(Exit::usage, error.what());
+  }
+}
+
+/// The points of a table, of "-" that of stdin. Throws Failure and what readPoints throws.
+zvm::PointSet pointsOf(const std::string& path, const zvm::ReadOptions& read, Context& context);
+
+}  // namespace zevfit::verbs
