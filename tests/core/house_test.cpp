@@ -64,6 +64,7 @@ const std::vector<Rule> kRules{
     {"zvm/plotter/",
      {"zvm/plotting", "session", "platform/picture_file.h"},
      {Kind::standard, Kind::system, Kind::qt}},
+    {"zvm/spatial/", {"zvm/spatial", "zvm/points/names.h"}, kLibraries},
     {"zvm/", {"zvm", "session", "model", "files", "coreg"}, kLibraries},
     {"tests/zvm/",
      {"tests", "zvm", "session", "model", "files", "coreg", "plot", "report"},

@@ -50,11 +50,11 @@ zvm::Job jobOf(const ComputeOptions& options, Context& context) {
   zvm::Plan plan = planOf(options);
   const auto sample = sampleOf(options);
   plan.title = titleOf(options);
-  zvm::PointSet points = pointsOf(options.points, read, context);
+  zvm::PointSet points = pointsOf(options, read, context);
   plan.pairings = pairingsOf(options, points.names);
   zvm::Job job = zvm::prepare(std::move(points), std::move(plan), sample);
   if (const auto refusal = zvm::pointsRefusal(job.frame))
-    throw Failure(Exit::data, options.points + ": " + *refusal);
+    throw Failure(Exit::data, shownSource(options.points) + ": " + *refusal);
   warnOfPlan(job.plan, context);
   warnOfPoints(job, context);
   return job;
@@ -97,7 +97,7 @@ Exit runCompute(const ComputeOptions& options, Context& context) {
     context.save(output, partBytes(job, run));
     if (context.common.json)
       context.print(textOf(Json{{"schema", "zvm.compute/1"},
-                                {"file", options.points},
+                                {"file", shownSource(options.points)},
                                 {"output", output},
                                 {"part", part->number},
                                 {"parts", part->count}}));
@@ -111,7 +111,8 @@ Exit runCompute(const ComputeOptions& options, Context& context) {
   zvm::composeExperimental(experimental, sink);
   context.save(output, std::move(sink.bytes));
   if (context.common.json) {
-    Json report{{"schema", "zvm.compute/1"}, {"file", options.points}, {"output", output}};
+    Json report{
+        {"schema", "zvm.compute/1"}, {"file", shownSource(options.points)}, {"output", output}};
     report.update(jsonOf(experimental, pace));
     context.print(textOf(report));
   } else if (toStdout) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <filesystem>
 
 #include "zvm/points/names.h"
 #include "zvm/verbs/text.h"
@@ -60,7 +59,16 @@ constexpr Choice<zvm::Compat> kCompats[] = {{"gstat", zvm::Compat::gstat},
 constexpr Choice<zvm::ZeroDistances> kZeros[] = {{"skip", zvm::ZeroDistances::skip},
                                                  {"first", zvm::ZeroDistances::first}};
 constexpr Choice<zvm::PointFormat> kFormats[] = {{"csv", zvm::PointFormat::csv},
-                                                 {"geoeas", zvm::PointFormat::geoeas}};
+                                                 {"geoeas", zvm::PointFormat::geoeas},
+                                                 {"ogr", zvm::PointFormat::csv}};
+
+/// The column that an option names, or else the one of the geometry.
+std::string coordinateOf(const std::string& given, const char* option, const char* own) {
+  if (!given.empty()) return given;
+  if (own == nullptr)
+    throw Failure(Exit::usage, std::string(option) + " is required; zvm compute --help tells more");
+  return own;
+}
 
 /// The name of a column in the file.
 std::string fileName(const ComputeOptions& options, const std::string& column,
@@ -114,12 +122,14 @@ void declareOptions(CLI::App& app, ComputeOptions& options) {
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   };
-  add("POINTS", options.points, "A table of points, - for stdin", "")->required();
+  add("POINTS", options.points, "A table of points, - for stdin, or a spatial source", "")
+      ->required();
   add("OUT", options.output, "The variogram file to write, - for stdout", "");
   add("-o,--output", options.outputOption, "The same", "OUT");
-  add("--format", options.format, "The format of the points; default: found out", "csv|geoeas");
-  add("--x", options.x, "The column of the eastings, by name or number", "COLUMN")->required();
-  add("--y", options.y, "That of the northings", "COLUMN")->required();
+  add("--format", options.format, "The format of the points; default: found out", "csv|geoeas|ogr");
+  add("--x", options.x,
+      "The column of the eastings, by name or number; a spatial source has its geometry", "COLUMN");
+  add("--y", options.y, "That of the northings", "COLUMN");
   add("--z", options.z, "That of the heights; without it the points lie in a plane", "COLUMN");
   addEach("--var", options.variables, "The columns of the variables", "A,B,...")->required();
   addEach("--log", options.logs, "Of these variables the natural logarithm", "A,...");
@@ -144,6 +154,7 @@ void declareOptions(CLI::App& app, ComputeOptions& options) {
   add("--seed", options.seed, "Which sample is drawn; default: 1", "S");
   add("--part", options.part, "Computes part I of N for zvm merge", "I/N");
   add("--title", options.title, "The title of the file", "TEXT");
+  declareOptions(app, options.spatial);
 }
 
 std::string outputOf(const ComputeOptions& options) {
@@ -178,8 +189,9 @@ std::optional<zvm::Sample> sampleOf(const ComputeOptions& options) {
 zvm::ReadOptions readOptionsOf(const ComputeOptions& options) {
   zvm::ReadOptions read;
   if (!options.format.empty()) read.format = choiceOf(options.format, "--format", kFormats);
-  read.x = options.x;
-  read.y = options.y;
+  const bool hasGeometry = isSpatial(options.points, options.format, options.spatial);
+  read.x = coordinateOf(options.x, "--x", hasGeometry ? kEasting : nullptr);
+  read.y = coordinateOf(options.y, "--y", hasGeometry ? kNorthing : nullptr);
   if (!options.z.empty()) read.z = options.z;
   read.variables = splitAll(options.variables);
   read.logs = splitAll(options.logs);
@@ -251,8 +263,8 @@ std::string titleOf(const ComputeOptions& options) {
       throw Failure(Exit::usage, "--title can't stand in a variogram file: " + *refusal);
     return *zvm::latin1Of(zvm::withoutBlanks(options.title));
   }
-  const std::string file = std::filesystem::path(options.points).filename().string();
-  const bool isName = file != kStandardStream && !zvm::nameRefusal(file);
+  const std::string file = titleNameOf(options.points, options.spatial);
+  const bool isName = !file.empty() && file != kStandardStream && !zvm::nameRefusal(file);
   return isName ? "Semivariograms of " + *zvm::latin1Of(file) : "Semivariograms";
 }
 

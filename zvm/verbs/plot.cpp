@@ -78,7 +78,7 @@ void addPages(const Loaded& loaded, const PlotOptions& options, Pictures& pictur
 }
 
 void addMaps(const PlotOptions& options, Context& context, Pictures& pictures) {
-  const zvm::PointSet points = pointsOf(options.file, readOptionsOf(options.points), context);
+  const zvm::PointSet points = pointsOf(options.points, readOptionsOf(options.points), context);
   const unsigned cores = std::max(1U, std::thread::hardware_concurrency());
   const unsigned threads =
       context.common.threads > 0 ? static_cast<unsigned>(context.common.threads) : cores;
@@ -89,8 +89,8 @@ void addMaps(const PlotOptions& options, Context& context, Pictures& pictures) {
     const bool isEmpty =
         std::ranges::all_of(surface.cells, [](const auto& cell) { return cell.pairs == 0; });
     if (isEmpty)
-      throw Failure(Exit::data, options.file + ": no two points of `" + points.names[v] +
-                                    "` are within reach of the map");
+      throw Failure(Exit::data, shownSource(options.points.points) + ": no two points of `" +
+                                    points.names[v] + "` are within reach of the map");
     const std::string name = zvm::latin1Of(points.names[v]).value_or("?");
     pictures.request.pages.push_back({Kind::map, 0, 0, {}, plotting::Map{name, surface}});
     pictures.variables.push_back(points.names[v]);
@@ -146,7 +146,8 @@ Json jsonReport(const PlotOptions& options, const Pictures& pictures,
     if (page.map) row["cells"] = cellsOf(page.map->surface);
     rows.push_back(row);
   }
-  return {{"schema", "zvm.plot/1"}, {"file", options.file}, {"pictures", rows}};
+  return {
+      {"schema", "zvm.plot/1"}, {"file", shownSource(options.points.points)}, {"pictures", rows}};
 }
 
 /// Of several pictures which is which.
@@ -171,7 +172,7 @@ Exit runPlot(const PlotOptions& options, Context& context) {
   if (options.map) {
     addMaps(options, context, pictures);
   } else {
-    const auto loaded = loadInput(context, options.file);
+    const auto loaded = loadInput(context, options.points.points);
     addPages(*loaded, options, pictures);
     pictures.request.data = loaded->bytes;
   }

@@ -126,7 +126,8 @@ void declareOptions(CLI::App& app, PlotOptions& options) {
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   };
-  add("FILE", options.file, "A variogram file, with --map a table of points; - for stdin", "")
+  add("FILE", options.points.points, "A variogram file, with --map a table of points; - for stdin",
+      "")
       ->required();
   add("OUT", options.output,
       "The picture to write, named *.svg, *.pdf or *.png; several as pages of a PDF file, or "
@@ -158,6 +159,7 @@ void declareOptions(CLI::App& app, PlotOptions& options) {
   add("--trim", options.points.trim, "With --map: keeps the values from MIN to MAX", "MIN:MAX");
   add("--lag", options.points.lag, "With --map: the width of a square", "W");
   add("--lags", options.points.lags, "With --map: the squares on each side of the middle one", "N");
+  declareOptions(app, options.points.spatial);
 }
 
 std::string outputOf(const PlotOptions& options) {
@@ -176,14 +178,17 @@ void refuseMixture(const PlotOptions& options) {
   if (!options.map) {
     const bool isOfPoints = !points.x.empty() || !points.y.empty() || !points.logs.empty() ||
                             !points.missing.empty() || !points.trim.empty() || points.lag != 0 ||
-                            points.lags != 0;
+                            points.lags != 0 || points.spatial.isAny();
     if (isOfPoints)
-      throw Failure(Exit::usage, "--x, --y, --log, --missing, --trim, --lag and --lags take --map");
+      throw Failure(Exit::usage,
+                    "--x, --y, --log, --missing, --trim, --lag, --lags and the options of spatial "
+                    "sources take --map");
     return;
   }
   if (!options.directions.empty()) throw Failure(Exit::usage, "--map takes no --dir");
-  if (points.x.empty() || points.y.empty() || points.variables.empty() || points.lag == 0 ||
-      points.lags == 0)
+  const bool hasPlaces = (!points.x.empty() && !points.y.empty()) ||
+                         isSpatial(options.points.points, "", points.spatial);
+  if (!hasPlaces || points.variables.empty() || points.lag == 0 || points.lags == 0)
     throw Failure(Exit::usage, "--map is of points: it takes --x, --y, --var, --lag and --lags");
   if (!(points.lag > 0 && points.lag < 1e150))
     throw Failure(Exit::usage, "--lag takes a width above 0");

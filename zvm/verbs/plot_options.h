@@ -9,10 +9,10 @@
 
 namespace zevfit::verbs {
 
-/// The options of plot as they were given; those of points as compute has them.
+/// The options of plot as they were given; the file and what is of points as compute has it.
 struct PlotOptions {
   ComputeOptions points;
-  std::string file, output, outputOption, format, size, font, style;
+  std::string output, outputOption, format, size, font, style;
   std::vector<std::string> directions;
   bool overlay = false, map = false;
   int dots = 192;

@@ -9,7 +9,11 @@
 
 namespace zevfit::verbs {
 
-zvm::PointSet pointsOf(const std::string& path, const zvm::ReadOptions& read, Context& context) {
+zvm::PointSet pointsOf(const ComputeOptions& options, const zvm::ReadOptions& read,
+                       Context& context) {
+  const std::string& path = options.points;
+  if (isSpatial(path, options.format, options.spatial))
+    return spatialPoints(path, options.spatial, read, context);
   if (path == kStandardStream) return zvm::readPoints(context.in(), "stdin", read);
   std::ifstream file(path, std::ios::binary);
   if (!file) throw Failure(Exit::file, "cannot read " + path + ": it can't be opened");

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "zvm/experimental/job.h"
 #include "zvm/points/data_error.h"
 #include "zvm/points/points_reader.h"
-#include "zvm/verbs/context.h"
+#include "zvm/verbs/compute_options.h"
 
 namespace zevfit::verbs {
 
@@ -23,7 +21,9 @@ auto guarded(Work&& work) {
   }
 }
 
-/// The points of a table, of "-" that of stdin. Throws Failure and what readPoints throws.
-zvm::PointSet pointsOf(const std::string& path, const zvm::ReadOptions& read, Context& context);
+/// The points that the options name: of a table, of "-" that of stdin, or of a spatial source.
+/// Throws Failure and what readPoints throws.
+zvm::PointSet pointsOf(const ComputeOptions& options, const zvm::ReadOptions& read,
+                       Context& context);
 
 }  // namespace zevfit::verbs

@@ -312,7 +312,8 @@ TEST_F(Plot, TellsWhatIsWrong) {
       {{file, out, "--dpi", "9"}, 2, "--dpi takes 24 to 2400"},
       {{file, out, "--x", "x"},
        2,
-       "--x, --y, --log, --missing, --trim, --lag and --lags take --map"},
+       "--x, --y, --log, --missing, --trim, --lag, --lags and the options of spatial sources take "
+       "--map"},
       {{points, out, "--map", "--overlay"}, 2, "--overlay and --map are two kinds of pictures"},
       {{points, out, "--map", "--x", "x", "--y", "y", "--var", "z"},
        2,
