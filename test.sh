@@ -61,7 +61,7 @@ declare -rA packages=(
   [spatial]="libgdal-dev gdal-bin postgresql-15-postgis-3"
   [program]="xvfb xauth xclip weston qt6-wayland" [debug]="xvfb xauth xclip weston qt6-wayland" [coverage]="gcovr"
   [bench]="libbenchmark-dev libqcustomplot-dev xvfb xauth"
-  [package]="gzip librsvg2-bin lintian desktop-file-utils appstream shared-mime-info man-db fakeroot
+  [package]="libgdal-dev gzip librsvg2-bin lintian desktop-file-utils appstream shared-mime-info man-db fakeroot
     hicolor-icon-theme libglib2.0-bin imagemagick xdotool x11-utils xvfb xauth"
 )
 

@@ -12,6 +12,7 @@ namespace {
 
 std::vector<std::string> layersOf(GDALDatasetH set) {
   std::vector<std::string> names;
+  names.reserve(static_cast<std::size_t>(GDALDatasetGetLayerCount(set)));
   for (int i = 0; i < GDALDatasetGetLayerCount(set); ++i)
     names.emplace_back(OGR_L_GetName(GDALDatasetGetLayer(set, i)));
   return names;
