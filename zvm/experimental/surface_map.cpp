@@ -63,9 +63,10 @@ class Surface {
         sums_(kTasks) {}
 
   void run(unsigned threads, const std::function<void(double)>& progress) {
+    const unsigned count = std::clamp<unsigned>(threads, 1, kTasks);
     std::vector<std::jthread> workers;
-    for (unsigned i = 0; i < std::clamp<unsigned>(threads, 1, kTasks); ++i)
-      workers.emplace_back([this] { work(); });
+    workers.reserve(count);
+    for (unsigned i = 0; i < count; ++i) workers.emplace_back([this] { work(); });
     std::unique_lock lock(mutex_);
     while (done_ < kTasks) {
       changed_.wait_for(lock, kTold);

@@ -48,7 +48,7 @@ QString titleOf(const Session& session, const Page& page) {
     return QString::fromLatin1(latin1.data(), static_cast<qsizetype>(latin1.size()));
   };
   if (page.map) return text(page.map->name);
-  const QString variable = text(trimmed(session.varname(page.variable)));
+  QString variable = text(trimmed(session.varname(page.variable)));
   if (page.kind == plotting::Kind::overlay) return variable;
   return variable + ' ' + text(trimmed(session.dirname(page.direction)));
 }

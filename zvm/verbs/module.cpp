@@ -146,6 +146,7 @@ ModuleRun::ModuleRun(const Module& module, const std::vector<std::string>& argum
   std::vector<std::string> words{path};
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> argv;
+  argv.reserve(words.size() + 1);
   for (std::string& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
 

@@ -193,6 +193,7 @@ void writeOutputs(std::span<const PendingFile> files, bool overwrite) {
   if (files.size() == 1) return writeOutput(files[0].path, files[0].bytes, overwrite);
   const HeldSignals held;
   std::vector<std::unique_ptr<NewFile>> made;
+  made.reserve(files.size());
   for (const PendingFile& file : files) {
     try {
       made.push_back(std::make_unique<NewFile>(targetOf(file.path), file.bytes));

@@ -49,6 +49,7 @@ void addOverlay(std::int64_t variable, const std::vector<std::int64_t>& directio
                 const std::vector<std::string>& names, Pictures& pictures) {
   Page page{Kind::overlay, variable, 0, {}, {}};
   std::vector<std::string> shown;
+  shown.reserve(directions.size());
   for (const std::int64_t d : directions) {
     page.shown.set(static_cast<std::size_t>(d));
     shown.push_back(nameAt(names, d));
@@ -117,6 +118,7 @@ std::vector<std::string> filesOf(const Pictures& pictures, const std::string& ou
     throw Failure(Exit::usage, "these are " + std::to_string(count) + " pictures: " + output +
                                    " takes one, or those of a PDF file");
   std::vector<std::string> files;
+  files.reserve(count);
   for (std::size_t i = 1; i <= count; ++i) files.push_back(numbered(output, i, count));
   return files;
 }
