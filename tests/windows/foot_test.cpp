@@ -45,9 +45,7 @@ class FootOfTheWindow : public testing::Test {
     auto& pressed = program_.control<QAbstractButton>(button);
     pressed.isCheckable() ? hand_.clickMark(pressed) : hand_.click(pressed);
   }
-  void enter(const char* field) {
-    hand_.key(program_.control<QLineEdit>(field), Qt::Key_Return);
-  }
+  void enter(const char* field) { hand_.key(program_.control<QLineEdit>(field), Qt::Key_Return); }
   void type(const char* field, const char* typed) {
     hand_.type(program_.control<QLineEdit>(field), typed);
   }

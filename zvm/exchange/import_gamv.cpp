@@ -93,8 +93,8 @@ ListedClass classOf(const std::vector<ListedField>& fields, std::size_t expected
   if (numberIn(first) != static_cast<double>(expected))
     throw zvm::DataError(first.place, "`" + std::string(first.text) + "` where class " +
                                           std::to_string(expected) + " of the listing is next");
-  ListedClass lag{numberIn(fields[1]), numberIn(fields[2]), pairsIn(fields[3]),
-                        fields[1].place, fields[3].place};
+  ListedClass lag{numberIn(fields[1]), numberIn(fields[2]), pairsIn(fields[3]), fields[1].place,
+                  fields[3].place};
   if (lag.distance < 0)
     throw zvm::DataError(lag.distancePlace, "`" + std::string(fields[1].text) + "` is no distance");
   return lag;
