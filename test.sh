@@ -9,6 +9,7 @@
 # By name alone, for their time:
 #   core      the core, zvm and their tests on a build without Qt; saves that fail
 #   peers     R's gstat: experimental semivariograms; fits; semivariances, kriging and cokriging of exported models
+#   spatial   points from spatial files, and from a PostGIS server that the test starts
 #   windows   the windows and their tests on a plain build; the program as users build it
 #   tour      the session of `program`
 #   tidy      clang-tidy over all sources but the tests; `linttests`: over the tests
@@ -32,6 +33,7 @@ fuzz         asan         zevfit_fuzz fuzz
 program      program      zevfit_program_tests crash,desktop,wayland,tour,shortuse
 core         core         zevfit_core_tests,zvm_tests,zevfit_crash_tests core,zvm,house,crash
 peers        core         zevfit_exchange_cases,zevfit_fit_cases,zvm peers
+spatial      core         zevfit_spatial_tests,zvm,zvm-ogr spatial
 windows      debug        zevfit_window_tests,zevfit_desktop_tests,zevfit_wayland_tests,zevfit_long_tests windows,desktop,wayland,shortuse
 windows      program      zevfit,zvm -
 tour         program      zevfit_tour tour
@@ -43,7 +45,7 @@ fuzzcoverage fuzzcoverage zevfit_fuzz fuzzcoverage
 users        asan         zevfit_user_tests users
 longuse      program      zevfit_long_tests longuse
 bench        bench        all bench
-pictures     program      zevfit_pictures,zevfit_tour tour,pictures
+pictures     program      zevfit_pictures,zevfit_tour,zvm,zvm-plot tour,pictures
 package      package      all package
 coverage     coverage     zevfit_core_tests,zvm_tests,zevfit_window_tests reset
 coverage     coverage     - core,zvm,windows
@@ -54,11 +56,12 @@ coverage     coverage     - coverage
 readonly every="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6svg6 fonts-liberation libgtest-dev poppler-utils
   binutils libcli11-dev nlohmann-json3-dev python3"
 declare -rA packages=(
-  [lint]="git clang clang-format clang-tidy shellcheck" [fuzz]="clang libclang-rt-14-dev"
+  [lint]="git clang clang-format clang-tidy shellcheck libgdal-dev" [fuzz]="clang libclang-rt-14-dev"
   [asan]="clang libclang-rt-14-dev mold" [fuzzcoverage]="clang libclang-rt-14-dev llvm-14" [peers]="r-cran-gstat"
+  [spatial]="libgdal-dev gdal-bin postgresql-15-postgis-3"
   [program]="xvfb xauth xclip weston qt6-wayland" [debug]="xvfb xauth xclip weston qt6-wayland" [coverage]="gcovr"
   [bench]="libbenchmark-dev libqcustomplot-dev xvfb xauth"
-  [package]="gzip librsvg2-bin lintian desktop-file-utils appstream shared-mime-info man-db fakeroot
+  [package]="libgdal-dev gzip librsvg2-bin lintian desktop-file-utils appstream shared-mime-info man-db fakeroot
     hicolor-icon-theme libglib2.0-bin imagemagick xdotool x11-utils xvfb xauth"
 )
 

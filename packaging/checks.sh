@@ -12,9 +12,13 @@ make_packages() {
   cpack --config "$made/CPackConfig.cmake"
 }
 
-# The one file of a kind that make_packages has made.
+readonly debian=(zevfit zvm zvm-plot zvm-ogr)
+
+# The one file of a kind that make_packages has made: "_*.deb" with a package's name in front, or the
+# archive.
 made_package() {
-  local files=("$made"/packages/*"$1")
+  local files
+  mapfile -t files < <(compgen -G "$made/packages/$1")
   [ ${#files[@]} -eq 1 ] && [ -f "${files[0]}" ] && readlink -f -- "${files[0]}"
 }
 
@@ -30,13 +34,21 @@ starts() {
 
 # ---- What the Debian package holds, unpacked.
 
+made_debs() {
+  for package in "${debian[@]}"; do made_package "${package}_*.deb" || return; done
+}
+
+# All of them in one folder, and the command alone in another.
 unpack_deb() {
-  rm -rf -- "$made/unpacked"
-  dpkg-deb -x "$(made_package .deb)" "$made/unpacked"
+  rm -rf -- "$made/unpacked" "$made/alone"
+  for package in "${debian[@]}"; do
+    dpkg-deb -x "$(made_package "${package}_*.deb")" "$made/unpacked" || return
+  done
+  dpkg-deb -x "$(made_package "zvm_*.deb")" "$made/alone"
 }
 
 lintian_is_content() {
-  lintian --display-info --fail-on error,warning "$(made_package .deb)"
+  made_debs | xargs lintian --display-info --fail-on error,warning
 }
 
 # The entry opens no file: so it may neither take one nor be offered for one.
@@ -61,14 +73,23 @@ icons() {
   cmp "$hicolor/scalable/apps/zevfit.svg" platform/icons/app.svg
 }
 
-# Found by dpkg-shlibdeps; the SVG plug-in comes with the SVG library.
-dependencies() {
+# depends PACKAGE ON...: found by dpkg-shlibdeps; the SVG plug-in comes with the SVG library.
+depends() {
   local list
-  list=$(dpkg-deb -f "$(made_package .deb)" Depends) || return
-  echo "$list"
-  for package in libqt6svg6 libqt6widgets6 libqt6printsupport6 libc6; do
+  list=$(dpkg-deb -f "$(made_package "$1_*.deb")" Depends) || return
+  echo "$1: $list"
+  for package in "${@:2}"; do
     grep -qE "(^|, )$package( |,|\$)" <<<"$list" || return
   done
+}
+
+# Only what draws takes Qt, only what reads spatial sources GDAL.
+dependencies() {
+  depends zevfit libqt6svg6 libqt6widgets6 libqt6printsupport6 libc6 &&
+    depends zvm libc6 && depends zvm-plot libqt6gui6 libqt6svg6 zvm &&
+    depends zvm-ogr libgdal32 zvm || return
+  ! depends zvm | grep -E 'qt6|gdal' && ! depends zvm-plot | grep -E 'widgets|gdal' &&
+    ! depends zvm-ogr | grep qt6
 }
 
 # typed EXPECTED NAME TEXT: what the desktop takes a file of the name and the text for.
@@ -119,6 +140,32 @@ command_line() {
   done
 }
 
+# pictures_and_points ZVM: both programs beside it are found.
+pictures_and_points() {
+  local zvm=$1 folder=$PWD/$made/tried
+  rm -rf -- "$folder" && mkdir "$folder" || return
+  "$zvm" plot examples/meuse-fitted.zvm "$folder/plot.svg" --var 1 --overlay &&
+    grep -q '<polyline' "$folder/plot.svg" &&
+    echo '{"type":"FeatureCollection","features":[
+      {"type":"Feature","properties":{"v":1},"geometry":{"type":"Point","coordinates":[3,0]}},
+      {"type":"Feature","properties":{"v":3},"geometry":{"type":"Point","coordinates":[3.001,0]}}]}' \
+      >"$folder/points.geojson" &&
+    "$zvm" compute "$folder/points.geojson" "$folder/points.zvm" --var v --lag 100 --lags 2 \
+      --projected EPSG:32631
+}
+
+# Without the other packages the command works, and says what draws and what reads.
+command_alone() {
+  local zvm=$made/alone/usr/bin/zvm code=0 text
+  "$zvm" info examples/meuse.zvm >/dev/null && pictures_and_points "$made/unpacked/usr/bin/zvm" || return
+  text=$("$zvm" plot examples/meuse.zvm "$made/no.svg" 2>&1) || code=$?
+  [ "$code" -eq 4 ] && grep -q 'install the package zvm-plot' <<<"$text" || return
+  code=0
+  text=$("$zvm" compute "$made/tried/points.geojson" "$made/no.zvm" --var v --lag 1 --lags 2 2>&1) ||
+    code=$?
+  [ "$code" -eq 4 ] && grep -q 'install the package zvm-ogr' <<<"$text"
+}
+
 # ---- In a root of its own, which knows what the machine has: the dependencies are met or it fails.
 
 into_scratch_root() {
@@ -126,11 +173,13 @@ into_scratch_root() {
   rm -rf -- "$root" && mkdir -p "$root"/var/{log,lib/dpkg/{info,updates}} &&
     cp /var/lib/dpkg/status "$root/var/lib/dpkg" &&
     cp /var/lib/dpkg/info/*.list "$root/var/lib/dpkg/info" || return
-  scratch_dpkg -i "$(made_package .deb)" || return
+  local files
+  mapfile -t files < <(made_debs)
+  scratch_dpkg -i "${files[@]}" || return
   XDG_DATA_DIRS=$root/usr/share:/usr/share PATH=$root/usr/bin:$PATH \
     starts "$root/usr/bin/zevfit" "$root/usr/bin" scratch-root \
     gio launch "$root/usr/share/applications/zevfit.desktop" || return
-  scratch_dpkg --purge zevfit && no_trace "$root"
+  scratch_dpkg --purge "${debian[@]}" && no_trace "$root"
 }
 
 scratch_dpkg() {
@@ -140,7 +189,7 @@ scratch_dpkg() {
 # no_trace ROOT
 no_trace() {
   local left
-  left=$(find "$1"/{usr,etc,opt,var/lib/dpkg/info} -iname '*zevfit*' 2>/dev/null)
+  left=$(find "$1"/{usr,etc,opt,var/lib/dpkg/info} \( -iname '*zevfit*' -o -name '*zvm*' \) 2>/dev/null)
   [ -z "$left" ] || {
     echo "Left behind: $left"
     return 1
@@ -150,7 +199,7 @@ no_trace() {
 # ---- On the machine itself, which takes root.
 
 installed() {
-  dpkg-query -W -f='${db:Status-Status}' zevfit 2>/dev/null | grep -qx installed
+  dpkg-query -W -f='${db:Status-Status}\n' "${debian[@]}" 2>/dev/null | grep -qx installed
 }
 
 with_apt() {
@@ -163,14 +212,15 @@ onto_this_machine() {
     echo "zevfit is installed on this machine and stays so; remove it to have this checked"
     return 1
   }
-  local home code
-  home=$(mktemp -d) && with_apt install --no-install-recommends "$(made_package .deb)"
+  local home code files
+  mapfile -t files < <(made_debs)
+  home=$(mktemp -d) && with_apt install --no-install-recommends "${files[@]}"
   code=$?
   [ "$code" -ne 0 ] || {
-    started_by_user "$home/user" && started_by_root "$home/root" && known_to_the_desktop "$home"
+    pictures_and_points zvm && started_by_user "$home/user" && started_by_root "$home/root" && known_to_the_desktop "$home"
     code=$?
   }
-  with_apt purge zevfit && no_trace "" || code=1
+  with_apt purge "${debian[@]}" && no_trace "" || code=1
   rm -rf -- "$home"
   return "$code"
 }
@@ -211,9 +261,10 @@ known_to_the_desktop() {
 unpacked_archive() {
   local folder=$PWD/$made/$1 data=$PWD/$made/no-data
   rm -rf -- "$folder" "$data" && mkdir -p "$folder" "$data" &&
-    tar -xzf "$(made_package .tar.gz)" -C "$folder" --strip-components=1 &&
+    tar -xzf "$(made_package "*.tar.gz")" -C "$folder" --strip-components=1 &&
     XDG_DATA_HOME=$data starts "$folder/zevfit" "$folder" "$2" "$folder/zevfit" &&
     "$folder/zvm" info "$folder/examples/meuse.zvm" &&
+    pictures_and_points "$folder/zvm" &&
     bash -n "$folder/completions/zvm.bash" && [ -f "$folder/completions/_zvm" ] &&
     [ -f "$folder/zvm.1" ] &&
     [ ! -e "$data/zevFIT" ]

@@ -23,13 +23,20 @@ constexpr double kDotsPerMetre = 96 / 0.0254;
 /// No bitmap has more dots a side.
 constexpr double kLargestSide = 32000;
 
-/// Draws on a device that has a dot for each twip, with pens as wide as on the screen.
-void drawOn(QPaintDevice& device, const Draw& draw) {
-  QPainter painter;
-  if (!painter.begin(&device)) throw Fault("No picture can be made");
+/// Draws with a painter on a device that has a dot for each twip, with pens as wide as on the
+/// screen.
+void drawWith(QPainter& painter, const Draw& draw) {
+  const QPaintDevice& device = *painter.device();
   SheetSurface surface(painter, QSizeF(device.width(), device.height()), kTwipsPerPixel);
   draw(surface);
   surface.finish();
+}
+
+void begin(QPainter& painter, QPaintDevice& device) {
+  if (!painter.begin(&device)) throw Fault("No picture can be made");
+}
+
+void end(QPainter& painter) {
   if (!painter.end()) throw Fault("The picture is not whole");
 }
 
@@ -55,11 +62,18 @@ QByteArray svgPicture(QSizeF twips, const QString& title, const Draw& draw) {
   generator.setViewBox(QRect(QPoint(), twips.toSize()));
   generator.setTitle(title);
   generator.setDescription(kCreator);
-  drawOn(generator, draw);
+  QPainter painter;
+  begin(painter, generator);
+  drawWith(painter, draw);
+  end(painter);
   return file.data();
 }
 
 QByteArray pdfPicture(QSizeF twips, const QString& title, const Draw& draw) {
+  return pdfPages(twips, title, {draw});
+}
+
+QByteArray pdfPages(QSizeF twips, const QString& title, const std::vector<Draw>& pages) {
   QBuffer file;
   file.open(QBuffer::WriteOnly);
   QPdfWriter writer(&file);
@@ -69,7 +83,15 @@ QByteArray pdfPicture(QSizeF twips, const QString& title, const Draw& draw) {
   writer.setPageMargins(QMarginsF());
   writer.setTitle(title);
   writer.setCreator(kCreator);
-  drawOn(writer, draw);
+  QPainter painter;
+  begin(painter, writer);
+  bool isFirst = true;
+  for (const Draw& draw : pages) {
+    if (!isFirst && !writer.newPage()) throw Fault("The picture is not whole");
+    isFirst = false;
+    drawWith(painter, draw);
+  }
+  end(painter);
   return file.data();
 }
 

@@ -4,6 +4,7 @@
 #include <QSizeF>
 #include <QString>
 #include <functional>
+#include <vector>
 
 #include "plot/drawing/surface.h"
 
@@ -19,6 +20,8 @@ using Draw = std::function<void(Surface& surface)>;
 QByteArray svgPicture(QSizeF twips, const QString& title, const Draw& draw);
 /// One page of the size of the picture, with lines and texts.
 QByteArray pdfPicture(QSizeF twips, const QString& title, const Draw& draw);
+/// A page for each picture.
+QByteArray pdfPages(QSizeF twips, const QString& title, const std::vector<Draw>& pages);
 /// A bitmap with `scale` dots to each of a screen of 96 dots to the inch, which its file states.
 QByteArray pngPicture(QSizeF twips, double scale, const Draw& draw);
 

@@ -27,7 +27,7 @@ QIcon sampleOf(const Look& look, Colour paper) {
   const QSizeF twips = QSizeF(kSample) * kTwipsPerPixel;
   const QByteArray png = pngPicture(twips, kSampleScale, [&](Surface& surface) {
     surface.clear(paper);
-    drawSample(surface, look, twips.width(), twips.height());
+    drawSample(surface, look, 0, twips.height() / 2, twips.width());
   });
   QPixmap sample;
   sample.loadFromData(png);

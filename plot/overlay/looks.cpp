@@ -68,12 +68,11 @@ void drawMark(Surface& surface, const Look& look, double x, double y) {
                  y + piece.y2 * kReach, stroke);
 }
 
-void drawSample(Surface& surface, const Look& look, double width, double height) {
-  const double y = height / 2;
+void drawSample(Surface& surface, const Look& look, double left, double y, double width) {
   DashedLine line(surface, {look.colour, kPen}, look.dash);
-  line.moveTo(0, y);
-  line.lineTo(width, y);
-  drawMark(surface, look, width / 2, y);
+  line.moveTo(left, y);
+  line.lineTo(left + width, y);
+  drawMark(surface, look, left + width / 2, y);
 }
 
 }  // namespace zevfit

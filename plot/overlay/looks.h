@@ -26,7 +26,7 @@ Look lookOf(std::int64_t direction, Colour ink);
 
 /// A mark around a place.
 void drawMark(Surface& surface, const Look& look, double x, double y);
-/// A piece of the curve with its mark in the middle, as a legend has it.
-void drawSample(Surface& surface, const Look& look, double width, double height);
+/// A piece of the curve with its mark in the middle, as a legend has it: from a place to the right.
+void drawSample(Surface& surface, const Look& look, double left, double y, double width);
 
 }  // namespace zevfit

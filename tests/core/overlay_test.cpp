@@ -194,7 +194,7 @@ TEST(Dashes, AnEmptyOrEndlessLineEnds) {
 
 TEST(Looks, ASampleHasItsMarkInTheMiddle) {
   RecordingSurface surface;
-  drawSample(surface, lookOf(2, kBlack), 600, 200);
+  drawSample(surface, lookOf(2, kBlack), 0, 100, 600);
   EXPECT_EQ(surface.operations, (Operations{LineOf{{0, 100}, {600, 100}, {kVermillion, 2}},
                                             BoxOf{{248, 48}, 104, 104, kVermillion}}));
 }

@@ -30,7 +30,8 @@ std::vector<std::string> optionsIn(const std::string& help) {
 TEST(Completion, KnowsEveryVerbAndOption) {
   for (const char* shell : {"bash", "zsh"}) {
     const std::string script = ran({"completion", shell}).out;
-    for (const char* verb : {"info", "check", "import", "fit", "test", "export", "completion"}) {
+    for (const char* verb :
+         {"info", "check", "import", "fit", "test", "export", "plot", "completion"}) {
       EXPECT_NE(script.find("    " + std::string(verb) + ")\n"), std::string::npos) << verb;
       for (const std::string& option : optionsIn(ran({verb, "--help"}).out))
         EXPECT_NE(script.find(option), std::string::npos) << shell << verb << option;
@@ -44,7 +45,8 @@ TEST(Completion, KnowsEveryVerbAndOption) {
 TEST(CommandLine, HelpsAndTellsItsVersion) {
   const Ran help = ran({"--help"});
   EXPECT_EQ(help.code, 0);
-  for (const char* verb : {"info", "check", "import", "fit", "test", "export", "completion"})
+  for (const char* verb :
+       {"info", "check", "import", "fit", "test", "export", "plot", "completion"})
     EXPECT_NE(help.out.find("  " + std::string(verb) + "  "), std::string::npos) << verb;
   for (const char* code : {" 0 done", " 1 the", " 2 wrong", " 3 the", " 4 a", " 130 interrupted"})
     EXPECT_NE(help.out.find(code), std::string::npos) << code;
@@ -59,11 +61,11 @@ TEST(CommandLine, TellsWhatIsWrong) {
   };
   const Row rows[] = {
       {{},
-       "no verb; there are info, check, compute, merge, import, fit, test, export, completion; zvm "
-       "--help "
-       "tells more"},
+       "no verb; there are info, check, compute, merge, import, fit, test, export, plot, "
+       "completion; "
+       "zvm --help tells more"},
       {{"exprt"},
-       "no verb `exprt`; there are export, import, fit, test, info, check, compute, merge, "
+       "no verb `exprt`; there are export, import, fit, test, plot, info, check, compute, merge, "
        "completion"},
       {{"info"}, "FILE is required; zvm info --help tells more"},
       {{"info", "a", "b"}, "`b` is one argument too many; zvm info --help tells more"},

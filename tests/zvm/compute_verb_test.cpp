@@ -177,8 +177,8 @@ TEST_F(ComputeVerb, RefusesWithReasonAndExitCode) {
   }
   for (const auto& [points, why] : {std::pair(path("none.csv"), "No such file or directory"),
                                     std::pair(path(""), "Is a directory")}) {
-    const Ran run = ran({"compute", points, out, "--x", "x", "--y", "y", "--var", "v", "--lag", "1",
-                         "--lags", "2"});
+    const Ran run = ran({"compute", points, out, "--format", "csv", "--x", "x", "--y", "y", "--var",
+                         "v", "--lag", "1", "--lags", "2"});
     EXPECT_EQ(run.code, 4);
     EXPECT_EQ(run.err, "zvm: error: cannot read " + points + ": " + why + '\n');
   }

@@ -285,6 +285,15 @@ TEST_F(FitVerb, AFileThatIsNotAcceptedTakesNoPlace) {
   EXPECT_EQ(contentOf(old), "old");
 }
 
+TEST_F(FitVerb, OfSeveralFilesNoneTakesItsPlaceWhereOneIsNotAccepted) {
+  const std::string old = write("old", "old");
+  const auto refuse = [](const std::string&) { throw verbs::Failure(verbs::Exit::bad, "no"); };
+  const std::vector<verbs::PendingFile> pending{{path("new"), "new", {}}, {old, "new", refuse}};
+  EXPECT_THROW(verbs::writeOutputs(pending, true), verbs::Failure);
+  EXPECT_EQ(contentOf(old), "old");
+  EXPECT_FALSE(std::filesystem::exists(path("new")));
+}
+
 TEST_F(FitVerb, LeavesNoFileWhenItIsInterrupted) {
   std::vector<Truth> truths(40);
   for (std::size_t v = 0; v < truths.size(); ++v) truths[v].name = "v" + std::to_string(v);

@@ -59,7 +59,10 @@ TEST(ZvmPage, ShowsWhatIsPrinted) {
   fs::copy(kRoot / "examples", folder / "examples");
   const auto examples = examplesOf(contentOf(kRoot / "docs/zvm.md"));
   EXPECT_GE(examples.size(), 6U);
+  // Without Qt the program that draws is not made.
+  const bool draws = fs::exists(fs::path(ZEVFIT_ZVM).parent_path() / "zvm-plot");
   for (const Example& example : examples) {
+    if (!draws && example.command.starts_with("zvm plot ")) continue;
     putFile(folder / "run", "zvm() { '" ZEVFIT_ZVM "' \"$@\"; }\n" + example.command + "\n");
     const std::string command =
         "cd '" + (folder / "examples").string() + "' && bash ../run >../out 2>&1";

@@ -46,11 +46,11 @@ TEST_F(Program, TellsWhatIsWrong) {
   const Row rows[] = {
       {"$zvm", 2,
        "zvm: error: no verb; there are info, check, compute, merge, import, fit, test, export, "
-       "completion; zvm --help tells more\n"},
+       "plot, completion; "
+       "zvm --help tells more\n"},
       {"$zvm chek good.zvm", 2,
-       "zvm: error: no verb `chek`; there are check, info, fit, test, merge, compute, import, "
-       "export, "
-       "completion\n"},
+       "zvm: error: no verb `chek`; there are check, info, fit, test, plot, merge, compute, "
+       "import, export, completion\n"},
       {"$zvm --jsno", 2,
        "zvm: error: no option `--jsno` in front of a verb; there are --help, --version\n"},
       {"$zvm --json info good.zvm", 2,
@@ -75,7 +75,7 @@ TEST_F(Program, TellsWhatIsWrong) {
       {"$zvm check none.zvm", 4, "zvm: error: cannot read none.zvm: No such file or directory\n"},
       {"$zvm compute none.csv made.zvm --x x --y y --var v --lag 1 --lags 2", 4,
        "zvm: error: cannot read none.csv: No such file or directory\n"},
-      {"$zvm compute . made.zvm --x x --y y --var v --lag 1 --lags 2", 4,
+      {"$zvm compute . made.zvm --format csv --x x --y y --var v --lag 1 --lags 2", 4,
        "zvm: error: cannot read .: Is a directory\n"},
       {"$zvm merge none1 none2 made.zvm", 4,
        "zvm: error: cannot read none1: No such file or directory\n"},

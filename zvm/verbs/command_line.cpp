@@ -136,7 +136,7 @@ void deliver(const Context& context, std::ostream& out) {
     throw Failure(Exit::file, errno == EPIPE ? std::string()
                                              : "cannot write stdout: " +
                                                    std::generic_category().message(errno));
-  if (const auto& file = context.pending()) writeOutput(*file, context.common.overwrite);
+  writeOutputs(context.pending(), context.common.overwrite);
 }
 
 Exit runAll(const std::vector<std::string>& arguments, Context& context, std::ostream& out) {

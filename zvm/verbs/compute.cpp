@@ -1,19 +1,14 @@
 #include <chrono>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <memory>
-#include <system_error>
 #include <thread>
 
 #include "zvm/experimental/job.h"
 #include "zvm/experimental/part_file.h"
-#include "zvm/points/data_error.h"
-#include "zvm/points/points_reader.h"
 #include "zvm/verbs/compute_options.h"
 #include "zvm/verbs/compute_report.h"
-#include "zvm/verbs/input.h"
 #include "zvm/verbs/output.h"
+#include "zvm/verbs/points_input.h"
 #include "zvm/verbs/progress.h"
 #include "zvm/verbs/text.h"
 #include "zvm/verbs/verb.h"
@@ -23,39 +18,6 @@ namespace {
 
 /// What a pair takes, about, and from when on its sum is worth a word.
 constexpr double kSecondsAPair = 4e-9, kLong = 60;
-
-/// Has the exceptions of the computation end the run with their exit codes.
-template <class Work>
-auto guarded(Work&& work) {
-  try {
-    return work();
-  } catch (const zvm::DataError& error) {
-    throw Failure(Exit::data, error.what());
-  } catch (const zvm::ReadError& error) {
-    throw Failure(Exit::file, error.what());
-  } catch (const zvm::PlanError& error) {
-    throw Failure(Exit::usage, error.what());
-  }
-}
-
-/// What messages call the points.
-std::string pointsName(const ComputeOptions& options) {
-  return options.points == kStandardStream ? "stdin" : options.points;
-}
-
-zvm::PointSet pointsOf(const ComputeOptions& options, const zvm::ReadOptions& read,
-                       Context& context) {
-  if (options.points == kStandardStream)
-    return zvm::readPoints(context.in(), pointsName(options), read);
-  std::ifstream file = openInput(options.points);
-  std::error_code unknown;
-  const auto size = static_cast<double>(std::filesystem::file_size(options.points, unknown));
-  Progress progress(context, "reading");
-  return zvm::readPoints(file, options.points, read, [&](std::uint64_t bytes) {
-    if (!unknown) progress.tell(static_cast<double>(bytes) / size);
-    return true;
-  });
-}
 
 void warnOfPlan(const zvm::Plan& plan, Context& context) {
   if (plan.lags.tolerance && *plan.lags.tolerance > plan.lags.width / 2)
@@ -135,7 +97,7 @@ Exit runCompute(const ComputeOptions& options, Context& context) {
     context.save(output, partBytes(job, run));
     if (context.common.json)
       context.print(textOf(Json{{"schema", "zvm.compute/1"},
-                                {"file", options.points},
+                                {"file", shownSource(options.points)},
                                 {"output", output},
                                 {"part", part->number},
                                 {"parts", part->count}}));
@@ -149,7 +111,8 @@ Exit runCompute(const ComputeOptions& options, Context& context) {
   zvm::composeExperimental(experimental, sink);
   context.save(output, std::move(sink.bytes));
   if (context.common.json) {
-    Json report{{"schema", "zvm.compute/1"}, {"file", options.points}, {"output", output}};
+    Json report{
+        {"schema", "zvm.compute/1"}, {"file", shownSource(options.points)}, {"output", output}};
     report.update(jsonOf(experimental, pace));
     context.print(textOf(report));
   } else if (toStdout) {

@@ -15,7 +15,16 @@ constexpr Choice<zvm::Compat> kCompats[] = {{"gstat", zvm::Compat::gstat},
 constexpr Choice<zvm::ZeroDistances> kZeros[] = {{"skip", zvm::ZeroDistances::skip},
                                                  {"first", zvm::ZeroDistances::first}};
 constexpr Choice<zvm::PointFormat> kFormats[] = {{"csv", zvm::PointFormat::csv},
-                                                 {"geoeas", zvm::PointFormat::geoeas}};
+                                                 {"geoeas", zvm::PointFormat::geoeas},
+                                                 {"ogr", zvm::PointFormat::csv}};
+
+/// The column that an option names, or else the one of the geometry.
+std::string coordinateOf(const std::string& given, const char* option, const char* own) {
+  if (!given.empty()) return given;
+  if (own == nullptr)
+    throw Failure(Exit::usage, std::string(option) + " is required; zvm compute --help tells more");
+  return own;
+}
 
 /// The position of a variable by its column, its name or its number among the columns as given.
 std::optional<std::size_t> positionOf(const std::string& asked, const ComputeOptions& options,
@@ -70,12 +79,14 @@ void declareOptions(CLI::App& app, ComputeOptions& options) {
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   };
-  add("POINTS", options.points, "A table of points, - for stdin", "")->required();
+  add("POINTS", options.points, "A table of points, - for stdin, or a spatial source", "")
+      ->required();
   add("OUT", options.output, "The variogram file to write, - for stdout", "");
   add("-o,--output", options.outputOption, "The same", "OUT");
-  add("--format", options.format, "The format of the points; default: found out", "csv|geoeas");
-  add("--x", options.x, "The column of the eastings, by name or number", "COLUMN")->required();
-  add("--y", options.y, "That of the northings", "COLUMN")->required();
+  add("--format", options.format, "The format of the points; default: found out", "csv|geoeas|ogr");
+  add("--x", options.x,
+      "The column of the eastings, by name or number; a spatial source has its geometry", "COLUMN");
+  add("--y", options.y, "That of the northings", "COLUMN");
   add("--z", options.z, "That of the heights; without it the points lie in a plane", "COLUMN");
   addEach("--var", options.variables, "The columns of the variables", "A,B,...")->required();
   addEach("--log", options.logs, "Of these variables the natural logarithm", "A,...");
@@ -100,6 +111,7 @@ void declareOptions(CLI::App& app, ComputeOptions& options) {
   add("--seed", options.seed, "Which sample is drawn; default: 1", "S");
   add("--part", options.part, "Computes part I of N for zvm merge", "I/N");
   add("--title", options.title, "The title of the file", "TEXT");
+  declareOptions(app, options.spatial);
 }
 
 std::string outputOf(const ComputeOptions& options) {
@@ -134,8 +146,9 @@ std::optional<zvm::Sample> sampleOf(const ComputeOptions& options) {
 zvm::ReadOptions readOptionsOf(const ComputeOptions& options) {
   zvm::ReadOptions read;
   if (!options.format.empty()) read.format = choiceOf(options.format, "--format", kFormats);
-  read.x = options.x;
-  read.y = options.y;
+  const bool hasGeometry = isSpatial(options.points, options.format, options.spatial);
+  read.x = coordinateOf(options.x, "--x", hasGeometry ? kEasting : nullptr);
+  read.y = coordinateOf(options.y, "--y", hasGeometry ? kNorthing : nullptr);
   if (!options.z.empty()) read.z = options.z;
   read.variables = splitAll(options.variables);
   read.logs = splitAll(options.logs);
@@ -205,7 +218,8 @@ std::vector<zvm::Pairing> pairingsOf(const ComputeOptions& options,
 }
 
 std::string titleOf(const ComputeOptions& options) {
-  return options.title.empty() ? titleOfFile(options.points) : titleAsTold(options.title);
+  return options.title.empty() ? titleOfSource(titleNameOf(options.points, options.spatial))
+                               : titleAsTold(options.title);
 }
 
 }  // namespace zevfit::verbs

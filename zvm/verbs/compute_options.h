@@ -9,6 +9,7 @@
 #include "zvm/experimental/job.h"
 #include "zvm/points/points_reader.h"
 #include "zvm/verbs/context.h"
+#include "zvm/verbs/spatial_input.h"
 
 namespace zevfit::verbs {
 
@@ -22,6 +23,7 @@ struct ComputeOptions {
   std::int64_t lags = 0;
   std::optional<double> lagTolerance, tolerance, band, vband;
   std::optional<std::uint64_t> sample, seed;
+  SpatialOptions spatial;
 };
 
 void declareOptions(CLI::App& app, ComputeOptions& options);

@@ -20,7 +20,7 @@ void Context::warning(std::string_view text) {
 void Context::save(const std::string& path, std::string bytes, AcceptBytes accept) {
   if (path == kStandardStream) return print(bytes);
   requireFree(path, common.overwrite);
-  pending_ = PendingFile{path, std::move(bytes), std::move(accept)};
+  pending_.push_back({path, std::move(bytes), std::move(accept)});
 }
 
 }  // namespace zevfit::verbs

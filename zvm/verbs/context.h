@@ -2,11 +2,11 @@
 
 #include <functional>
 #include <istream>
-#include <optional>
 #include <ostream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zevfit::verbs {
 
@@ -65,7 +65,7 @@ class Context {
   /// there is a file of that name and it may not be overwritten.
   /// `accept` is asked of what is on the disk before it takes the place of the file.
   void save(const std::string& path, std::string bytes, AcceptBytes accept = {});
-  const std::optional<PendingFile>& pending() const { return pending_; }
+  const std::vector<PendingFile>& pending() const { return pending_; }
 
  private:
   void message(std::string_view kind, std::string_view text);
@@ -73,7 +73,7 @@ class Context {
   std::istream& in_;
   std::ostream& err_;
   std::string printed_;
-  std::optional<PendingFile> pending_;
+  std::vector<PendingFile> pending_;
 };
 
 /// The name that stands for stdin and stdout.

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <iterator>
 #include <system_error>
+#include <utility>
 
 #include "files/variogram_reader.h"
 #include "zvm/checking/check_file.h"
@@ -84,7 +85,7 @@ std::ifstream openInput(const std::string& path) {
 }
 
 std::unique_ptr<Loaded> loadInput(Context& context, const std::string& path) {
-  const std::string bytes = readInput(context, path);
+  std::string bytes = readInput(context, path);
   const checking::CheckResult check = checking::checkFile(bytes);
   reportReading(context, path, check);
   auto loaded = std::make_unique<Loaded>();
@@ -93,6 +94,7 @@ std::unique_ptr<Loaded> loadInput(Context& context, const std::string& path) {
   if (!readVariogramBytes(bytes, loaded->session))
     throw Failure(Exit::data, path + " is no variogram file");
   acceptLoad(loaded->session, path);
+  loaded->bytes = std::move(bytes);
   return loaded;
 }
 

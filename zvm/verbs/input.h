@@ -21,6 +21,7 @@ std::ifstream openInput(const std::string& path);
 struct Loaded {
   std::string path;
   std::string title;  ///< in the bytes of the file, as all names
+  std::string bytes;  ///< the whole file
   Session session;
 };
 

@@ -15,7 +15,10 @@ std::string titleAsTold(const std::string& title) {
 }
 
 std::string titleOfFile(const std::string& file) {
-  const std::string name = std::filesystem::path(file).filename().string();
+  return titleOfSource(std::filesystem::path(file).filename().string());
+}
+
+std::string titleOfSource(const std::string& name) {
   const bool isName = name != kStandardStream && !zvm::nameRefusal(name);
   return isName ? "Semivariograms of " + *zvm::latin1Of(name) : "Semivariograms";
 }

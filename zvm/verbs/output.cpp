@@ -10,14 +10,15 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "files/output_file.h"
 #include "session/fault.h"
-#include "zvm/verbs/context.h"
 
 namespace zevfit::verbs {
 namespace {
@@ -96,12 +97,6 @@ std::optional<int> descriptorOf(fs::path path) {
     path = path.parent_path() / fs::read_symlink(path, failed);
   }
   return std::nullopt;
-}
-
-bool isSpecial(const std::string& path) {
-  std::error_code unknown;
-  const fs::file_status status = fs::status(path, unknown);
-  return fs::exists(status) && !fs::is_regular_file(status);
 }
 
 /// Errors are those of the system; 0 when all is written.
@@ -185,6 +180,12 @@ bool isStandardOutput(const std::string& path) {
   return path == kStandardStream || descriptorOf(path) == STDOUT_FILENO;
 }
 
+bool isSpecial(const std::string& path) {
+  std::error_code unknown;
+  const fs::file_status status = fs::status(path, unknown);
+  return fs::exists(status) && !fs::is_regular_file(status);
+}
+
 void requireFree(const std::string& path, bool overwrite) {
   if (descriptorOf(path)) return;
   std::error_code unknown;
@@ -215,6 +216,28 @@ void writeOutput(const PendingFile& file, bool overwrite) {
   } catch (const Fault& fault) {
     fail(path, reasonOf(fault));
   }
+}
+
+void writeOutputs(std::span<const PendingFile> files, bool overwrite) {
+  if (files.size() == 1) return writeOutput(files[0], overwrite);
+  const HeldSignals held;
+  std::vector<std::unique_ptr<NewFile>> made;
+  made.reserve(files.size());
+  for (const PendingFile& file : files) {
+    try {
+      made.push_back(std::make_unique<NewFile>(targetOf(file.path), file.bytes));
+      if (file.accept) file.accept(made.back()->content());
+      requireFree(file.path, overwrite);
+    } catch (const Fault& fault) {
+      fail(file.path, reasonOf(fault));
+    }
+  }
+  if (HeldSignals::anyWaits()) return;
+  for (std::size_t i = 0; i < files.size(); ++i) try {
+      made[i]->takePlaceOf(targetOf(files[i].path));
+    } catch (const Fault& fault) {
+      fail(files[i].path, reasonOf(fault));
+    }
 }
 
 void exitOnSignals() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,9 @@ namespace zevfit::verbs {
 
 /// The file is stdout, under any of its names.
 bool isStandardOutput(const std::string& path);
+
+/// What is there and no regular file, such as a device or a pipe.
+bool isSpecial(const std::string& path);
 
 /// Throws Failure where a file of that name is there and may not be overwritten. What is no regular
 /// file, such as a device or a pipe, is written to as it is, and so is an open descriptor, such as
@@ -22,6 +26,9 @@ void requireFree(const std::string& path, bool overwrite);
 /// course. Throws Failure where the file can't be written, and what `accept` of the file throws for
 /// the bytes that are read back from the disk; nothing is left then.
 void writeOutput(const PendingFile& file, bool overwrite);
+
+/// Writes several files so: where one can't be made none of them is there.
+void writeOutputs(std::span<const PendingFile> files, bool overwrite);
 
 /// From here on the signals that ask for the end exit with the code of an interruption.
 void exitOnSignals();

@@ -16,6 +16,7 @@ constexpr std::array kVerbs{
     Verb{"fit", "start models by weighted least squares, for fitting by eye", declareFit},
     Verb{"test", "whether models form a linear model of coregionalization", declareTest},
     Verb{"export", "a model in the words of another system", declareExport},
+    Verb{"plot", "pictures of semivariograms and models", declarePlot},
     Verb{"completion", "the completion of a shell, for it to read", declareCompletion},
 };
 
@@ -48,6 +49,9 @@ VerbApp appOf(const Verb& verb, Common& common) {
   app->allow_extras();
   Run run = verb.declare(*app);
   declareCommon(*app, common);
+  // One that may be given again and again takes one value each time: the next word is an argument.
+  for (CLI::Option* option : app->get_options())
+    if (!option->get_positional()) option->allow_extra_args(false);
   return {std::move(app), std::move(run)};
 }
 

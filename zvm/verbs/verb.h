@@ -39,6 +39,7 @@ Run declareImport(CLI::App& app);
 Run declareFit(CLI::App& app);
 Run declareTest(CLI::App& app);
 Run declareExport(CLI::App& app);
+Run declarePlot(CLI::App& app);
 Run declareCompletion(CLI::App& app);
 
 }  // namespace zevfit::verbs

@@ -1,0 +1,89 @@
+// The program zvm-plot: reads what is to be drawn from stdin and writes the files of the pictures
+// to stdout. Only `zvm plot` runs it. What fails is told on stderr.
+
+#include <sys/prctl.h>
+
+#include <QGuiApplication>
+#include <array>
+#include <csignal>
+#include <iostream>
+#include <iterator>
+#include <string>
+
+#include "platform/picture_file.h"
+#include "session/fault.h"
+#include "session/numbers.h"
+#include "zvm/plotting/pages.h"
+
+namespace {
+
+using namespace zevfit;
+using plotting::Page;
+using plotting::Request;
+
+constexpr double kScreenDots = 96;
+/// Exit codes of zvm: data that can't be used, a file that can't be written.
+constexpr int kUnusable = 3, kUnwritten = 4;
+
+/// What would have a picture depend on the machine that draws it.
+constexpr std::array kSettings{"QT_SCALE_FACTOR",
+                               "QT_SCREEN_SCALE_FACTORS",
+                               "QT_FONT_DPI",
+                               "QT_AUTO_SCREEN_SCALE_FACTOR",
+                               "QT_ENABLE_HIGHDPI_SCALING",
+                               "QT_USE_PHYSICAL_DPI"};
+
+std::string bytesOf(const QByteArray& bytes) {
+  return {bytes.data(), static_cast<std::size_t>(bytes.size())};
+}
+
+Draw drawingOf(const Session& session, const Request& request, const Page& page) {
+  return [&](Surface& surface) {
+    plotting::drawPage(session, page, surface, request.width, request.height);
+  };
+}
+
+QString titleOf(const Session& session, const Page& page) {
+  const auto text = [](std::string_view latin1) {
+    return QString::fromLatin1(latin1.data(), static_cast<qsizetype>(latin1.size()));
+  };
+  if (page.map) return text(page.map->name);
+  QString variable = text(trimmed(session.varname(page.variable)));
+  if (page.kind == plotting::Kind::overlay) return variable;
+  return variable + ' ' + text(trimmed(session.dirname(page.direction)));
+}
+
+std::vector<std::string> filesOf(const Request& request) {
+  const auto session = plotting::sessionOf(request);
+  const QSizeF size(request.width, request.height);
+  std::vector<Draw> drawings;
+  for (const Page& page : request.pages) drawings.push_back(drawingOf(*session, request, page));
+  const auto title = [&](std::size_t page) { return titleOf(*session, request.pages.at(page)); };
+  if (request.format == plotting::Format::pdf) return {bytesOf(pdfPages(size, title(0), drawings))};
+  std::vector<std::string> files;
+  for (std::size_t i = 0; i < drawings.size(); ++i)
+    files.push_back(bytesOf(request.format == plotting::Format::svg
+                                ? svgPicture(size, title(i), drawings[i])
+                                : pngPicture(size, request.dots / kScreenDots, drawings[i])));
+  return files;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // The pictures of a command that has been ended are nobody's.
+  ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+  for (const char* setting : kSettings) qunsetenv(setting);
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  try {
+    const std::string request(std::istreambuf_iterator<char>(std::cin), {});
+    std::cout << plotting::bytesOf(filesOf(plotting::requestOf(request))) << std::flush;
+    return std::cout ? 0 : kUnwritten;
+  } catch (const Fault& fault) {
+    std::cerr << "error: " << fault.what() << '\n';
+  } catch (const std::bad_alloc&) {
+    std::cerr << "error: not enough memory\n";
+  }
+  return kUnusable;
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "zvm/points/points_reader.h"
+#include "zvm/verbs/context.h"
+
+namespace zevfit::verbs {
+
+/// What of a spatial source is read, as the options have it; an empty text is none.
+struct SpatialOptions {
+  std::string layer, where, sql, projected;
+
+  bool isAny() const {
+    return !layer.empty() || !where.empty() || !sql.empty() || !projected.empty();
+  }
+};
+
+void declareOptions(CLI::App& app, SpatialOptions& options);
+
+/// Points come from a spatial source and not from a table: with one of the options, or with a name
+/// such as "PG:dbname=geo", a folder, or a file that looks like one. `format` is that of --format,
+/// "ogr" says so itself.
+bool isSpatial(const std::string& source, const std::string& format, const SpatialOptions& options);
+
+/// The columns that have the coordinates of points.
+inline constexpr const char* kEasting = "geometry.x";
+inline constexpr const char* kNorthing = "geometry.y";
+
+/// What messages, reports and titles call a source: without passwords.
+std::string shownSource(const std::string& source);
+
+/// What a title calls it: a file by its name alone, a connection by its layer; empty where it has
+/// none.
+std::string titleNameOf(const std::string& source, const SpatialOptions& options);
+
+/// Reads the points of a spatial source by the program zvm-ogr. Throws Failure.
+zvm::PointSet spatialPoints(const std::string& source, const SpatialOptions& options,
+                            const zvm::ReadOptions& read, Context& context);
+
+}  // namespace zevfit::verbs
