@@ -56,7 +56,7 @@ coverage     coverage     - coverage
 readonly every="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6svg6 fonts-liberation libgtest-dev poppler-utils
   binutils libcli11-dev nlohmann-json3-dev python3"
 declare -rA packages=(
-  [lint]="git clang clang-format clang-tidy shellcheck libgdal-dev" [fuzz]="clang libclang-rt-14-dev"
+  [lint]="git clang clang-format clang-tidy shellcheck" [tidy]="libgdal-dev" [fuzz]="clang libclang-rt-14-dev"
   [asan]="clang libclang-rt-14-dev mold" [fuzzcoverage]="clang libclang-rt-14-dev llvm-14" [peers]="r-cran-gstat"
   [spatial]="libgdal-dev gdal-bin postgresql-15-postgis-3"
   [program]="xvfb xauth xclip weston qt6-wayland" [debug]="xvfb xauth xclip weston qt6-wayland" [coverage]="gcovr"

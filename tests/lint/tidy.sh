@@ -34,11 +34,19 @@ changed() {
   done | once
 }
 
+# compiled BUILD: of the files of stdin those that the build compiles; what needs a library that is
+# not there is left to the stage that installs it.
+compiled() {
+  while read -r file; do
+    if grep -qF "/$file\"" "$1/compile_commands.json"; then echo "$file"; fi
+  done
+}
+
 what=$1
 case $1 in
   changed)
     if range=$(revisions 2>/dev/null); then
-      files=$(changed "$range")
+      files=$(changed "$range" | compiled "$2")
       count=$(grep -c . <<<"$files" || true)
       what="of $count changed in $range, the latest; all: ./test.sh tidy"
       [ -n "${ZEVFIT_SINCE:-}" ] || files=$(head -n "$most" <<<"$files")
