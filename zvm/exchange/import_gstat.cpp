@@ -259,9 +259,9 @@ Imported importGstat(const std::vector<GstatRow>& rows, const GstatOptions& opti
       joinBlocks(blocks.blocks(), std::move(blocks.directions()),
                  [&](std::size_t k) { return (static_cast<double>(k) + 0.5) * options.width; });
   for (const std::string& id : ids.doubtful()) {
-    const std::string quoted = '`' + id + '`', told = "\"" + id + "=A,B\"";
-    imported.warnings.push_back(quoted + " is taken for a variable by itself; --cross-of " + told +
-                                " makes it a cross");
+    std::string warning = '`' + id + "` is taken for a variable by itself; --cross-of \"";
+    warning += id + "=A,B\" makes it a cross";
+    imported.warnings.push_back(std::move(warning));
   }
   if (blocks.areMostEmpty())
     imported.warnings.push_back("most classes have no row; is --width that of gstat?");
