@@ -3,4 +3,5 @@
 # exported R code in gstat itself.
 set -euo pipefail
 "$1" "$2" "$3"
-exec Rscript --vanilla "$(dirname -- "${BASH_SOURCE[0]}")/gstat.R" "$2" "$(dirname -- "$3")/meuse.csv"
+# Names of variables are UTF-8 in the files, which R reads in no other locale.
+exec env LC_ALL=C.UTF-8 Rscript --vanilla "$(dirname -- "${BASH_SOURCE[0]}")/gstat.R" "$2" "$(dirname -- "$3")/meuse.csv"
