@@ -4,7 +4,7 @@
 set -euo pipefail
 awk '
   /"command":/ { command = $0 }
-  /"file":.*\/(session|model|files|coreg|fitting|plot|report|zvm|tests\/core|tests\/zvm|tests\/crash)\// && !/zvm\/plotter\// {
+  /"file":.*\/(session|model|files|coreg|fitting|plot|report|zvm|tests\/core|tests\/zvm|tests\/crash)\// {
     seen++
     if (command ~ /[Qq][Tt]6|libQt|-DQT_/) { print "with Qt: " $0; bad = 1 }
   }
