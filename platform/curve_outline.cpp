@@ -25,10 +25,6 @@ QPointF mitre(const QPointF& before, const QPointF& behind) {
   return sum / 2 / std::max(cosine * cosine, kLeastCosine * kLeastCosine);
 }
 
-}  // namespace
-
-namespace {
-
 /// What of a polygon lies on the side of an upright where `side` times x is at least `side` times
 /// its place: Sutherland and Hodgman, Reentrant polygon clipping, 1974.
 QPolygonF besideOf(const QPolygonF& polygon, double upright, double side) {

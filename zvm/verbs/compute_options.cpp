@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "zvm/points/names.h"
+#include "zvm/verbs/add_option.h"
 #include "zvm/verbs/names.h"
 #include "zvm/verbs/option_values.h"
 #include "zvm/verbs/text.h"
@@ -70,15 +71,8 @@ std::vector<std::string> variableTexts(const ComputeOptions& options,
 }  // namespace
 
 void declareOptions(CLI::App& app, ComputeOptions& options) {
-  const auto add = [&](const char* name, auto& value, const char* what, const char* type) {
-    return app.add_option(name, value, what)->type_name(type);
-  };
-  const auto addEach = [&](const char* name, std::vector<std::string>& values, const char* what,
-                           const char* type) {
-    return add(name, values, what, type)
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-  };
+  const AddOption add{app};
+  const AddEach addEach{app};
   add("POINTS", options.points, "A table of points, - for stdin, or a spatial source", "")
       ->required();
   add("OUT", options.output, "The variogram file to write, - for stdout", "");

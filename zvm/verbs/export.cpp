@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "zvm/exchange/export.h"
+#include "zvm/verbs/add_option.h"
 #include "zvm/verbs/coregions.h"
 #include "zvm/verbs/input.h"
 #include "zvm/verbs/output.h"
@@ -147,9 +148,7 @@ Exit runExport(const Options& options, Context& context) {
 
 Run declareExport(CLI::App& app) {
   const auto options = std::make_shared<Options>();
-  const auto add = [&](const char* name, auto& text, const char* what, const char* type) {
-    return app.add_option(name, text, what)->type_name(type);
-  };
+  const AddOption add{app};
   std::string targets, meanings;
   for (const TargetRow& row : exchange::kTargets) {
     targets += (targets.empty() ? "" : "|") + std::string(row.name);

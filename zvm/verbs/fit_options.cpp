@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "session/form.h"
+#include "zvm/verbs/add_option.h"
 #include "zvm/verbs/option_values.h"
 #include "zvm/verbs/text.h"
 
@@ -52,15 +53,8 @@ const WeightNames& namesOf(Weights weights) {
 }
 
 void declareOptions(CLI::App& app, FitOptions& options) {
-  const auto add = [&](const char* name, auto& value, const char* what, const char* type) {
-    return app.add_option(name, value, what)->type_name(type);
-  };
-  const auto addEach = [&](const char* name, std::vector<std::string>& values, const char* what,
-                           const char* type) {
-    add(name, values, what, type)
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-  };
+  const AddOption add{app};
+  const AddEach addEach{app};
   add("FILE", options.file, "A variogram file, - for stdin", "")->required();
   add("OUT", options.output, "The variogram file to write, - for stdout", "")->required();
   add("--forms", options.forms,

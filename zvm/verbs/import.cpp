@@ -11,6 +11,7 @@
 #include "session/numbers.h"
 #include "zvm/experimental/plan.h"
 #include "zvm/points/names.h"
+#include "zvm/verbs/add_option.h"
 #include "zvm/verbs/compute_report.h"
 #include "zvm/verbs/file_report.h"
 #include "zvm/verbs/input.h"
@@ -281,13 +282,7 @@ Exit guarded(const Options& options, Context& context) {
 
 Run declareImport(CLI::App& app) {
   const auto options = std::make_shared<Options>();
-  const auto addEach = [&](const char* name, std::vector<std::string>& values, const char* what,
-                           const char* type) {
-    app.add_option(name, values, what)
-        ->type_name(type)
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-  };
+  const AddEach addEach{app};
   app.add_option("SYSTEM", options->system, "Whose files they are")
       ->required()
       ->type_name("gamv|gstat");

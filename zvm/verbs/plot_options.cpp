@@ -8,6 +8,7 @@
 #include "files/parameter_file.h"
 #include "session/numbers.h"
 #include "zvm/points/names.h"
+#include "zvm/verbs/add_option.h"
 #include "zvm/verbs/input.h"
 #include "zvm/verbs/text.h"
 
@@ -117,15 +118,8 @@ void setFont(const std::string& given, FormatSamples& samples) {
 }  // namespace
 
 void declareOptions(CLI::App& app, PlotOptions& options) {
-  const auto add = [&](const char* name, auto& value, const char* what, const char* type) {
-    return app.add_option(name, value, what)->type_name(type);
-  };
-  const auto addEach = [&](const char* name, std::vector<std::string>& values, const char* what,
-                           const char* type) {
-    add(name, values, what, type)
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-  };
+  const AddOption add{app};
+  const AddEach addEach{app};
   add("FILE", options.points.points, "A variogram file, with --map a table of points; - for stdin",
       "")
       ->required();
