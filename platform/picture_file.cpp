@@ -5,6 +5,7 @@
 #include <QPageSize>
 #include <QPdfWriter>
 #include <QSvgGenerator>
+#include <algorithm>
 #include <cmath>
 
 #include "platform/bitmap_surface.h"
@@ -38,6 +39,16 @@ void begin(QPainter& painter, QPaintDevice& device) {
 
 void end(QPainter& painter) {
   if (!painter.end()) throw Fault("The picture is not whole");
+}
+
+/// The file without the date of its making, so that it depends on its pictures alone; as long as
+/// before, since a PDF file tells where its parts begin.
+QByteArray withoutDate(QByteArray pdf) {
+  const qsizetype begin = pdf.indexOf("/CreationDate (");
+  const qsizetype end = pdf.indexOf(')', begin);
+  if (begin < 0 || end < 0) throw Fault("The picture is not whole");
+  std::fill(pdf.begin() + begin, pdf.begin() + end + 1, ' ');
+  return pdf;
 }
 
 QImage blank(QSizeF twips, double scale) {
@@ -92,7 +103,7 @@ QByteArray pdfPages(QSizeF twips, const QString& title, const std::vector<Draw>&
     drawWith(painter, draw);
   }
   end(painter);
-  return file.data();
+  return withoutDate(file.data());
 }
 
 QByteArray pngPicture(QSizeF twips, double scale, const Draw& draw) {

@@ -20,7 +20,7 @@ using Draw = std::function<void(Surface& surface)>;
 QByteArray svgPicture(QSizeF twips, const QString& title, const Draw& draw);
 /// One page of the size of the picture, with lines and texts.
 QByteArray pdfPicture(QSizeF twips, const QString& title, const Draw& draw);
-/// A page for each picture.
+/// A page for each picture; no date, so that the same pictures give the same bytes.
 QByteArray pdfPages(QSizeF twips, const QString& title, const std::vector<Draw>& pages);
 /// A bitmap with `scale` dots to each of a screen of 96 dots to the inch, which its file states.
 QByteArray pngPicture(QSizeF twips, double scale, const Draw& draw);

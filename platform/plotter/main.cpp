@@ -75,6 +75,7 @@ int main(int argc, char** argv) {
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
   for (const char* setting : kSettings) qunsetenv(setting);
   qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("TZ", "UTC0");  // A PDF file is longer where the clocks differ from it.
   const QGuiApplication application(argc, argv);
   try {
     const std::string request(std::istreambuf_iterator<char>(std::cin), {});

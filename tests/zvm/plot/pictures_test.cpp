@@ -220,6 +220,11 @@ TEST_F(Plot, PutsSeveralPicturesOnPages) {
   const std::string pdf = content("p.pdf");
   EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
   EXPECT_NE(pdf.find("/Count 4"), std::string::npos);
+  EXPECT_EQ(pdf.find("/CreationDate"), std::string::npos);
+  ::setenv("TZ", "IST-5:30", 1);
+  EXPECT_EQ(ran({"plot", path("a.zvm"), path("east.pdf")}).code, 0);
+  ::unsetenv("TZ");
+  EXPECT_TRUE(content("east.pdf") == pdf);
 }
 
 TEST_F(Plot, TakesStdinAndStdout) {
