@@ -50,7 +50,7 @@ TEST_F(Program, TellsWhatIsWrong) {
        "zvm --help tells more\n"},
       {"$zvm chek good.zvm", 2,
        "zvm: error: no verb `chek`; there are check, info, fit, test, plot, merge, compute, "
-       "import, export, completion\n"},
+       "import, export, completion; zvm --help tells more\n"},
       {"$zvm --jsno", 2,
        "zvm: error: no option `--jsno` in front of a verb; there are --help, --version\n"},
       {"$zvm --json info good.zvm", 2,
@@ -62,8 +62,9 @@ TEST_F(Program, TellsWhatIsWrong) {
        "zvm: error: no option `--jsno` of zvm info; there are --json, --help, --version, --quiet, "
        "--threads, --overwrite\n"},
       {"$zvm info --threads 0 good.zvm", 2,
-       "zvm: error: --threads: it takes a whole number from 1, not `0`; zvm info --help tells "
-       "more\n"},
+       "zvm: error: --threads takes a whole number from 1, not `0`\n"},
+      {"$zvm export good.zvm --to gstat -o good.zvm/in", 4,
+       "zvm: error: cannot write good.zvm/in: Not a directory\n"},
       {"$zvm completion fish", 2, "zvm: error: no shell `fish`; there are bash, zsh\n"},
       {"$zvm info none.zvm", 4, "zvm: error: cannot read none.zvm: No such file or directory\n"},
       {"$zvm info .", 4, "zvm: error: cannot read .: Is a directory\n"},
@@ -196,6 +197,9 @@ TEST_F(Program, CompletesInBash) {
   EXPECT_EQ(completed("info goo"), "good.zvm\n");
   EXPECT_EQ(completed("info --json goo"), "good.zvm\n");
   EXPECT_EQ(completed("completion z"), "zsh\n");
+  EXPECT_EQ(completed("export --to gsl"), "gslib\n");
+  EXPECT_EQ(completed("export --main goo"), "\n");
+  EXPECT_EQ(completed("export -o goo"), "good.zvm\n");
   EXPECT_EQ(completed("test good.zvm --minor"), "--minor1 --minor2\n");
 }
 

@@ -195,6 +195,7 @@ void requireFree(const std::string& path, bool overwrite) {
     throw Failure(Exit::file, path + " exists; --overwrite replaces it");
   if (isSpecial(path)) return;
   const fs::path folder = targetOf(path).parent_path();
+  if (fs::is_regular_file(folder, unknown)) fail(path, ENOTDIR);
   if (::access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) != 0) fail(path, errno);
 }
 
