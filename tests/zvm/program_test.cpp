@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/plain_user.h"
 #include "tests/zvm/command.h"
 
 namespace zevfit::test {
@@ -174,6 +175,41 @@ TEST_F(Program, WritesOutputsOfEveryKind) {
     EXPECT_EQ(shell(std::string("echo before; $zvm export good.zvm --to gstat -o ") + name).out,
               "before\n" + text)
         << name;
+}
+
+TEST_F(Program, LeavesNothingOfAFileBeyondTheLimit) {
+  const Ran run = shell("ulimit -f 1; $zvm export good.zvm --to json -o big");
+  EXPECT_EQ(run.code, 4);
+  EXPECT_EQ(run.err, "zvm: error: cannot write big: File too large\n");
+  EXPECT_EQ(shell("ls").out, "bad.zvm\nerr\ngood.zvm\nout\n");
+}
+
+/// Whether `zvm compute` ends so for a user who may have so many processes, itself included.
+bool computesWithin(rlim_t processes, const Ran& expected) {
+  // A user of its own: what other tests run at the same time does not count.
+  const uid_t user = 20000 + static_cast<uid_t>(::getpid() % 40000);
+  const auto ends = [&] {
+    const rlimit limit{processes, processes};
+    if (::setrlimit(RLIMIT_NPROC, &limit) != 0) return false;
+    const Ran run = ran({"compute", "-", "-", "-q", "--threads", "4", "--x", "x", "--y", "y",
+                         "--var", "v", "--lag", "1", "--lags", "2"},
+                        "x,y,v\n0,0,1\n1,0,2\n");
+    return run.code == expected.code && run.out == expected.out &&
+           (run.code == 0 || run.err == expected.err);
+  };
+  return holdsForAPlainUser(ends, user);
+}
+
+TEST_F(Program, WorksWithTheThreadsThatItGets) {
+  if (::geteuid() != 0) GTEST_SKIP() << "other processes of this user count";
+  const Ran whole = ran({"compute", "-", "-", "-q", "--x", "x", "--y", "y", "--var", "v", "--lag",
+                         "1", "--lags", "2"},
+                        "x,y,v\n0,0,1\n1,0,2\n");
+  EXPECT_EQ(whole.code, 0);
+  EXPECT_TRUE(computesWithin(1000, whole));
+  EXPECT_TRUE(computesWithin(2, whole)) << "one thread beside its own";
+  EXPECT_TRUE(computesWithin(
+      1, {4, "", "zvm: error: no thread can be started: Resource temporarily unavailable\n"}));
 }
 
 TEST_F(Program, GoesOnWhereASignalIsIgnored) {

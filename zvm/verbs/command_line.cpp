@@ -174,6 +174,10 @@ Exit runAll(const std::vector<std::string>& arguments, Context& context, std::os
   } catch (const std::bad_alloc&) {
     context.error("not enough memory");
     return Exit::data;
+  } catch (const std::system_error& error) {
+    // Files have messages of their own: what is left are threads.
+    context.error("no thread can be started: " + error.code().message());
+    return Exit::file;
   }
 }
 
