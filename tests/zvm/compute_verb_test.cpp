@@ -155,7 +155,7 @@ TEST_F(ComputeVerb, RefusesWithReasonAndExitCode) {
       {{out, "--dir", "45"}, 2, "--dir takes \"AZ;DIP\", not `45`"},
       {{out, "--dir", "45;10"}, 2, "the dip of direction `45;10` needs points with z"},
       {{out, "--tol", "10"}, 2, "--tol, --band and --vband take --dir"},
-      {{out, "--trim", "5"}, 2, "--trim takes MIN:MAX, not `5`"},
+      {{out, "--trim", "5"}, 2, "--trim takes MIN:MAX in numbers, not `5`"},
       {{out, "--trim", "5:6"}, 3, "stdin: no semivariogram: one point alone"},
       {{out, "--trim", "50:60"},
        3,

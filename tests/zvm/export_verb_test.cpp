@@ -102,6 +102,30 @@ TEST_F(Export, OfPointsTakesEveryDirection) {
   EXPECT_NE(run.out.find("90;0"), std::string::npos);
 }
 
+TEST_F(Export, TellsNumbersWithAllDigits) {
+  // Each number is the one of its digits that no shorter text reads back as; beyond the range the
+  // model is 0.1 + 0.2.
+  const std::string file = kModel.with(8, "0.30000000000000004")
+                               .with(9, "10.000000000000002 0.12345678901234568 16777215")
+                               .with(12, "0.1")
+                               .with(15, "0.2")
+                               .with(16, "14.999999999999998")
+                               .bytes();
+  const std::string csv = ran({"export", "-", "--to", "csv"}, file).out;
+  EXPECT_NE(csv.find("\nzinc,0;0,0,0,1,16777215,10.000000000000002,0.12345678901234568,"),
+            std::string::npos)
+      << csv;
+  EXPECT_NE(csv.find("\nzinc,0;0,0,0,2,40,20,1.5,0.30000000000000004\n"), std::string::npos) << csv;
+  const Json model = Json::parse(ran({"export", "-", "--to", "json"}, file).out).at("models").at(0);
+  EXPECT_EQ(model.at("variance"), 0.30000000000000004);
+  EXPECT_EQ(model.at("nugget"), 0.1);
+  EXPECT_EQ(model.at("structures").at(0).at("sill"), 0.2);
+  EXPECT_EQ(model.at("structures").at(0).at("range").at("main"), 14.999999999999998);
+  EXPECT_EQ(
+      Json::parse(ran({"info", "-", "--json"}, file).out).at("variables").at(0).at("variance"),
+      0.30000000000000004);
+}
+
 TEST_F(Export, RefusesWhatTheTargetCanNotSay) {
   const std::string power = kModel.with(14, "P").with(16, "1.5").bytes();
   for (const char* target : {"sgems", "gstools"}) {

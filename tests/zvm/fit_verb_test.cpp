@@ -324,10 +324,10 @@ TEST_F(FitVerb, SaysWhatIsWrong) {
     std::string message;
   } rows[] = {
       {{out, "--forms", "SX"}, 2, "--forms takes letters of S, E, G and P, not `SX`"},
-      {{out, "--structures", "4"}, 2, "--structures takes 1, 2 or 3, not 4"},
-      {{out, "--structures", "two"}, 2, "--structures takes another form than `two`"},
-      {{out, "--nugget", "much"}, 2, "--nugget takes another form than `much`"},
-      {{out, "--nugget", "-1"}, 2, "--nugget takes free or a number from 0, not -1"},
+      {{out, "--structures", "4"}, 2, "--structures takes 1, 2 or 3, not `4`"},
+      {{out, "--structures", "two"}, 2, "--structures takes 1, 2 or 3, not `two`"},
+      {{out, "--nugget", "much"}, 2, "--nugget takes free or a number from 0, not `much`"},
+      {{out, "--nugget", "-1"}, 2, "--nugget takes free or a number from 0, not `-1`"},
       {{out, "--weights", "npair"},
        2,
        "no --weights `npair`; there are npairs, equal, npairs-over-h2, npairs-over-gamma2"},

@@ -1,14 +1,17 @@
-// The page for users shows what the command really prints.
+// The pages for users: what they show is what the command really prints, and every option is told.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
 #include <cstdlib>
 #include <filesystem>
+#include <regex>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "tests/support/scratch_folder.h"
+#include "tests/zvm/command.h"
 
 namespace zevfit::test {
 namespace {
@@ -71,6 +74,71 @@ TEST(ZvmPage, ShowsWhatIsPrinted) {
     EXPECT_EQ(example.isWhole ? printed : printed.substr(0, example.output.size()), example.output)
         << example.command;
   }
+}
+
+/// The lines of the block in which a page begins with a table of points.
+std::string firstCommands(const std::string& page) {
+  const std::size_t begin = page.find("    zvm compute meuse.csv ");
+  return begin == std::string::npos ? "" : page.substr(begin, page.find("\n\n", begin) - begin);
+}
+
+TEST(ZvmPage, LeadsFromPointsToAnExport) {
+  for (const char* page : {"docs/zvm.md", "README.md"}) {
+    const ScratchFolder folder;
+    fs::copy(kRoot / "examples/meuse.csv", folder / "meuse.csv");
+    // Who fits by eye saves as fitted.zvm; here the start is taken as it is.
+    putFile(folder / "run",
+            "zvm() {\n  '" ZEVFIT_ZVM
+            "' \"$@\" >out\n  echo \"$1 $?\" >>codes\n"
+            "  [ ! -f start.zvm ] || cp start.zvm fitted.zvm\n}\nzevfit() { :; }\n" +
+                firstCommands(contentOf(kRoot / page)) + "\n");
+    const std::string command = "cd '" + folder.path().string() + "' && bash run 2>messages";
+    EXPECT_TRUE(WIFEXITED(std::system(command.c_str())));
+    // Variables that are fitted one by one are no model together.
+    const std::string codes = contentOf(folder / "codes");
+    for (const char* code : {"compute 0\n", "fit 0\n", "test 1\n", "export 0\n"})
+      EXPECT_NE(codes.find(code), std::string::npos)
+          << page << codes << contentOf(folder / "messages");
+    EXPECT_NE(contentOf(folder / "zinc.R").find("vgm("), std::string::npos) << page;
+  }
+}
+
+using Options = std::set<std::string>;
+
+Options optionsIn(const std::string& text) {
+  const std::regex option("--[a-z][a-z0-9-]*");
+  Options options;
+  for (std::sregex_iterator at(text.begin(), text.end(), option), end; at != end; ++at)
+    options.insert(at->str());
+  return options;
+}
+
+/// What stands behind a heading up to the next line that begins so, or the end.
+std::string sectionOf(const std::string& page, const std::string& heading,
+                      const std::string& next) {
+  const std::size_t begin = page.find(heading);
+  if (begin == std::string::npos) return "";
+  std::smatch found;
+  const std::string rest = page.substr(begin + heading.size());
+  return std::regex_search(rest, found, std::regex(next)) ? found.prefix().str() : rest;
+}
+
+TEST(ManualPage, TellsEachOptionOfEachVerb) {
+  const std::string page =
+      std::regex_replace(contentOf(kRoot / "packaging/zvm.1.in"), std::regex(R"(\\-)"), "-");
+  const Options common = optionsIn(sectionOf(page, "\n.SH OPTIONS\n", "\n\\.SH"));
+  EXPECT_EQ(common.size(), 6U);
+  const std::regex row("\n  ([a-z]+)  ");
+  const std::string help = ran({"--help"}).out;
+  int verbs = 0;
+  for (std::sregex_iterator at(help.begin(), help.end(), row), end; at != end; ++at, ++verbs) {
+    const std::string verb = (*at)[1];
+    Options told =
+        optionsIn(sectionOf(page, "\"" + verb + " ", "\n\\.B[IR] \"(?!zvm )[a-z]+ |\n\\.SH"));
+    told.insert(common.begin(), common.end());
+    EXPECT_EQ(told, optionsIn(ran({verb, "--help"}).out)) << verb;
+  }
+  EXPECT_EQ(verbs, 10);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/plain_user.h"
 #include "tests/zvm/command.h"
 
 namespace zevfit::test {
@@ -50,7 +51,7 @@ TEST_F(Program, TellsWhatIsWrong) {
        "zvm --help tells more\n"},
       {"$zvm chek good.zvm", 2,
        "zvm: error: no verb `chek`; there are check, info, fit, test, plot, merge, compute, "
-       "import, export, completion\n"},
+       "import, export, completion; zvm --help tells more\n"},
       {"$zvm --jsno", 2,
        "zvm: error: no option `--jsno` in front of a verb; there are --help, --version\n"},
       {"$zvm --json info good.zvm", 2,
@@ -62,8 +63,9 @@ TEST_F(Program, TellsWhatIsWrong) {
        "zvm: error: no option `--jsno` of zvm info; there are --json, --help, --version, --quiet, "
        "--threads, --overwrite\n"},
       {"$zvm info --threads 0 good.zvm", 2,
-       "zvm: error: --threads: it takes a whole number from 1, not `0`; zvm info --help tells "
-       "more\n"},
+       "zvm: error: --threads takes a whole number from 1, not `0`\n"},
+      {"$zvm export good.zvm --to gstat -o good.zvm/in", 4,
+       "zvm: error: cannot write good.zvm/in: Not a directory\n"},
       {"$zvm completion fish", 2, "zvm: error: no shell `fish`; there are bash, zsh\n"},
       {"$zvm info none.zvm", 4, "zvm: error: cannot read none.zvm: No such file or directory\n"},
       {"$zvm info .", 4, "zvm: error: cannot read .: Is a directory\n"},
@@ -175,6 +177,41 @@ TEST_F(Program, WritesOutputsOfEveryKind) {
         << name;
 }
 
+TEST_F(Program, LeavesNothingOfAFileBeyondTheLimit) {
+  const Ran run = shell("ulimit -f 1; $zvm export good.zvm --to json -o big");
+  EXPECT_EQ(run.code, 4);
+  EXPECT_EQ(run.err, "zvm: error: cannot write big: File too large\n");
+  EXPECT_EQ(shell("ls").out, "bad.zvm\nerr\ngood.zvm\nout\n");
+}
+
+/// Whether `zvm compute` ends so for a user who may have so many processes, itself included.
+bool computesWithin(rlim_t processes, const Ran& expected) {
+  // A user of its own: what other tests run at the same time does not count.
+  const uid_t user = 20000 + static_cast<uid_t>(::getpid() % 40000);
+  const auto ends = [&] {
+    const rlimit limit{processes, processes};
+    if (::setrlimit(RLIMIT_NPROC, &limit) != 0) return false;
+    const Ran run = ran({"compute", "-", "-", "-q", "--threads", "4", "--x", "x", "--y", "y",
+                         "--var", "v", "--lag", "1", "--lags", "2"},
+                        "x,y,v\n0,0,1\n1,0,2\n");
+    return run.code == expected.code && run.out == expected.out &&
+           (run.code == 0 || run.err == expected.err);
+  };
+  return holdsForAPlainUser(ends, user);
+}
+
+TEST_F(Program, WorksWithTheThreadsThatItGets) {
+  if (::geteuid() != 0) GTEST_SKIP() << "other processes of this user count";
+  const Ran whole = ran({"compute", "-", "-", "-q", "--x", "x", "--y", "y", "--var", "v", "--lag",
+                         "1", "--lags", "2"},
+                        "x,y,v\n0,0,1\n1,0,2\n");
+  EXPECT_EQ(whole.code, 0);
+  EXPECT_TRUE(computesWithin(1000, whole));
+  EXPECT_TRUE(computesWithin(2, whole)) << "one thread beside its own";
+  EXPECT_TRUE(computesWithin(
+      1, {4, "", "zvm: error: no thread can be started: Resource temporarily unavailable\n"}));
+}
+
 TEST_F(Program, GoesOnWhereASignalIsIgnored) {
   const Ran run = shell(
       "mkfifo wait; trap '' HUP; $zvm info wait & program=$!; exec 3>wait; "
@@ -196,6 +233,9 @@ TEST_F(Program, CompletesInBash) {
   EXPECT_EQ(completed("info goo"), "good.zvm\n");
   EXPECT_EQ(completed("info --json goo"), "good.zvm\n");
   EXPECT_EQ(completed("completion z"), "zsh\n");
+  EXPECT_EQ(completed("export --to gsl"), "gslib\n");
+  EXPECT_EQ(completed("export --main goo"), "\n");
+  EXPECT_EQ(completed("export -o goo"), "good.zvm\n");
   EXPECT_EQ(completed("test good.zvm --minor"), "--minor1 --minor2\n");
 }
 

@@ -10,6 +10,7 @@
 
 #include "zvm/experimental/job.h"
 #include "zvm/experimental/summing.h"
+#include "zvm/experimental/threads.h"
 #include "zvm/experimental/walk.h"
 #include "zvm/points/data_error.h"
 
@@ -30,7 +31,8 @@ class Workers {
       candidates_ += job.tasks[task].candidates;
     }
     const std::size_t threads = std::clamp<std::size_t>(options.threads, 1, mine_.size() + 1);
-    for (std::size_t i = 0; i < threads; ++i) threads_.emplace_back([this] { work(); });
+    startThreads(
+        threads, [this] { work(); }, threads_);
   }
   Workers(const Workers&) = delete;
   Workers& operator=(const Workers&) = delete;

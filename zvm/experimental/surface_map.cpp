@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "zvm/experimental/strips.h"
+#include "zvm/experimental/threads.h"
 #include "zvm/experimental/walk.h"
 #include "zvm/points/data_error.h"
 
@@ -65,8 +66,8 @@ class Surface {
   void run(unsigned threads, const std::function<void(double)>& progress) {
     const unsigned count = std::clamp<unsigned>(threads, 1, kTasks);
     std::vector<std::jthread> workers;
-    workers.reserve(count);
-    for (unsigned i = 0; i < count; ++i) workers.emplace_back([this] { work(); });
+    startThreads(
+        count, [this] { work(); }, workers);
     std::unique_lock lock(mutex_);
     while (done_ < kTasks) {
       changed_.wait_for(lock, kTold);

@@ -92,7 +92,7 @@ Exit checkAll(const std::vector<std::string>& paths, Context& context) {
 
 Run declareCheck(CLI::App& app) {
   const auto files = std::make_shared<std::vector<std::string>>();
-  app.add_option("FILE", *files, "Variogram files, - for stdin")->required()->type_name("");
+  app.add_option("FILE...", *files, "Variogram files, - for stdin")->required()->type_name("");
   return [files](Context& context) { return checkAll(*files, context); };
 }
 

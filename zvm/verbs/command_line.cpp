@@ -62,6 +62,25 @@ void refuseExtras(const CLI::App& app) {
                                    app.get_name() + " --help tells more");
 }
 
+/// Nothing for what is no option of the verb.
+const CLI::Option* optionOf(const CLI::App& app, const std::string& argument) {
+  return argument.starts_with('-') ? app.get_option_no_throw(argument) : nullptr;
+}
+
+/// An option in the place of a value: the value was forgotten. The library would take it.
+void refuseForgottenValues(const CLI::App& app, const std::vector<std::string>& arguments) {
+  const auto mark = std::ranges::find(arguments, "--");
+  const auto count = static_cast<std::size_t>(mark - arguments.begin());
+  for (std::size_t i = 0; i + 1 < count; ++i) {
+    const CLI::Option* option = optionOf(app, arguments[i]);
+    if (option == nullptr || option->get_expected_max() == 0) continue;
+    const std::string& value = arguments[++i];
+    if (optionOf(app, value) != nullptr)
+      throw Failure(Exit::usage, option->get_name() + " takes a value: " + option->get_type_name() +
+                                     "; `" + value + "` is an option");
+  }
+}
+
 /// In a text of the library what stands between two parts of it; nothing where they are not there.
 std::optional<std::string> between(std::string_view text, std::string_view before,
                                    std::string_view behind) {
@@ -86,6 +105,7 @@ std::string wordsOf(const CLI::ParseError& error) {
 
 /// False where the arguments only ask for help or the version, which is then printed.
 bool isParsed(CLI::App& app, std::vector<std::string> arguments, Context& context) {
+  refuseForgottenValues(app, arguments);
   // It takes them from the end.
   std::ranges::reverse(arguments);
   try {
@@ -122,8 +142,8 @@ Exit runTop(const std::vector<std::string>& arguments, Context& context) {
                                    nearestFirst(first, {"--help", "--version"}));
   const Verb* verb = verbOf(first);
   if (verb == nullptr)
-    throw Failure(Exit::usage,
-                  "no verb `" + first + "`; there are " + nearestFirst(first, verbNames()));
+    throw Failure(Exit::usage, "no verb `" + first + "`; there are " +
+                                   nearestFirst(first, verbNames()) + "; zvm --help tells more");
   const VerbApp made = appOf(*verb, context.common);
   const std::vector<std::string> rest(arguments.begin() + 1, arguments.end());
   return isParsed(*made.app, rest, context) ? made.run(context) : Exit::done;
@@ -154,6 +174,10 @@ Exit runAll(const std::vector<std::string>& arguments, Context& context, std::os
   } catch (const std::bad_alloc&) {
     context.error("not enough memory");
     return Exit::data;
+  } catch (const std::system_error& error) {
+    // Files have messages of their own: what is left are threads.
+    context.error("no thread can be started: " + error.code().message());
+    return Exit::file;
   }
 }
 

@@ -1,6 +1,9 @@
+#include <algorithm>
 #include <array>
 #include <sstream>
+#include <string_view>
 
+#include "zvm/verbs/add_option.h"
 #include "zvm/verbs/report.h"
 #include "zvm/verbs/text.h"
 #include "zvm/verbs/verb.h"
@@ -14,8 +17,8 @@ namespace {
 struct OptionWords {
   std::vector<std::string> names;   ///< "--to", "-o"
   std::vector<std::string> values;  ///< of a few values, these
-  bool takesValue = false;
-  std::string description;
+  bool takesValue = false, takesFile = false;
+  std::string description;  ///< its first line
 };
 
 struct VerbWords {
@@ -25,20 +28,32 @@ struct VerbWords {
   bool takesFiles = false;             ///< another argument is a file
 };
 
+/// The types of options that take a file.
+constexpr std::array<std::string_view, 2> kFileTypes{"OUT", "FILE.ini"};
+
+/// A kind of values is named in capitals, as in "free|VALUE".
+bool isKind(const std::string& word) {
+  return std::ranges::any_of(word, [](char c) { return c >= 'A' && c <= 'Z'; });
+}
+
 /// The values of a type such as "bash|zsh"; none where it names but a kind.
 std::vector<std::string> valuesOf(const std::string& type) {
   std::vector<std::string> values;
   if (type.find('|') == type.npos) return values;
   std::istringstream in(type);
-  for (std::string value; std::getline(in, value, '|');) values.push_back(value);
+  for (std::string value; std::getline(in, value, '|');)
+    if (!isKind(value)) values.push_back(value);
   return values;
 }
 
 OptionWords wordsOf(const CLI::Option& option) {
-  OptionWords words{{},
-                    valuesOf(option.get_type_name()),
-                    option.get_expected_max() > 0,
-                    option.get_description()};
+  const std::string type = option.get_type_name();
+  const std::string& text = option.get_description();
+  OptionWords words;
+  words.values = valuesOf(type);
+  words.takesValue = option.get_expected_max() > 0;
+  words.takesFile = std::ranges::count(kFileTypes, type) > 0;
+  words.description = text.substr(0, text.find('\n'));
   for (const std::string& name : option.get_snames()) words.names.push_back("-" + name);
   for (const std::string& name : option.get_lnames()) words.names.push_back("--" + name);
   return words;
@@ -72,11 +87,12 @@ std::string joined(const std::vector<std::string>& words, const char* between) {
 
 // ---- bash
 
-/// What completes a word: one of these words, or a file where there is none or `alsoFiles`.
-std::string bashReply(const std::vector<std::string>& words, bool alsoFiles = false) {
-  const std::string from =
-      words.empty() ? "-f" : (alsoFiles ? "-f -W '" : "-W '") + joined(words, " ") + '\'';
-  return "mapfile -t COMPREPLY < <(compgen " + from + " -- \"$word\")";
+/// What completes a word: one of these words, or a file.
+std::string bashReply(const std::vector<std::string>& words, bool takesFiles) {
+  if (words.empty() && !takesFiles) return ":";
+  const std::string files = takesFiles ? "-f " : "";
+  const std::string from = words.empty() ? files : files + "-W '" + joined(words, " ") + "' ";
+  return "mapfile -t COMPREPLY < <(compgen " + from + "-- \"$word\")";
 }
 
 std::string bashVerb(const VerbWords& verb) {
@@ -85,11 +101,11 @@ std::string bashVerb(const VerbWords& verb) {
   for (const OptionWords& option : verb.options) {
     names.insert(names.end(), option.names.begin(), option.names.end());
     if (option.takesValue)
-      values += "        " + joined(option.names, " | ") + ") " + bashReply(option.values) +
-                "; return ;;\n";
+      values += "        " + joined(option.names, " | ") + ") " +
+                bashReply(option.values, option.takesFile) + "; return ;;\n";
   }
   return "    " + verb.name + ")\n      case $before in\n" + values +
-         "      esac\n      if [[ $word == -* ]]; then\n        " + bashReply(names) +
+         "      esac\n      if [[ $word == -* ]]; then\n        " + bashReply(names, false) +
          "\n      else\n        " + bashReply(verb.arguments, verb.takesFiles) + "\n      fi ;;\n";
 }
 
@@ -105,7 +121,7 @@ std::string bashText(const std::vector<VerbWords>& verbs) {
          "  local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]}\n"
          "  COMPREPLY=()\n"
          "  if [ \"$COMP_CWORD\" -eq 1 ]; then\n    " +
-         bashReply(names) + "\n    return\n  fi\n  case ${COMP_WORDS[1]} in\n" + cases +
+         bashReply(names, false) + "\n    return\n  fi\n  case ${COMP_WORDS[1]} in\n" + cases +
          "  esac\n}\ncomplete -o filenames -F _zvm zvm\n";
 }
 
@@ -125,8 +141,10 @@ std::string zshQuoted(const std::string& text) {
   return quoted;
 }
 
-std::string zshValues(const std::vector<std::string>& values) {
-  return values.empty() ? ":_files" : ":(" + joined(values, " ") + ")";
+/// The action behind a colon: one of these words, a file, or nothing but the message.
+std::string zshValues(const std::vector<std::string>& values, bool takesFiles) {
+  if (!values.empty()) return ":(" + joined(values, " ") + ")";
+  return takesFiles ? ":_files" : ": ";
 }
 
 std::string zshVerb(const VerbWords& verb) {
@@ -134,12 +152,14 @@ std::string zshVerb(const VerbWords& verb) {
   for (const OptionWords& option : verb.options)
     for (const std::string& name : option.names)
       text += " \\\n        '*" + name + '[' + zshQuoted(option.description) + ']' +
-              (option.takesValue ? ":value" + zshValues(option.values) : "") + '\'';
+              (option.takesValue ? ":value" + zshValues(option.values, option.takesFile) : "") +
+              '\'';
   // Words come first, files behind them.
   const bool isFirst = verb.takesFiles && !verb.arguments.empty();
-  if (isFirst) text += " \\\n        '1:argument" + zshValues(verb.arguments) + '\'';
+  if (isFirst) text += " \\\n        '1:argument" + zshValues(verb.arguments, false) + '\'';
   return text + " \\\n        '*:argument" +
-         zshValues(isFirst ? std::vector<std::string>() : verb.arguments) + "' ;;\n";
+         zshValues(isFirst ? std::vector<std::string>() : verb.arguments, verb.takesFiles) +
+         "' ;;\n";
 }
 
 std::string zshText(const std::vector<VerbWords>& verbs) {
@@ -182,7 +202,7 @@ Exit runCompletion(const std::string& asked, Context& context) {
 
 Run declareCompletion(CLI::App& app) {
   const auto shell = std::make_shared<std::string>();
-  app.add_option("SHELL", *shell, "bash or zsh")->required()->type_name("bash|zsh");
+  AddOption{app}("SHELL", *shell, "bash or zsh", "bash|zsh")->required();
   return [shell](Context& context) { return runCompletion(*shell, context); };
 }
 

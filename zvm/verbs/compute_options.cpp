@@ -120,11 +120,11 @@ std::string outputOf(const ComputeOptions& options) {
 std::optional<Part> partOf(const ComputeOptions& options) {
   if (options.part.empty()) return std::nullopt;
   const auto numbers = split(options.part, '/');
-  const std::string what = "--part takes I/N and";
-  if (numbers.size() != 2)
-    throw Failure(Exit::usage, "--part takes I/N, not `" + options.part + "`");
-  const Part part{numberOf<std::uint64_t>(numbers[0], what),
-                  numberOf<std::uint64_t>(numbers[1], what)};
+  const auto number = readNumber<std::uint64_t>(numbers.front());
+  const auto count = readNumber<std::uint64_t>(numbers.back());
+  if (numbers.size() != 2 || !number || !count)
+    refuseValue("--part", "I/N in whole numbers", options.part);
+  const Part part{*number, *count};
   if (part.number < 1 || part.number > part.count)
     throw Failure(Exit::usage, "there is no part " + options.part);
   return part;
@@ -152,10 +152,11 @@ zvm::ReadOptions readOptionsOf(const ComputeOptions& options) {
       throw Failure(Exit::usage, "--var " + *one + " is there twice");
   if (options.trim.empty()) return read;
   const auto bounds = split(options.trim, ':');
-  if (bounds.size() != 2)
-    throw Failure(Exit::usage, "--trim takes MIN:MAX, not `" + options.trim + "`");
-  read.trim =
-      zvm::Trim{numberOf<double>(bounds[0], "--trim"), numberOf<double>(bounds[1], "--trim")};
+  const auto lowest = readNumber<double>(bounds.front()),
+             highest = readNumber<double>(bounds.back());
+  if (bounds.size() != 2 || !lowest || !highest)
+    refuseValue("--trim", "MIN:MAX in numbers", options.trim);
+  read.trim = zvm::Trim{*lowest, *highest};
   if (!(read.trim->lowest <= read.trim->highest))
     throw Failure(Exit::usage, "--trim " + options.trim + " keeps nothing");
   return read;

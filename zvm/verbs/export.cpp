@@ -149,6 +149,7 @@ Exit runExport(const Options& options, Context& context) {
 Run declareExport(CLI::App& app) {
   const auto options = std::make_shared<Options>();
   const AddOption add{app};
+  const AddEach addEach{app};
   std::string targets, meanings;
   for (const TargetRow& row : exchange::kTargets) {
     targets += (targets.empty() ? "" : "|") + std::string(row.name);
@@ -156,22 +157,16 @@ Run declareExport(CLI::App& app) {
   }
   add("FILE", options->file, "A variogram file, - for stdin", "")->required();
   add("--to", options->target, ("What to write:" + meanings).c_str(), targets.c_str())->required();
-  app.add_option("--var", options->variables,
-                 "The variable by its name or number; of gstat, json and csv several")
-      ->type_name("NAME")
-      ->expected(1)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  addEach("--var", options->variables,
+          "The variable by its name or number; of gstat, json and csv several", "NAME");
   add("--main", options->main, "The direction of the main axis; default: the only one",
       "DIRECTION");
   add("--minor1", options->minor1, "That of minor axis 1; without one there is no anisotropy",
       "DIRECTION");
   add("--minor2", options->minor2, "That of minor axis 2; default: minor 1, a model in the plane",
       "DIRECTION");
-  app.add_option("--cross-of", options->crossOf,
-                 "A cross variable that is not named A-B, as in \"NAME=A,B\"")
-      ->type_name("NAME=A,B")
-      ->expected(1)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  addEach("--cross-of", options->crossOf,
+          "A cross variable that is not named A-B, as in \"NAME=A,B\"", "NAME=A,B");
   add("--gslib-gaussian", options->gaussian,
       "The Gaussian model of your copy of GSLIB: exp(-3(h/a)^2), the default, or exp(-(3h/a)^2)",
       "3|9");

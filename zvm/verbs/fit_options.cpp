@@ -92,14 +92,14 @@ fitting::Options fittingOptionsOf(const FitOptions& options) {
     fit.smoothGaussian = std::ranges::count(fit.forms, Form::gaussian) > 0;
   }
   if (!options.structures.empty()) {
-    fit.structures = numberOf<int>(options.structures, "--structures");
-    if (*fit.structures < 1 || *fit.structures > kMostStructures)
-      throw Failure(Exit::usage, "--structures takes 1, 2 or 3, not " + options.structures);
+    fit.structures = readNumber<int>(options.structures);
+    if (fit.structures.value_or(0) < 1 || *fit.structures > kMostStructures)
+      refuseValue("--structures", "1, 2 or 3", options.structures);
   }
   if (options.nugget != "free") {
-    fit.nugget = numberOf<double>(options.nugget, "--nugget");
-    if (!std::isfinite(*fit.nugget) || *fit.nugget < 0)
-      throw Failure(Exit::usage, "--nugget takes free or a number from 0, not " + options.nugget);
+    fit.nugget = readNumber<double>(options.nugget);
+    if (!std::isfinite(fit.nugget.value_or(-INFINITY)) || *fit.nugget < 0)
+      refuseValue("--nugget", "free or a number from 0", options.nugget);
   }
   fit.weights = weightsOf(options.weights);
   if (!options.lmc.empty() && fit.nugget.value_or(0) != 0)

@@ -282,21 +282,17 @@ Exit guarded(const Options& options, Context& context) {
 
 Run declareImport(CLI::App& app) {
   const auto options = std::make_shared<Options>();
+  const AddOption add{app};
   const AddEach addEach{app};
-  app.add_option("SYSTEM", options->system, "Whose files they are")
-      ->required()
-      ->type_name("gamv|gstat");
+  add("SYSTEM", options->system, "Whose files they are", "gamv|gstat")->required();
   app.add_option("FILE... OUT", options->files,
                  "Listings of gamv, or tables that R's write.csv made of gstat's variogram, - for "
                  "stdin; and the variogram file to write, - for stdout")
       ->required()
       ->type_name("");
-  app.add_option("--width", options->width,
-                 "The width of gstat's classes, the lag separation of gamv")
-      ->type_name("W");
-  app.add_option("--lag-tolerance", options->lagTolerance,
-                 "Of gamv: its lag tolerance; default: half of --width")
-      ->type_name("T");
+  add("--width", options->width, "The width of gstat's classes, the lag separation of gamv", "W");
+  add("--lag-tolerance", options->lagTolerance,
+      "Of gamv: its lag tolerance; default: half of --width", "T");
   addEach("--atol", options->tolerances,
           "Of gamv: its angular tolerance, one for all directions or one for each", "DEGREES,...");
   addEach("--dir", options->directions,
@@ -308,7 +304,7 @@ Run declareImport(CLI::App& app) {
   addEach("--variance", options->variances,
           "The variance of a variable; default: the mean of its semivariances", "NAME=VALUE");
   addEach("--name", options->names, "What a variable is called in the file", "NAME=NEW");
-  app.add_option("--title", options->title, "The title of the file")->type_name("TEXT");
+  add("--title", options->title, "The title of the file", "TEXT");
   return [options](Context& context) { return guarded(*options, context); };
 }
 

@@ -3,6 +3,7 @@
 #include "model/axes.h"
 #include "session/line.h"
 #include "session/numbers.h"
+#include "zvm/verbs/add_option.h"
 #include "zvm/verbs/input.h"
 #include "zvm/verbs/report.h"
 #include "zvm/verbs/text.h"
@@ -84,7 +85,7 @@ Json jsonReport(const Loaded& loaded) {
 
 Run declareInfo(CLI::App& app) {
   const auto file = std::make_shared<std::string>();
-  app.add_option("FILE", *file, "A variogram file, - for stdin")->required()->type_name("");
+  AddOption{app}("FILE", *file, "A variogram file, - for stdin", "")->required();
   return [file](Context& context) {
     const auto loaded = loadInput(context, *file);
     context.print(context.common.json ? textOf(jsonReport(*loaded)) : textReport(*loaded));

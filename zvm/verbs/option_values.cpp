@@ -19,4 +19,20 @@ std::vector<std::string> splitAll(const std::vector<std::string>& lists) {
   return all;
 }
 
+void refuseValue(const std::string& what, const std::string& kind, const std::string& text) {
+  throw Failure(Exit::usage, what + " takes " + kind + ", not `" + text + '`');
+}
+
+void takeValue(std::string& value, const std::string& text, const std::string& what,
+               const std::string& kind) {
+  if (text.empty())
+    throw Failure(Exit::usage, what + " is empty" + (kind.empty() ? "" : "; it takes " + kind));
+  value = text;
+}
+
+void takeValue(std::optional<std::string>& value, const std::string& text,
+               const std::string& /*what*/, const std::string& /*kind*/) {
+  value = text;
+}
+
 }  // namespace zevfit::verbs

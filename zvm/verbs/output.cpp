@@ -195,6 +195,7 @@ void requireFree(const std::string& path, bool overwrite) {
     throw Failure(Exit::file, path + " exists; --overwrite replaces it");
   if (isSpecial(path)) return;
   const fs::path folder = targetOf(path).parent_path();
+  if (fs::is_regular_file(folder, unknown)) fail(path, ENOTDIR);
   if (::access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) != 0) fail(path, errno);
 }
 
@@ -250,6 +251,8 @@ void exitOnSignals() {
     if (::sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN)
       ::sigaction(signal, &action, nullptr);
   }
+  // A file beyond the limit of the user is told as any write that fails, and leaves nothing.
+  std::signal(SIGXFSZ, SIG_IGN);
 }
 
 }  // namespace zevfit::verbs

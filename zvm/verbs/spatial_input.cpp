@@ -11,6 +11,7 @@
 
 #include "session/numbers.h"
 #include "zvm/points/data_error.h"
+#include "zvm/verbs/add_option.h"
 #include "zvm/verbs/module.h"
 
 namespace zevfit::verbs {
@@ -59,9 +60,7 @@ std::string textOf(const zvm::DataError& error, const std::string& shown) {
 }  // namespace
 
 void declareOptions(CLI::App& app, SpatialOptions& options) {
-  const auto add = [&](const char* name, std::string& text, const char* what, const char* type) {
-    app.add_option(name, text, what)->type_name(type);
-  };
+  const AddOption add{app};
   add("--layer", options.layer, "Of a spatial source: the layer; default: the only one", "NAME");
   add("--where", options.where, "Of a spatial source: which features, a condition as in SQL",
       "CONDITION");

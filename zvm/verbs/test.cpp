@@ -9,6 +9,7 @@
 #include "session/form.h"
 #include "session/line.h"
 #include "session/numbers.h"
+#include "zvm/verbs/add_option.h"
 #include "zvm/verbs/coregions.h"
 #include "zvm/verbs/input.h"
 #include "zvm/verbs/report.h"
@@ -303,16 +304,13 @@ Exit runTest(const Options& options, Context& context) {
 
 Run declareTest(CLI::App& app) {
   const auto options = std::make_shared<Options>();
-  const auto add = [&](const char* name, std::optional<std::string>& text, const char* what,
-                       const char* type) { app.add_option(name, text, what)->type_name(type); };
-  app.add_option("FILE", options->file, "A variogram file, - for stdin")->required()->type_name("");
+  const AddOption add{app};
+  add("FILE", options->file, "A variogram file, - for stdin", "")->required();
   app.add_flag("--all", options->all,
                "Test all variables with a cross variable, in each direction");
-  app.add_option("--cross-of", options->crossOf,
-                 "With --all: a cross variable that is not named A-B, as in \"NAME=A,B\"")
-      ->type_name("NAME=A,B")
-      ->expected(1)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  AddEach{app}("--cross-of", options->crossOf,
+               "With --all: a cross variable that is not named A-B, as in \"NAME=A,B\"",
+               "NAME=A,B");
   add("--primary", options->primary, "The first variable", "NAME");
   add("--secondary", options->secondary, "The second variable", "NAME");
   add("--cross", options->cross, "Their cross variable; default: the one named A-B or B-A", "NAME");

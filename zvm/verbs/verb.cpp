@@ -1,8 +1,9 @@
 #include "zvm/verbs/verb.h"
 
 #include <array>
-#include <charconv>
-#include <system_error>
+
+#include "zvm/verbs/help.h"
+#include "zvm/verbs/option_values.h"
 
 namespace zevfit::verbs {
 namespace {
@@ -20,11 +21,12 @@ constexpr std::array kVerbs{
     Verb{"completion", "the completion of a shell, for it to read", declareCompletion},
 };
 
-std::string threadsFault(const std::string& text) {
-  int number = 0;
-  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
-  const bool whole = read.ec == std::errc() && read.ptr == text.data() + text.size();
-  return whole && number >= 1 ? "" : "it takes a whole number from 1, not `" + text + "`";
+int threadsOf(const std::string& text) {
+  constexpr const char* kOption = "--threads";
+  constexpr const char* kKind = "a whole number from 1";
+  const int number = numberOf<int>(text, kOption, kKind);
+  if (number < 1) refuseValue(kOption, kKind, text);
+  return number;
 }
 
 void declareCommon(CLI::App& app, Common& common) {
@@ -33,8 +35,8 @@ void declareCommon(CLI::App& app, Common& common) {
   app.add_flag("--json", common.json, "Report as one JSON object");
   app.add_flag("-q,--quiet", common.quiet, "No warnings and no progress");
   app.add_flag("--overwrite", common.overwrite, "Replace an output that exists");
-  app.add_option("--threads", common.threads, "As many threads; default: all cores")
-      ->check(threadsFault)
+  const auto threads = [&common](const std::string& text) { common.threads = threadsOf(text); };
+  app.add_option_function<std::string>("--threads", threads, "As many threads; default: all cores")
       ->type_name("N");
 }
 
@@ -52,6 +54,7 @@ VerbApp appOf(const Verb& verb, Common& common) {
   // One that may be given again and again takes one value each time: the next word is an argument.
   for (CLI::Option* option : app->get_options())
     if (!option->get_positional()) option->allow_extra_args(false);
+  app->formatter(std::make_shared<Help>());
   return {std::move(app), std::move(run)};
 }
 
