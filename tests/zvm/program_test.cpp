@@ -92,6 +92,21 @@ TEST_F(Program, TellsWhatIsWrong) {
   }
 }
 
+// A batch system may leave no room for threads: the work is done without them.
+TEST_F(Program, WorksWithoutRoomForThreads) {
+  // A stack that no address space holds.
+  const std::string limit = "ulimit -s 200000000000 || exit 77; ";
+  for (const std::string line : {"printf 'x,y,v\\n0,0,1\\n0,1,2\\n1,1,4\\n' | "
+                                 "$zvm compute - - --x x --y y --var v --lag 1 --lags 2 2>report",
+                                 "$zvm fit good.zvm -"}) {
+    const Ran with = shell(line), without = shell(limit + line);
+    if (without.code == 77) GTEST_SKIP() << "the size of stacks is limited";
+    EXPECT_EQ(without.code, with.code) << without.err;
+    EXPECT_EQ(without.out, with.out);
+    EXPECT_NE(with.out, "");
+  }
+}
+
 TEST_F(Program, TakesPipesAndStreams) {
   const std::string expected = ran({"info", "-"}, kModel.bytes()).out;
   for (const char* line :

@@ -10,6 +10,7 @@
 
 #include "zvm/experimental/job.h"
 #include "zvm/experimental/summing.h"
+#include "zvm/experimental/threads.h"
 #include "zvm/experimental/walk.h"
 #include "zvm/points/data_error.h"
 
@@ -30,13 +31,13 @@ class Workers {
       candidates_ += job.tasks[task].candidates;
     }
     const std::size_t threads = std::clamp<std::size_t>(options.threads, 1, mine_.size() + 1);
-    for (std::size_t i = 0; i < threads; ++i) threads_.emplace_back([this] { work(); });
+    threads_ = startThreads(threads, [this] { work(); });
   }
   Workers(const Workers&) = delete;
   Workers& operator=(const Workers&) = delete;
   ~Workers() {
     isEnding_ = true;
-    for (std::thread& thread : threads_) thread.join();
+    threads_.clear();
   }
 
   void handOver(const std::function<void(std::uint64_t, const SumTable&)>& take) {
@@ -122,7 +123,7 @@ class Workers {
   std::condition_variable changed_;
   std::map<std::size_t, SumTable> finished_;
   std::exception_ptr failure_;
-  std::vector<std::thread> threads_;
+  std::vector<std::jthread> threads_;
 };
 
 }  // namespace

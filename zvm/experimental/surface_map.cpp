@@ -7,9 +7,9 @@
 #include <condition_variable>
 #include <limits>
 #include <mutex>
-#include <thread>
 
 #include "zvm/experimental/strips.h"
+#include "zvm/experimental/threads.h"
 #include "zvm/experimental/walk.h"
 #include "zvm/points/data_error.h"
 
@@ -64,9 +64,7 @@ class Surface {
 
   void run(unsigned threads, const std::function<void(double)>& progress) {
     const unsigned count = std::clamp<unsigned>(threads, 1, kTasks);
-    std::vector<std::jthread> workers;
-    workers.reserve(count);
-    for (unsigned i = 0; i < count; ++i) workers.emplace_back([this] { work(); });
+    const auto workers = startThreads(count, [this] { work(); });
     std::unique_lock lock(mutex_);
     while (done_ < kTasks) {
       changed_.wait_for(lock, kTold);

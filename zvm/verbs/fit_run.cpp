@@ -6,9 +6,9 @@
 #include <condition_variable>
 #include <exception>
 #include <mutex>
-#include <thread>
 
 #include "coreg/crosstest.h"
+#include "zvm/experimental/threads.h"
 
 namespace zevfit::verbs {
 namespace {
@@ -23,9 +23,8 @@ class Jobs {
       : count_(count), job_(std::move(job)) {}
 
   void run(unsigned threads, const std::function<void(double)>& progress) {
-    std::vector<std::jthread> workers;
     const std::size_t most = std::min<std::size_t>(std::max(1U, threads), count_);
-    for (std::size_t i = 0; i < most; ++i) workers.emplace_back([this] { work(); });
+    const auto workers = zvm::startThreads(most, [this] { work(); });
     std::unique_lock lock(mutex_);
     while (done_ < count_) {
       ended_.wait_for(lock, kBetween);
