@@ -143,9 +143,9 @@ TEST_F(ComputeVerb, RefusesWithReasonAndExitCode) {
       {{out, "--cross", "zinc:lead"}, 3, "no variable `lead` in --var; there are zinc"},
       {{out, "--cross", "zinc"}, 2, "--cross takes all or A:B, not `zinc`"},
       {{out, "--name", "zinc=a,b"},
-       3,
-       "the name `a,b` can't stand in a variogram file: it holds a comma; give it another with "
-       "--name \"zinc=NAME\" as well"},
+       2,
+       "--name zinc=a,b can't stand in a variogram file: it holds a comma"},
+      {{out, "--name", "zinc= "}, 2, "--name zinc=  can't stand in a variogram file: it is empty"},
       {{out, "--var", "3"}, 2, "two variables named `zinc`"},
       {{out, "--var", "lead", "--name", "lead=zinc"}, 2, "two variables named `zinc`"},
       {{out, "--var", "lead", "--cross", "zinc:lead,zinc:lead"},
@@ -161,9 +161,30 @@ TEST_F(ComputeVerb, RefusesWithReasonAndExitCode) {
        3,
        "stdin: no semivariogram: no point with coordinates and a value"},
       {{out, "--part", "3/2"}, 2, "there is no part 3/2"},
+      {{out, "--part", "0/2"}, 2, "there is no part 0/2"},
+      {{out, "--part", "a/2"}, 2, "--part takes another form than `a`"},
+      {{out, "--part", "5/18446744073709551615"},
+       2,
+       "--part takes another form than `18446744073709551615`"},
+      {{out, "--sample", "-3"}, 2, "--sample takes another form than `-3`"},
+      {{out, "--sample", "1"}, 2, "--sample takes 2 points and more"},
+      {{out, "--sample", "2", "--seed", "-1"}, 2, "--seed takes another form than `-1`"},
       {{out, "--seed", "3"}, 2, "--seed takes --sample"},
       {{out, "--compat", "gsat"}, 2, "no --compat `gsat`; there are gstat, gamv"},
       {{out, "--compat", "gstat", "--lag-tolerance", "1"}, 2, "gstat has no lag tolerance"},
+      {{out, "--compat", "gstat", "--zero", "skip"},
+       2,
+       "gstat has pairs at the same place in the first class"},
+      {{out, "--compat", "gamv", "--zero", "first"},
+       2,
+       "gamv has pairs at the same place in no class"},
+      {{out, "--compat", "gstat", "--dir", "0;0", "--band", "1"}, 2, "gstat has no bands"},
+      {{out, "--dir", "45;0", "--vband", "1"},
+       2,
+       "the band across the axis of direction `45;0` needs points with z"},
+      {{out, "--format", "csv", "--layer", "soil"},
+       2,
+       "--layer, --where, --sql and --projected take a spatial source"},
       {{out, "--title", "a,b"}, 2, "--title can't stand in a variogram file: it holds a comma"},
       {{}, 2, "the file to write is missing"},
       {{there}, 4, ""},
@@ -181,6 +202,39 @@ TEST_F(ComputeVerb, RefusesWithReasonAndExitCode) {
                          "v", "--lag", "1", "--lags", "2"});
     EXPECT_EQ(run.code, 4);
     EXPECT_EQ(run.err, "zvm: error: cannot read " + points + ": " + why + '\n');
+  }
+}
+
+// Squares of such distances would be 0.
+TEST_F(ComputeVerb, RefusesClassesThatAreTooNarrowForADouble) {
+  for (const char* width : {"1e-310", "0.9e-150"}) {
+    const Ran run = ran({"compute", "-", path("a.zvm"), "--x", "x", "--y", "y", "--var", "v",
+                         "--lag", width, "--lags", "2"},
+                        "x,y,v\n0,0,1\n0,0,2\n");
+    EXPECT_EQ(run.err, "zvm: error: the width of the lag classes has to be at least 1e-150\n");
+    EXPECT_EQ(run.code, 2);
+  }
+  EXPECT_EQ(ran({"compute", "-", path("a.zvm"), "--x", "x", "--y", "y", "--var", "v", "--lag",
+                 "1e-150", "--lags", "2"},
+                "x,y,v\n0,0,1\n0,1e-150,2\n")
+                .code,
+            0);
+  EXPECT_NE(contentOf(path("a.zvm")).find(" 1 \r\n"), std::string::npos);
+}
+
+// A name that --name can be given: that of --var, whatever stands in the table.
+TEST_F(ComputeVerb, ShowsTheWayOutForNamesOfColumns) {
+  for (const std::string name : {"\"a,b\"", "caf\xE9", "\"a\"\"b\"", ""}) {
+    const std::string points = "x,y," + name + "\n0,0,1\n0,1,2\n";
+    const Arguments all{"compute", "-", path("a.zvm"), "--x", "x",      "--y", "y",
+                        "--var",   "3", "--lag",       "1",   "--lags", "2",   "--overwrite"};
+    const Ran refused = ran(all, points);
+    EXPECT_EQ(refused.code, 3) << name;
+    EXPECT_NE(refused.err.find("; give it another with --name \"3=NAME\"\n"), std::string::npos)
+        << refused.err;
+    Arguments named = all;
+    named.insert(named.end(), {"--name", "3=ab"});
+    EXPECT_EQ(ran(named, points).err, "") << name;
   }
 }
 

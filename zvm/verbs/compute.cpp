@@ -42,7 +42,7 @@ void warnOfPoints(const zvm::Job& job, Context& context) {
 void warnOfTime(double seconds, const ComputeOptions& options, Context& context) {
   if (seconds < kLong) return;
   context.warning("this takes about " + durationText(seconds) +
-                  (options.sample ? "" : "; --sample N draws some of the points"));
+                  (!options.sample.empty() ? "" : "; --sample N draws some of the points"));
 }
 
 zvm::Job jobOf(const ComputeOptions& options, Context& context) {
