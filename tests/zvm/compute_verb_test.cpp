@@ -1,5 +1,6 @@
 // The verbs compute and merge: files, reports, refusals.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <nlohmann/json.hpp>
 #include <string>
@@ -125,6 +126,68 @@ TEST_F(ComputeVerb, PartsJoinToTheSameFile) {
   EXPECT_EQ(ran({"merge", path("1"), path("none"), path("other.zvm")}).code, 4);
   EXPECT_EQ(ran({"merge", path("1"), path("2"), path("joined.zvm")}).code, 4);
   EXPECT_EQ(ran({"merge", path("1")}).code, 2);
+}
+
+TEST_F(ComputeVerb, APartReportsWhatItKnows) {
+  const Ran first = square({"--part", "1/2", "-o", path("1"), "--title", "t"});
+  EXPECT_EQ(first.err, "");
+  const std::size_t pace = first.out.find("pairs a second");
+  ASSERT_NE(pace, std::string::npos) << first.out;
+  EXPECT_EQ(first.out.substr(0, pace),
+            "title                    t\n"
+            "part                     1 of 2\n"
+            "points read              5\n"
+            "without coordinates      1\n"
+            "without a value          0\n"
+            "used                     4\n"
+            "in the place of another  1\n");
+  EXPECT_TRUE(first.out.ends_with("\n\nvariable  points\nzinc      4\n")) << first.out;
+  const Ran second = square({"--part", "2/2", "-o", path("2"), "--title", "t"});
+  EXPECT_NE(second.out.find("part                     2 of 2, all pairs are in others\n"),
+            std::string::npos)
+      << second.out;
+  const Ran beside = square({"--part", "1/2", "-o", "-", "--title", "t"});
+  EXPECT_EQ(beside.out, contentOf(path("1")));
+  EXPECT_EQ(beside.err.substr(0, pace), first.out.substr(0, pace));
+  const Json report =
+      Json::parse(square({"--part", "2/2", "-o", path("3"), "--title", "t", "--json"}).out);
+  EXPECT_EQ(report.at("schema"), "zvm.compute/1");
+  EXPECT_EQ(report.at("part"), 2);
+  EXPECT_EQ(report.at("parts"), 2);
+  EXPECT_EQ(report.at("title"), "t");
+  EXPECT_EQ(report.at("points").at("used"), 4);
+  EXPECT_EQ(report.at("variables").at(0).at("points"), 4);
+  EXPECT_EQ(report.at("directions"), Json::parse(R"(["0;0"])"));
+  EXPECT_EQ(report.at("pairsASecond"), 0.0);
+}
+
+/// As many files as a program may have open at once, until it goes.
+class OpenFiles {
+ public:
+  explicit OpenFiles(rlim_t most) {
+    ::getrlimit(RLIMIT_NOFILE, &before_);
+    const rlimit fewer{most, before_.rlim_max};
+    ::setrlimit(RLIMIT_NOFILE, &fewer);
+  }
+  OpenFiles(const OpenFiles&) = delete;
+  OpenFiles& operator=(const OpenFiles&) = delete;
+  ~OpenFiles() { ::setrlimit(RLIMIT_NOFILE, &before_); }
+
+ private:
+  rlimit before_{};
+};
+
+TEST_F(ComputeVerb, JoinsMorePartsThanFilesCanBeOpen) {
+  Arguments merge{"merge"};
+  for (int i = 1; i <= 100; ++i) {
+    merge.push_back(path(std::to_string(i)));
+    ASSERT_EQ(square({"--part", std::to_string(i) + "/100", "-o", merge.back(), "-q"}).code, 0);
+  }
+  merge.push_back(path("joined.zvm"));
+  ASSERT_EQ(square({path("whole.zvm")}).code, 0);
+  const OpenFiles few(50);
+  EXPECT_EQ(ran(merge).err, "");
+  EXPECT_EQ(contentOf(path("joined.zvm")), contentOf(path("whole.zvm")));
 }
 
 struct Refusal {
