@@ -60,7 +60,7 @@ declare -rA packages=(
   [asan]="clang libclang-rt-14-dev mold" [fuzzcoverage]="clang libclang-rt-14-dev llvm-14" [peers]="r-cran-gstat"
   [spatial]="libgdal-dev gdal-bin postgresql-15-postgis-3"
   [program]="xvfb xauth xclip weston qt6-wayland" [debug]="xvfb xauth xclip weston qt6-wayland" [coverage]="gcovr"
-  [bench]="libbenchmark-dev libqcustomplot-dev xvfb xauth"
+  [bench]="libbenchmark-dev libqcustomplot-dev xvfb xauth r-cran-gstat"
   [package]="libgdal-dev gzip librsvg2-bin lintian desktop-file-utils appstream shared-mime-info man-db fakeroot
     hicolor-icon-theme libglib2.0-bin imagemagick xdotool x11-utils xvfb xauth"
 )

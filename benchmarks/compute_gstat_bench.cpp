@@ -80,6 +80,7 @@ void besideGstat(benchmark::State& state, bool directed) {
   const ::zevfit::bench::ScratchFile file("zevfit-compute-bench.csv");
   writePoints(points, file.path());
   const Peer peer = gstat(file.path(), plan);
+  if (peer.pairs.empty()) return state.SkipWithError("no R with gstat (package r-cran-gstat)");
   double best = std::numeric_limits<double>::max();
   bool isSame = true;
   for (auto _ : state) {

@@ -1,5 +1,6 @@
 // The verbs compute and merge: files, reports, refusals.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <nlohmann/json.hpp>
 #include <string>
@@ -127,6 +128,68 @@ TEST_F(ComputeVerb, PartsJoinToTheSameFile) {
   EXPECT_EQ(ran({"merge", path("1")}).code, 2);
 }
 
+TEST_F(ComputeVerb, APartReportsWhatItKnows) {
+  const Ran first = square({"--part", "1/2", "-o", path("1"), "--title", "t"});
+  EXPECT_EQ(first.err, "");
+  const std::size_t pace = first.out.find("pairs a second");
+  ASSERT_NE(pace, std::string::npos) << first.out;
+  EXPECT_EQ(first.out.substr(0, pace),
+            "title                    t\n"
+            "part                     1 of 2\n"
+            "points read              5\n"
+            "without coordinates      1\n"
+            "without a value          0\n"
+            "used                     4\n"
+            "in the place of another  1\n");
+  EXPECT_TRUE(first.out.ends_with("\n\nvariable  points\nzinc      4\n")) << first.out;
+  const Ran second = square({"--part", "2/2", "-o", path("2"), "--title", "t"});
+  EXPECT_NE(second.out.find("part                     2 of 2, all pairs are in others\n"),
+            std::string::npos)
+      << second.out;
+  const Ran beside = square({"--part", "1/2", "-o", "-", "--title", "t"});
+  EXPECT_EQ(beside.out, contentOf(path("1")));
+  EXPECT_EQ(beside.err.substr(0, pace), first.out.substr(0, pace));
+  const Json report =
+      Json::parse(square({"--part", "2/2", "-o", path("3"), "--title", "t", "--json"}).out);
+  EXPECT_EQ(report.at("schema"), "zvm.compute/1");
+  EXPECT_EQ(report.at("part"), 2);
+  EXPECT_EQ(report.at("parts"), 2);
+  EXPECT_EQ(report.at("title"), "t");
+  EXPECT_EQ(report.at("points").at("used"), 4);
+  EXPECT_EQ(report.at("variables").at(0).at("points"), 4);
+  EXPECT_EQ(report.at("directions"), Json::parse(R"(["0;0"])"));
+  EXPECT_EQ(report.at("pairsASecond"), 0.0);
+}
+
+/// As many files as a program may have open at once, until it goes.
+class OpenFiles {
+ public:
+  explicit OpenFiles(rlim_t most) {
+    ::getrlimit(RLIMIT_NOFILE, &before_);
+    const rlimit fewer{most, before_.rlim_max};
+    ::setrlimit(RLIMIT_NOFILE, &fewer);
+  }
+  OpenFiles(const OpenFiles&) = delete;
+  OpenFiles& operator=(const OpenFiles&) = delete;
+  ~OpenFiles() { ::setrlimit(RLIMIT_NOFILE, &before_); }
+
+ private:
+  rlimit before_{};
+};
+
+TEST_F(ComputeVerb, JoinsMorePartsThanFilesCanBeOpen) {
+  Arguments merge{"merge"};
+  for (int i = 1; i <= 100; ++i) {
+    merge.push_back(path(std::to_string(i)));
+    ASSERT_EQ(square({"--part", std::to_string(i) + "/100", "-o", merge.back(), "-q"}).code, 0);
+  }
+  merge.push_back(path("joined.zvm"));
+  ASSERT_EQ(square({path("whole.zvm")}).code, 0);
+  const OpenFiles few(50);
+  EXPECT_EQ(ran(merge).err, "");
+  EXPECT_EQ(contentOf(path("joined.zvm")), contentOf(path("whole.zvm")));
+}
+
 struct Refusal {
   Arguments more;
   int code;
@@ -143,9 +206,9 @@ TEST_F(ComputeVerb, RefusesWithReasonAndExitCode) {
       {{out, "--cross", "zinc:lead"}, 3, "no variable `lead` in --var; there are zinc"},
       {{out, "--cross", "zinc"}, 2, "--cross takes all or A:B, not `zinc`"},
       {{out, "--name", "zinc=a,b"},
-       3,
-       "the name `a,b` can't stand in a variogram file: it holds a comma; give it another with "
-       "--name \"zinc=NAME\" as well"},
+       2,
+       "--name zinc=a,b can't stand in a variogram file: it holds a comma"},
+      {{out, "--name", "zinc= "}, 2, "--name zinc=  can't stand in a variogram file: it is empty"},
       {{out, "--var", "3"}, 2, "two variables named `zinc`"},
       {{out, "--var", "lead", "--name", "lead=zinc"}, 2, "two variables named `zinc`"},
       {{out, "--var", "lead", "--cross", "zinc:lead,zinc:lead"},
@@ -161,9 +224,30 @@ TEST_F(ComputeVerb, RefusesWithReasonAndExitCode) {
        3,
        "stdin: no semivariogram: no point with coordinates and a value"},
       {{out, "--part", "3/2"}, 2, "there is no part 3/2"},
+      {{out, "--part", "0/2"}, 2, "there is no part 0/2"},
+      {{out, "--part", "a/2"}, 2, "--part takes I/N in whole numbers, not `a/2`"},
+      {{out, "--part", "5/18446744073709551615"},
+       2,
+       "--part takes I/N in whole numbers, not `5/18446744073709551615`"},
+      {{out, "--sample", "-3"}, 2, "--sample takes a whole number from 0, not `-3`"},
+      {{out, "--sample", "1"}, 2, "--sample takes 2 points and more"},
+      {{out, "--sample", "2", "--seed", "-1"}, 2, "--seed takes a whole number from 0, not `-1`"},
       {{out, "--seed", "3"}, 2, "--seed takes --sample"},
       {{out, "--compat", "gsat"}, 2, "no --compat `gsat`; there are gstat, gamv"},
       {{out, "--compat", "gstat", "--lag-tolerance", "1"}, 2, "gstat has no lag tolerance"},
+      {{out, "--compat", "gstat", "--zero", "skip"},
+       2,
+       "gstat has pairs at the same place in the first class"},
+      {{out, "--compat", "gamv", "--zero", "first"},
+       2,
+       "gamv has pairs at the same place in no class"},
+      {{out, "--compat", "gstat", "--dir", "0;0", "--band", "1"}, 2, "gstat has no bands"},
+      {{out, "--dir", "45;0", "--vband", "1"},
+       2,
+       "the band across the axis of direction `45;0` needs points with z"},
+      {{out, "--format", "csv", "--layer", "soil"},
+       2,
+       "--layer, --where, --sql and --projected take a spatial source"},
       {{out, "--title", "a,b"}, 2, "--title can't stand in a variogram file: it holds a comma"},
       {{}, 2, "the file to write is missing"},
       {{there}, 4, ""},
@@ -181,6 +265,39 @@ TEST_F(ComputeVerb, RefusesWithReasonAndExitCode) {
                          "v", "--lag", "1", "--lags", "2"});
     EXPECT_EQ(run.code, 4);
     EXPECT_EQ(run.err, "zvm: error: cannot read " + points + ": " + why + '\n');
+  }
+}
+
+// Squares of such distances would be 0.
+TEST_F(ComputeVerb, RefusesClassesThatAreTooNarrowForADouble) {
+  for (const char* width : {"1e-310", "0.9e-150"}) {
+    const Ran run = ran({"compute", "-", path("a.zvm"), "--x", "x", "--y", "y", "--var", "v",
+                         "--lag", width, "--lags", "2"},
+                        "x,y,v\n0,0,1\n0,0,2\n");
+    EXPECT_EQ(run.err, "zvm: error: the width of the lag classes has to be at least 1e-150\n");
+    EXPECT_EQ(run.code, 2);
+  }
+  EXPECT_EQ(ran({"compute", "-", path("a.zvm"), "--x", "x", "--y", "y", "--var", "v", "--lag",
+                 "1e-150", "--lags", "2"},
+                "x,y,v\n0,0,1\n0,1e-150,2\n")
+                .code,
+            0);
+  EXPECT_NE(contentOf(path("a.zvm")).find(" 1 \r\n"), std::string::npos);
+}
+
+// A name that --name can be given: that of --var, whatever stands in the table.
+TEST_F(ComputeVerb, ShowsTheWayOutForNamesOfColumns) {
+  for (const std::string name : {"\"a,b\"", "caf\xE9", "\"a\"\"b\"", ""}) {
+    const std::string points = "x,y," + name + "\n0,0,1\n0,1,2\n";
+    const Arguments all{"compute", "-", path("a.zvm"), "--x", "x",      "--y", "y",
+                        "--var",   "3", "--lag",       "1",   "--lags", "2",   "--overwrite"};
+    const Ran refused = ran(all, points);
+    EXPECT_EQ(refused.code, 3) << name;
+    EXPECT_NE(refused.err.find("; give it another with --name \"3=NAME\"\n"), std::string::npos)
+        << refused.err;
+    Arguments named = all;
+    named.insert(named.end(), {"--name", "3=ab"});
+    EXPECT_EQ(ran(named, points).err, "") << name;
   }
 }
 

@@ -1,13 +1,11 @@
 // The program itself: wrong use, files that can't be read or written, streams that end.
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 
 #include <cstdlib>
 #include <string>
 #include <vector>
 
-#include "tests/support/plain_user.h"
 #include "tests/zvm/command.h"
 
 namespace zevfit::test {
@@ -91,6 +89,21 @@ TEST_F(Program, TellsWhatIsWrong) {
     EXPECT_EQ(run.err, row.err) << row.line;
     EXPECT_EQ(run.code, row.code) << row.line;
     EXPECT_EQ(run.out, "") << row.line;
+  }
+}
+
+// A batch system may leave no room for threads: the work is done without them.
+TEST_F(Program, WorksWithoutRoomForThreads) {
+  // A stack that no address space holds.
+  const std::string limit = "ulimit -s 200000000000 || exit 77; ";
+  for (const std::string line : {"printf 'x,y,v\\n0,0,1\\n0,1,2\\n1,1,4\\n' | "
+                                 "$zvm compute - - --x x --y y --var v --lag 1 --lags 2 2>report",
+                                 "$zvm fit good.zvm -"}) {
+    const Ran with = shell(line), without = shell(limit + line);
+    ASSERT_NE(without.code, 77) << "the size of stacks is limited";
+    EXPECT_EQ(without.code, with.code) << without.err;
+    EXPECT_EQ(without.out, with.out);
+    EXPECT_NE(with.out, "");
   }
 }
 
@@ -182,34 +195,6 @@ TEST_F(Program, LeavesNothingOfAFileBeyondTheLimit) {
   EXPECT_EQ(run.code, 4);
   EXPECT_EQ(run.err, "zvm: error: cannot write big: File too large\n");
   EXPECT_EQ(shell("ls").out, "bad.zvm\nerr\ngood.zvm\nout\n");
-}
-
-/// Whether `zvm compute` ends so for a user who may have so many processes, itself included.
-bool computesWithin(rlim_t processes, const Ran& expected) {
-  // A user of its own: what other tests run at the same time does not count.
-  const uid_t user = 20000 + static_cast<uid_t>(::getpid() % 40000);
-  const auto ends = [&] {
-    const rlimit limit{processes, processes};
-    if (::setrlimit(RLIMIT_NPROC, &limit) != 0) return false;
-    const Ran run = ran({"compute", "-", "-", "-q", "--threads", "4", "--x", "x", "--y", "y",
-                         "--var", "v", "--lag", "1", "--lags", "2"},
-                        "x,y,v\n0,0,1\n1,0,2\n");
-    return run.code == expected.code && run.out == expected.out &&
-           (run.code == 0 || run.err == expected.err);
-  };
-  return holdsForAPlainUser(ends, user);
-}
-
-TEST_F(Program, WorksWithTheThreadsThatItGets) {
-  if (::geteuid() != 0) GTEST_SKIP() << "other processes of this user count";
-  const Ran whole = ran({"compute", "-", "-", "-q", "--x", "x", "--y", "y", "--var", "v", "--lag",
-                         "1", "--lags", "2"},
-                        "x,y,v\n0,0,1\n1,0,2\n");
-  EXPECT_EQ(whole.code, 0);
-  EXPECT_TRUE(computesWithin(1000, whole));
-  EXPECT_TRUE(computesWithin(2, whole)) << "one thread beside its own";
-  EXPECT_TRUE(computesWithin(
-      1, {4, "", "zvm: error: no thread can be started: Resource temporarily unavailable\n"}));
 }
 
 TEST_F(Program, GoesOnWhereASignalIsIgnored) {

@@ -76,7 +76,6 @@ struct GamvTest {
   double azimuthX = 0, azimuthY = 0, sineDip = 0, cosineDip = 0;
   double cosineTolerance = 0;
   double band = 0, vband = 0;
-  bool isWhole = false;
 
   explicit GamvTest(const Direction& direction);
   /// The step from the earlier to the later row.

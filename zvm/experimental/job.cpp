@@ -29,10 +29,11 @@ double largestOf(const PointSet& points) {
   return largest;
 }
 
-/// FNV-1a over words in place of bytes.
+/// FNV-1a over words in place of bytes, turned so that the upper bits of a word change the lower
+/// ones of what follows.
 class Digest {
  public:
-  void add(std::uint64_t word) { state_ = (state_ ^ word) * 0x100000001B3U; }
+  void add(std::uint64_t word) { state_ = std::rotl((state_ ^ word) * 0x100000001B3U, 29); }
   void add(double value) { add(std::bit_cast<std::uint64_t>(value)); }
   void add(const std::optional<double>& value) { add(value.value_or(-1)); }
   void add(const std::vector<double>& column) {
@@ -48,6 +49,7 @@ std::uint64_t digestOf(const SortedPoints& points, const Plan& plan) {
   Digest digest;
   for (const auto* column : {&points.x, &points.y, &points.z}) digest.add(*column);
   for (const auto& column : points.values) digest.add(column);
+  for (const std::uint32_t row : points.rows) digest.add(std::uint64_t{row});
   for (const Direction& direction : plan.directions) {
     for (const double angle : {direction.azimuth, direction.dip, direction.tolerance})
       digest.add(angle);
@@ -131,9 +133,10 @@ std::vector<Task> tasksOf(const SortedPoints& points, double reach) {
 
 }  // namespace
 
-std::uint64_t Job::candidates() const {
+std::uint64_t Job::candidates(std::uint64_t part, std::uint64_t parts) const {
   std::uint64_t sum = 0;
-  for (const Task& task : tasks) sum += task.candidates;
+  for (std::uint64_t task = part - 1; task < tasks.size(); task += parts)
+    sum += tasks[task].candidates;
   return sum;
 }
 

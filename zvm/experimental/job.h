@@ -43,8 +43,8 @@ struct Job {
   SortedPoints points;
   std::vector<Task> tasks;
 
-  /// Pairs that are looked at, about: what the time is in proportion to.
-  std::uint64_t candidates() const;
+  /// Pairs that are looked at in a part, about: what the time is in proportion to.
+  std::uint64_t candidates(std::uint64_t part = 1, std::uint64_t parts = 1) const;
 };
 
 /// Takes the points over. Throws PlanError for a plan that can't be carried out, DataError for

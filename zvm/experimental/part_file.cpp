@@ -94,6 +94,7 @@ void writePartEnd(ByteSink& out) { Line().add("end").write(out); }
 PartReader::PartReader(std::istream& in, std::string name) : in_(in), name_(std::move(name)) {
   if (line() != kFirstLine) refuse("this is no part of a computation");
   readFrame();
+  if (!hasTasks()) end();
 }
 
 void PartReader::refuse(const std::string& text) const { throw DataError({name_, at_, 0}, text); }
@@ -260,7 +261,8 @@ Experimental mergeParts(std::vector<PartReader>& parts) {
   SumTable whole = emptyTable(frame);
   for (std::uint64_t task = 0; task < frame.tasks; ++task)
     whole.add(ordered[task % ordered.size()]->task(task));
-  for (PartReader* part : ordered) part->end();
+  for (PartReader* part : ordered)
+    if (part->hasTasks()) part->end();
   return experimentalOf(frame, whole);
 }
 

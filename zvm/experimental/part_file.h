@@ -39,6 +39,8 @@ class PartReader {
   const std::string& header() const { return header_; }
   std::uint64_t part() const { return part_; }
   std::uint64_t parts() const { return parts_; }
+  /// Whether any task is in this part; where none is it has been read to its end.
+  bool hasTasks() const { return part_ <= frame_.tasks; }
 
   /// The sums of the next task, which has to be this one.
   SumTable task(std::uint64_t number);

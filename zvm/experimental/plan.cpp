@@ -10,6 +10,8 @@ namespace zevfit::zvm {
 namespace {
 
 constexpr std::int64_t kMostClasses = 100'000;
+/// Squares of distances in narrower classes have no room in a double.
+constexpr double kLeastWidth = 1e-150;
 
 std::optional<double> numberOf(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
@@ -35,6 +37,7 @@ Refusal tooMany(std::size_t count, int most, const char* what) {
 Refusal lagRefusal(const Plan& plan) {
   const LagClasses& lags = plan.lags;
   if (!isAbove0(lags.width)) return "the width of the lag classes has to be above 0";
+  if (lags.width < kLeastWidth) return "the width of the lag classes has to be at least 1e-150";
   if (lags.count < 1 || lags.count > kMostClasses)
     return "the number of lag classes has to be from 1 to " + std::to_string(kMostClasses);
   if (!std::isfinite(static_cast<double>(lags.count) * lags.width))
@@ -54,6 +57,7 @@ Refusal directionRefusal(const Direction& direction, const Plan& plan, bool inSp
     if (band && !isAbove0(*band)) return "the band" + of + " has to be above 0";
   if (plan.compat == Compat::gstat && (direction.band || direction.vband))
     return "gstat has no bands";
+  if (!inSpace && direction.vband) return "the band across the axis" + of + " needs points with z";
   return std::nullopt;
 }
 

@@ -31,14 +31,13 @@ class Workers {
       candidates_ += job.tasks[task].candidates;
     }
     const std::size_t threads = std::clamp<std::size_t>(options.threads, 1, mine_.size() + 1);
-    startThreads(
-        threads, [this] { work(); }, threads_);
+    threads_ = startThreads(threads, [this] { work(); });
   }
   Workers(const Workers&) = delete;
   Workers& operator=(const Workers&) = delete;
   ~Workers() {
     isEnding_ = true;
-    for (std::thread& thread : threads_) thread.join();
+    threads_.clear();
   }
 
   void handOver(const std::function<void(std::uint64_t, const SumTable&)>& take) {
@@ -124,7 +123,7 @@ class Workers {
   std::condition_variable changed_;
   std::map<std::size_t, SumTable> finished_;
   std::exception_ptr failure_;
-  std::vector<std::thread> threads_;
+  std::vector<std::jthread> threads_;
 };
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include <condition_variable>
 #include <limits>
 #include <mutex>
-#include <thread>
 
 #include "zvm/experimental/strips.h"
 #include "zvm/experimental/threads.h"
@@ -65,9 +64,7 @@ class Surface {
 
   void run(unsigned threads, const std::function<void(double)>& progress) {
     const unsigned count = std::clamp<unsigned>(threads, 1, kTasks);
-    std::vector<std::jthread> workers;
-    startThreads(
-        count, [this] { work(); }, workers);
+    const auto workers = startThreads(count, [this] { work(); });
     std::unique_lock lock(mutex_);
     while (done_ < kTasks) {
       changed_.wait_for(lock, kTold);

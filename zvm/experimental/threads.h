@@ -1,23 +1,14 @@
 #pragma once
 
 #include <cstddef>
-#include <system_error>
+#include <functional>
+#include <thread>
 #include <vector>
 
 namespace zevfit::zvm {
 
-/// Starts threads that do the same work, `count` of them or as many as the system gives. Throws
-/// std::system_error where that is none.
-template <class Thread, class Work>
-void startThreads(std::size_t count, const Work& work, std::vector<Thread>& threads) {
-  while (threads.size() < count) {
-    try {
-      threads.emplace_back(work);
-    } catch (const std::system_error&) {
-      if (threads.empty()) throw;
-      return;
-    }
-  }
-}
+/// Starts threads that all do the same: `count`, or fewer where the system has no room for more, as
+/// under the limits of a batch system. Where it has none at all the work is done before it returns.
+std::vector<std::jthread> startThreads(std::size_t count, const std::function<void()>& work);
 
 }  // namespace zevfit::zvm

@@ -4,6 +4,17 @@
 
 namespace zevfit::zvm {
 
+namespace {
+
+/// what() ends at the first NUL byte, which is shown instead.
+std::string withoutNul(const std::string& text) {
+  std::string shown;
+  for (const char c : text) c == '\0' ? shown += "\\x00" : shown += c;
+  return shown;
+}
+
+}  // namespace
+
 std::string placeText(const Place& place) {
   std::string text = place.file;
   if (place.line > 0) text += ':' + std::to_string(place.line);
@@ -12,7 +23,7 @@ std::string placeText(const Place& place) {
 }
 
 DataError::DataError(Place place, const std::string& text)
-    : std::runtime_error(place.file.empty() ? text : placeText(place) + ": " + text),
+    : std::runtime_error(withoutNul(place.file.empty() ? text : placeText(place) + ": " + text)),
       place_(std::move(place)) {}
 
 }  // namespace zevfit::zvm

@@ -13,6 +13,8 @@ namespace zevfit::zvm {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+/// Those of UTF-16, low byte and high byte first.
+constexpr std::string_view kWideMarks[] = {"\xFF\xFE", "\xFE\xFF"};
 
 /// The names of a table's columns, and what separates the fields of its rows.
 struct Layout {
@@ -59,6 +61,8 @@ Layout csvLayout(Records& records, const std::string& file) {
   records.setQuotes(true);
   Record record;
   if (!records.next(record)) throw DataError({file, 0, 0}, "the file is empty");
+  if (withoutBlanks(record.text).empty())
+    throw DataError({file, record.line, 1}, "an empty line, where names are looked for");
   const char separator = separatorOf(record.text);
   Layout layout{headerNames(record.text, separator), separator};
   if (std::ranges::all_of(layout.names, isNumber))
@@ -136,6 +140,9 @@ PointSet readPoints(std::istream& in, const std::string& name, const ReadOptions
                     const ReadProgress& progress) {
   Records records(in, name, progress);
   std::string_view start = records.peek(2);
+  for (const std::string_view mark : kWideMarks)
+    if (start.starts_with(mark))
+      throw DataError({name, 1, 1}, "the file is in UTF-16; tables are read as UTF-8");
   if (start.starts_with(kByteOrderMark)) {
     start.remove_prefix(kByteOrderMark.size());
     records.skip(kByteOrderMark.size());

@@ -153,11 +153,12 @@ std::string unquoted(std::string_view field) {
   std::string text;
   const char* const end = field.data() + field.size();
   const char* const behind = behindQuotes(field.data(), end);
+  if (behind != end) return std::string(field);
   for (const char* at = field.data() + 1; at < behind; ++at) {
     if (*at == '"' && (at + 1 == behind || *++at != '"')) break;
     text += *at;
   }
-  return text + std::string(behind, end);
+  return text;
 }
 
 char separatorOf(std::string_view header) {

@@ -51,7 +51,8 @@ std::vector<std::string_view> fieldsOf(std::string_view line, char separator);
 std::vector<std::string> headerNames(std::string_view line, char separator);
 /// Comma, semicolon or tab, whichever stands most often outside quotes.
 char separatorOf(std::string_view header);
-/// The text of a field as it stands in the row: without quotes, each pair of quotes inside as one.
+/// The text of a field as it stands in the row: without quotes, each pair of quotes inside as one;
+/// with them where more stands behind the second.
 std::string unquoted(std::string_view field);
 
 }  // namespace zevfit::zvm

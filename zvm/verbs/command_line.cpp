@@ -5,7 +5,6 @@
 #include <new>
 #include <optional>
 #include <span>
-#include <system_error>
 
 #include "session/fault.h"
 #include "zvm/verbs/output.h"
@@ -174,10 +173,6 @@ Exit runAll(const std::vector<std::string>& arguments, Context& context, std::os
   } catch (const std::bad_alloc&) {
     context.error("not enough memory");
     return Exit::data;
-  } catch (const std::system_error& error) {
-    // Files have messages of their own: what is left are threads.
-    context.error("no thread can be started: " + error.code().message());
-    return Exit::file;
   }
 }
 

@@ -42,7 +42,7 @@ void warnOfPoints(const zvm::Job& job, Context& context) {
 void warnOfTime(double seconds, const ComputeOptions& options, Context& context) {
   if (seconds < kLong) return;
   context.warning("this takes about " + durationText(seconds) +
-                  (options.sample ? "" : "; --sample N draws some of the points"));
+                  (!options.sample.empty() ? "" : "; --sample N draws some of the points"));
 }
 
 zvm::Job jobOf(const ComputeOptions& options, Context& context) {
@@ -70,56 +70,71 @@ std::string partBytes(const zvm::Job& job, const zvm::RunOptions& run) {
   return std::move(sink.bytes);
 }
 
-Exit runCompute(const ComputeOptions& options, Context& context) {
-  const std::string output = outputOf(options);
-  const auto part = partOf(options);
-  const bool toStdout = isStandardOutput(output);
-  if (context.common.json && toStdout)
-    throw Failure(Exit::usage, "--json reports on a file: it takes another OUT than stdout");
-  if (output != kStandardStream) requireFree(output, context.common.overwrite);
-  const zvm::Job job = jobOf(options, context);
+using Clock = std::chrono::steady_clock;
 
-  const unsigned cores = std::max(1U, std::thread::hardware_concurrency());
-  Progress progress(context, "computing");
+Pace paceSince(Clock::time_point start, double candidates) {
+  const std::chrono::duration<double> passed = Clock::now() - start;
+  return {passed.count(), candidates / std::max(passed.count(), 1e-9)};
+}
+
+/// Beside the file, where that goes to stdout.
+template <class What>
+void report(const ComputeOptions& options, const std::string& output, const What& what,
+            const Pace& pace, Context& context) {
+  if (context.common.json) {
+    Json whole{
+        {"schema", "zvm.compute/1"}, {"file", shownSource(options.points)}, {"output", output}};
+    whole.update(jsonOf(what, pace));
+    context.print(textOf(whole));
+  } else if (isStandardOutput(output)) {
+    context.printBeside(textOf(what, pace));
+  } else {
+    context.print(textOf(what, pace));
+  }
+}
+
+zvm::RunOptions runOptionsOf(const std::optional<Part>& part, unsigned threads,
+                             Progress& progress) {
   zvm::RunOptions run;
-  run.threads = context.common.threads > 0 ? static_cast<unsigned>(context.common.threads) : cores;
+  run.threads = threads;
   run.part = part.value_or(Part()).number;
   run.parts = part.value_or(Part()).count;
   run.progress = [&progress](double share) {
     progress.tell(share);
     return true;
   };
-  const double candidates = static_cast<double>(job.candidates()) / static_cast<double>(run.parts);
+  return run;
+}
+
+Exit runCompute(const ComputeOptions& options, Context& context) {
+  const std::string output = outputOf(options);
+  const auto part = partOf(options);
+  if (context.common.json && isStandardOutput(output))
+    throw Failure(Exit::usage, "--json reports on a file: it takes another OUT than stdout");
+  if (output != kStandardStream) requireFree(output, context.common.overwrite);
+  const zvm::Job job = jobOf(options, context);
+
+  const unsigned cores = std::max(1U, std::thread::hardware_concurrency());
+  const unsigned threads =
+      context.common.threads > 0 ? static_cast<unsigned>(context.common.threads) : cores;
+  Progress progress(context, "computing");
+  const zvm::RunOptions run = runOptionsOf(part, threads, progress);
+  const auto candidates = static_cast<double>(job.candidates(run.part, run.parts));
   warnOfTime(candidates * kSecondsAPair * static_cast<double>(job.plan.pairings.size()) /
-                 std::min(run.threads, cores),
+                 std::min(threads, cores),
              options, context);
+  const auto start = Clock::now();
   if (part) {
     context.save(output, partBytes(job, run));
-    if (context.common.json)
-      context.print(textOf(Json{{"schema", "zvm.compute/1"},
-                                {"file", shownSource(options.points)},
-                                {"output", output},
-                                {"part", part->number},
-                                {"parts", part->count}}));
+    report(options, output, Share{job.frame, *part}, paceSince(start, candidates), context);
     return Exit::done;
   }
-  const auto start = std::chrono::steady_clock::now();
   const auto experimental = zvm::experimentalOf(job.frame, zvm::runWhole(job, run));
-  const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
-  const Pace pace{passed.count(), candidates / std::max(passed.count(), 1e-9)};
+  const Pace pace = paceSince(start, candidates);
   MemorySink sink;
   zvm::composeExperimental(experimental, sink);
   context.save(output, std::move(sink.bytes));
-  if (context.common.json) {
-    Json report{
-        {"schema", "zvm.compute/1"}, {"file", shownSource(options.points)}, {"output", output}};
-    report.update(jsonOf(experimental, pace));
-    context.print(textOf(report));
-  } else if (toStdout) {
-    context.printBeside(textOf(experimental, pace));
-  } else {
-    context.print(textOf(experimental, pace));
-  }
+  report(options, output, experimental, pace, context);
   return Exit::done;
 }
 

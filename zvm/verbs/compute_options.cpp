@@ -61,10 +61,12 @@ std::vector<std::string> variableTexts(const ComputeOptions& options,
     const std::size_t sign = text.rfind('=');
     if (sign == std::string::npos)
       throw Failure(Exit::usage, "--name takes COLUMN=NAME, not `" + text + "`");
+    requireName("--name " + text, text.substr(sign + 1));
     names[requirePosition(text.substr(0, sign), options, columns)] = text.substr(sign + 1);
   }
+  const std::vector<std::string> given = splitAll(options.variables);
   for (std::size_t v = 0; v < names.size(); ++v)
-    names[v] = nameForFile(columns[v], names[v], !options.names.empty());
+    names[v] = nameForFile(given[v], names[v], !options.names.empty());
   return names;
 }
 
@@ -120,8 +122,8 @@ std::string outputOf(const ComputeOptions& options) {
 std::optional<Part> partOf(const ComputeOptions& options) {
   if (options.part.empty()) return std::nullopt;
   const auto numbers = split(options.part, '/');
-  const auto number = readNumber<std::uint64_t>(numbers.front());
-  const auto count = readNumber<std::uint64_t>(numbers.back());
+  const auto number = readNumber<std::uint32_t>(numbers.front());
+  const auto count = readNumber<std::uint32_t>(numbers.back());
   if (numbers.size() != 2 || !number || !count)
     refuseValue("--part", "I/N in whole numbers", options.part);
   const Part part{*number, *count};
@@ -131,16 +133,21 @@ std::optional<Part> partOf(const ComputeOptions& options) {
 }
 
 std::optional<zvm::Sample> sampleOf(const ComputeOptions& options) {
-  if (!options.sample && options.seed) throw Failure(Exit::usage, "--seed takes --sample");
-  if (!options.sample) return std::nullopt;
-  if (*options.sample < 2) throw Failure(Exit::usage, "--sample takes 2 points and more");
-  return zvm::Sample{*options.sample, options.seed.value_or(1)};
+  if (options.sample.empty() && !options.seed.empty())
+    throw Failure(Exit::usage, "--seed takes --sample");
+  if (options.sample.empty()) return std::nullopt;
+  const auto count = numberOf<std::uint64_t>(options.sample, "--sample");
+  if (count < 2) throw Failure(Exit::usage, "--sample takes 2 points and more");
+  return zvm::Sample{count,
+                     options.seed.empty() ? 1 : numberOf<std::uint64_t>(options.seed, "--seed")};
 }
 
 zvm::ReadOptions readOptionsOf(const ComputeOptions& options) {
   zvm::ReadOptions read;
   if (!options.format.empty()) read.format = choiceOf(options.format, "--format", kFormats);
   const bool hasGeometry = isSpatial(options.points, options.format, options.spatial);
+  if (!hasGeometry && options.spatial.isAny())
+    throw Failure(Exit::usage, "--layer, --where, --sql and --projected take a spatial source");
   read.x = coordinateOf(options.x, "--x", hasGeometry ? kEasting : nullptr);
   read.y = coordinateOf(options.y, "--y", hasGeometry ? kNorthing : nullptr);
   if (!options.z.empty()) read.z = options.z;
@@ -165,8 +172,10 @@ zvm::ReadOptions readOptionsOf(const ComputeOptions& options) {
 zvm::Plan planOf(const ComputeOptions& options) {
   zvm::Plan plan;
   plan.lags = {options.lag, options.lags, options.lagTolerance};
-  plan.zero = choiceOf(options.zero, "--zero", kZeros);
+  if (!options.zero.empty()) plan.zero = choiceOf(options.zero, "--zero", kZeros);
   if (!options.compat.empty()) plan.compat = choiceOf(options.compat, "--compat", kCompats);
+  if (plan.compat == zvm::Compat::gstat && options.zero == "skip")
+    throw Failure(Exit::usage, "gstat has pairs at the same place in the first class");
   for (const std::string& name : options.directions) {
     auto direction = zvm::directionOf(name);
     if (!direction) throw Failure(Exit::usage, "--dir takes \"AZ;DIP\", not `" + name + "`");

@@ -18,11 +18,10 @@ struct ComputeOptions {
   std::string points, output, outputOption;
   std::string format, x, y, z;
   std::vector<std::string> variables, logs, crosses, missing, names, directions;
-  std::string trim, part, title, compat, zero = "skip";
+  std::string trim, part, title, compat, zero, sample, seed;
   double lag = 0;
   std::int64_t lags = 0;
   std::optional<double> lagTolerance, tolerance, band, vband;
-  std::optional<std::uint64_t> sample, seed;
   SpatialOptions spatial;
 };
 

@@ -27,11 +27,46 @@ std::string fewIn(const std::vector<zvm::LagClass>& classes) {
   return text.empty() ? "-" : text;
 }
 
+using Rows = std::vector<std::vector<std::string>>;
+
+/// Behind the title, what became of the points.
+void addPoints(Rows& rows, const zvm::PointCounts& counts) {
+  rows.push_back({"points read", std::to_string(counts.read)});
+  rows.push_back({"without coordinates", std::to_string(counts.skipped)});
+  rows.push_back({"without a value", std::to_string(counts.unknown)});
+  rows.push_back({"used", std::to_string(counts.used)});
+  rows.push_back({"in the place of another", std::to_string(counts.duplicates)});
+}
+
+std::string rateText(const Pace& pace) { return std::to_string(std::llround(pace.pairsASecond)); }
+
+Json jsonOf(const zvm::PointCounts& counts) {
+  return {{"read", counts.read},
+          {"withoutCoordinates", counts.skipped},
+          {"withoutValue", counts.unknown},
+          {"used", counts.used},
+          {"duplicates", counts.duplicates}};
+}
+
+Json jsonOf(const zvm::Frame::Variable& variable) {
+  return {{"name", utf8Of(variable.name)},
+          {"cross", variable.isCross},
+          {"variance", variable.variance},
+          {"points", variable.points}};
+}
+
+Json directionsOf(const zvm::Frame& frame) {
+  Json directions = Json::array();
+  for (const zvm::Frame::Toward& direction : frame.directions)
+    directions.push_back(utf8Of(direction.name));
+  return directions;
+}
+
 }  // namespace
 
 std::string fewPairsText(const zvm::Experimental& experimental) {
   const zvm::Frame& frame = experimental.frame;
-  std::vector<std::vector<std::string>> rows{
+  Rows rows{
       {"direction", "variable", "classes with fewer than " + std::to_string(kFewPairs) + " pairs"}};
   for (std::size_t d = 0; d < frame.directions.size(); ++d)
     for (std::size_t v = 0; v < frame.variables.size(); ++v)
@@ -58,15 +93,9 @@ Json semivariogramsOf(const zvm::Experimental& experimental) {
 
 std::string textOf(const zvm::Experimental& experimental, const std::optional<Pace>& pace) {
   const zvm::Frame& frame = experimental.frame;
-  const zvm::PointCounts& counts = frame.counts;
-  std::vector<std::vector<std::string>> rows{
-      {"title", utf8Of(frame.title)},
-      {"points read", std::to_string(counts.read)},
-      {"without coordinates", std::to_string(counts.skipped)},
-      {"without a value", std::to_string(counts.unknown)},
-      {"used", std::to_string(counts.used)},
-      {"in the place of another", std::to_string(counts.duplicates)}};
-  if (pace) rows.push_back({"pairs a second", std::to_string(std::llround(pace->pairsASecond))});
+  Rows rows{{"title", utf8Of(frame.title)}};
+  addPoints(rows, frame.counts);
+  if (pace) rows.push_back({"pairs a second", rateText(*pace)});
   std::string text = table(rows);
   rows = {{"variable", "points", "pairs at one place"}};
   for (std::size_t v = 0; v < frame.variables.size(); ++v)
@@ -76,33 +105,49 @@ std::string textOf(const zvm::Experimental& experimental, const std::optional<Pa
   return text + '\n' + fewPairsText(experimental);
 }
 
+std::string textOf(const Share& share, const Pace& pace) {
+  const auto& [number, count] = share.part;
+  const std::string part = std::to_string(number) + " of " + std::to_string(count);
+  Rows rows{{"title", utf8Of(share.frame.title)},
+            {"part", number > share.frame.tasks ? part + ", all pairs are in others" : part}};
+  addPoints(rows, share.frame.counts);
+  rows.push_back({"pairs a second", rateText(pace)});
+  const std::string text = table(rows);
+  rows = {{"variable", "points"}};
+  for (const zvm::Frame::Variable& variable : share.frame.variables)
+    rows.push_back({utf8Of(variable.name), std::to_string(variable.points)});
+  return text + '\n' + table(rows);
+}
+
 Json jsonOf(const zvm::Experimental& experimental, const std::optional<Pace>& pace) {
   const zvm::Frame& frame = experimental.frame;
-  const zvm::PointCounts& counts = frame.counts;
-  Json variables = Json::array(), directions = Json::array();
+  Json variables = Json::array();
   for (std::size_t v = 0; v < frame.variables.size(); ++v) {
-    const zvm::Frame::Variable& variable = frame.variables[v];
-    variables.push_back({{"name", utf8Of(variable.name)},
-                         {"cross", variable.isCross},
-                         {"variance", variable.variance},
-                         {"points", variable.points},
-                         {"pairsAtOnePlace", experimental.zeroPairs[v]}});
+    variables.push_back(jsonOf(frame.variables[v]));
+    variables.back()["pairsAtOnePlace"] = experimental.zeroPairs[v];
   }
-  for (const zvm::Frame::Toward& direction : frame.directions)
-    directions.push_back(utf8Of(direction.name));
   Json report{{"title", utf8Of(frame.title)},
-              {"points",
-               {{"read", counts.read},
-                {"withoutCoordinates", counts.skipped},
-                {"withoutValue", counts.unknown},
-                {"used", counts.used},
-                {"duplicates", counts.duplicates}}},
+              {"points", jsonOf(frame.counts)},
               {"variables", variables},
-              {"directions", directions},
+              {"directions", directionsOf(frame)},
               {"semivariograms", semivariogramsOf(experimental)}};
   if (pace) report["seconds"] = pace->seconds;
   if (pace) report["pairsASecond"] = pace->pairsASecond;
   return report;
+}
+
+Json jsonOf(const Share& share, const Pace& pace) {
+  Json variables = Json::array();
+  for (const zvm::Frame::Variable& variable : share.frame.variables)
+    variables.push_back(jsonOf(variable));
+  return {{"part", share.part.number},
+          {"parts", share.part.count},
+          {"title", utf8Of(share.frame.title)},
+          {"points", jsonOf(share.frame.counts)},
+          {"variables", variables},
+          {"directions", directionsOf(share.frame)},
+          {"seconds", pace.seconds},
+          {"pairsASecond", pace.pairsASecond}};
 }
 
 }  // namespace zevfit::verbs

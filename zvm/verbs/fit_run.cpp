@@ -6,7 +6,6 @@
 #include <condition_variable>
 #include <exception>
 #include <mutex>
-#include <thread>
 
 #include "coreg/crosstest.h"
 #include "zvm/experimental/threads.h"
@@ -24,10 +23,8 @@ class Jobs {
       : count_(count), job_(std::move(job)) {}
 
   void run(unsigned threads, const std::function<void(double)>& progress) {
-    std::vector<std::jthread> workers;
     const std::size_t most = std::min<std::size_t>(std::max(1U, threads), count_);
-    zvm::startThreads(
-        most, [this] { work(); }, workers);
+    const auto workers = zvm::startThreads(most, [this] { work(); });
     std::unique_lock lock(mutex_);
     while (done_ < count_) {
       ended_.wait_for(lock, kBetween);

@@ -153,6 +153,7 @@ std::vector<std::string> fileNames(const exchange::Imported& imported, const Opt
   std::vector<std::string> names = from;
   for (const std::string& text : options.names) {
     const auto [old, name] = told(text, "--name takes NAME=NEW");
+    requireName("--name " + text, name);
     names[positionOf(old, from, options)] = name;
   }
   for (std::size_t i = 0; i < names.size(); ++i)

@@ -24,6 +24,8 @@ zvm::Experimental joined(const std::vector<std::string>& files, Context& context
     }
     streams.push_back(std::make_unique<std::ifstream>(openInput(file)));
     parts.emplace_back(*streams.back(), file);
+    // No more files are open than there are tasks, however many the parts.
+    if (!parts.back().hasTasks()) streams.back()->close();
   }
   return zvm::mergeParts(parts);
 }

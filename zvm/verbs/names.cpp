@@ -8,9 +8,13 @@
 
 namespace zevfit::verbs {
 
+void requireName(const std::string& option, const std::string& name) {
+  if (const auto refusal = zvm::nameRefusal(name))
+    throw Failure(Exit::usage, option + " can't stand in a variogram file: " + *refusal);
+}
+
 std::string titleAsTold(const std::string& title) {
-  if (const auto refusal = zvm::nameRefusal(title))
-    throw Failure(Exit::usage, "--title can't stand in a variogram file: " + *refusal);
+  requireName("--title", title);
   return *zvm::latin1Of(zvm::withoutBlanks(title));
 }
 

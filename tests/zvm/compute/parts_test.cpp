@@ -1,11 +1,13 @@
 // Threads and parts change no byte.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "tests/zvm/compute/samples.h"
+#include "zvm/experimental/moments.h"
 #include "zvm/experimental/part_file.h"
 #include "zvm/points/data_error.h"
 
@@ -87,6 +89,46 @@ TEST(Parts, AreRefusedWhereOneIsMissingTwiceThereOrOfAnotherRun) {
             "part1: a part of another computation than part0");
   EXPECT_EQ(refusal({first, partOf(job, 2, 4), third}),
             "part1: a part of another computation than part0");
+}
+
+std::uint64_t digestOf(const PointSet& points, const Plan& plan) {
+  return prepare(points, plan).frame.digest;
+}
+
+// Two values that change their signs leave number, mean and variance as they are.
+TEST(Parts, TellPointsWithOtherSignsApart) {
+  PointSet points = scattered(4, 1, false, anywhere);
+  points.values[0] = {1, -1, 2, -2};
+  PointSet turned = points;
+  turned.values[0] = {-1, 1, 2, -2};
+  EXPECT_EQ(momentsOf(points.values[0], points.values[0]).covariance,
+            momentsOf(turned.values[0], turned.values[0]).covariance);
+  EXPECT_NE(digestOf(points, planOf(0.2, 3)), digestOf(turned, planOf(0.2, 3)));
+}
+
+// What gstat counts depends on the order of the rows, what we count does not.
+TEST(Parts, TellRowsInAnotherOrderApartWhereItMatters) {
+  PointSet points = scattered(2, 1, true, anywhere);
+  PointSet turned = points;
+  for (auto* column : {&turned.x, &turned.y, &turned.z, &turned.values[0]})
+    std::ranges::reverse(*column);
+  Plan plan = planOf(0.2, 3);
+  EXPECT_EQ(digestOf(points, plan), digestOf(turned, plan));
+  plan.compat = Compat::gstat;
+  EXPECT_NE(digestOf(points, plan), digestOf(turned, plan));
+}
+
+TEST(Parts, WithoutATaskAreReadToTheirEnd) {
+  const Job job = prepare(scattered(20, 1, false, anywhere), planOf(0.2, 3));
+  ASSERT_EQ(job.tasks.size(), 1U);
+  EXPECT_GT(job.candidates(1, 2), 0U);
+  EXPECT_EQ(job.candidates(2, 2), 0U);
+  std::istringstream first(partOf(job, 1, 2)), second(partOf(job, 2, 2));
+  EXPECT_TRUE(PartReader(first, "1").hasTasks());
+  EXPECT_FALSE(PartReader(second, "2").hasTasks());
+  EXPECT_EQ(second.peek(), std::istream::traits_type::eof());
+  std::istringstream cut(partOf(job, 2, 2).substr(0, partOf(job, 2, 2).size() - 4));
+  EXPECT_THROW(PartReader(cut, "2"), DataError);
 }
 
 TEST(Parts, AreRefusedWhereTheyAreCutOrNoParts) {
