@@ -1,5 +1,5 @@
 // Reading and saving a full file, 40 variables by 20 directions by 1000 classes, beside bare loops
-// of number conversions over the same bytes and numbers. Each is to reach 0.6 of their speed.
+// of number conversions over the same bytes and numbers.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// The memory of reading a full file: to be no more than the file and twice the tables.
+// The memory of reading a full file, beside the file and twice the tables.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 

@@ -177,8 +177,10 @@ void OutputFile::write(std::string_view bytes) {
 
 void OutputFile::flush() {
   // What failed once is not tried again when the file is closed.
-  const std::string bytes = std::exchange(buffer_, {});
+  std::string bytes = std::exchange(buffer_, {});
   writeAll(descriptor_, bytes);
+  bytes.clear();
+  buffer_ = std::move(bytes);  // with its room
 }
 
 void OutputFile::close() {

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "session/short_decimal.h"
+
 namespace zevfit {
 
 /// The value of a number token: 0 for an empty one; nothing where it is a text.
@@ -57,7 +59,9 @@ class TokenStream {
     while (at_ < bytes_.size() && (isBlank(bytes_[at_]) || isLineEnd(bytes_[at_]))) ++at_;
   }
   void skipDelimiter() {
-    while (at_ < bytes_.size() && isBlank(bytes_[at_])) ++at_;
+    std::size_t at = at_;
+    while (at < bytes_.size() && isBlank(bytes_[at])) ++at;
+    at_ = at;
     if (at_ == bytes_.size()) return;
     const char delimiter = bytes_[at_];
     if (isLineEnd(delimiter)) return skipLineEnd();
@@ -82,6 +86,12 @@ std::optional<Number> TokenStream::plainNumber() {
   const char* first = bytes_.data() + at_;
   const char* last = bytes_.data() + bytes_.size();
   Number value = 0;
+  const char* const behind = shortDecimal(first, last, value);
+  if (behind != nullptr && (behind == last || endsNumber(*behind))) {
+    at_ = static_cast<std::size_t>(behind - bytes_.data());
+    skipDelimiter();
+    return value;
+  }
   const auto read = std::from_chars(first, last, value);
   // What is read as an infinity or as no number at all is a text here.
   if (read.ec != std::errc() || !std::isfinite(value)) return std::nullopt;

@@ -6,9 +6,11 @@
 #include <cmath>
 #include <cstdlib>
 #include <limits>
+#include <type_traits>
 
 #include "session/decimal.h"
 #include "session/fault.h"
+#include "session/short_decimal.h"
 
 namespace zevfit {
 namespace {
@@ -80,6 +82,67 @@ char* withoutDigits(char* end, std::ptrdiff_t excess) {
   return end;
 }
 
+using DigitPairs = std::array<std::array<char, 2>, 100>;
+
+constexpr DigitPairs kDigitPairs = [] {
+  DigitPairs pairs{};
+  for (std::size_t i = 0; i < pairs.size(); ++i)
+    pairs[i] = {static_cast<char>('0' + i / 10), static_cast<char>('0' + i % 10)};
+  return pairs;
+}();
+
+// A number below 100,000,000, with zeros in front.
+char* writeEight(char* at, std::uint64_t number) {
+  const std::uint64_t left = number / 10'000, right = number % 10'000;
+  for (const std::uint64_t pair : {left / 100, left % 100, right / 100, right % 100})
+    at = std::copy(kDigitPairs[pair].begin(), kDigitPairs[pair].end(), at);
+  return at;
+}
+
+// A number below 1e16 as digits behind the point, without the zeros behind.
+char* writeDecimals(char* at, std::uint64_t number) {
+  constexpr std::uint64_t kEight = 100'000'000;
+  at = writeEight(at, number / kEight);
+  if (number % kEight != 0) at = writeEight(at, number % kEight);
+  while (at[-1] == '0') --at;
+  return at;
+}
+
+// Decimals that make fifteen digits of a fraction from 1e-4 to 1e15, zeros behind the point
+// besides.
+std::size_t decimalsOf(double size) {
+  constexpr std::array<double, 18> kEdges{1e-3, 1e-2, 1e-1, 1e0, 1e1,  1e2,  1e3,  1e4,  1e5,
+                                          1e6,  1e7,  1e8,  1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
+  std::size_t decimals = kEdges.size();
+  for (const double edge : kEdges) {
+    if (size < edge) return decimals;
+    --decimals;
+  }
+  return decimals;
+}
+
+// Such a fraction, `whole` what stands in front of its point. Its fifteen digits are a product that
+// is off by at most a sixteenth; nothing where that might decide how they are rounded, nor where
+// they carry over the point.
+char* writeByProduct(char* at, char* last, double size, std::int64_t whole) {
+  constexpr auto& kTens = ExactPowers<double>::kTens;
+  constexpr std::size_t kDecimalsWritten = 16;
+  constexpr std::int64_t kMostDigits = 1'000'000'000'000'000;
+  const std::size_t decimals = decimalsOf(size);
+  const double product = size * kTens[decimals];
+  const auto digits = static_cast<std::int64_t>(product + 0.5);
+  const auto unit = static_cast<std::int64_t>(kTens[decimals]);
+  const std::int64_t fraction = digits - whole * unit;
+  if (std::abs(product - static_cast<double>(digits)) > 0.4) return nullptr;
+  if (fraction <= 0 || fraction >= unit || digits >= kMostDigits) return nullptr;
+  at = std::to_chars(at, last, whole).ptr;
+  *at++ = '.';
+  const std::size_t significant = std::min(decimals, std::size_t{kDoubleDigits});
+  at = std::fill_n(at, decimals - significant, '0');
+  const auto shift = static_cast<std::uint64_t>(kTens[kDecimalsWritten - significant]);
+  return writeDecimals(at, static_cast<std::uint64_t>(fraction) * shift);
+}
+
 // The short way for most numbers: the shortest text, where its form is the plain one. Nothing for
 // all others.
 template <class T>
@@ -89,6 +152,8 @@ char* writeUsual(NumberBuffer& buffer, char* at, T size) {
   const auto whole = static_cast<std::int64_t>(size);
   if (static_cast<T>(whole) == size) return std::to_chars(at, last, whole).ptr;
   if (size < static_cast<T>(1e-4)) return nullptr;
+  if constexpr (std::is_same_v<T, double>)
+    if (char* const end = writeByProduct(at, last, size, whole)) return end;
   char* const end = std::to_chars(at, last, size, std::chars_format::fixed).ptr;
   const std::ptrdiff_t excess = significantDigits(at, end, size) - kDigits<T>;
   return excess > 0 ? withoutDigits(end, excess) : end;

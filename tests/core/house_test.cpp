@@ -63,7 +63,7 @@ const std::vector<Rule> kRules{
      {"zvm/exchange", "zvm/experimental", "zvm/points", "session"},
      kStandard},
     {"zvm/exchange/", {"zvm/exchange", "session", "model", "files"}, {Kind::standard, Kind::other}},
-    {"zvm/points/", {"zvm/points"}, kStandard},
+    {"zvm/points/", {"zvm/points", "session/short_decimal.h"}, kStandard},
     {"zvm/experimental/", {"zvm/experimental", "zvm/points", "session", "files"}, kStandard},
     {"zvm/plotting/",
      {"zvm/plotting", "zvm/experimental/surface_map.h", "session", "model", "files", "plot"},

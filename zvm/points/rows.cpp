@@ -1,11 +1,11 @@
 #include "zvm/points/rows.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
 
+#include "session/short_decimal.h"
 #include "zvm/points/data_error.h"
 
 namespace zevfit::zvm {
@@ -22,35 +22,6 @@ const char* behindQuotes(const char* at, const char* end) {
     ++at;
   }
   return end;
-}
-
-/// Behind digits, which it takes into a whole number, with how many there are.
-const char* takeDigits(const char* at, const char* end, std::uint64_t& number, int& digits) {
-  for (; at != end && *at >= '0' && *at <= '9'; ++at, ++digits)
-    number = number * 10 + static_cast<std::uint64_t>(*at - '0');
-  return at;
-}
-
-/// A decimal of at most fifteen digits without exponent, as most are: two whole numbers that a
-/// double holds exactly, whose quotient is therefore rounded as the decimal itself would be
-/// (Clinger, "How to read floating point numbers accurately", 1990). Nothing for any other text.
-const char* shortDecimal(const char* at, const char* end, double& value) {
-  constexpr std::ptrdiff_t kMostBytes = 17;  // a sign and a point among them
-  constexpr int kMostDigits = 15;
-  constexpr std::array<double, kMostDigits + 1> kPowers{
-      1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-  const char* const last = end - at > kMostBytes + 1 ? at + kMostBytes + 1 : end;
-  const bool isNegative = at != last && *at == '-';
-  if (isNegative) ++at;
-  std::uint64_t number = 0;
-  int digits = 0, decimals = 0;
-  at = takeDigits(at, last, number, digits);
-  if (at != last && *at == '.') at = takeDigits(at + 1, last, number, decimals);
-  digits += decimals;
-  if (digits == 0 || digits > kMostDigits) return nullptr;
-  const double quotient = static_cast<double>(number) / kPowers[static_cast<std::size_t>(decimals)];
-  value = isNegative ? -quotient : quotient;
-  return at;
 }
 
 }  // namespace
