@@ -65,8 +65,7 @@ Json failureReport(const std::string& path, const Failure& failure) {
 
 /// The worst of all files; one that can't be read does not keep the others from being checked.
 Exit checkAll(const std::vector<std::string>& paths, Context& context) {
-  if (std::ranges::count(paths, kStandardStream) > 1)
-    throw Failure(Exit::usage, "stdin is there twice: it can be read once");
+  if (std::ranges::count(paths, kStandardStream) > 1) throw Failure(Exit::usage, kStdinTwice);
   Exit worst = Exit::done;
   Json files = Json::array();
   for (const std::string& path : paths) {

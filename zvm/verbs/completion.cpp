@@ -47,7 +47,8 @@ std::vector<std::string> valuesOf(const std::string& type) {
 }
 
 OptionWords wordsOf(const CLI::Option& option) {
-  const std::string type = option.get_type_name(), text = option.get_description();
+  const std::string type = option.get_type_name();
+  const std::string& text = option.get_description();
   OptionWords words;
   words.values = valuesOf(type);
   words.takesValue = option.get_expected_max() > 0;

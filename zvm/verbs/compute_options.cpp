@@ -120,11 +120,10 @@ std::string outputOf(const ComputeOptions& options) {
 std::optional<Part> partOf(const ComputeOptions& options) {
   if (options.part.empty()) return std::nullopt;
   const auto numbers = split(options.part, '/');
-  const auto number = readNumber<std::uint64_t>(numbers.front());
-  const auto count = readNumber<std::uint64_t>(numbers.back());
-  if (numbers.size() != 2 || !number || !count)
-    refuseValue("--part", "I/N in whole numbers", options.part);
-  const Part part{*number, *count};
+  if (numbers.size() != 2)
+    throw Failure(Exit::usage, "--part takes I/N, not `" + options.part + "`");
+  const Part part{numberOf<std::uint64_t>(numbers[0], "--part"),
+                  numberOf<std::uint64_t>(numbers[1], "--part")};
   if (part.number < 1 || part.number > part.count)
     throw Failure(Exit::usage, "there is no part " + options.part);
   return part;

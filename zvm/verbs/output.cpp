@@ -251,6 +251,8 @@ void exitOnSignals() {
     if (::sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN)
       ::sigaction(signal, &action, nullptr);
   }
+  // A file beyond the limit of the user is told as any write that fails, and leaves nothing.
+  std::signal(SIGXFSZ, SIG_IGN);
 }
 
 }  // namespace zevfit::verbs

@@ -30,7 +30,8 @@ void writeOutput(const PendingFile& file, bool overwrite);
 /// Writes several files so: where one can't be made none of them is there.
 void writeOutputs(std::span<const PendingFile> files, bool overwrite);
 
-/// From here on the signals that ask for the end exit with the code of an interruption.
+/// From here on the signals that ask for the end exit with the code of an interruption, and a file
+/// beyond the limit of the user fails as any write does.
 void exitOnSignals();
 
 }  // namespace zevfit::verbs
