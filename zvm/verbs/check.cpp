@@ -24,8 +24,7 @@ std::string excerpt(std::string_view line, std::size_t column) {
   const std::size_t at = column - 1;
   const std::size_t first =
       line.size() <= kShownBytes || at < kShownBytes / 2 ? 0 : at - kShownBytes / 2;
-  const std::string shown =
-      checking::withoutControls(line.substr(first, kShownBytes), checking::Tabs::kept);
+  const std::string shown = checking::withoutControls(line.substr(first, kShownBytes));
   std::string blanks = shown.substr(0, at - first);
   std::ranges::replace_if(
       blanks, [](char c) { return c != '\t'; }, ' ');
