@@ -282,6 +282,17 @@ TEST(Findings, OfAFileOnOneLineHaveTheColumnOfTheirToken) {
             Findings{"1:26: error: `x` in place of the semivariance of class 1 of `v` in `0;0`"});
 }
 
+TEST(Findings, NameControlCharactersAndShowBlanks) {
+  const std::string bytes =
+      kData.with(4, std::string("zi\x1B") + "nc").with(10, "10 \x01 40").bytes();
+  const std::string text = "in place of the semivariance of class 1 of `zi\\x1Bnc` in `0;0`";
+  EXPECT_NE(
+      ran({"check", "-"}, bytes).out.find("-:10:4: error: `\\x01` " + text + "\n10   40\n   ^\n"),
+      std::string::npos)
+      << ran({"check", "-"}, bytes).out;
+  EXPECT_EQ(ran({"info", "-"}, bytes).err, "zvm: error: -:10:4: `\\x01` " + text + "\n");
+}
+
 TEST(Findings, ContentIsWhatTheFileHolds) {
   const auto content = checking::checkFile(kModel.bytes()).content;
   EXPECT_EQ(content.title, "t");

@@ -48,7 +48,7 @@ bool isOneToken(std::string_view text) {
 }  // namespace
 
 std::string shown(std::string_view text) {
-  const std::string cut = withoutControls(text.substr(0, kLongestShown), Tabs::blanks);
+  const std::string cut(text.substr(0, kLongestShown));
   return '`' + cut + (text.size() > kLongestShown ? "...`" : "`");
 }
 

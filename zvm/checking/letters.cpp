@@ -26,9 +26,9 @@ bool isControl(char letter) {
   return code < 0x20 || (code >= 0x7F && code < 0xA0);
 }
 
-std::string withoutControls(std::string_view latin1, Tabs tabs) {
+std::string withoutControls(std::string_view latin1) {
   std::string text(latin1);
-  const auto goes = [tabs](char c) { return isControl(c) && !(c == '\t' && tabs == Tabs::kept); };
+  const auto goes = [](char c) { return isControl(c) && c != '\t'; };
   std::ranges::replace_if(text, goes, ' ');
   return text;
 }

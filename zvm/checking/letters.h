@@ -8,9 +8,8 @@ namespace zevfit::checking {
 /// A byte of Latin-1 that is no letter but steers a terminal or a printer.
 bool isControl(char letter);
 
-/// The same with blanks in place of control characters, tabs kept or not.
-enum class Tabs { kept, blanks };
-std::string withoutControls(std::string_view latin1, Tabs tabs);
+/// The same with blanks in place of control characters but tabs.
+std::string withoutControls(std::string_view latin1);
 
 /// The first character of a text in UTF-8; empty where the text is empty or begins with what is no
 /// UTF-8 (RFC 3629).

@@ -24,8 +24,7 @@ std::string excerpt(std::string_view line, std::size_t column) {
   const std::size_t at = column - 1;
   const std::size_t first =
       line.size() <= kShownBytes || at < kShownBytes / 2 ? 0 : at - kShownBytes / 2;
-  const std::string shown =
-      checking::withoutControls(line.substr(first, kShownBytes), checking::Tabs::kept);
+  const std::string shown = checking::withoutControls(line.substr(first, kShownBytes));
   std::string blanks = shown.substr(0, at - first);
   std::ranges::replace_if(
       blanks, [](char c) { return c != '\t'; }, ' ');
@@ -65,8 +64,7 @@ Json failureReport(const std::string& path, const Failure& failure) {
 
 /// The worst of all files; one that can't be read does not keep the others from being checked.
 Exit checkAll(const std::vector<std::string>& paths, Context& context) {
-  if (std::ranges::count(paths, kStandardStream) > 1)
-    throw Failure(Exit::usage, "stdin is there twice: it can be read once");
+  if (std::ranges::count(paths, kStandardStream) > 1) throw Failure(Exit::usage, kStdinTwice);
   Exit worst = Exit::done;
   Json files = Json::array();
   for (const std::string& path : paths) {

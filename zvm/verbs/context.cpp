@@ -7,6 +7,12 @@
 
 namespace zevfit::verbs {
 
+std::istream& Context::in() {
+  if (isInTaken_) throw Failure(Exit::usage, kStdinTwice);
+  isInTaken_ = true;
+  return in_;
+}
+
 void Context::message(std::string_view kind, std::string_view text) {
   err_ << "zvm: " << kind << ": " << terminalText(text) << '\n' << std::flush;
 }

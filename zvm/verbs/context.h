@@ -48,7 +48,8 @@ class Context {
 
   Common common;
 
-  std::istream& in() { return in_; }
+  /// Stdin, which can be read once: throws Failure for a second time.
+  std::istream& in();
 
   /// More for stdout, which is written at the end of the run, all or nothing.
   void print(std::string_view text) { printed_ += text; }
@@ -71,6 +72,7 @@ class Context {
   void message(std::string_view kind, std::string_view text);
 
   std::istream& in_;
+  bool isInTaken_ = false;
   std::ostream& err_;
   std::string printed_;
   std::vector<PendingFile> pending_;
@@ -78,5 +80,6 @@ class Context {
 
 /// The name that stands for stdin and stdout.
 inline constexpr std::string_view kStandardStream = "-";
+inline constexpr const char* kStdinTwice = "stdin is there twice: it can be read once";
 
 }  // namespace zevfit::verbs
