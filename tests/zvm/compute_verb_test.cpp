@@ -123,7 +123,12 @@ TEST_F(ComputeVerb, PartsJoinToTheSameFile) {
   const Ran missing = ran({"merge", path("2"), path("other.zvm")});
   EXPECT_EQ(missing.code, 3);
   EXPECT_EQ(missing.err, "zvm: error: part 1 of 2 is missing\n");
-  EXPECT_EQ(ran({"merge", path("1"), path("none"), path("other.zvm")}).code, 4);
+  const std::string none = path("none"), noPart = write("a.csv", "x,y\n");
+  const Ran bad = ran({"merge", noPart, none, path("1"), noPart, path("other.zvm")});
+  EXPECT_EQ(bad.code, 4);
+  const std::string isNone = "zvm: error: " + noPart + ":1: this is no part of a computation\n";
+  EXPECT_EQ(bad.err,
+            isNone + isNone + "zvm: error: cannot read " + none + ": No such file or directory\n");
   EXPECT_EQ(ran({"merge", path("1"), path("2"), path("joined.zvm")}).code, 4);
   EXPECT_EQ(ran({"merge", path("1")}).code, 2);
 }
