@@ -318,6 +318,16 @@ TEST_F(ComputeVerb, NamesVariablesAndCrosses) {
   EXPECT_EQ(session.varname(3), "Zn-Pb");
 }
 
+TEST_F(ComputeVerb, TakesBlanksBehindTheCommasOfLists) {
+  EXPECT_EQ(square({path("a.zvm"), "--var", "lead, x", "--log", "zinc, lead", "--cross",
+                    "zinc:lead, x:zinc", "-q"})
+                .err,
+            "");
+  Session session;
+  ASSERT_TRUE(readVariogramFile(path("a.zvm"), session));
+  EXPECT_EQ(session.varname(5), "x-zinc");
+}
+
 // A name with outer blanks would stand in quotes, which a save drops.
 TEST_F(ComputeVerb, KeepsTheNamesOfDirectionsButForOuterBlanks) {
   EXPECT_EQ(square({path("a.zvm"), "--dir", " -45 ; 0 ", "--dir", "090;0.0", "-q"}).code, 0);

@@ -124,6 +124,14 @@ TEST_F(Program, TakesPipesAndStreams) {
   }
 }
 
+TEST_F(Program, ComputesFromPipesWithoutTheirNames) {
+  const std::string points = "printf 'x,y,v\\n0,0,1\\n0,1,2\\n' ";
+  const std::string rest = " - --x x --y y --var v --lag 1 --lags 2 2>report";
+  const Ran piped = shell(points + "| $zvm compute -" + rest);
+  EXPECT_EQ(piped.out.substr(0, piped.out.find('\r')), "Semivariograms");
+  EXPECT_EQ(shell("mkfifo 63; " + points + ">63 & $zvm compute 63" + rest).out, piped.out);
+}
+
 TEST_F(Program, HelpsOnStdout) {
   for (const char* line : {"$zvm --help", "$zvm --version", "$zvm info --help", "$zvm test --help",
                            "$zvm check --version", "$zvm completion bash", "$zvm completion zsh"}) {

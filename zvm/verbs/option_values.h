@@ -13,7 +13,7 @@ namespace zevfit::verbs {
 
 /// The texts between separators.
 std::vector<std::string> split(const std::string& text, char separator);
-/// The texts between commas of all lists.
+/// The texts between commas of all lists, without blanks around them, which no name has.
 std::vector<std::string> splitAll(const std::vector<std::string>& lists);
 
 /// A whole text as a number. `what` begins the message of the Failure for another one.
