@@ -123,7 +123,12 @@ TEST_F(ComputeVerb, PartsJoinToTheSameFile) {
   const Ran missing = ran({"merge", path("2"), path("other.zvm")});
   EXPECT_EQ(missing.code, 3);
   EXPECT_EQ(missing.err, "zvm: error: part 1 of 2 is missing\n");
-  EXPECT_EQ(ran({"merge", path("1"), path("none"), path("other.zvm")}).code, 4);
+  const std::string none = path("none"), noPart = write("a.csv", "x,y\n");
+  const Ran bad = ran({"merge", noPart, none, path("1"), noPart, path("other.zvm")});
+  EXPECT_EQ(bad.code, 4);
+  const std::string isNone = "zvm: error: " + noPart + ":1: this is no part of a computation\n";
+  EXPECT_EQ(bad.err,
+            isNone + isNone + "zvm: error: cannot read " + none + ": No such file or directory\n");
   EXPECT_EQ(ran({"merge", path("1"), path("2"), path("joined.zvm")}).code, 4);
   EXPECT_EQ(ran({"merge", path("1")}).code, 2);
 }
@@ -311,6 +316,16 @@ TEST_F(ComputeVerb, NamesVariablesAndCrosses) {
   EXPECT_EQ(session.varname(1), "Zn");
   EXPECT_EQ(session.varname(2), "Pb");
   EXPECT_EQ(session.varname(3), "Zn-Pb");
+}
+
+TEST_F(ComputeVerb, TakesBlanksBehindTheCommasOfLists) {
+  EXPECT_EQ(square({path("a.zvm"), "--var", "lead, x", "--log", "zinc, lead", "--cross",
+                    "zinc:lead, x:zinc", "-q"})
+                .err,
+            "");
+  Session session;
+  ASSERT_TRUE(readVariogramFile(path("a.zvm"), session));
+  EXPECT_EQ(session.varname(5), "x-zinc");
 }
 
 // A name with outer blanks would stand in quotes, which a save drops.

@@ -78,9 +78,11 @@ TEST_F(Program, TellsWhatIsWrong) {
       {"$zvm compute . made.zvm --format csv --x x --y y --var v --lag 1 --lags 2", 4,
        "zvm: error: cannot read .: Is a directory\n"},
       {"$zvm merge none1 none2 made.zvm", 4,
-       "zvm: error: cannot read none1: No such file or directory\n"},
+       "zvm: error: cannot read none1: No such file or directory\n"
+       "zvm: error: cannot read none2: No such file or directory\n"},
       {"$zvm merge good.zvm/in none2 made.zvm", 4,
-       "zvm: error: cannot read good.zvm/in: Not a directory\n"},
+       "zvm: error: cannot read good.zvm/in: Not a directory\n"
+       "zvm: error: cannot read none2: No such file or directory\n"},
       {"$zvm test good.zvm --primary zink --secondary zinc", 3,
        "zvm: error: no variable `zink` in good.zvm; there are zinc\n"},
   };
@@ -96,9 +98,10 @@ TEST_F(Program, TellsWhatIsWrong) {
 TEST_F(Program, WorksWithoutRoomForThreads) {
   // A stack that no address space holds.
   const std::string limit = "ulimit -s 200000000000 || exit 77; ";
-  for (const std::string line : {"printf 'x,y,v\\n0,0,1\\n0,1,2\\n1,1,4\\n' | "
-                                 "$zvm compute - - --x x --y y --var v --lag 1 --lags 2 2>report",
-                                 "$zvm fit good.zvm -"}) {
+  const std::string points = "printf 'x,y,v\\n0,0,1\\n0,1,2\\n1,1,4\\n' | ";
+  for (const std::string& line :
+       {points + "$zvm compute - - --x x --y y --var v --lag 1 --lags 2 2>report",
+        std::string("$zvm fit good.zvm -")}) {
     const Ran with = shell(line), without = shell(limit + line);
     ASSERT_NE(without.code, 77) << "the size of stacks is limited";
     EXPECT_EQ(without.code, with.code) << without.err;
@@ -134,6 +137,14 @@ TEST_F(Program, ReadsStdinOnce) {
     EXPECT_EQ(run.err, "zvm: error: stdin is there twice: it can be read once\n") << line;
     EXPECT_EQ(run.out, "") << line;
   }
+}
+
+TEST_F(Program, ComputesFromPipesWithoutTheirNames) {
+  const std::string points = "printf 'x,y,v\\n0,0,1\\n0,1,2\\n' ";
+  const std::string rest = " - --x x --y y --var v --lag 1 --lags 2 2>report";
+  const Ran piped = shell(points + "| $zvm compute -" + rest);
+  EXPECT_EQ(piped.out.substr(0, piped.out.find('\r')), "Semivariograms");
+  EXPECT_EQ(shell("mkfifo 63; " + points + ">63 & $zvm compute 63" + rest).out, piped.out);
 }
 
 TEST_F(Program, HelpsOnStdout) {

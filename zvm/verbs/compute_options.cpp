@@ -1,6 +1,8 @@
 #include "zvm/verbs/compute_options.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 #include "zvm/points/names.h"
 #include "zvm/verbs/add_option.h"
@@ -222,8 +224,12 @@ std::vector<zvm::Pairing> pairingsOf(const ComputeOptions& options,
 }
 
 std::string titleOf(const ComputeOptions& options) {
-  return options.title.empty() ? titleOfSource(titleNameOf(options.points, options.spatial))
-                               : titleAsTold(options.title);
+  if (!options.title.empty()) return titleAsTold(options.title);
+  // What a shell calls a pipe, such as /dev/fd/63, says nothing.
+  std::error_code unknown;
+  if (std::filesystem::is_fifo(options.points, unknown))
+    return titleOfSource(std::string(kStandardStream));
+  return titleOfSource(titleNameOf(options.points, options.spatial));
 }
 
 }  // namespace zevfit::verbs

@@ -46,7 +46,7 @@ zvm::Plan planOf(const ComputeOptions& options);
 std::vector<zvm::Pairing> pairingsOf(const ComputeOptions& options,
                                      const std::vector<std::string>& names);
 
-/// In Latin-1; where none is given, of the name of the file.
+/// In Latin-1; where none is given, of the name of the file, which a pipe has none of.
 std::string titleOf(const ComputeOptions& options);
 
 }  // namespace zevfit::verbs

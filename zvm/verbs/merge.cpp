@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <fstream>
 #include <memory>
 #include <optional>
@@ -5,29 +6,55 @@
 #include <vector>
 
 #include "zvm/experimental/part_file.h"
-#include "zvm/points/data_error.h"
 #include "zvm/verbs/compute_report.h"
 #include "zvm/verbs/input.h"
 #include "zvm/verbs/output.h"
+#include "zvm/verbs/points_input.h"
 #include "zvm/verbs/verb.h"
 
 namespace zevfit::verbs {
 namespace {
 
-zvm::Experimental joined(const std::vector<std::string>& files, Context& context) {
-  std::vector<std::unique_ptr<std::ifstream>> streams;
-  std::vector<zvm::PartReader> parts;
-  for (const std::string& file : files) {
+bool lessBad(const Failure& one, const Failure& other) { return one.code() < other.code(); }
+
+/// The parts, and the files that they are read from.
+class Parts {
+ public:
+  explicit Parts(Context& context) : context_(context) {}
+
+  void open(const std::string& file) {
     if (file == kStandardStream) {
-      parts.emplace_back(context.in(), "stdin");
-      continue;
+      parts_.emplace_back(context_.in(), "stdin");
+      return;
     }
-    streams.push_back(std::make_unique<std::ifstream>(openInput(file)));
-    parts.emplace_back(*streams.back(), file);
+    streams_.push_back(std::make_unique<std::ifstream>(openInput(file)));
+    parts_.emplace_back(*streams_.back(), file);
     // No more files are open than there are tasks, however many the parts.
-    if (!parts.back().hasTasks()) streams.back()->close();
+    if (!parts_.back().hasTasks()) streams_.back()->close();
   }
-  return zvm::mergeParts(parts);
+
+  zvm::Experimental joined() { return zvm::mergeParts(parts_); }
+
+ private:
+  Context& context_;
+  std::vector<std::unique_ptr<std::ifstream>> streams_;
+  std::vector<zvm::PartReader> parts_;
+};
+
+/// Every file that is no part is told; the worst of them ends the run.
+zvm::Experimental joined(const std::vector<std::string>& files, Context& context) {
+  Parts parts(context);
+  std::optional<Failure> worst;
+  for (const std::string& file : files) try {
+      guarded([&] { parts.open(file); });
+    } catch (const Failure& failure) {
+      const Failure before = worst.value_or(failure);
+      const auto& [less, more] = std::minmax(before, failure, lessBad);
+      if (worst) context.error(less.what());
+      worst = more;
+    }
+  if (worst) throw Failure(*worst);
+  return parts.joined();
 }
 
 Exit runMerge(std::vector<std::string> files, Context& context) {
@@ -61,15 +88,7 @@ Run declareMerge(CLI::App& app) {
   app.add_option("PART... OUT", *files, "The parts, and the variogram file to write")
       ->required()
       ->type_name("");
-  return [files](Context& context) {
-    try {
-      return runMerge(*files, context);
-    } catch (const zvm::DataError& error) {
-      throw Failure(Exit::data, error.what());
-    } catch (const zvm::ReadError& error) {
-      throw Failure(Exit::file, error.what());
-    }
-  };
+  return [files](Context& context) { return guarded([&] { return runMerge(*files, context); }); };
 }
 
 }  // namespace zevfit::verbs

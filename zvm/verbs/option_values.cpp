@@ -1,5 +1,7 @@
 #include "zvm/verbs/option_values.h"
 
+#include "zvm/points/field.h"
+
 namespace zevfit::verbs {
 
 std::vector<std::string> split(const std::string& text, char separator) {
@@ -15,7 +17,7 @@ std::vector<std::string> split(const std::string& text, char separator) {
 std::vector<std::string> splitAll(const std::vector<std::string>& lists) {
   std::vector<std::string> all;
   for (const std::string& list : lists)
-    for (const std::string& one : split(list, ',')) all.push_back(one);
+    for (const std::string& one : split(list, ',')) all.emplace_back(zvm::withoutBlanks(one));
   return all;
 }
 

@@ -16,7 +16,7 @@ namespace zevfit::verbs {
 
 /// The texts between separators.
 std::vector<std::string> split(const std::string& text, char separator);
-/// The texts between commas of all lists.
+/// The texts between commas of all lists, without blanks around them, which no name has.
 std::vector<std::string> splitAll(const std::vector<std::string>& lists);
 
 /// Throws Failure: "WHAT takes KIND, not `TEXT`".
