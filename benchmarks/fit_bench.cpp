@@ -8,13 +8,13 @@
 #include <thread>
 #include <vector>
 
+#include "benchmarks/full_file.h"
 #include "fitting/fit.h"
-#include "fitting/write.h"
 
 namespace zevfit::fitting {
 namespace {
 
-constexpr int kVariables = 40, kDirections = 20, kClasses = 20;
+constexpr int kClasses = 20;
 
 /// Deviations of some percent, without a random number.
 double deviation(int v, int d, int lag) {
@@ -35,23 +35,6 @@ void fillClasses(Session& session, Pair pair) {
   }
 }
 
-Session fullSession() {
-  Session session;
-  session.nvar = kVariables;
-  session.ndir = kDirections;
-  session.nclass = kClasses;
-  session.hlag.create(kClasses);
-  session.gam.create(kClasses);
-  session.npairs.create(kClasses);
-  resetFitState(session);
-  for (int d = 1; d <= kDirections; ++d) session.dirname(d) = std::to_string(9 * d) + ";0";
-  for (int v = 1; v <= kVariables; ++v) {
-    session.variance(v) = 1;
-    for (int d = 1; d <= kDirections; ++d) fillClasses(session, {v, d});
-  }
-  return session;
-}
-
 /// Every variable of a thread's share.
 void fitShare(const Session& session, std::int64_t first, std::int64_t step,
               std::vector<VariableFit>& fits) {
@@ -60,10 +43,10 @@ void fitShare(const Session& session, std::int64_t first, std::int64_t step,
 }
 
 void fitAll(benchmark::State& state) {
-  const Session session = fullSession();
+  const Session session = bench::fullSession(kClasses, fillClasses);
   const std::int64_t threads = state.range(0);
   for ([[maybe_unused]] const auto step : state) {
-    std::vector<VariableFit> fits(kVariables);
+    std::vector<VariableFit> fits(bench::kVariables);
     std::vector<std::jthread> running;
     for (std::int64_t t = 1; t <= threads; ++t)
       running.emplace_back([&, t] { fitShare(session, t, threads, fits); });

@@ -39,23 +39,26 @@ inline void fillClasses(Session& session, Pair pair) {
   }
 }
 
-inline Session fullSession() {
+/// All variables and directions with so many classes, which `fill` puts in for a pair.
+inline Session fullSession(int classes, void (*fill)(Session&, Pair)) {
   Session session;
   session.nvar = kVariables;
   session.ndir = kDirections;
-  session.nclass = kClasses;
-  session.hlag.create(kClasses);
-  session.gam.create(kClasses);
-  session.npairs.create(kClasses);
+  session.nclass = classes;
+  session.hlag.create(classes);
+  session.gam.create(classes);
+  session.npairs.create(classes);
   resetFitState(session);
   for (int d = 1; d <= kDirections; ++d) session.dirname(d) = std::to_string(9 * d) + ";0";
   for (int v = 1; v <= kVariables; ++v) {
     session.varname(v) = "variable " + std::to_string(v);
     session.variance(v) = 1;
-    for (int d = 1; d <= kDirections; ++d) fillClasses(session, {v, d});
+    for (int d = 1; d <= kDirections; ++d) fill(session, {v, d});
   }
   return session;
 }
+
+inline Session fullSession() { return fullSession(kClasses, fillClasses); }
 
 inline std::string fileOf(Session& session) {
   MemorySink memory;

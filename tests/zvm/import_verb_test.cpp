@@ -122,6 +122,33 @@ TEST_F(ImportVerb, PutsRowsOfGstatIntoTheirClasses) {
             " 25            0             0 \r\n 31            0.5           6 \r\n");
 }
 
+TEST_F(ImportVerb, TakesTablesOfRWithOtherSeparators) {
+  const std::string wanted =
+      "t\r\nzevlag\r\n 1 \r\nlog zinc\r\n 1 \r\n 2 \r\n0;0\r\n 1 \r\n"
+      " 9.5           1.5           4 \r\n 19            2             6 \r\n";
+  const char* const tables[] = {
+      // write.csv without and with names of rows, and write.csv2 of numbers without decimals.
+      "np,dist,gamma,dir.hor,dir.ver,id\n4,9.5,1.5,0,0,log zinc\n6,19,2,0,0,log zinc\n",
+      "\"\",\"np\",\"dist\",\"gamma\",\"dir.hor\",\"dir.ver\",\"id\"\n"
+      "\"1\",4,9.5,1.5,0,0,\"log zinc\"\n\"2\",6,19,2,0,0,\"log zinc\"\n",
+      "np;dist;gamma;dir.hor;dir.ver;id\r\n4;9.5;1.5;0;0;log zinc\r\n6;19;2;0;0;log zinc\r\n",
+      // write.table: names of rows have no heading, and blanks part fields.
+      "\"np\" \"dist\" \"gamma\" \"dir.hor\" \"dir.ver\" \"id\"\n"
+      "\"1\" 4 9.5 1.5 0 0 \"log zinc\"\n\"2\" 6 19 2 0 0 \"log zinc\"\n",
+      "\"np\" \"dist\" \"gamma\" \"dir.hor\" \"dir.ver\" \"id\"\n"
+      "4 9.5 1.5 0 0 \"log zinc\"\n6 19 2 0 0 \"log zinc\"\n",
+      "np\tdist\tgamma\tdir.hor\tdir.ver\tid\n1\t4\t9.5\t1.5\t0\t0\tlog zinc\n"
+      "2\t6\t19\t2\t0\t0\tlog zinc\n",
+      // As it is printed.
+      "  np dist gamma dir.hor dir.ver         id\n1  4  9.5   1.5       0       0 \"log zinc\"\n"
+      "2  6 19.0   2.0       0       0 \"log zinc\"\n",
+  };
+  for (const char* table : tables) {
+    const Ran run = imported("gstat", table, {"--width", "10", "--variance", "1=1"});
+    EXPECT_EQ(run.out, wanted) << table << run.err;
+  }
+}
+
 TEST_F(ImportVerb, NamesDirectionsOfGstatWithDipsDownward) {
   const std::string head = "np,dist,gamma,dir.hor,dir.ver,id\n";
   const struct {

@@ -14,8 +14,8 @@
 #include "zvm/points/records.h"
 #include "zvm/points/rows.h"
 
-// What write.csv makes of a gstatVariogram: np, dist, gamma, dir.hor, dir.ver and id, with or
-// without the names of the rows in front.
+// What write.csv or write.table makes of a gstatVariogram: np, dist, gamma, dir.hor, dir.ver and
+// id, with or without the names of the rows in front, which write.table gives no heading.
 
 namespace zevfit::exchange {
 namespace {
@@ -27,16 +27,50 @@ constexpr std::array<const char*, 2> kCloudColumns{"left", "right"};
 /// How far above an edge, in widths, a mean distance counts below it.
 constexpr double kEdge = 1e-9;
 
+/// Where fields end at one or more blanks or tabs.
+constexpr char kBlanks = ' ';
+
 struct Layout {
   std::array<std::size_t, kColumns.size()> columns{};
   std::size_t count = 0;
   char separator = ',';
+  std::size_t rowNames = 0;  ///< fields of a row in front of those that the header names
 };
+
+bool isBlank(char c) { return c == ' ' || c == '\t'; }
+
+/// Behind the field at a place that is no blank; blanks between quotes end none.
+std::size_t blankAfter(std::string_view line, std::size_t at) {
+  bool inQuotes = false;
+  for (; at < line.size() && (inQuotes || !isBlank(line[at])); ++at)
+    if (line[at] == '"') inQuotes = !inQuotes;
+  return at;
+}
+
+std::vector<std::string_view> fieldsOf(std::string_view line, char separator) {
+  if (separator != kBlanks) return zvm::fieldsOf(line, separator);
+  std::vector<std::string_view> fields;
+  for (std::size_t at = 0; at < line.size(); ++at) {
+    if (isBlank(line[at])) continue;
+    const std::size_t end = blankAfter(line, at);
+    fields.push_back(line.substr(at, end - at));
+    at = end;
+  }
+  return fields;
+}
+
+/// That of a table with separators, blanks where the header line has none.
+char separatorOf(std::string_view header) {
+  const char separator = zvm::separatorOf(header);
+  return zvm::fieldsOf(header, separator).size() > 1 ? separator : kBlanks;
+}
 
 Layout layoutOf(const zvm::Record& header, const std::string& file) {
   Layout layout;
-  layout.separator = zvm::separatorOf(header.text);
-  const std::vector<std::string> names = zvm::headerNames(header.text, layout.separator);
+  layout.separator = separatorOf(header.text);
+  std::vector<std::string> names;
+  for (const std::string_view field : fieldsOf(header.text, layout.separator))
+    names.push_back(zvm::unquoted(field));
   layout.count = names.size();
   for (const char* cloud : kCloudColumns)
     if (std::ranges::find(names, cloud) != names.end())
@@ -55,15 +89,15 @@ Layout layoutOf(const zvm::Record& header, const std::string& file) {
 }
 
 GstatRow rowOf(const zvm::Record& record, const Layout& layout, const std::string& file) {
-  const auto texts = zvm::fieldsOf(record.text, layout.separator);
-  if (texts.size() != layout.count)
-    throw zvm::DataError({file, record.line, 1}, "the row has " + std::to_string(texts.size()) +
-                                                     (texts.size() == 1 ? " field" : " fields") +
-                                                     ", the table " + std::to_string(layout.count) +
-                                                     " columns");
+  const auto texts = fieldsOf(record.text, layout.separator);
+  if (texts.size() != layout.count + layout.rowNames)
+    throw zvm::DataError({file, record.line, 1},
+                         "the row has " + std::to_string(texts.size()) +
+                             (texts.size() == 1 ? " field" : " fields") + ", the table " +
+                             std::to_string(layout.count + layout.rowNames) + " columns");
   std::array<ListedField, kColumns.size()> fields;
   for (std::size_t i = 0; i < fields.size(); ++i) {
-    const std::string_view text = texts[layout.columns[i]];
+    const std::string_view text = texts[layout.columns[i] + layout.rowNames];
     const auto column = static_cast<std::uint64_t>(text.data() - record.text.data()) + 1;
     fields[i] = {text, {file, record.line, column}};
   }
@@ -243,10 +277,15 @@ std::vector<GstatRow> readGstat(std::string_view bytes, const std::string& file)
   records.setQuotes(true);
   zvm::Record record;
   if (!records.next(record)) throw zvm::DataError({file}, "the file is empty");
-  const Layout layout = layoutOf(record, file);
+  Layout layout = layoutOf(record, file);
   std::vector<GstatRow> rows;
-  while (records.next(record))
-    if (!record.text.empty()) rows.push_back(rowOf(record, layout, file));
+  while (records.next(record)) {
+    if (record.text.empty()) continue;
+    // As R itself takes a table whose rows have one field more than its header.
+    if (rows.empty() && fieldsOf(record.text, layout.separator).size() == layout.count + 1)
+      layout.rowNames = 1;
+    rows.push_back(rowOf(record, layout, file));
+  }
   if (rows.empty()) throw zvm::DataError({file}, "the table has no rows");
   return rows;
 }

@@ -287,7 +287,7 @@ Run declareImport(CLI::App& app) {
   const AddEach addEach{app};
   add("SYSTEM", options->system, "Whose files they are", "gamv|gstat")->required();
   app.add_option("FILE... OUT", options->files,
-                 "Listings of gamv, or tables that R's write.csv made of gstat's variogram, - for "
+                 "Listings of gamv, or tables that R wrote of gstat's variogram, - for "
                  "stdin; and the variogram file to write, - for stdout")
       ->required()
       ->type_name("");

@@ -1,4 +1,4 @@
-# import.R ZVM FOLDER MEUSE: variograms of gstat, written by write.csv and imported, hold the classes of
+# import.R ZVM FOLDER MEUSE: variograms of gstat, written by R and imported, hold the classes of
 # the tables: distances and semivariances to the digits that are written, pairs counted once.
 suppressMessages({library(sp); library(gstat)})
 arguments <- commandArgs(trailingOnly = TRUE)
@@ -41,8 +41,8 @@ classes <- function() {
   rows[rows$np > 0, ]
 }
 
-compare <- function(what, peer, width, ...) {
-  write.csv(peer, table, ...)
+compare <- function(what, peer, width, ..., write = write.csv) {
+  write(peer, table, ...)
   bad <- function(text) {
     cat("FAULT", what, ":", text, "\n")
     faults <<- faults + 1
@@ -71,6 +71,18 @@ for (width in c(50, 100, 110)) {
 # Classes without pairs, and rows without names.
 sparse <- soil[seq(1, 155, by = 6), ]
 compare("sparse", variogram(log(zinc) ~ 1, sparse, cutoff = 1000, width = 20), 20, row.names = FALSE)
+# As write.table has it, whose names of rows have no heading.
+both <- variogram(metals, cutoff = 1500, width = 100, alpha = c(0, 90))
+for (sep in c(" ", ",", "\t", ";")) {
+  compare(paste0("write.table, parted by '", sep, "'"), both, 100, sep = sep, write = write.table)
+}
+compare("write.table without quotes and names", both, 100, quote = FALSE, row.names = FALSE, write = write.table)
+printed <- function(peer, file) {
+  sink(file)
+  print(as.data.frame(peer), digits = 15)
+  sink()
+}
+compare("print", both, 100, write = printed)
 # One class more and a shorter one at the cutoff.
 compare("cutoff", variogram(log(zinc) ~ 1, soil, cutoff = 1543.2, width = 100), 100)
 
