@@ -98,7 +98,7 @@ TEST_F(TutorialFit, MakesTheExample) {
     type("Textc0", values[0]);
     select("est2");
     type("Textc0", values[1]);
-    type("Texta", values.at(static_cast<std::size_t>(2 + d)));
+    type("Texta", values.at(2 + static_cast<std::size_t>(d)));
   });
   save();
   // In the next session a look brings the ranges to the steps of their sliders.
