@@ -8,7 +8,8 @@
 #             some long use
 # By name alone, for their time:
 #   core      the core, zvm and their tests on a build without Qt; saves that fail
-#   peers     R's gstat: experimental semivariograms; fits; semivariances, kriging and cokriging of exported models
+#   peers     R's gstat: experimental semivariograms; fits; semivariances, kriging and cokriging of exported models;
+#             the commands of the tutorial and of the pages beside it
 #   spatial   points from spatial files, and from a PostGIS server that the test starts
 #   windows   the windows and their tests on a plain build; the program as users build it
 #   tour      the session of `program`
@@ -32,7 +33,7 @@ asan         asan         zevfit_core_tests,zvm_tests,zevfit_window_tests,zevfit
 fuzz         asan         zevfit_fuzz fuzz
 program      program      zevfit_program_tests crash,desktop,wayland,tour,shortuse
 core         core         zevfit_core_tests,zvm_tests,zevfit_crash_tests core,zvm,house,crash
-peers        core         zevfit_exchange_cases,zevfit_fit_cases,zvm peers
+peers        asan         zevfit_exchange_cases,zevfit_fit_cases,zvm,zvm-plot peers
 spatial      core         zevfit_spatial_tests,zvm,zvm-ogr spatial
 windows      debug        zevfit_window_tests,zevfit_desktop_tests,zevfit_wayland_tests,zevfit_long_tests windows,desktop,wayland,shortuse
 windows      program      zevfit,zvm -
@@ -57,7 +58,8 @@ readonly every="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libqt6svg6 fonts-
   binutils libcli11-dev nlohmann-json3-dev python3"
 declare -rA packages=(
   [lint]="git clang clang-format clang-tidy shellcheck" [tidy]="libgdal-dev" [fuzz]="clang libclang-rt-14-dev"
-  [asan]="clang libclang-rt-14-dev mold" [fuzzcoverage]="clang libclang-rt-14-dev llvm-14" [peers]="r-cran-gstat"
+  [asan]="clang libclang-rt-14-dev mold" [fuzzcoverage]="clang libclang-rt-14-dev llvm-14" [peers]="r-cran-gstat parallel"
+  [pictures]="r-cran-gstat"
   [spatial]="libgdal-dev gdal-bin postgresql-15-postgis-3"
   [program]="xvfb xauth xclip weston qt6-wayland" [debug]="xvfb xauth xclip weston qt6-wayland" [coverage]="gcovr"
   [bench]="libbenchmark-dev libqcustomplot-dev xvfb xauth r-cran-gstat"

@@ -1,0 +1,77 @@
+"""What is taken from a page, and that a line which is not as printed is found."""
+
+import unittest
+
+import shown
+
+PAGE = """# A page
+
+```r one.R
+cat(1)
+
+cat(2)
+```
+
+    $ first --option \\
+      more
+    1 apple
+    ...
+    3 pears
+
+    last
+    $ second
+
+Text, and a command that is told, not run:
+
+    third
+
+```text
+$ fourth
+```
+"""
+
+
+class Steps(unittest.TestCase):
+    def test_are_files_and_commands_in_order(self):
+        self.assertEqual(shown.steps(PAGE), [
+            shown.File("one.R", "cat(1)\n\ncat(2)\n"),
+            shown.Command("first --option \\\n  more", ["1 apple", "...", "3 pears", "", "last"]),
+            shown.Command("second", []),
+        ])
+
+
+class Comparison(unittest.TestCase):
+    def same(self, page, printed, tolerance=0):
+        return shown.is_same(shown.lines(page), shown.lines(printed), tolerance)
+
+    def test_takes_what_is_shown(self):
+        self.assertTrue(self.same("a 1\nb 2", "a 1\nb 2"))
+        self.assertTrue(self.same("", ""))
+        self.assertTrue(self.same("a 1\nb 2", "a 1 \nb 2\n"))
+
+    def test_finds_any_line_that_is_not(self):
+        for changed in ("a 1\nb 3", "a 1", "a 1\nb 2\nc", "b 2\na 1", "a  1\nb 2", ""):
+            self.assertFalse(self.same(changed, "a 1\nb 2"), changed)
+
+    def test_points_stand_for_any_lines(self):
+        for page in ("...", "a\n...", "...\nd", "a\n...\nd", "a\nb\n...\nc\nd", "...\nb\n...\nd"):
+            self.assertTrue(self.same(page, "a\nb\nc\nd"), page)
+
+    def test_lines_around_points_count(self):
+        for page in ("b\n...", "...\nc", "a\n...\nb", "...\nc\n...\nb\n...", "a ..."):
+            self.assertFalse(self.same(page, "a\nb\nc\nd"), page)
+
+    def test_numbers_differ_by_the_tolerance_and_no_more(self):
+        self.assertTrue(self.same("error 0.3912345 -1.5e-3", "error 0.3912348 -0.0015", 1e-6))
+        self.assertFalse(self.same("error 0.391234", "error 0.391235", 1e-6))
+        self.assertFalse(self.same("error 0.3912345", "error -0.3912345", 1e-6))
+        self.assertFalse(self.same("error 0.3912345", "error 0.3912348"))
+
+    def test_the_text_around_numbers_counts(self):
+        self.assertFalse(self.same("error 1", "errors 1", 1e-6))
+        self.assertFalse(self.same("error 1 m", "error 1", 1e-6))
+        self.assertFalse(self.same("error 1 2", "error 1", 1e-6))
+
+
+if __name__ == "__main__":
+    unittest.main()
