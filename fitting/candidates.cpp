@@ -101,11 +101,9 @@ void refuseRanges(const Problem& problem, const Theta& theta, Tried& tried) {
   tried.refusal = "the ratio of ranges runs to its end: unbounded in a direction";
 }
 
-std::string refusalOf(const Choice& choice, const Tried& best, const Options& options) {
+std::string refusalOf(const Choice& choice, const Tried& best) {
   if (!choice.unbounded) return best.refusal;
-  const bool isAsked = std::ranges::count(options.forms, Form::power) > 0;
-  return "unbounded: the best range is at the grid's end, 4 times the largest distance" +
-         std::string(isAsked ? "" : "; a power form may do");
+  return "unbounded: the best range is at the grid's end, 4 times the largest distance";
 }
 
 }  // namespace zevfit::fitting

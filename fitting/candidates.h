@@ -76,6 +76,6 @@ void takeBetter(std::vector<Candidate>& best, std::vector<Candidate> others) {
 }
 
 /// Why nothing is offered.
-std::string refusalOf(const Choice& choice, const Tried& best, const Options& options);
+std::string refusalOf(const Choice& choice, const Tried& best);
 
 }  // namespace zevfit::fitting

@@ -5,17 +5,14 @@
 #include <cstdint>
 
 #include "fitting/candidates.h"
+#include "fitting/coregion_search.h"
 #include "fitting/elementary.h"
-#include "fitting/sill_matrices.h"
 #include "fitting/write.h"
 #include "session/fault.h"
 #include "session/policy.h"
 
 namespace zevfit::fitting {
 namespace {
-
-constexpr int kMostRounds = 50;
-constexpr double kSettled = 1e-6;
 
 /// A reason to refuse, told to the caller of the whole.
 struct Refused {
@@ -30,27 +27,31 @@ struct Block {
   std::size_t order = 0;
 };
 
+std::string nameOf(const FileTables& data, std::int64_t variable) {
+  return '`' + data.varname(variable) + '`';
+}
+
 double deviationOf(const FileTables& data, std::int64_t variable) {
   const double variance = data.variance(variable).number();
   if (!(variance > 0) || !std::isfinite(variance))
-    throw Refused{"variable " + std::to_string(variable) + " has no variance above 0"};
+    throw Refused{nameOf(data, variable) + " has no variance above 0"};
   return std::sqrt(variance);
 }
 
-std::size_t placeOf(const Coregion& coregion, std::int64_t variable) {
+std::size_t placeOf(const FileTables& data, const Coregion& coregion, std::int64_t variable) {
   const auto at = std::ranges::find(coregion.variables, variable);
   if (at == coregion.variables.end())
-    throw Refused{"variable " + std::to_string(variable) + " is none of those fitted together"};
+    throw Refused{nameOf(data, variable) + " is none of those fitted together"};
   return static_cast<std::size_t>(at - coregion.variables.begin());
 }
 
-void requireCrosses(const Coregion& coregion, const Places& places) {
+void requireCrosses(const FileTables& data, const Coregion& coregion, const Places& places) {
   for (std::size_t i = 0; i < coregion.variables.size(); ++i)
     for (std::size_t j = i + 1; j < coregion.variables.size(); ++j) {
       const auto count = std::ranges::count(places, std::pair(i, j));
       if (count == 1) continue;
-      throw Refused{"variables " + std::to_string(coregion.variables[i]) + " and " +
-                    std::to_string(coregion.variables[j]) + " have " +
+      throw Refused{nameOf(data, coregion.variables[i]) + " and " +
+                    nameOf(data, coregion.variables[j]) + " have " +
                     (count == 0 ? "no cross variable" : "more than one cross variable")};
     }
 }
@@ -67,11 +68,12 @@ Block blockOf(const FileTables& data, const Coregion& coregion) {
     deviations.push_back(deviationOf(data, variable));
   }
   for (const CrossVariable& cross : coregion.crosses) {
-    const std::size_t a = placeOf(coregion, cross.first), b = placeOf(coregion, cross.second);
+    const std::size_t a = placeOf(data, coregion, cross.first),
+                      b = placeOf(data, coregion, cross.second);
     block.variables.push_back(cross.cross);
     block.places.emplace_back(std::min(a, b), std::max(a, b));
   }
-  requireCrosses(coregion, block.places);
+  requireCrosses(data, coregion, block.places);
   for (const auto& [row, column] : block.places)
     block.scales.push_back(deviations[row] * deviations[column]);
   return block;
@@ -93,7 +95,7 @@ std::vector<Entry> entriesOf(const FileTables& data, const Block& block, const C
     own.cross = block.places[e].first != block.places[e].second;
     entries.push_back(entryOf(classes, own, block.scales[e]));
     if (entries.back().size() == 0)
-      throw Refused{"variable " + std::to_string(block.variables[e]) + " has no class with pairs"};
+      throw Refused{nameOf(data, block.variables[e]) + " has no class with pairs"};
   }
   shareUnits(entries);
   return entries;
@@ -122,49 +124,37 @@ class Drafts {
   Drafts(const Block& block, const Problem& problem, const Options& options, bool hasEllipse)
       : block_(block), problem_(problem), options_(options), hasEllipse_(hasEllipse) {}
 
-  std::vector<Draft> all() const {
+  std::vector<Draft> all(const Tell& whole) const {
     std::vector<Draft> drafts;
     std::vector<std::vector<Form>> sets = formSets(options_);
     std::erase_if(sets, [](const std::vector<Form>& set) {
       return std::ranges::count(set, Form::power) > 0;
     });
     if (sets.empty()) throw Refused{"a power form has no sills"};
-    for (const Found& found : search(problem_, sets, false)) drafts.push_back(draftOf(found));
+    const bool isReweighted = options_.weights == Weights::pairsOverModel2;
+    for (const FoundTogether& found :
+         searchTogether(problem_, block_.places, sets, isReweighted, whole))
+      drafts.push_back(draftOf(found));
     return drafts;
   }
 
  private:
-  Draft draftOf(const Found& found) const {
-    Problem problem = problem_;
-    const SillMatrices sills = fitted(problem, found);
+  Draft draftOf(const FoundTogether& found) const {
     Draft draft;
-    const double unit = problem.entries.front().sumUnit();
-    draft.sum = sills.sum * unit;
-    Projection projection(problem, found.forms);
-    draft.free = squaresOf(projection.residuals(found.theta)) * unit;
-    const std::size_t lines = found.forms.size() + (problem.nugget ? 0 : 1);
+    draft.sum = found.sum;
+    draft.free = found.free;
+    const std::size_t lines = found.forms.size() + (problem_.nugget ? 0 : 1);
     draft.parameters =
-        rangeParameters(problem, found.forms) + lines * block_.order * (block_.order + 1) / 2;
-    draft.aicc = aiccOf(draft.sum, found.total, problem.classes(), draft.parameters);
+        rangeParameters(problem_, found.forms) + lines * block_.order * (block_.order + 1) / 2;
+    draft.aicc = aiccOf(draft.sum, found.total, problem_.classes(), draft.parameters);
     draft.forms = found.forms;
-    refuse(sills, found, draft);
-    describe(sills, found, draft);
+    refuse(found, draft);
+    describe(found, draft);
     return draft;
   }
 
-  /// The sills; with weights by the model those are renewed until they settle.
-  SillMatrices fitted(Problem& problem, const Found& found) const {
-    SillMatrices sills = GoulardVoltz(problem, block_.places, found.forms).fit(found.theta);
-    if (options_.weights != Weights::pairsOverModel2) return sills;
-    for (int round = 0; round < kMostRounds; ++round) {
-      GoulardVoltz fit(problem, block_.places, found.forms);
-      sills = fit.fit(found.theta);
-      if (renewWeights(problem.entries, fit.residuals()) < kSettled) break;
-    }
-    return sills;
-  }
-
-  void refuse(const SillMatrices& sills, const Found& found, Draft& draft) const {
+  void refuse(const FoundTogether& found, Draft& draft) const {
+    const SillMatrices& sills = found.sills;
     refuseNumbers(problem_.classes(), draft);
     double traces = 0;
     bool lacks = false;
@@ -187,7 +177,7 @@ class Drafts {
       refuseRanges(problem_, found.theta, draft);
   }
 
-  void describe(const SillMatrices& sills, const Found& found, Draft& draft) const {
+  void describe(const FoundTogether& found, Draft& draft) const {
     const std::span<const double> ellipse = std::span(found.theta).subspan(found.forms.size());
     const EllipseFamily::Drawn drawn = problem_.family.drawn(ellipse);
     const std::vector<std::size_t> order = byRange(found.forms, found.theta);
@@ -202,13 +192,13 @@ class Drafts {
     for (std::size_t e = 0; e < block_.places.size(); ++e) {
       draft.models.emplace_back();
       for (const double scale : scales)
-        draft.models.back().push_back(modelOf(sills, found, order, e, scale));
+        draft.models.back().push_back(modelOf(found, order, e, scale));
     }
   }
 
-  NestedModel modelOf(const SillMatrices& sills, const Found& found,
-                      const std::vector<std::size_t>& order, std::size_t entry,
-                      double scale) const {
+  NestedModel modelOf(const FoundTogether& found, const std::vector<std::size_t>& order,
+                      std::size_t entry, double scale) const {
+    const SillMatrices& sills = found.sills;
     const auto& [row, column] = block_.places[entry];
     const double unit = block_.scales[entry] * problem_.entries[entry].unit;
     NestedModel model{asInFile(sills.lines[0].at(row, column) * unit), {}};
@@ -232,57 +222,65 @@ Problem problemOf(const std::vector<Entry>& entries, EllipseFamily family, const
   return problem;
 }
 
+/// Of one direction, or of all with an ellipse; one result.
 CoregionFit fitChosen(const FileTables& data, const Block& block, const Chosen& directions,
-                      const Options& options) {
+                      const Options& options, const Tell& whole) {
   const std::vector<Entry> entries = entriesOf(data, block, directions, options);
   std::vector<Draft> drafts;
   if (directions.size() == 1) {
     const Problem problem = problemOf(entries, EllipseFamily::circle(1), options);
-    drafts = Drafts(block, problem, options, false).all();
+    drafts = Drafts(block, problem, options, false).all(whole);
   } else {
     const std::vector<Arm> arms = armsOf(data, block, directions);
-    for (const std::size_t main : mainChoices(arms)) {
-      const Problem problem = problemOf(entries, EllipseFamily::of(arms, main), options);
-      takeBetter(drafts, Drafts(block, problem, options, true).all());
+    const std::vector<std::size_t> mains = mainChoices(arms);
+    for (std::size_t i = 0; i < mains.size(); ++i) {
+      const Problem problem = problemOf(entries, EllipseFamily::of(arms, mains[i]), options);
+      takeBetter(drafts, Drafts(block, problem, options, true).all(partOf(whole, i, mains.size())));
     }
   }
-  CoregionFit fit;
-  for (const Entry& entry : entries) fit.classes += entry.size();
+  CoregionResult result;
+  for (const Entry& entry : entries) result.classes += entry.size();
   const Choice choice = rank(drafts);
-  fit.unbounded = choice.unbounded;
-  fit.chosen = choice.place;
+  result.unbounded = choice.unbounded;
+  result.chosen = choice.place;
+  CoregionFit fit;
   if (choice.isOffered)
     fit.models = drafts[choice.place].models;
   else
-    fit.refusal = refusalOf(choice, drafts.front(), options);
-  for (Draft& draft : drafts) fit.ranking.push_back(std::move(draft));
+    result.refusal = refusalOf(choice, drafts.front());
+  for (Draft& draft : drafts) result.ranking.push_back(std::move(draft));
+  fit.refusal = result.refusal;
+  fit.results.push_back(std::move(result));
   return fit;
 }
 
-/// Puts the models of one direction behind those of the others.
-void append(CoregionFit& whole, CoregionFit one, std::int64_t direction) {
-  if (direction == 1) {
-    whole = std::move(one);
-  } else {
-    whole.classes += one.classes;
-    for (std::size_t e = 0; e < one.models.size(); ++e)
-      whole.models[e].insert(whole.models[e].end(), one.models[e].begin(), one.models[e].end());
-    whole.unbounded = whole.unbounded || one.unbounded;
-    whole.refusal = std::move(one.refusal);
-  }
-  if (!whole.isOffered())
-    throw Refused{"direction " + std::to_string(direction) + ": " + whole.refusal};
+/// Puts the models of one direction behind those of the others; false where it has none.
+bool append(CoregionFit& whole, CoregionFit one) {
+  whole.results.push_back(std::move(one.results.front()));
+  whole.refusal = std::move(one.refusal);
+  if (!whole.isOffered()) return false;
+  whole.models.resize(one.models.size());
+  for (std::size_t e = 0; e < one.models.size(); ++e)
+    whole.models[e].push_back(one.models[e].front());
+  return true;
 }
 
-CoregionFit fitted(const FileTables& data, const Coregion& coregion, const Options& options) {
+CoregionFit fitted(const FileTables& data, const Coregion& coregion, const Options& options,
+                   const Tell& whole) {
   if (options.nugget.value_or(0) != 0) throw Refused{"a nugget that is told can only be 0"};
   const Block block = blockOf(data, coregion);
   Chosen directions;
   for (std::int64_t d = 1; d <= data.ndir; ++d) directions.push_back(d);
-  if (options.directions == Directions::ellipse) return fitChosen(data, block, directions, options);
-  CoregionFit whole;
-  for (const std::int64_t d : directions) append(whole, fitChosen(data, block, {d}, options), d);
-  return whole;
+  if (options.directions == Directions::ellipse)
+    return fitChosen(data, block, directions, options, whole);
+  CoregionFit fit;
+  for (std::size_t i = 0; i < directions.size(); ++i) {
+    const Tell part = partOf(whole, i, directions.size());
+    if (append(fit, fitChosen(data, block, {directions[i]}, options, part))) continue;
+    fit.refusal = "direction " + data.dirname(directions[i]) + ": " + fit.refusal;
+    break;
+  }
+  return fit;
 }
 
 CoregionFit refused(const std::string& why) {
@@ -293,9 +291,10 @@ CoregionFit refused(const std::string& why) {
 
 }  // namespace
 
-CoregionFit fitCoregion(const FileTables& data, const Coregion& coregion, const Options& options) {
+CoregionFit fitCoregion(const FileTables& data, const Coregion& coregion, const Options& options,
+                        const Tell& whole) {
   try {
-    return attempt([&] { return fitted(data, coregion, options); },
+    return attempt([&] { return fitted(data, coregion, options, whole); },
                    [] { return refused("a text stands in place of a number"); });
   } catch (const Refused& reason) {
     return refused(reason.why);

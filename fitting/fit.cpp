@@ -80,7 +80,7 @@ bool isSmooth(const NestedModel& model) {
 void refuseModel(const Task& task, Candidate& candidate) {
   const Options& options = task.options;
   if (candidate.forms.empty() && candidate.model.nugget == 0)
-    candidate.refusal = options.nugget ? "nothing is left without a nugget" : "the nugget is 0";
+    candidate.refusal = options.nugget ? "nothing is left without a nugget" : "all sills are 0";
   else if (!options.structures && lacksSill(candidate.model))
     candidate.refusal = "a structure has a sill of 0";
   else if (cancels(candidate.model, task.problem.entries.front()))
@@ -114,15 +114,15 @@ Candidate candidateOf(const Task& task, const Found& found) {
   return candidate;
 }
 
-std::vector<Candidate> candidatesOf(const Task& task) {
+std::vector<Candidate> candidatesOf(const Task& task, const Tell& whole = {}) {
   std::vector<Candidate> candidates;
   const bool isReweighted = task.options.weights == Weights::pairsOverModel2;
-  for (const Found& found : search(task.problem, formSets(task.options), isReweighted))
+  for (const Found& found : search(task.problem, formSets(task.options), isReweighted, whole))
     candidates.push_back(candidateOf(task, found));
   return candidates;
 }
 
-Result resultOf(std::vector<Candidate> candidates, std::size_t classes, const Options& options) {
+Result resultOf(std::vector<Candidate> candidates, std::size_t classes) {
   Result result;
   result.ranking = std::move(candidates);
   result.classes = classes;
@@ -132,7 +132,7 @@ Result resultOf(std::vector<Candidate> candidates, std::size_t classes, const Op
   if (choice.isOffered)
     result.models = result.choice().models;
   else
-    result.refusal = refusalOf(choice, result.ranking.front(), options);
+    result.refusal = refusalOf(choice, result.ranking.front());
   return result;
 }
 
@@ -153,10 +153,11 @@ Result startModel(const Classes& classes, const Options& options) {
   if (classes.empty()) return refused(kNoClasses);
   const Task task =
       taskOf({DirectionClasses{{}, classes}}, EllipseFamily::circle(1), options, false);
-  return resultOf(candidatesOf(task), task.problem.classes(), options);
+  return resultOf(candidatesOf(task), task.problem.classes());
 }
 
-Result ellipseModel(const std::vector<DirectionClasses>& directions, const Options& options) {
+Result ellipseModel(const std::vector<DirectionClasses>& directions, const Options& options,
+                    const Tell& whole) {
   if (directions.size() == 1) return startModel(directions.front().classes, options);
   std::vector<Arm> arms;
   bool isEmpty = true;
@@ -168,29 +169,33 @@ Result ellipseModel(const std::vector<DirectionClasses>& directions, const Optio
   if (isEmpty) return refused(kNoClasses);
   std::vector<Candidate> candidates;
   std::size_t classes = 0;
-  for (const std::size_t main : mainChoices(arms)) {
-    const Task task = taskOf(directions, EllipseFamily::of(arms, main), options, true);
+  const std::vector<std::size_t> mains = mainChoices(arms);
+  for (std::size_t i = 0; i < mains.size(); ++i) {
+    const Task task = taskOf(directions, EllipseFamily::of(arms, mains[i]), options, true);
     classes = task.problem.classes();
-    takeBetter(candidates, candidatesOf(task));
+    takeBetter(candidates, candidatesOf(task, partOf(whole, i, mains.size())));
   }
-  return resultOf(std::move(candidates), classes, options);
+  return resultOf(std::move(candidates), classes);
 }
 
 bool VariableFit::isWhole() const {
   return std::ranges::all_of(results, [](const Result& one) { return one.isOffered(); });
 }
 
-VariableFit fitVariable(const FileTables& data, std::int64_t variable, const Options& options) {
+VariableFit fitVariable(const FileTables& data, std::int64_t variable, const Options& options,
+                        const Tell& whole) {
   VariableFit fit;
   fit.ellipse = options.directions == Directions::ellipse && data.ndir > 1;
   if (fit.ellipse) {
     fit.results.push_back(
-        attempt([&] { return ellipseModel(directionsOf(data, variable), options); },
+        attempt([&] { return ellipseModel(directionsOf(data, variable), options, whole); },
                 [] { return refused("a text stands in place of a number"); }));
     return fit;
   }
-  for (std::int64_t d = 1; d <= data.ndir; ++d)
+  for (std::int64_t d = 1; d <= data.ndir; ++d) {
     fit.results.push_back(oneModel(data, {variable, d}, options));
+    tell(whole, static_cast<std::size_t>(d), static_cast<std::size_t>(data.ndir));
+  }
   return fit;
 }
 

@@ -8,6 +8,7 @@
 
 #include "fitting/classes.h"
 #include "fitting/options.h"
+#include "fitting/tell.h"
 #include "model/nested_model.h"
 
 namespace zevfit::fitting {
@@ -69,7 +70,8 @@ Result startModel(const Classes& classes, const Options& options);
 /// dips); options.directions is not asked. A direction without classes has its model, too. Two
 /// directions in the plane tell no azimuth: one of them is Main then. One direction alone is
 /// startModel. Refused where a direction has no angles.
-Result ellipseModel(const std::vector<DirectionClasses>& directions, const Options& options);
+Result ellipseModel(const std::vector<DirectionClasses>& directions, const Options& options,
+                    const Tell& whole = {});
 
 /// The fit of a variable: one result, or as options.directions says one for each direction.
 struct VariableFit {
@@ -81,6 +83,7 @@ struct VariableFit {
 
 /// Fits a variable of a file, from 1. Nothing is thrown for what the file holds: texts in place of
 /// numbers are reasons to refuse.
-VariableFit fitVariable(const FileTables& data, std::int64_t variable, const Options& options);
+VariableFit fitVariable(const FileTables& data, std::int64_t variable, const Options& options,
+                        const Tell& whole = {});
 
 }  // namespace zevfit::fitting

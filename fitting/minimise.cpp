@@ -15,12 +15,8 @@ namespace {
 constexpr std::size_t kMostUnknowns = 8;
 
 constexpr int kMostSteps = 60;
-constexpr double kDifference = 1e-6;
 /// Longer steps leave the stretch on which a derivative tells anything.
 constexpr double kLongestStep = 1;
-constexpr double kShortestStep = 1e-10;
-/// A step that gains less than this part of the sum is the last.
-constexpr double kLeastGain = 1e-12;
 constexpr double kFirstDamping = 1e-3, kMostDamping = 1e8, kLeastDamping = 1e-9;
 
 /// Squares and gradient of what is linear at a place.
@@ -31,8 +27,9 @@ struct Slope {
 
 class Descent {
  public:
-  Descent(const Residuals& residuals, const Clamp& clamp, std::vector<double> start)
-      : residuals_(residuals), clamp_(clamp), best_{std::move(start), 0} {
+  Descent(const Residuals& residuals, const Clamp& clamp, std::vector<double> start,
+          const Precision& precision)
+      : residuals_(residuals), clamp_(clamp), best_{std::move(start), 0}, precision_(precision) {
     best_.sum = sumAt(best_.theta);
   }
 
@@ -55,11 +52,11 @@ class Descent {
     derivatives_.resize(count);
     for (std::size_t i = 0; i < count; ++i) {
       std::vector<double> beside = best_.theta;
-      beside[i] += kDifference;
+      beside[i] += precision_.difference;
       const std::span<const double> there = residuals_(beside);
       derivatives_[i].resize(here.size());
       for (std::size_t k = 0; k < here.size(); ++k)
-        derivatives_[i][k] = (there[k] - here[k]) / kDifference;
+        derivatives_[i][k] = (there[k] - here[k]) / precision_.difference;
     }
     Slope slope;
     for (std::size_t i = 0; i < count; ++i) {
@@ -75,7 +72,7 @@ class Descent {
   void holdBack(Slope& slope) {
     for (std::size_t i = 0; i < best_.theta.size(); ++i) {
       std::vector<double> beside = best_.theta;
-      beside[i] -= slope.gradient[i] > 0 ? kDifference : -kDifference;
+      beside[i] -= slope.gradient[i] > 0 ? precision_.difference : -precision_.difference;
       clamp_(beside);
       if (slope.squares[i][i] > 0 && beside[i] != best_.theta[i]) continue;
       slope.squares[i] = {};
@@ -91,10 +88,10 @@ class Descent {
     for (; damping_ < kMostDamping; damping_ *= 10) {
       std::vector<double> trial = best_.theta;
       const double length = stepFrom(at, trial);
-      if (length < kShortestStep) return false;
+      if (length < precision_.step) return false;
       const double sum = sumAt(trial);
       if (!(sum < best_.sum)) continue;
-      const bool isWorth = best_.sum - sum > kLeastGain * best_.sum;
+      const bool isWorth = best_.sum - sum > precision_.gain * best_.sum;
       best_ = {std::move(trial), sum};
       damping_ = std::max(damping_ / 10, kLeastDamping);
       return isWorth;
@@ -119,6 +116,7 @@ class Descent {
   const Residuals& residuals_;
   const Clamp& clamp_;
   Minimum best_;
+  Precision precision_;
   double damping_ = kFirstDamping;
   std::vector<std::vector<double>> derivatives_;
 };
@@ -147,9 +145,10 @@ Minimum goldenSection(const std::function<double(double)>& function, double from
   return atLow <= atHigh ? Minimum{{low}, atLow} : Minimum{{high}, atHigh};
 }
 
-Minimum descend(const Residuals& residuals, const Clamp& clamp, std::vector<double> start) {
+Minimum descend(const Residuals& residuals, const Clamp& clamp, std::vector<double> start,
+                const Precision& precision) {
   clamp(start);
-  return Descent(residuals, clamp, std::move(start)).run();
+  return Descent(residuals, clamp, std::move(start), precision).run();
 }
 
 }  // namespace zevfit::fitting

@@ -20,8 +20,17 @@ using Residuals = std::function<std::span<const double>(std::span<const double>)
 /// Brings parameters to within their limits.
 using Clamp = std::function<void(std::span<double>)>;
 
+/// How far a descent goes. What is minimised may have some rounding: differences are to be large
+/// beside it, gains not smaller.
+struct Precision {
+  double difference = 1e-6;  ///< of a parameter, for derivatives
+  double step = 1e-10;       ///< shorter ones are none
+  double gain = 1e-12;       ///< a step that gains less than this part of the sum is the last
+};
+
 /// The method of Levenberg and Marquardt (Press et al., 15.5.2) with differences for derivatives,
 /// downhill from a start within the limits. Never worse than the start.
-Minimum descend(const Residuals& residuals, const Clamp& clamp, std::vector<double> start);
+Minimum descend(const Residuals& residuals, const Clamp& clamp, std::vector<double> start,
+                const Precision& precision = {});
 
 }  // namespace zevfit::fitting

@@ -19,20 +19,12 @@ constexpr double kNearEllipse = 0.6, kSameEllipse = 0.1;
 /// Rounds of weights by the model, and the change at which they have settled.
 constexpr int kMostRounds = 200;
 constexpr double kSettled = 1e-9;
+/// A fitted sill below this part of the largest is what rounding leaves of an exact model.
+constexpr double kRounding = 1e-13;
 
 bool hasEllipse(const Problem& problem, const std::vector<Form>& forms) {
   return problem.family.parameters() > 0 &&
          std::ranges::any_of(forms, [](Form form) { return form != Form::power; });
-}
-
-/// How far neighbours are apart on a grid.
-Theta nearness(const Problem& problem, const std::vector<Form>& set, std::size_t points) {
-  Theta near;
-  for (const Form form : set)
-    near.push_back(1.01 * (problem.limits.upper(form) - problem.limits.lower(form)) /
-                   static_cast<double>(points - 1));
-  near.resize(set.size() + problem.family.parameters(), kNearEllipse);
-  return near;
 }
 
 Minimum refined(Projection& projection, const Starts& starts, const Theta& near) {
@@ -132,6 +124,16 @@ class Joint {
   std::vector<JointGrid> grids_;
 };
 
+/// Of those behind the first ones that are told; power forms have none.
+void dropRounding(const std::vector<Form>& forms, std::size_t first, Vec<kMostColumns>& sills) {
+  double largest = 0;
+  const auto isFitted = [&](std::size_t i) { return i == 0 || forms[i - 1] != Form::power; };
+  for (std::size_t i = first; i <= forms.size(); ++i)
+    if (isFitted(i)) largest = std::max(largest, std::abs(sills.at(i)));
+  for (std::size_t i = first; i <= forms.size(); ++i)
+    if (isFitted(i) && std::abs(sills.at(i)) < kRounding * largest) sills.at(i) = 0;
+}
+
 Found foundAt(const Problem& problem, const std::vector<Form>& set, const Minimum& minimum) {
   Projection projection(problem, set);
   Found found{set, minimum.theta, 0, 0, {}};
@@ -144,6 +146,8 @@ Found foundAt(const Problem& problem, const std::vector<Form>& set, const Minimu
       found.total += value * value * unit;
     }
     found.sills.push_back(projection.sills(e));
+    // A nugget that is told stays.
+    dropRounding(set, problem.nugget ? 1 : 0, found.sills.back());
     for (double& sill : found.sills.back()) sill *= entry.unit;
   }
   return found;
@@ -164,14 +168,27 @@ Found settled(Problem problem, const std::vector<Form>& set, Minimum minimum) {
 
 }  // namespace
 
+Theta nearness(const Problem& problem, const std::vector<Form>& set, std::size_t points) {
+  Theta near;
+  for (const Form form : set)
+    near.push_back(1.01 * (problem.limits.upper(form) - problem.limits.lower(form)) /
+                   static_cast<double>(points - 1));
+  near.resize(set.size() + problem.family.parameters(), kNearEllipse);
+  return near;
+}
+
 std::vector<Found> search(const Problem& problem, const std::vector<std::vector<Form>>& sets,
-                          bool isReweighted) {
+                          bool isReweighted, const Tell& whole) {
   const std::vector<Form> forms = formsOf(sets);
-  std::size_t most = 0;
+  std::size_t most = 0, done = 0;
   for (const std::vector<Form>& set : sets) most = std::max(most, set.size());
+  const auto tellNext = [&] { tell(whole, ++done, forms.size() + sets.size()); };
   std::vector<Minimum> singles;
   singles.reserve(forms.size());
-  for (const Form form : forms) singles.push_back(single(problem, form));
+  for (const Form form : forms) {
+    singles.push_back(single(problem, form));
+    tellNext();
+  }
   std::vector<Joint> joint;
   if (most > 1) joint.emplace_back(problem, forms, ellipsesOf(problem, singles), most);
   std::vector<Found> all;
@@ -182,6 +199,7 @@ std::vector<Found> search(const Problem& problem, const std::vector<std::vector<
     if (set.size() > 1) minimum = joint.front().best(set);
     all.push_back(isReweighted ? settled(problem, set, std::move(minimum))
                                : foundAt(problem, set, minimum));
+    tellNext();
   }
   return all;
 }

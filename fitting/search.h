@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "fitting/problem.h"
+#include "fitting/tell.h"
 
 namespace zevfit::fitting {
 
@@ -22,6 +23,9 @@ struct Found {
 /// downhill. `isReweighted`: weights by the model, renewed until they settle; each set then has its
 /// own.
 std::vector<Found> search(const Problem& problem, const std::vector<std::vector<Form>>& sets,
-                          bool isReweighted);
+                          bool isReweighted, const Tell& whole = {});
+
+/// How far neighbours are apart on a grid of so many ranges, by parameter.
+Theta nearness(const Problem& problem, const std::vector<Form>& set, std::size_t points);
 
 }  // namespace zevfit::fitting

@@ -98,11 +98,19 @@ void GoulardVoltz::fillResiduals(SillMatrices& sills) {
   }
 }
 
+SillMatrices GoulardVoltz::none() const {
+  return {std::vector(forms_.size() + 1, SymmetricMatrix(order_)), 0, 0};
+}
+
 SillMatrices GoulardVoltz::fit(std::span<const double> theta) {
+  return fit(theta, none(), kMostRounds);
+}
+
+SillMatrices GoulardVoltz::fit(std::span<const double> theta, const SillMatrices& start, int most) {
   fillColumns(theta);
-  SillMatrices sills{std::vector(forms_.size() + 1, SymmetricMatrix(order_)), 0, 0};
+  SillMatrices sills{start.lines, 0, 0};
   const std::size_t first = problem_.nugget ? 1 : 0;
-  for (double change = 1; sills.rounds < kMostRounds && change > kSettled * largestOf(sills);
+  for (double change = 1; sills.rounds < most && change > kSettled * largestOf(sills);
        ++sills.rounds) {
     change = 0;
     for (std::size_t k = first; k < sills.lines.size(); ++k)

@@ -28,7 +28,12 @@ class GoulardVoltz {
  public:
   GoulardVoltz(const Problem& problem, Places places, std::vector<Form> forms);
 
+  /// From sills of 0.
   SillMatrices fit(std::span<const double> theta);
+  /// From those of parameters nearby, in so many rounds at most.
+  SillMatrices fit(std::span<const double> theta, const SillMatrices& start, int most);
+  /// Sills of 0.
+  SillMatrices none() const;
   /// Weighted differences, of all entries one after the other, as of the last call.
   std::span<const double> residuals() const { return residuals_; }
 

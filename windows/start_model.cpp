@@ -62,6 +62,11 @@ std::string refusalOf(const Session& session, Pair pair, const ModelCells& cells
          hintNumber(session.ymin(pair), "") + " to " + hintNumber(session.ymax(pair), "");
 }
 
+/// Why there is no model, and what may do.
+std::string reasonOf(const fitting::Result& result) {
+  return result.refusal + (result.unbounded ? "; a power form may do" : "");
+}
+
 fitting::Result fitOf(const Session& session, Pair pair) {
   const WaitCursor wait;
   fitting::Options options;
@@ -105,7 +110,7 @@ void StartModel::offer() {
   const Session& session = fit_.session;
   const Pair pair = session.current();
   const fitting::Result found = fitOf(session, pair);
-  if (!found.isOffered()) return tell_("No start model: " + found.refusal + ".");
+  if (!found.isOffered()) return tell_("No start model: " + reasonOf(found) + ".");
   const ModelCells cells = cellsWith(session, pair, found.models.at(0));
   if (const std::string refusal = refusalOf(session, pair, cells); !refusal.empty())
     return tell_("No start model: " + refusal + ".");

@@ -119,9 +119,9 @@ TEST(Coregion, OfTheMetalsPassesTheTestBehindAFile) {
   Metals metals;
   const CoregionFit fit = fitCoregion(metals.session, metals.coregion, {});
   ASSERT_TRUE(fit.isOffered()) << fit.refusal;
-  EXPECT_EQ(fit.choice().forms.size(), 2U);
-  EXPECT_LT(fit.choice().sum, 1.05 * fit.choice().free);
-  EXPECT_EQ(fit.classes, 420U);
+  EXPECT_EQ(fit.results.at(0).choice().forms.size(), 2U);
+  EXPECT_LT(fit.results.at(0).choice().sum, 1.05 * fit.results.at(0).choice().free);
+  EXPECT_EQ(fit.results.at(0).classes, 420U);
   writeCoregion(metals.session, metals.coregion, fit);
   expectPasses(readBack(metals.session), metals.coregion);
 }
@@ -161,8 +161,8 @@ TEST(Coregion, SharesAnEllipseAndPassesTheTestOfThreeDirections) {
   Three three(0.3);
   const CoregionFit fit = fitCoregion(three.session, three.coregion, {});
   ASSERT_TRUE(fit.isOffered()) << fit.refusal;
-  EXPECT_NEAR(std::remainder(fit.choice().anisotropy->angles.azimuth, 180), 0, 3);
-  EXPECT_NEAR(fit.choice().anisotropy->minor1, 0.5, 0.05);
+  EXPECT_NEAR(std::remainder(fit.results.at(0).choice().anisotropy->angles.azimuth, 180), 0, 3);
+  EXPECT_NEAR(fit.results.at(0).choice().anisotropy->minor1, 0.5, 0.05);
   writeCoregion(three.session, three.coregion, fit);
   const Session back = readBack(three.session);
   expectPasses(back, three.coregion);
@@ -179,8 +179,8 @@ TEST(Coregion, FindsAnExactModelAgain) {
   options.forms = {Form::spherical};
   const CoregionFit fit = fitCoregion(three.session, three.coregion, options);
   ASSERT_TRUE(fit.isOffered()) << fit.refusal;
-  ASSERT_EQ(fit.choice().forms.size(), 1U);
-  EXPECT_NEAR(fit.choice().ranges[0] / 700, 1, 1e-3);
+  ASSERT_EQ(fit.results.at(0).choice().forms.size(), 1U);
+  EXPECT_NEAR(fit.results.at(0).choice().ranges[0] / 700, 1, 1e-3);
   EXPECT_NEAR(fit.models[1][0].structures[0]->sill / (0.49 * 49), 1, 1e-3);
   EXPECT_NEAR(fit.models[5][2].structures[0]->sill / (-0.7 * 7 * 300), 1, 1e-3);
   writeCoregion(three.session, three.coregion, fit);
@@ -194,9 +194,43 @@ TEST(Coregion, FitsEachDirectionByItselfOnWish) {
   const CoregionFit fit = fitCoregion(three.session, three.coregion, options);
   ASSERT_TRUE(fit.isOffered()) << fit.refusal;
   EXPECT_EQ(fit.models.at(0).size(), 3U);
-  EXPECT_FALSE(fit.choice().anisotropy);
+  EXPECT_FALSE(fit.results.at(0).choice().anisotropy);
   writeCoregion(three.session, three.coregion, fit);
   expectPasses(readBack(three.session), three.coregion);
+}
+
+TEST(Coregion, TellsOfEachDirectionWhatWasTried) {
+  Three three(0.3);
+  Options options;
+  options.directions = Directions::free;
+  options.forms = {Form::spherical};
+  const CoregionFit fit = fitCoregion(three.session, three.coregion, options);
+  ASSERT_EQ(fit.results.size(), 3U);
+  for (const CoregionResult& one : fit.results) {
+    EXPECT_EQ(one.ranking.size(), 3U);
+    EXPECT_EQ(one.classes, 90U);  // six entries of 15
+    EXPECT_TRUE(one.isOffered());
+  }
+  // A direction without a model ends the work, and is named.
+  for (std::int64_t v = 1; v <= 6; ++v)
+    for (int lag = 1; lag <= 15; ++lag) three.session.gam.set({v, 2}, lag, 0);
+  const CoregionFit none = fitCoregion(three.session, three.coregion, options);
+  EXPECT_EQ(none.refusal, "direction 90;0: all sills are 0");
+  ASSERT_EQ(none.results.size(), 2U);
+  EXPECT_EQ(none.results[1].refusal, "all sills are 0");
+}
+
+TEST(Coregion, TellsHowFarItIs) {
+  Three three(0.3);
+  Options options;
+  options.forms = {Form::spherical};
+  std::vector<double> shares;
+  fitCoregion(three.session, three.coregion, options,
+              [&](double share) { shares.push_back(share); });
+  EXPECT_GT(shares.size(), 6U);
+  EXPECT_TRUE(std::ranges::is_sorted(shares));
+  EXPECT_GT(shares.front(), 0);
+  EXPECT_NEAR(shares.back(), 1, 1e-12);
 }
 
 class CoregionWeights : public testing::TestWithParam<Weights> {};
@@ -232,18 +266,18 @@ TEST(Coregion, SaysWhyItRefuses) {
   EXPECT_EQ(refusal(options), "a power form has no sills");
   const Coregion whole = three.coregion;
   three.coregion.crosses.pop_back();
-  EXPECT_EQ(refusal(), "variables 2 and 3 have no cross variable");
+  EXPECT_EQ(refusal(), "`v2` and `v3` have no cross variable");
   three.coregion = whole;
   three.coregion.crosses.push_back({4, 2, 3});
-  EXPECT_EQ(refusal(), "variables 2 and 3 have more than one cross variable");
+  EXPECT_EQ(refusal(), "`v2` and `v3` have more than one cross variable");
   three.coregion = whole;
   three.session.variance(2) = 0.0;
-  EXPECT_EQ(refusal(), "variable 2 has no variance above 0");
+  EXPECT_EQ(refusal(), "`v2` has no variance above 0");
   three.session.variance(2) = Cell::ofText("x");
   EXPECT_EQ(refusal(), "a text stands in place of a number");
   three.session.variance(2) = 1.0;
   for (std::int64_t d = 1; d <= 3; ++d) three.session.npairs.clear({4, d});
-  EXPECT_EQ(refusal(), "variable 4 has no class with pairs");
+  EXPECT_EQ(refusal(), "`v4` has no class with pairs");
 }
 
 }  // namespace

@@ -221,6 +221,22 @@ TEST(FitVariable, SharesSillsOrFitsEachDirectionByItself) {
   EXPECT_FALSE(half.isWhole());
 }
 
+TEST(FitVariable, TellsHowFarItIs) {
+  Session session = test::emptyFile(1, {"0;0", "90;0"}, 12);
+  for (std::int64_t d = 1; d <= 2; ++d)
+    test::setClasses(session, {1, d},
+                     test::classesOf(nested(0.2, {{Form::spherical, 0.8, 500}}), 12, 100));
+  for (const Directions directions : {Directions::ellipse, Directions::free}) {
+    Options options;
+    options.directions = directions;
+    std::vector<double> shares;
+    fitVariable(session, 1, options, [&](double share) { shares.push_back(share); });
+    EXPECT_GT(shares.size(), 1U);
+    EXPECT_TRUE(std::ranges::is_sorted(shares));
+    EXPECT_NEAR(shares.back(), 1, 1e-12);
+  }
+}
+
 TEST(FitClasses, AreThoseWithPairsDistanceAndNumbers) {
   Session session = test::emptyFile(1, {"0;0"}, 6);
   test::setClasses(session, {1, 1},

@@ -149,8 +149,7 @@ TEST(StartModel, OfAStraightLineIsUnbounded) {
   EXPECT_FALSE(result.isOffered());
   EXPECT_TRUE(result.unbounded);
   EXPECT_EQ(result.refusal,
-            "unbounded: the best range is at the grid's end, 4 times the largest distance; a power "
-            "form may do");
+            "unbounded: the best range is at the grid's end, 4 times the largest distance");
   EXPECT_TRUE(candidate(result, "S").unbounded);
   EXPECT_EQ(candidate(result, "S").refusal,
             "range at the grid's end, 4 times the largest distance: unbounded");
@@ -204,6 +203,7 @@ TEST(StartModel, TakesAGaussianWithoutANuggetOnlyOnWish) {
   EXPECT_NE(lettersOf(startModel(classes, options).choice()), "G");
   options.smoothGaussian = true;
   EXPECT_EQ(lettersOf(startModel(classes, options).choice()), "G");
+  EXPECT_EQ(startModel(classes, options).choice().model.nugget, 0) << "rounding is no nugget";
 }
 
 TEST(StartModel, KeepsANuggetThatIsTold) {
@@ -348,7 +348,7 @@ TEST(StartModel, NeedsClasses) {
   const Classes two{{100, 1, 10}, {200, 2, 10}};
   EXPECT_EQ(startModel(two, {}).refusal, "2 classes are too few for 1 parameter");
   const Classes zero = test::classesOf(nested(0, {}), 10, 100);
-  EXPECT_EQ(startModel(zero, {}).refusal, "the nugget is 0");
+  EXPECT_EQ(startModel(zero, {}).refusal, "all sills are 0");
   // Six classes tell nugget, sill and range.
   const Classes six = test::classesOf(nested(0.1, {{Form::spherical, 0.9, 300}}), 6, 100);
   EXPECT_EQ(lettersOf(startModel(six, {}).choice()), "S");

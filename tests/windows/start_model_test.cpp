@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
@@ -18,12 +19,12 @@
 namespace zevfit::test {
 namespace {
 
-/// One variable of the variance 1 and one direction, with ten classes of 100 pairs.
+/// One variable of the variance 1 in two directions that are alike, with ten classes of 100 pairs.
 std::string fileOf(double (*semivariance)(double h)) {
-  std::string text = "made\nzevra\n1\nzinc\n1\n10\n0;0\n1\n";
+  std::string classes;
   for (int lag = 1; lag <= 10; ++lag)
-    text += generalText(100.0 * lag) + " " + generalText(semivariance(100.0 * lag)) + " 100\n";
-  return text;
+    classes += generalText(100.0 * lag) + " " + generalText(semivariance(100.0 * lag)) + " 100\n";
+  return "made\nzevra\n1\nzinc\n2\n10\n0;0\n90;0\n1\n" + classes + classes;
 }
 
 double made(double h) { return 0.2 + spherical(h, 0.8, 600); }
@@ -121,6 +122,35 @@ TEST_F(StartModelCommand, TakesNothingBackOnceItsModelWasChanged) {
   EXPECT_EQ(cells()[1].range.number(), 450) << "the model that was there before";
 }
 
+TEST_F(StartModelCommand, LeavesNothingOfItselfWhereThereWasNoModel) {
+  open(made);
+  const ModelCells before = cells();
+  command();
+  expectMade();
+  command();
+  EXPECT_TRUE(isSame(cells(), before));
+  for (const char* box : {"plot1", "plot2", "plot3", "plot4"})
+    EXPECT_FALSE(program_.control<QCheckBox>(box).isChecked()) << box;
+  EXPECT_EQ(program_.control<QLabel>("LabelChanged").text(), "") << "nothing to save";
+}
+
+TEST_F(StartModelCommand, IsTakenBackWhateverWasLookedAtMeanwhile) {
+  open(made);
+  fitByHand();
+  const ModelCells before = cells();
+  command();
+  const ModelCells after = cells();
+  for (const char* button : {"est1", "est2", "est3", "est4"}) press(button);
+  auto& directions = program_.control<QComboBox>("Combodirvar");
+  for (const int direction : {1, 0}) {
+    directions.setCurrentIndex(direction);
+    QApplication::processEvents();
+  }
+  ASSERT_TRUE(isSame(cells(), after)) << "no value has settled";
+  command();
+  EXPECT_TRUE(isSame(cells(), before)) << foot();
+}
+
 TEST_F(StartModelCommand, TakesNothingBackBehindALoad) {
   open(made);
   command();
@@ -146,7 +176,9 @@ TEST_F(StartModelCommand, RefusesWithAReason) {
   fitByHand();
   const ModelCells before = cells();
   command();
-  EXPECT_TRUE(foot().starts_with("No start model: ")) << foot();
+  EXPECT_EQ(foot(),
+            "No start model: unbounded: the best range is at the grid's end, 4 times the largest "
+            "distance; a power form may do.");
   EXPECT_TRUE(isSame(cells(), before));
   command();
   EXPECT_TRUE(isSame(cells(), before)) << "nothing to take back";

@@ -2,103 +2,19 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
-#include <cmath>
 #include <cstdlib>
 #include <filesystem>
-#include <memory>
 #include <nlohmann/json.hpp>
-#include <numbers>
 #include <string>
 #include <vector>
 
-#include "files/variogram_reader.h"
-#include "model/nested_model.h"
-#include "session/session.h"
-#include "tests/zvm/command.h"
+#include "tests/zvm/fit_sample.h"
 #include "zvm/verbs/output.h"
 
 namespace zevfit::test {
 namespace {
 
 using Json = nlohmann::json;
-using Arguments = std::vector<std::string>;
-
-/// A variable with a spherical model; the range may depend on the azimuth.
-struct Truth {
-  std::string name;
-  double nugget = 0.1, sill = 0.5, range = 300;
-  double ratio = 1;    ///< of the range at right angles to the azimuth
-  double azimuth = 0;  ///< of the longest range
-  int pairs = 100;     ///< of every class; 0: classes without pairs
-
-  double rangeAlong(double toward) const {
-    const double angle = (toward - azimuth) * std::numbers::pi / 180;
-    return range / std::hypot(std::cos(angle), std::sin(angle) / ratio);
-  }
-};
-
-constexpr int kClasses = 12;
-
-std::string number(double value) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%.15g", value);
-  return text;
-}
-
-/// A file of classes at 50, 100, ... that lie on the models.
-std::string fileOf(const std::vector<Truth>& truths, const std::vector<double>& azimuths) {
-  std::string head = "plain\nzevlag\n" + std::to_string(truths.size()) + '\n', data;
-  for (const Truth& truth : truths) {
-    head += truth.name + '\n';
-    data += number(std::abs(truth.nugget + truth.sill)) + '\n';
-    for (const double azimuth : azimuths)
-      for (int k = 1; k <= kClasses; ++k) {
-        const double h = 50.0 * k;
-        const double gamma = truth.nugget + spherical(h, truth.sill, truth.rangeAlong(azimuth));
-        data += number(h) + ' ' + (truth.pairs > 0 ? number(gamma) : "0") + ' ' +
-                std::to_string(truth.pairs) + '\n';
-      }
-  }
-  head += std::to_string(azimuths.size()) + '\n' + std::to_string(kClasses) + '\n';
-  for (const double azimuth : azimuths) head += number(azimuth) + ";0\n";
-  return head + data;
-}
-
-const std::vector<double> kFour{0, 45, 90, 135};
-
-class FitVerb : public testing::Test {
- protected:
-  std::string path(const std::string& name) const { return (folder_ / name).string(); }
-  std::string write(const std::string& name, const std::string& bytes) const {
-    putFile(folder_ / name, bytes);
-    return path(name);
-  }
-  /// Fits a file into "out.zvm", which it replaces.
-  Ran fitted(const std::string& bytes, const Arguments& more = {}) const {
-    Arguments arguments{"fit", "-", path("out.zvm"), "--overwrite"};
-    arguments.insert(arguments.end(), more.begin(), more.end());
-    return ran(arguments, bytes);
-  }
-  std::string output() const { return contentOf(path("out.zvm")); }
-  /// The model that the written file has for a pair.
-  NestedModel modelAt(std::int64_t variable, std::int64_t direction) const {
-    const auto session = std::make_unique<Session>();
-    EXPECT_TRUE(readVariogramFile(path("out.zvm"), *session));
-    return modelOf(*session, {variable, direction});
-  }
-
- private:
-  ScratchFolder folder_;
-};
-
-void expectSpherical(const NestedModel& model, double nugget, double sill, double range) {
-  ASSERT_TRUE(model.structures[0]);
-  EXPECT_EQ(model.structures[0]->form, Form::spherical);
-  EXPECT_NEAR(model.nugget, nugget, 1e-4);
-  EXPECT_NEAR(model.structures[0]->sill, sill, 1e-4);
-  EXPECT_NEAR(model.structures[0]->range, range, 1e-3 * range);
-  EXPECT_FALSE(model.structures[1]);
-}
 
 TEST_F(FitVerb, WritesTheModelThatTheClassesLieOn) {
   const Ran run = fitted(fileOf({{"zinc"}}, {0}), {"--structures", "1"});
@@ -193,13 +109,73 @@ TEST_F(FitVerb, NamesAVariableThatCannotBeFittedAndWritesTheOthers) {
   EXPECT_EQ(report.at("variables").at(1).at("fitted"), false);
 }
 
+TEST_F(FitVerb, SaysWhyNothingFits) {
+  const std::string head = "t\nzevlag\n1\nzinc\n1\n", rest = "0;0\n1\n";
+  const struct {
+    std::string classes;
+    Arguments more;
+    const char* heading;
+    const char* reason;
+  } rows[] = {
+      {"2\n" + rest + "1 0 0\n2 0 0\n", {}, "zinc in 0;0: not fitted", "no class has pairs"},
+      {"1\n" + rest + "100 0.5 40\n",
+       {},
+       "zinc in 0;0, 1 class: not fitted",
+       "1 class is too few for 1 parameter"},
+      {"4\n" + rest + "1 0 9\n2 0 9\n3 0 9\n4 0 9\n",
+       {},
+       "zinc in 0;0, 4 classes: not fitted",
+       "all sills are 0"},
+      {"4\n" + rest + "1 0 9\n2 0 9\n3 0 9\n4 0 9\n",
+       {"--nugget", "0"},
+       "zinc in 0;0, 4 classes: not fitted",
+       "nothing is left without a nugget"},
+      {"4\n" + rest + "1 -1 9\n2 -1 9\n3 -1 9\n4 -1 9\n",
+       {},
+       "zinc in 0;0, 4 classes: not fitted",
+       "all sills are 0"},
+      {"4\n" + rest + "1 1e305 9\n2 1e306 9\n3 1e307 9\n4 1e307 9\n",
+       {},
+       "zinc in 0;0, 4 classes: not fitted",
+       "its sum of squares is beyond all numbers"},
+      {"6\n" + rest + "1 1 9\n2 1 9\n3 1 9\n4 1 9\n5 1 9\n6 1 9\n",
+       {"--forms", "P", "--structures", "1"},
+       "zinc in 0;0, 6 classes: not fitted",
+       "the exponent runs to its end"},
+  };
+  for (const auto& row : rows) {
+    const Ran run = fitted(head + row.classes, row.more);
+    EXPECT_EQ(run.code, 1) << row.reason;
+    EXPECT_EQ(run.err,
+              "zvm: warning: `zinc` in 0;0 is not fitted: " + std::string(row.reason) + '\n');
+    EXPECT_NE(run.out.find('\n' + std::string(row.heading) + ", " + row.reason + '\n'),
+              std::string::npos)
+        << run.out;
+    EXPECT_NE(run.out.find("\ndirections  one\n"), std::string::npos) << run.out;
+    EXPECT_EQ(modelAt(1, 1).nugget, 0);
+    EXPECT_FALSE(modelAt(1, 1).structures[0]);
+  }
+}
+
+TEST_F(FitVerb, SaysWhatDirectionsWithoutAnglesCanHave) {
+  std::string file = fileOf({{"zinc"}}, {0, 90});
+  file.replace(file.find("\n90;0\n"), 7, "\nacross\n");
+  const Ran run = fitted(file);
+  EXPECT_EQ(run.code, 1);
+  EXPECT_EQ(run.err,
+            "zvm: warning: `zinc` is not fitted: a direction has no azimuth and dip, as in 45;0; "
+            "--free fits each direction by itself\n");
+  EXPECT_EQ(fitted(file, {"--free"}).code, 0);
+}
+
 TEST_F(FitVerb, NamesASemivarianceWithoutASill) {
   std::string file = "t\nzevlag\n1\nzinc\n1\n12\n0;0\n1\n";
   for (int k = 1; k <= 12; ++k) file += number(50.0 * k) + ' ' + number(0.01 * k) + " 100\n";
   const Ran run = fitted(file, {"--structures", "1", "--nugget", "0"});
   EXPECT_EQ(run.code, 1) << run.out;
   EXPECT_NE(run.err.find("unbounded"), std::string::npos) << run.err;
-  EXPECT_NE(run.err.find("; --forms with P tries a power structure\n"), std::string::npos)
+  EXPECT_NE(run.err.find("largest distance; --forms with P tries a power structure\n"),
+            std::string::npos)
       << run.err;
 }
 
@@ -223,57 +199,7 @@ TEST_F(FitVerb, HasTheSameBytesForAnyNumberOfThreads) {
   EXPECT_EQ(output(), one);
 }
 
-// ---- Several variables together.
-
-/// Sills that make no model together: a cross sill above the root of the product.
-const std::vector<Truth> kThree{{"zinc", 0.1, 0.5}, {"lead", 0.2, 0.8}, {"zinc-lead", 0.2, 0.7}};
-
-TEST_F(FitVerb, FitsACoregionalizationThatPassesTheTest) {
-  const std::string file = fileOf(kThree, {0, 90});
-  ASSERT_EQ(fitted(file, {"--structures", "1", "--forms", "S"}).code, 0);
-  EXPECT_EQ(ran({"test", path("out.zvm"), "--all"}).code, 1) << "each by itself they are none";
-  const Ran run = fitted(file, {"--structures", "1", "--forms", "S", "--lmc", "zinc,lead"});
-  EXPECT_EQ(run.err, "");
-  EXPECT_EQ(run.code, 0);
-  const Ran tested = ran({"test", path("out.zvm"), "--all"});
-  EXPECT_EQ(tested.code, 0) << tested.out;
-  EXPECT_NE(run.out.find("\ncoregionalization of zinc, lead, 72 classes\n"), std::string::npos)
-      << run.out;
-  EXPECT_NE(run.out.find("The test of coregionalization is passed.\n"), std::string::npos);
-  // One range for all; the three of them have the same digits.
-  for (std::int64_t v = 2; v <= 3; ++v)
-    for (std::int64_t d = 1; d <= 2; ++d)
-      EXPECT_EQ(modelAt(v, d).structures[0]->range, modelAt(1, 1).structures[0]->range);
-}
-
-TEST_F(FitVerb, FitsTheOtherVariablesBesideACoregionalization) {
-  std::vector<Truth> truths = kThree;
-  truths.push_back({"copper"});
-  truths[2].name = "cov";
-  const Ran run = fitted(fileOf(truths, {0}), {"--structures", "1", "--forms", "S", "--lmc",
-                                               "lead,1", "--cross-of", "cov=zinc,lead", "--json"});
-  EXPECT_EQ(run.code, 0) << run.err;
-  const Json report = Json::parse(run.out);
-  EXPECT_EQ(report.at("coregionalization").at("variables"), Json({"lead", "zinc"}));
-  EXPECT_EQ(report.at("coregionalization").at("fitted"), true);
-  EXPECT_EQ(report.at("coregionalization").at("models").size(), 3U);
-  ASSERT_EQ(report.at("variables").size(), 1U);
-  EXPECT_EQ(report.at("variables").at(0).at("name"), "copper");
-  EXPECT_EQ(ran({"test", path("out.zvm"), "--all", "--cross-of", "cov=lead,zinc"}).code, 0);
-}
-
-TEST_F(FitVerb, UnticksVariablesWithoutACoregionalization) {
-  std::vector<Truth> truths = kThree;
-  truths[2].pairs = 0;
-  ASSERT_EQ(fitted(fileOf(kThree, {0}), {"--structures", "1"}).code, 0);
-  const Ran run = fitted(fileOf(truths, {0}), {"--lmc", "zinc,lead"});
-  EXPECT_EQ(run.code, 1);
-  for (const char* name : {"zinc", "lead", "zinc-lead"})
-    EXPECT_NE(run.err.find("zvm: warning: `" + std::string(name) + "` is not fitted: "),
-              std::string::npos)
-        << run.err;
-  for (std::int64_t v = 1; v <= 3; ++v) EXPECT_FALSE(modelAt(v, 1).structures[0]);
-}
+// ---- The file.
 
 TEST_F(FitVerb, AFileThatIsNotAcceptedTakesNoPlace) {
   const std::string old = write("old", "old");
@@ -345,6 +271,9 @@ TEST_F(FitVerb, SaysWhatIsWrong) {
        "no cross variable of zinc and copper, lead and copper in -: it is named A-B for two "
        "variables A and B, or told by --cross-of \"NAME=A,B\""},
       {{out, "--lmc", "zinc,lead", "--nugget", "0.1"}, 2, "--nugget takes free or 0 with --lmc"},
+      {{out, "--lmc", "zinc,lead", "--forms", "SP"},
+       2,
+       "--forms takes letters of S, E and G with --lmc: a power structure has no sill"},
       {{out, "--title", "a,b"}, 2, "--title can't stand in a variogram file: it holds a comma"},
       {{"-", "--json"}, 2, "--json reports on a file: it takes another OUT than stdout"},
       {{there}, 4, there + " exists; --overwrite replaces it"},

@@ -4,6 +4,7 @@ import os
 import pathlib
 import pty
 import random
+import re
 import select
 import signal
 import subprocess
@@ -30,6 +31,19 @@ class Terminal(unittest.TestCase):
     def compute(self, *more):
         return [ZVM, "compute", "points.csv", "out.zvm", "--x", "x", "--y", "y", "--var", "v",
                 "--lags", "10", "--threads", "1", *more]
+
+    def semivariograms(self, variables):
+        """A file of variables and all their cross variables in four directions."""
+        names = [chr(ord("a") + i) for i in range(variables)]
+        names += [f"{a}-{b}" for i, a in enumerate(names) for b in names[i + 1:]]
+        chance = random.Random(2)
+        lines = ["t", "zevlag", str(len(names)), *names, "4", "15", "0;0", "45;0", "90;0", "135;0"]
+        for name in names:
+            lines.append("1")
+            for k in range(4 * 15):
+                h = 1 + k % 15
+                lines.append(f"{h} {(0.3 if '-' in name else 1) * h / (h + 3) * chance.uniform(0.8, 1.2)} 100")
+        (self.folder / "many.zvm").write_text("\n".join(lines) + "\n")
 
     def start(self, arguments):
         """A run on a terminal of its own: its process number and the other end of the terminal."""
@@ -98,6 +112,19 @@ class Terminal(unittest.TestCase):
         self.assertEqual(self.code(process), 0)
         self.assertTrue(text.startswith("title"), text)
         self.assertNotIn("\x1b", text)
+
+    def test_a_fit_of_variables_together_shows_how_far_it_is(self):
+        self.semivariograms(8)
+        process, terminal = self.start([ZVM, "fit", "many.zvm", "out.zvm", "--structures", "3",
+                                        "--lmc", "a,b,c,d,e,f,g,h"])
+        text = self.shown(terminal, " left")
+        self.assertRegex(text.replace("\x1b[K", ""), r"^\rfitting \[#*\.*\] \d+ %, \d+:\d\d left")
+        # It moves within the one fit.
+        while len(set(re.findall(r"(\d+) %", text))) < 3:
+            text += self.shown(terminal, " left")
+        os.write(terminal, b"\x03")
+        self.assertEqual(self.code(process), 130)
+        self.assertEqual(self.left(), ["many.zvm"])
 
     def test_quiet_work_shows_none(self):
         self.points(60_000)

@@ -104,6 +104,9 @@ fitting::Options fittingOptionsOf(const FitOptions& options) {
   fit.weights = weightsOf(options.weights);
   if (!options.lmc.empty() && fit.nugget.value_or(0) != 0)
     throw Failure(Exit::usage, "--nugget takes free or 0 with --lmc");
+  if (!options.lmc.empty() && std::ranges::count(fit.forms, Form::power) > 0)
+    throw Failure(Exit::usage,
+                  "--forms takes letters of S, E and G with --lmc: a power structure has no sill");
   return fit;
 }
 

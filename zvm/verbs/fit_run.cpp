@@ -14,34 +14,40 @@ namespace zevfit::verbs {
 namespace {
 
 constexpr std::chrono::milliseconds kBetween{100};
+/// How much longer variables take together than each by itself.
+constexpr double kTogether = 8;
 
-/// Does jobs 0 to count - 1, each once, in as many threads. The first exception is thrown again
-/// behind all of them.
+/// Does jobs 0 to count - 1, each once, in as many threads, and is told by them how far they are.
+/// The first exception is thrown again behind all of them.
 class Jobs {
  public:
-  Jobs(std::size_t count, std::function<void(std::size_t)> job)
-      : count_(count), job_(std::move(job)) {}
+  using Job = std::function<void(std::size_t job, const fitting::Tell& tell)>;
+
+  /// `firstWeight`: what the first job counts in all work, the others 1.
+  Jobs(std::size_t count, double firstWeight, Job job)
+      : firstWeight_(firstWeight), job_(std::move(job)), shares_(count) {}
 
   void run(unsigned threads, const std::function<void(double)>& progress) {
-    const std::size_t most = std::min<std::size_t>(std::max(1U, threads), count_);
+    const std::size_t most = std::min<std::size_t>(std::max(1U, threads), shares_.size());
     const auto workers = zvm::startThreads(most, [this] { work(); });
     std::unique_lock lock(mutex_);
-    while (done_ < count_) {
+    while (done_ < shares_.size()) {
       ended_.wait_for(lock, kBetween);
-      progress(static_cast<double>(done_) / static_cast<double>(count_));
+      progress(share());
     }
     if (failed_) std::rethrow_exception(failed_);
   }
 
  private:
   void work() {
-    for (std::size_t i = next_++; i < count_; i = next_++) {
+    for (std::size_t i = next_++; i < shares_.size(); i = next_++) {
       std::exception_ptr failed;
       try {
-        job_(i);
+        job_(i, [this, i](double share) { shares_[i] = share; });
       } catch (...) {
         failed = std::current_exception();
       }
+      shares_[i] = 1;
       const std::scoped_lock lock(mutex_);
       if (failed && !failed_) failed_ = failed;
       ++done_;
@@ -49,14 +55,32 @@ class Jobs {
     }
   }
 
-  std::size_t count_;
-  std::function<void(std::size_t)> job_;
+  double share() const {
+    double done = 0, all = 0;
+    for (std::size_t i = 0; i < shares_.size(); ++i) {
+      const double weight = i == 0 ? firstWeight_ : 1;
+      done += weight * shares_[i];
+      all += weight;
+    }
+    return done / all;
+  }
+
+  double firstWeight_;
+  Job job_;
+  std::vector<std::atomic<double>> shares_;
   std::atomic<std::size_t> next_{0};
   std::mutex mutex_;
   std::condition_variable ended_;
   std::size_t done_ = 0;
   std::exception_ptr failed_;
 };
+
+/// Of the first job.
+double weightOf(const FitPlan& plan) {
+  if (!plan.coregion) return 1;
+  return kTogether *
+         static_cast<double>(plan.coregion->variables.size() + plan.coregion->crosses.size());
+}
 
 bool hasFailed(const TestNode& node) {
   return node.image == NodeImage::failed || node.image == NodeImage::faultyDirection;
@@ -70,16 +94,17 @@ Fits fitAll(const FileTables& data, const FitPlan& plan, unsigned threads,
   fits.variables.resize(plan.tasks.size());
   // That of several variables takes longest: it is begun first.
   const std::size_t first = plan.coregion ? 1 : 0;
-  Jobs jobs(first + plan.tasks.size(), [&](std::size_t i) {
+  const auto job = [&](std::size_t i, const fitting::Tell& tell) {
     if (i < first) {
-      fits.coregion = fitting::fitCoregion(data, *plan.coregion, plan.options);
+      fits.coregion = fitting::fitCoregion(data, *plan.coregion, plan.options, tell);
       return;
     }
+    const auto& [variable, isCross] = plan.tasks[i - first];
     fitting::Options options = plan.options;
-    options.cross = plan.tasks[i - first].isCross;
-    fits.variables[i - first] = fitting::fitVariable(data, plan.tasks[i - first].variable, options);
-  });
-  jobs.run(threads, progress);
+    options.cross = isCross;
+    fits.variables[i - first] = fitting::fitVariable(data, variable, options, tell);
+  };
+  Jobs(first + plan.tasks.size(), weightOf(plan), job).run(threads, progress);
   return fits;
 }
 
