@@ -107,21 +107,6 @@ TEST_F(Program, TakesPipesAndStreams) {
   }
 }
 
-TEST_F(Program, ReadsStdinOnce) {
-  shell(
-      "printf 'np,dist,gamma,dir.hor,dir.ver,id\\n52,77,0.13,0,0,zinc\\n' >table\n"
-      "printf 'x,y,v\\n0,0,1\\n1,0,2\\n' >points\n"
-      "$zvm compute points part --x x --y y --var v --lag 1 --lags 2 --part 1/2");
-  for (const char* line :
-       {"$zvm check - - <good.zvm", "$zvm import gstat - - made.zvm --width 100 <table",
-        "$zvm merge - - made.zvm <part"}) {
-    const Ran run = shell(line);
-    EXPECT_EQ(run.code, 2) << line;
-    EXPECT_EQ(run.err, "zvm: error: stdin is there twice: it can be read once\n") << line;
-    EXPECT_EQ(run.out, "") << line;
-  }
-}
-
 TEST_F(Program, HelpsOnStdout) {
   for (const char* line : {"$zvm --help", "$zvm --version", "$zvm info --help", "$zvm test --help",
                            "$zvm check --version", "$zvm completion bash", "$zvm completion zsh"}) {
@@ -146,6 +131,21 @@ TEST_F(Program, EndsWhereStdoutDoes) {
       "wait $! 2>/dev/null; $zvm info good.zvm >&3");
   EXPECT_EQ(ignored.code, 4);
   EXPECT_EQ(ignored.err, "");
+}
+
+TEST_F(Program, ReadsStdinOnce) {
+  shell(
+      "printf 'np,dist,gamma,dir.hor,dir.ver,id\\n52,77,0.13,0,0,zinc\\n' >table\n"
+      "printf 'x,y,v\\n0,0,1\\n1,0,2\\n' >points\n"
+      "$zvm compute points part --x x --y y --var v --lag 1 --lags 2 --part 1/2");
+  for (const char* line :
+       {"$zvm check - - <good.zvm", "$zvm import gstat - - made.zvm --width 100 <table",
+        "$zvm merge - - made.zvm <part"}) {
+    const Ran run = shell(line);
+    EXPECT_EQ(run.code, 2) << line;
+    EXPECT_EQ(run.err, "zvm: error: stdin is there twice: it can be read once\n") << line;
+    EXPECT_EQ(run.out, "") << line;
+  }
 }
 
 TEST_F(Program, EndsWhenItIsInterrupted) {

@@ -122,8 +122,8 @@ std::optional<Part> partOf(const ComputeOptions& options) {
   const auto numbers = split(options.part, '/');
   if (numbers.size() != 2)
     throw Failure(Exit::usage, "--part takes I/N, not `" + options.part + "`");
-  const Part part{numberOf<std::uint64_t>(numbers[0], "--part"),
-                  numberOf<std::uint64_t>(numbers[1], "--part")};
+  const Part part{numberOf<std::uint32_t>(numbers[0], "--part"),
+                  numberOf<std::uint32_t>(numbers[1], "--part")};
   if (part.number < 1 || part.number > part.count)
     throw Failure(Exit::usage, "there is no part " + options.part);
   return part;
