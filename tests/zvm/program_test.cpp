@@ -124,21 +124,6 @@ TEST_F(Program, TakesPipesAndStreams) {
   }
 }
 
-TEST_F(Program, ReadsStdinOnce) {
-  shell(
-      "printf 'np,dist,gamma,dir.hor,dir.ver,id\\n52,77,0.13,0,0,zinc\\n' >table\n"
-      "printf 'x,y,v\\n0,0,1\\n1,0,2\\n' >points\n"
-      "$zvm compute points part --x x --y y --var v --lag 1 --lags 2 --part 1/2");
-  for (const char* line :
-       {"$zvm check - - <good.zvm", "$zvm import gstat - - made.zvm --width 100 <table",
-        "$zvm merge - - made.zvm <part"}) {
-    const Ran run = shell(line);
-    EXPECT_EQ(run.code, 2) << line;
-    EXPECT_EQ(run.err, "zvm: error: stdin is there twice: it can be read once\n") << line;
-    EXPECT_EQ(run.out, "") << line;
-  }
-}
-
 TEST_F(Program, ComputesFromPipesWithoutTheirNames) {
   const std::string points = "printf 'x,y,v\\n0,0,1\\n0,1,2\\n' ";
   const std::string rest = " - --x x --y y --var v --lag 1 --lags 2 2>report";
@@ -171,6 +156,21 @@ TEST_F(Program, EndsWhereStdoutDoes) {
       "wait $! 2>/dev/null; $zvm info good.zvm >&3");
   EXPECT_EQ(ignored.code, 4);
   EXPECT_EQ(ignored.err, "");
+}
+
+TEST_F(Program, ReadsStdinOnce) {
+  shell(
+      "printf 'np,dist,gamma,dir.hor,dir.ver,id\\n52,77,0.13,0,0,zinc\\n' >table\n"
+      "printf 'x,y,v\\n0,0,1\\n1,0,2\\n' >points\n"
+      "$zvm compute points part --x x --y y --var v --lag 1 --lags 2 --part 1/2");
+  for (const char* line :
+       {"$zvm check - - <good.zvm", "$zvm import gstat - - made.zvm --width 100 <table",
+        "$zvm merge - - made.zvm <part"}) {
+    const Ran run = shell(line);
+    EXPECT_EQ(run.code, 2) << line;
+    EXPECT_EQ(run.err, "zvm: error: stdin is there twice: it can be read once\n") << line;
+    EXPECT_EQ(run.out, "") << line;
+  }
 }
 
 TEST_F(Program, EndsWhenItIsInterrupted) {
