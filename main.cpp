@@ -2,6 +2,7 @@
 #include <QScreen>
 
 #include "files/orthogonality.h"
+#include "platform/early_fonts.h"
 #include "platform/end_signals.h"
 #include "platform/house_style.h"
 #include "platform/page_opener.h"
@@ -13,7 +14,9 @@
 
 int main(int argc, char** argv) {
   const zevfit::EndSignals signals;
+  std::jthread fonts = zevfit::readFontsEarly();
   QApplication application(argc, argv);
+  fonts.join();
   QApplication::setApplicationName("zevFIT");
   QApplication::setStyle(new zevfit::HouseStyle);
   QLocale::setDefault(QLocale::c());

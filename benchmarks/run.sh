@@ -7,6 +7,6 @@ figures=$2/$name.json
 mkdir -p "$2"
 rm -f "$figures" # of an earlier run
 display=(env QT_QPA_PLATFORM=offscreen)
-[ "$name" != start_qt_bench ] || display=(xvfb-run -a env QT_QPA_PLATFORM=xcb) # it shows a window
+[ "$name" != start_qt_bench ] || display=(xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" env QT_QPA_PLATFORM=xcb) # it shows windows
 "${display[@]}" "$1" --benchmark_out="$figures" --benchmark_out_format=json 2>&1 | sed 's/^/| /'
 python3 -B "$(dirname "$0")/results.py" "$figures"

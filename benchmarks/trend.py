@@ -73,7 +73,8 @@ def before(row, fresh, entries):
 def compared(row, fresh, entries):
     """How a figure is beside the last one, in words."""
     earlier = before(row, fresh, entries)
-    if not earlier:
+    # What grows by nothing, or less, has no share that it could be better by.
+    if not earlier or earlier.figure <= 0:
         return ""
     share = row.better(fresh.figure, earlier.figure)
     if abs(share) < NOISE:

@@ -21,6 +21,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kBufferSize = std::size_t{1} << 20;
+constexpr std::size_t kPiece = std::size_t{1} << 20, kLeastPiece = std::size_t{1} << 12;
 constexpr mode_t kNewFileMode = 0666;
 constexpr const char* kSiblingSuffix = ".zevfit-new";
 constexpr int kMostSiblings = 1000;
@@ -133,6 +134,36 @@ int flagsFor(OutputFile::Old old) {
 void removeLink(const fs::path& path) {
   struct stat about {};
   if (::lstat(path.c_str(), &about) == 0 && S_ISLNK(about.st_mode)) ::unlink(path.c_str());
+}
+
+/// Reads until the bytes are full or the file ends, and cuts them there.
+void fill(int descriptor, const fs::path& path, std::string& bytes) {
+  std::size_t filled = 0;
+  while (filled < bytes.size()) {
+    const ssize_t got = uninterrupted(
+        [&] { return ::read(descriptor, bytes.data() + filled, bytes.size() - filled); });
+    if (got < 0) fail("Cannot read", path);
+    if (got == 0) break;
+    filled += static_cast<std::size_t>(got);
+  }
+  bytes.resize(filled);
+}
+
+std::deque<std::string> piecesToEnd(int descriptor, const fs::path& path, off_t claimed) {
+  std::deque<std::string> pieces;
+  auto left = static_cast<std::size_t>(std::max<off_t>(claimed, 0)) + 1;
+  // A file beyond the memory fails here, before any of it is read.
+  pieces.emplace_back().reserve(left);
+  pieces.clear();
+  for (;;) {
+    const std::size_t room = std::clamp(left, kLeastPiece, kPiece);
+    std::string piece(room, '\0');
+    fill(descriptor, path, piece);
+    const bool isLast = piece.size() < room;
+    if (!piece.empty()) pieces.push_back(std::move(piece));
+    if (isLast) return pieces;
+    left -= std::min(left, room);
+  }
 }
 
 /// Room for one byte more than the file claims, so that its end is met without growing.
@@ -269,18 +300,27 @@ void saveWhole(const fs::path& target, std::string_view bytes) {
   }
 }
 
-std::string readWhole(const fs::path& path) {
+namespace {
+
+/// What `read` makes of an open plain file, its path and its size.
+template <class Read>
+auto readBy(Read&& read, const fs::path& path) {
   const Descriptor file(path, O_RDONLY | O_NONBLOCK);
   struct stat about {};
   if (::fstat(file.number(), &about) != 0) fail("Cannot read", path);
   if (!S_ISREG(about.st_mode)) throw Fault("Not a file: " + path.string());
   try {
-    return readToEnd(file.number(), path, about.st_size);
+    return read(file.number(), path, about.st_size);
   } catch (const std::bad_alloc&) {
     throw Fault("Too large: " + path.string());
   } catch (const std::length_error&) {
     throw Fault("Too large: " + path.string());
   }
 }
+
+}  // namespace
+
+std::string readWhole(const fs::path& path) { return readBy(readToEnd, path); }
+std::deque<std::string> readPieces(const fs::path& path) { return readBy(piecesToEnd, path); }
 
 }  // namespace zevfit

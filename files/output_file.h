@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -93,5 +94,7 @@ std::filesystem::path freeSibling(const std::filesystem::path& target);
 /// The bytes of a file; throws Fault when it can't be opened or read, is no plain file (never waits
 /// for a pipe or a device) or is too large for the memory.
 std::string readWhole(const std::filesystem::path& path);
+/// The same in pieces, for who lets go of each on his way.
+std::deque<std::string> readPieces(const std::filesystem::path& path);
 
 }  // namespace zevfit

@@ -38,31 +38,50 @@ std::string_view TokenStream::quoted() {
   return bytes_.substr(first, close - first);
 }
 
+bool Pieces::goOn(std::size_t passed) {
+  if (behind_.empty()) return false;
+  atHand_.erase(0, passed);
+  // As many bytes again at least, so that a token of any length is looked at a few times only.
+  const std::size_t enough = 2 * atHand_.size() + 1;
+  while (atHand_.size() < enough && !behind_.empty()) {
+    atHand_ += behind_.front();
+    bytesBehind_ -= behind_.front().size();
+    behind_.pop_front();
+  }
+  return true;
+}
+
 std::optional<std::string_view> TokenStream::text() {
-  skipFront();
-  if (atEnd()) return std::nullopt;
-  const std::string_view token = bytes_[at_] == '"' ? quoted() : field();
-  skipDelimiter();
-  return token;
+  return whole([this]() -> std::optional<std::string_view> {
+    skipFront();
+    if (atEnd()) return std::nullopt;
+    const std::string_view token = bytes_[at_] == '"' ? quoted() : field();
+    skipDelimiter();
+    return token;
+  });
 }
 
 std::optional<std::string_view> TokenStream::number() {
-  skipFront();
-  if (atEnd()) return std::nullopt;
-  const std::size_t first = at_;
-  while (at_ < bytes_.size() && !endsNumber(bytes_[at_])) ++at_;
-  const std::string_view token = bytes_.substr(first, at_ - first);
-  skipDelimiter();
-  return token;
+  return whole([this]() -> std::optional<std::string_view> {
+    skipFront();
+    if (atEnd()) return std::nullopt;
+    const std::size_t first = at_;
+    while (at_ < bytes_.size() && !endsNumber(bytes_[at_])) ++at_;
+    const std::string_view token = bytes_.substr(first, at_ - first);
+    skipDelimiter();
+    return token;
+  });
 }
 
 std::optional<std::string_view> TokenStream::line() {
-  if (atEnd()) return std::nullopt;
-  const std::size_t end = std::min(bytes_.find_first_of("\r\n", at_), bytes_.size());
-  const std::string_view taken = bytes_.substr(at_, end - at_);
-  at_ = end;
-  if (!atEnd()) skipLineEnd();
-  return taken;
+  return whole([this]() -> std::optional<std::string_view> {
+    if (atEnd()) return std::nullopt;
+    const std::size_t end = std::min(bytes_.find_first_of("\r\n", at_), bytes_.size());
+    const std::string_view taken = bytes_.substr(at_, end - at_);
+    at_ = end;
+    if (!atEnd()) skipLineEnd();
+    return taken;
+  });
 }
 
 }  // namespace zevfit

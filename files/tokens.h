@@ -4,9 +4,12 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "session/short_decimal.h"
 
@@ -22,16 +25,40 @@ class TokenStream;
 /// stream ends first, and for a text or a number beyond its range.
 std::optional<std::int32_t> integerToken(TokenStream& in);
 
+/// Bytes in pieces, each of which is gone from memory when it has been passed.
+class Pieces {
+ public:
+  explicit Pieces(std::deque<std::string> pieces) : behind_(std::move(pieces)) {
+    for (const std::string& piece : behind_) bytesBehind_ += piece.size();
+    goOn(0);
+  }
+
+  /// What is at hand, and how much follows.
+  std::string_view atHand() const { return atHand_; }
+  std::size_t bytesBehind() const { return bytesBehind_; }
+  /// Lets go of so many of the bytes at hand and takes more; false where none follows.
+  bool goOn(std::size_t passed);
+
+ private:
+  std::string atHand_;
+  std::deque<std::string> behind_;
+  std::size_t bytesBehind_ = 0;
+};
+
 /// Free-field tokens over a stream of bytes; line ends are CR LF, LF or CR and mean no more than a
 /// blank does, but that they end a token. A token takes its delimiter with it: blanks and tabs
 /// behind it, then one comma or one line end.
 class TokenStream {
  public:
   explicit TokenStream(std::string_view bytes) : bytes_(bytes) {}
+  /// A token is there until the next one is read. No copy goes on beside the stream.
+  explicit TokenStream(Pieces& pieces) : bytes_(pieces.atHand()), pieces_(&pieces) {}
 
   /// The end-of-file test: not a byte is left, not even a blank.
   bool atEnd() const { return at_ == bytes_.size(); }
-  std::size_t bytesLeft() const { return bytes_.size() - at_; }
+  std::size_t bytesLeft() const {
+    return bytes_.size() - at_ + (pieces_ ? pieces_->bytesBehind() : 0);
+  }
 
   /// Blanks, tabs and line ends in front are skipped. A text in double quotes, the rest of the
   /// field dropped; else all up to the next comma or line end. Nothing when the stream ends first.
@@ -51,6 +78,26 @@ class TokenStream {
   std::optional<Number> plainNumber();
 
  private:
+  /// Takes a token once more with a further piece of the bytes where it has reached the end of
+  /// those at hand: it may go on there. So some byte is at hand until the stream ends.
+  template <class Take>
+  auto whole(Take take) {
+    for (;;) {
+      const std::size_t start = at_;
+      const auto token = take();
+      if (at_ < bytes_.size() || !goOn(start)) return token;
+    }
+  }
+  /// False, and nothing has changed, where no more bytes follow.
+  bool goOn(std::size_t passed) {
+    if (!pieces_ || !pieces_->goOn(passed)) return false;
+    bytes_ = pieces_->atHand();
+    at_ = 0;
+    return true;
+  }
+  /// Behind a number of the usual form in the bytes at hand; null for any other token.
+  template <class Number>
+  const char* behindNumber(Number& value);
   static bool isBlank(char c) { return c == ' ' || c == '\t'; }
   static bool isLineEnd(char c) { return c == '\r' || c == '\n'; }
   static bool endsNumber(char c) { return isBlank(c) || c == ',' || isLineEnd(c); }
@@ -78,27 +125,36 @@ class TokenStream {
 
   std::string_view bytes_;
   std::size_t at_ = 0;
+  Pieces* pieces_ = nullptr;
 };
 
 template <class Number>
-std::optional<Number> TokenStream::plainNumber() {
+const char* TokenStream::behindNumber(Number& value) {
   skipFront();
-  const char* first = bytes_.data() + at_;
-  const char* last = bytes_.data() + bytes_.size();
-  Number value = 0;
+  const char* const first = bytes_.data() + at_;
+  const char* const last = bytes_.data() + bytes_.size();
   const char* const behind = shortDecimal(first, last, value);
-  if (behind != nullptr && (behind == last || endsNumber(*behind))) {
-    at_ = static_cast<std::size_t>(behind - bytes_.data());
-    skipDelimiter();
-    return value;
-  }
+  if (behind != nullptr && (behind == last || endsNumber(*behind))) return behind;
   const auto read = std::from_chars(first, last, value);
   // What is read as an infinity or as no number at all is a text here.
-  if (read.ec != std::errc() || !std::isfinite(value)) return std::nullopt;
-  if (read.ptr != last && !endsNumber(*read.ptr)) return std::nullopt;
-  at_ = static_cast<std::size_t>(read.ptr - bytes_.data());
-  skipDelimiter();
-  return value;
+  if (read.ec != std::errc() || !std::isfinite(value)) return nullptr;
+  return read.ptr == last || endsNumber(*read.ptr) ? read.ptr : nullptr;
+}
+
+template <class Number>
+std::optional<Number> TokenStream::plainNumber() {
+  for (;;) {
+    const std::size_t start = at_;
+    Number value = 0;
+    const char* const behind = behindNumber(value);
+    if (behind != nullptr) {
+      at_ = static_cast<std::size_t>(behind - bytes_.data());
+      skipDelimiter();
+    }
+    if (at_ == bytes_.size() && goOn(start)) continue;
+    if (behind == nullptr) return std::nullopt;
+    return value;
+  }
 }
 
 }  // namespace zevfit

@@ -1,6 +1,7 @@
 #include "files/variogram_reader.h"
 
 #include <algorithm>
+#include <deque>
 #include <string>
 #include <utility>
 #include <vector>
@@ -29,8 +30,8 @@ struct EndOfFile {};
 
 class Reader {
  public:
-  Reader(std::string_view bytes, Session& session, const std::function<void()>& beforeStoring)
-      : in_(bytes), session_(session), beforeStoring_(beforeStoring) {}
+  Reader(const TokenStream& in, Session& session, const std::function<void()>& beforeStoring)
+      : in_(in), session_(session), beforeStoring_(beforeStoring) {}
 
   void header();
   void data();
@@ -233,10 +234,10 @@ void Reader::takeLetter(std::string& letter) {
   if (letter_) letter = *letter_;
 }
 
-Load load(std::string_view bytes, Session& session, const std::function<void()>& beforeStoring) {
+Load load(const TokenStream& in, Session& session, const std::function<void()>& beforeStoring) {
   session.setPlotted({1, 1});
   session.hasmodel = false;
-  Reader reader(bytes, session, beforeStoring);
+  Reader reader(in, session, beforeStoring);
   try {
     reader.header();
     resetFitState(session);
@@ -248,11 +249,11 @@ Load load(std::string_view bytes, Session& session, const std::function<void()>&
   return Load::good;
 }
 
-/// The bytes of a file; none where it can't be opened or read.
-std::string bytesOf(const std::filesystem::path& path) {
-  std::string bytes;
-  endSilently([&] { bytes = readWhole(path); });
-  return bytes;
+/// All is read before anything of it is stored; none where the file can't be opened or read.
+Pieces piecesOf(const std::filesystem::path& path) {
+  std::deque<std::string> pieces;
+  endSilently([&] { pieces = readPieces(path); });
+  return Pieces(std::move(pieces));
 }
 
 }  // namespace
@@ -262,11 +263,12 @@ bool hasVariogramExtension(std::string_view fileName) {
 }
 
 bool readVariogramBytes(std::string_view bytes, Session& session) {
-  return load(bytes, session, {}) == Load::good;
+  return load(TokenStream(bytes), session, {}) == Load::good;
 }
 
 bool readVariogramFile(const std::filesystem::path& path, Session& session) {
-  return readVariogramBytes(bytesOf(path), session);
+  Pieces pieces = piecesOf(path);
+  return load(TokenStream(pieces), session, {}) == Load::good;
 }
 
 void acceptLoad(Session& session, const std::filesystem::path& path) {
@@ -282,7 +284,8 @@ void acceptLoad(Session& session, const std::filesystem::path& path) {
 
 Load loadVariogramFile(const std::filesystem::path& path, Session& session,
                        const std::function<void()>& beforeStoring) {
-  const Load outcome = load(bytesOf(path), session, beforeStoring);
+  Pieces pieces = piecesOf(path);
+  const Load outcome = load(TokenStream(pieces), session, beforeStoring);
   if (outcome == Load::good) acceptLoad(session, path);
   return outcome;
 }

@@ -112,7 +112,7 @@ std::optional<Include> includeOf(std::string_view line) {
 }
 
 bool isSystemHeader(std::string_view name) {
-  static const Names headers{"fcntl.h", "unistd.h"};
+  static const Names headers{"dlfcn.h", "fcntl.h", "unistd.h"};
   return name.starts_with("sys/") || std::ranges::count(headers, name) > 0;
 }
 

@@ -169,6 +169,7 @@ TEST(ReadWhole, DoesNotWaitForPipesAndDevices) {
   ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
   EXPECT_THROW(readWhole(folder / "pipe"), Fault);
   EXPECT_THROW(readWhole("/dev/zero"), Fault);
+  EXPECT_THROW(readPieces(folder / "pipe"), Fault);
 }
 
 // A file that claims more than the memory holds once ended the program.
@@ -180,6 +181,7 @@ TEST(ReadWhole, FailsForAFileBeyondTheMemory) {
   fs::resize_file(sparse, std::uintmax_t{INT64_MAX}, unable);
   if (!unable) {
     EXPECT_THROW(readWhole(sparse), Fault);
+    EXPECT_THROW(readPieces(sparse), Fault);
   }
   fs::remove(sparse, unable);
 }
@@ -190,6 +192,12 @@ TEST(ReadWhole, GivesAllBytes) {
        {std::string(), std::string("\0\r\n\x1A\xFF", 5), std::string(3'000'000, 'x')}) {
     putFile(folder / "a", content);
     EXPECT_EQ(readWhole(folder / "a"), content);
+    std::string joined;
+    for (const std::string& piece : readPieces(folder / "a")) {
+      EXPECT_FALSE(piece.empty());
+      joined += piece;
+    }
+    EXPECT_EQ(joined, content);
   }
 }
 
@@ -203,6 +211,7 @@ TEST(ReadWhole, ReadsFilesThatClaimNoSize) {
 TEST(ReadWhole, FailsWhereThereIsNoFile) {
   const ScratchFolder folder;
   EXPECT_THROW(readWhole(folder / "none"), Fault);
+  EXPECT_THROW(readPieces(folder / "none"), Fault);
   EXPECT_THROW(readWhole(folder.path()), Fault);
   EXPECT_THROW(readWhole(fs::path()), Fault);
 }

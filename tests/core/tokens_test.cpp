@@ -2,9 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <deque>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include "session/numbers.h"
 
 namespace zevfit {
 namespace {
@@ -25,9 +30,23 @@ Tokens all(TokenStream in, Take take) {
   return tokens;
 }
 
+std::deque<std::string> cut(const std::string& bytes, std::size_t length) {
+  std::deque<std::string> pieces;
+  for (std::size_t at = 0; at < bytes.size(); at += length)
+    pieces.push_back(bytes.substr(at, length));
+  return pieces;
+}
+
+/// Of the bytes as a whole and of pieces of any length.
 template <std::size_t N, class Take>
 void expectTokens(const Case (&cases)[N], Take take) {
-  for (const Case& c : cases) EXPECT_EQ(all(TokenStream(c.bytes), take), c.tokens) << c.name;
+  for (const Case& c : cases) {
+    EXPECT_EQ(all(TokenStream(c.bytes), take), c.tokens) << c.name;
+    for (std::size_t length = 1; length <= c.bytes.size(); ++length) {
+      Pieces pieces(cut(c.bytes, length));
+      EXPECT_EQ(all(TokenStream(pieces), take), c.tokens) << c.name << " in pieces of " << length;
+    }
+  }
 }
 
 TEST(TextToken, RunsToACommaOrALineEnd) {
@@ -238,6 +257,54 @@ TEST(IntegerToken, IsTheNearestOfItsRange) {
     TokenStream in(bytes);
     EXPECT_EQ(integerToken(in), value) << bytes;
   }
+}
+
+std::optional<double> valueOf(std::string_view token, double) { return numberOf(token); }
+std::optional<float> valueOf(std::string_view token, float) { return floatOf(token); }
+
+/// The numbers of a stream with how many bytes were left behind each, and the texts between. Where
+/// an exponent is cut off, the plain form is none, and the closer look finds the same number.
+template <class Number>
+Tokens numbersAndTexts(TokenStream in) {
+  Tokens tokens;
+  while (!in.atEnd()) {
+    auto number = in.plainNumber<Number>();
+    std::string text;
+    if (!number) {
+      text = in.number().value_or("");
+      number = valueOf(text, Number());
+    }
+    tokens.push_back(number ? generalText(*number) : "'" + text + "'");
+    tokens.push_back(std::to_string(in.bytesLeft()));
+  }
+  return tokens;
+}
+
+TEST(PlainNumber, IsTheSameOfPieces) {
+  const std::string bytes = " 12.5  , -3\r\n1E3 1e+2 .5 5. nan 1.5x,,7\r\r\n123456789.25 \t0\r\n";
+  const Tokens expected{"12.5", "51", "-3", "46", "1000",         "42", "100",    "37",
+                        "0.5",  "34", "5",  "31", "'nan'",        "27", "'1.5x'", "22",
+                        "0",    "21", "7",  "19", "123456789.25", "3",  "0",      "0"};
+  EXPECT_EQ(numbersAndTexts<double>(TokenStream(bytes)), expected);
+  for (std::size_t length = 1; length <= bytes.size(); ++length) {
+    Pieces pieces(cut(bytes, length));
+    EXPECT_EQ(numbersAndTexts<double>(TokenStream(pieces)), expected) << length;
+    Pieces again(cut(bytes, length));
+    EXPECT_EQ(numbersAndTexts<float>(TokenStream(again)),
+              numbersAndTexts<float>(TokenStream(bytes)))
+        << length;
+  }
+}
+
+TEST(Pieces, OfALongTokenAreLookedAtAFewTimes) {
+  std::deque<std::string> zeros(20'000, std::string(100, '\0'));
+  Pieces pieces(std::move(zeros));
+  TokenStream in(pieces);
+  EXPECT_EQ(in.bytesLeft(), 2'000'000U);
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(in.text()->size(), 2'000'000U);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+  EXPECT_TRUE(in.atEnd());
 }
 
 }  // namespace

@@ -203,6 +203,11 @@ class Trend(Folder):
         fresh = self.entry("2026-11-22T08:00:00Z", 150, "mine", "step")
         self.assertEqual(trend.compared(step, fresh, kept), "50% better")
 
+    def test_nothing_is_a_share_of_no_growth(self):
+        each = next(row for row in figures.WINDOWS if row.key == "class")
+        kept = [self.entry("2026-11-21T08:00:00Z", 0, row="class")]
+        self.assertEqual(trend.compared(each, self.entry("2026-11-22T08:00:00Z", 0.1, row="class"), kept), "")
+
     def test_the_kept_file_can_be_read(self):
         keys = {row.key for row in figures.WINDOWS + figures.POINTS}
         for entry in trend.entries_of(ROOT / "benchmarks/trend.csv"):

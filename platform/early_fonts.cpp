@@ -1,0 +1,15 @@
+#include "platform/early_fonts.h"
+
+#include <dlfcn.h>
+
+namespace zevfit {
+
+std::jthread readFontsEarly() {
+  return std::jthread([] {
+    // Of the library fontconfig, which Qt brings along where it takes its fonts from there.
+    using Initialise = int (*)();
+    if (const auto init = reinterpret_cast<Initialise>(::dlsym(RTLD_DEFAULT, "FcInit"))) init();
+  });
+}
+
+}  // namespace zevfit

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <thread>
+
+namespace zevfit {
+
+/// Reads the desktop's configuration of fonts on a thread of its own, while the program connects to
+/// the display. To be awaited before the first text, which would read it a second time.
+std::jthread readFontsEarly();
+
+}  // namespace zevfit
