@@ -4,6 +4,7 @@
 #include <QPalette>
 #include <QStyleOptionButton>
 #include <QStyleOptionSlider>
+#include <QStyleOptionTitleBar>
 
 namespace zevfit {
 
@@ -66,6 +67,17 @@ int shareOfHandle(const QStyleOptionSlider& slider) {
   return isHeld ? kHandleHeld : kHandle;
 }
 
+/// Only what is active has white buttons, and its title has a shadow of the colour of letters: this
+/// one is drawn as if it were active, on its own ground, with a dark shadow.
+QStyleOptionTitleBar litTitle(const QStyleOptionTitleBar& option) {
+  QStyleOptionTitleBar seen = option;
+  if ((option.titleBarState & QStyle::State_Active) == 0)
+    seen.palette.setColor(QPalette::Highlight, option.palette.color(QPalette::Window));
+  seen.titleBarState |= QStyle::State_Active;
+  seen.palette.setColor(QPalette::Text, Qt::black);
+  return seen;
+}
+
 }  // namespace
 
 void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
@@ -90,6 +102,11 @@ void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
 
 void HouseStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                     QPainter* painter, const QWidget* widget) const {
+  const auto* title = qstyleoption_cast<const QStyleOptionTitleBar*>(option);
+  if (control == CC_TitleBar && title && isDark(title->palette)) {
+    const QStyleOptionTitleBar seen = litTitle(*title);
+    return QProxyStyle::drawComplexControl(control, &seen, painter, widget);
+  }
   QProxyStyle::drawComplexControl(control, option, painter, widget);
   const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
   if (control != CC_Slider || !slider || !isDark(option->palette)) return;

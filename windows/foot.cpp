@@ -4,11 +4,10 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMainWindow>
-#include <utility>
-#include <vector>
 
 #include "session/number_pattern.h"
 #include "windows/elided_label.h"
+#include "windows/foot_room.h"
 
 namespace zevfit {
 
@@ -26,27 +25,6 @@ constexpr const char* kMisfitTip =
 constexpr double kLargestShown = 9999.9;
 
 QString toText(const std::string& bytes) { return QFile::decodeName(bytes.c_str()); }
-
-/// What labels fill, one over the other: their texts change with every step of a slider, and none
-/// asks for a layout.
-class Room : public QWidget {
- public:
-  Room(const char* name, std::vector<QWidget*> labels) : labels_(std::move(labels)) {
-    setObjectName(name);
-    for (QWidget* label : labels_) label->setParent(this);
-    // A long text must not make the window wider.
-    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  }
-  QSize sizeHint() const override { return labels_.front()->minimumSizeHint(); }
-
- protected:
-  void resizeEvent(QResizeEvent* /*event*/) override {
-    for (QWidget* label : labels_) label->resize(size());
-  }
-
- private:
-  std::vector<QWidget*> labels_;
-};
 
 /// A label whose texts change without any other moving.
 QLabel* makeFixed(const char* name, const QString& longest) {
@@ -80,16 +58,14 @@ Foot::Foot()
       LabelHint(new ElidedLabel("LabelHint", Qt::ElideRight)),
       LabelTip(new ElidedLabel("LabelTip", Qt::ElideRight)),
       LabelFoot(new ElidedLabel("LabelFoot", Qt::ElideMiddle)),
+      room_(new FootRoom(*LabelHint, *LabelTip, *LabelFoot)),
       LabelMisfit(makeFixed("LabelMisfit", misfitText(kLargestShown))) {
   setObjectName("Foot");
   LabelFile->setMaximumWidth(kLongestName);
   LabelFile->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  // Nor must a long path.
-  LabelFoot->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   addWidget(LabelFile);
   addWidget(LabelChanged);
-  addWidget(new Room("RoomHint", {LabelHint, LabelTip}), 1);
-  addWidget(LabelFoot, 1);
+  addWidget(room_, 1);
   addPermanentWidget(LabelMisfit);
   LabelFoot->hide();
   LabelTip->hide();
@@ -123,18 +99,21 @@ void Foot::addNote(const QString& line) {
   if (!lines.contains(line)) lines.append(line);
   LabelFoot->tell(lines.join('\n'), lines.join('\n'));
   LabelFoot->setVisible(true);
+  room_->share();
 }
 
 void Foot::showHint(const QString& hint) {
   topic_.reset();
   LabelHint->tell(hint, hint);
   if (!hint.isEmpty()) showTip({});
+  room_->share();
 }
 
 void Foot::showTip(const QString& tip) {
   LabelTip->tell(tip, tip);
   LabelTip->setVisible(!tip.isEmpty());
   LabelHint->setVisible(tip.isEmpty());
+  room_->share();
 }
 
 void Foot::showHint(HintTopic topic, const QString& hint) {

@@ -12,6 +12,7 @@ class QMainWindow;
 namespace zevfit {
 
 class ElidedLabel;
+class FootRoom;
 
 /// The foot of the main window, of one height whatever it tells: the open file and whether the
 /// models differ from it, a hint, notes, and the misfit of the model on show.
@@ -40,6 +41,7 @@ class Foot : public QStatusBar {
   ElidedLabel* LabelHint;
   ElidedLabel* LabelTip;   ///< in the place of the hint
   ElidedLabel* LabelFoot;  ///< the notes
+  FootRoom* room_;         ///< of hint, tip and notes
   QLabel* LabelMisfit;
   std::optional<HintTopic> topic_;  ///< of the hint on show, where it has one
   std::string path_;                ///< of the file on show

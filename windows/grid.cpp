@@ -101,6 +101,8 @@ Grid::Grid(std::vector<int> shares, QWidget* parent)
   setEditTriggers(NoEditTriggers);
   setSelectionMode(SingleSelection);
   setTabKeyNavigation(false);
+  // A number may be broken behind its point, and of the first line alone "0." is left.
+  setWordWrap(false);
   setAlternatingRowColors(true);
   setFrameShape(NoFrame);
 }

@@ -29,6 +29,8 @@ constexpr int kTintAlpha = 48;
 constexpr QRgb kOtherColour = 0xFFFFB000;
 /// How much of it a ground takes.
 constexpr double kOtherShare = 0.3;
+/// How much of the letters a frame on a dark ground takes.
+constexpr double kFrameShare = 0.4;
 /// Behind a total that is not the sum.
 constexpr const char* kOtherSign = " *";
 
@@ -44,6 +46,19 @@ constexpr std::array<AxisLook, kAxes.size()> kLooks{{{"M", 0xFF1F5FBF, "Main Dir
                                                      {"2", 0xFF1B7F4B, "Minor Direction 2"}}};
 
 const AxisLook& look(Axis axis) { return kLooks.at(static_cast<std::size_t>(axis)); }
+
+QColor mixed(const QColor& under, const QColor& over, double share) {
+  const auto mix = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
+  return {mix(under.red(), over.red()), mix(under.green(), over.green()),
+          mix(under.blue(), over.blue())};
+}
+
+/// Of the frame around what is there to be clicked. Dark palettes have no such colour themselves.
+QColor frameColour(const QPalette& palette) {
+  const QColor ground = palette.color(QPalette::Base), letters = palette.color(QPalette::Text);
+  const bool dark = ground.lightness() < letters.lightness();
+  return dark ? mixed(ground, letters, kFrameShare) : palette.color(QPalette::Mid);
+}
 
 void paintMark(QPainter& painter, const QRectF& place, Axis axis) {
   painter.save();
@@ -151,7 +166,7 @@ class ResultsDelegate : public QStyledItemDelegate {
   static void paintFrame(QPainter& painter, const QStyleOptionViewItem& option) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(option.palette.color(QPalette::Mid));
+    painter.setPen(frameColour(option.palette));
     painter.drawRoundedRect(QRectF(option.rect).adjusted(1.5, 2.5, -2.5, -3.5), 3, 3);
     painter.restore();
   }
@@ -189,14 +204,7 @@ constexpr int kTotal = static_cast<int>(kTotalColumn);
 
 QColor axisColour(Axis axis) { return QColor(look(axis).colour); }
 
-QColor otherTint(const QColor& ground) {
-  const QColor tint(kOtherColour);
-  const auto mixed = [](int under, int over) {
-    return static_cast<int>(under + (over - under) * kOtherShare);
-  };
-  return {mixed(ground.red(), tint.red()), mixed(ground.green(), tint.green()),
-          mixed(ground.blue(), tint.blue())};
-}
+QColor otherTint(const QColor& ground) { return mixed(ground, QColor(kOtherColour), kOtherShare); }
 
 QIcon axisIcon(Axis axis) { return QIcon(new MarkEngine(axis)); }
 

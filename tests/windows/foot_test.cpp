@@ -220,6 +220,32 @@ TEST_F(FootOfTheWindow, KeepsItsHeightAndTheAreaWhateverItTells) {
   EXPECT_EQ(foot.height(), height);
 }
 
+TEST_F(FootOfTheWindow, GivesANoteTheRoomThatTheHintLeaves) {
+  auto& note = program_.control<QLabel>("LabelFoot");
+  auto& hint = program_.control<QLabel>("LabelHint");
+  const auto wanted = [](const QLabel& label) { return label.sizeHint().width(); };
+  // Where the pointer is over no control, whose tip would come before the hint.
+  auto& area = program_.control("Area");
+  hand_.clickAt(area, area.rect().bottomRight() - QPoint(9, 9));
+  // More than half of what hints and notes have.
+  std::string text;
+  while (wanted(note) < note.parentWidget()->width() * 2 / 3) {
+    clearFoot(program_.window());
+    tellAtFoot(program_.window(), text += "kept ");
+  }
+  EXPECT_EQ(note.width(), wanted(note)) << "whole";
+  hintAtFoot(program_.window(), "printed");
+  EXPECT_EQ(note.width(), wanted(note));
+  EXPECT_GE(hint.width(), wanted(hint));
+  EXPECT_LE(hint.geometry().right(), note.x());
+  hintAtFoot(program_.window(), text);
+  EXPECT_EQ(note.width(), note.parentWidget()->width() / 2) << "each its half";
+  EXPECT_LE(hint.geometry().right(), note.x());
+  const int half = hint.width();
+  clearFoot(program_.window());
+  EXPECT_GT(hint.width(), half * 3 / 2) << "alone";
+}
+
 TEST_F(FootOfTheWindow, TakesAwayOnlyAHintOfTheSameTopic) {
   auto& foot = program_.control<Foot>("Foot");
   foot.showHint(HintTopic::sheet, "printed");

@@ -10,7 +10,9 @@
 #include <QStyleFactory>
 #include <QStyleOptionButton>
 #include <QStyleOptionSlider>
+#include <QStyleOptionTitleBar>
 #include <algorithm>
+#include <utility>
 
 namespace zevfit {
 namespace {
@@ -111,6 +113,60 @@ TEST(HouseStyle, FieldsAndButtonsHaveOutlinesOnDarkGrounds) {
   }
 }
 
+/// A title bar that fills its image.
+QStyleOptionTitleBar titleBar(const QPalette& palette, QStyle::State state) {
+  QStyleOptionTitleBar option;
+  option.rect = QRect(0, 0, 260, 26);
+  option.palette = palette;
+  option.state = state | QStyle::State_Enabled;
+  option.titleBarState = static_cast<int>(state.toInt());
+  option.titleBarFlags = Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                         Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint;
+  option.subControls = QStyle::SC_All;
+  option.text = "01,01  Variable: zinc";
+  return option;
+}
+
+QImage drawnTitle(const QStyle& style, const QStyleOptionTitleBar& option) {
+  QImage image(option.rect.size(), QImage::Format_RGB32);
+  image.fill(option.palette.color(QPalette::Window));
+  QPainter painter(&image);
+  style.drawComplexControl(QStyle::CC_TitleBar, &option, &painter);
+  return image;
+}
+
+/// The darkest and the lightest grey of a part of a title bar.
+std::pair<int, int> greysOf(const QStyle& style, const QStyleOptionTitleBar& option,
+                            QStyle::SubControl part) {
+  const QImage image = drawnTitle(style, option);
+  const QRect place =
+      style.subControlRect(QStyle::CC_TitleBar, &option, part).adjusted(3, 3, -3, -3);
+  std::pair<int, int> greys(255, 0);
+  for (int y = place.top(); y <= place.bottom(); ++y)
+    for (int x = place.left(); x <= place.right(); ++x) {
+      const int grey = qGray(image.pixel(x, y));
+      greys = {std::min(greys.first, grey), std::max(greys.second, grey)};
+    }
+  return greys;
+}
+
+TEST(HouseStyle, TitlesOfPlotsAndTheirButtonsAreReadOnDarkGrounds) {
+  const HouseStyle style;
+  for (const int ground : {20, 45, 60})
+    for (const auto state : {QStyle::State_None, QStyle::State_Active}) {
+      QPalette dark = paletteOf(ground, 240, ground - 15);
+      dark.setColor(QPalette::Text, QColor(240, 240, 240));
+      dark.setColor(QPalette::Highlight, QColor(61, 174, 233));
+      const QStyleOptionTitleBar option = titleBar(dark, state);
+      for (const auto button : {QStyle::SC_TitleBarMinButton, QStyle::SC_TitleBarMaxButton,
+                                QStyle::SC_TitleBarCloseButton})
+        EXPECT_GT(greysOf(style, option, button).second - ground, 150) << button << " " << ground;
+      const auto [shadow, letters] = greysOf(style, option, QStyle::SC_TitleBarLabel);
+      EXPECT_GT(letters, 220) << ground;
+      EXPECT_LT(shadow, ground + 10) << "no second light title below the first: " << ground;
+    }
+}
+
 TEST(HouseStyle, LeavesLightGroundsAlone) {
   HouseStyle style;
   const QPalette light = paletteOf(239, 0, 255);
@@ -120,6 +176,10 @@ TEST(HouseStyle, LeavesLightGroundsAlone) {
             drawnPart<QStyleOptionFrame>(*style.baseStyle(), QStyle::PE_FrameLineEdit, light));
   for (const auto mark : kMarks)
     EXPECT_EQ(drawn(style, mark, light), drawn(*style.baseStyle(), mark, light)) << mark;
+  for (const auto state : {QStyle::State_None, QStyle::State_Active}) {
+    const QStyleOptionTitleBar title = titleBar(light, state);
+    EXPECT_EQ(drawnTitle(style, title), drawnTitle(*style.baseStyle(), title));
+  }
 }
 
 }  // namespace

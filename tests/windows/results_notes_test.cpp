@@ -85,6 +85,46 @@ TEST_F(ResultsNotes, FieldsAndTheRowOfAnotherVariableAreMarked) {
   });
 }
 
+TEST_F(ResultsNotes, TheFramesOfWhatIsClickedAreSeenOnDarkGrounds) {
+  results([](OpenResults& open) {
+    QPalette dark(QColor(49, 54, 59));
+    dark.setColor(QPalette::Base, QColor(35, 38, 41));
+    dark.setColor(QPalette::AlternateBase, QColor(49, 54, 59));
+    dark.setColor(QPalette::Text, Qt::white);
+    open.grid().setPalette(dark);
+    for (const int row : {2, 3}) {
+      const QRect cell = open.grid().visualItemRect(open.grid().item(row, 1));
+      const QImage seen = open.grid().viewport()->grab(cell).toImage();
+      int lightest = 0;
+      for (int x = 0; x < 8; ++x)
+        lightest = std::max(lightest, qGray(seen.pixel(x, seen.height() / 2)));
+      EXPECT_GT(lightest, 54 + 40) << row;
+    }
+  });
+}
+
+/// Pixels from the left end of a cell to the first one of its text.
+int startOf(QTableWidget& grid, int row, int column) {
+  const QRect cell = grid.visualItemRect(grid.item(row, column)).adjusted(1, 3, -2, -3);
+  const QImage seen = grid.viewport()->grab(cell).toImage();
+  const QRgb ground = seen.pixel(0, 0);
+  int first = seen.width();
+  for (int y = 0; y < seen.height(); ++y)
+    for (int x = 0; x < first; ++x)
+      if (seen.pixel(x, y) != ground) first = x;
+  return first;
+}
+
+TEST_F(ResultsNotes, LongNumbersFillTheirCells) {
+  setStructure(session(), {1, 1}, Line::first, "S", 0.70221534826901, 1286.50964880413);
+  results([](OpenResults& open) {
+    EXPECT_EQ(open.cell(2, 3), "0.70221534826901");
+    const int width = open.grid().columnWidth(3);
+    ASSERT_GT(open.grid().fontMetrics().horizontalAdvance("0.70221534826901"), width);
+    for (const int column : {3, 4}) EXPECT_LT(startOf(open.grid(), 2, column), width / 4) << column;
+  });
+}
+
 // All directions are level: there is no third one at right angles.
 TEST_F(ResultsNotes, InAPlaneBothMinorAxesTakeTheSameRow) {
   const char* const plane = "In two dimensions Minor 1 and Minor 2 take the same row.";
