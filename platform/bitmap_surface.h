@@ -21,6 +21,7 @@ class BitmapSurface : public PainterSurface {
 
  private:
   QPainter& painter() override;
+  QImage& bitmap() override { return image_; }
 
   QImage& image_;
   QPainter painter_;

@@ -29,13 +29,13 @@ bool DrawnList::isShown() const {
 }
 
 void DrawnList::add(Item item) {
-  const bool isSame = same_ == count_ && count_ < items_.size() && items_[count_] == item;
-  if (isSame) {
+  const bool isThere = count_ < items_.size();
+  if (isThere && same_ == count_ && items_[count_] == item)
     ++same_;
-  } else {
-    items_.resize(count_ + 1);
+  else if (isThere)
     items_[count_] = std::move(item);
-  }
+  else
+    items_.push_back(std::move(item));
   ++count_;
 }
 

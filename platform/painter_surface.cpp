@@ -44,9 +44,7 @@ QPen toPen(const Stroke& stroke) {
 double inPixels(double twips) { return std::clamp(twips, -1e100, 1e100) / kTwipsPerPixel; }
 
 constexpr std::size_t kTextsKept = 256;
-constexpr std::size_t kStampsKept = 256;
-/// Discs are kept at this many places within a pixel, each way.
-constexpr int kPhases = 4;
+constexpr std::size_t kDiscsKept = 16;
 
 /// A polygon is filled in columns of as many pixels of the bitmap: Qt fills a wide one several
 /// times over, with more memory each time, until a row of it finds room.
@@ -119,7 +117,7 @@ QString toDrawnText(std::string_view text, const std::string& fontName) {
 
 void PainterSurface::forget() {
   faces_.clear();
-  stamps_.clear();
+  discs_.clear();
 }
 
 PainterSurface::Face& PainterSurface::face(const Font& font) {
@@ -204,43 +202,48 @@ void PainterSurface::drawColumns(const QPolygonF& outline) {
     to.drawPolygon(columnOf(outline, left, left + wide), Qt::WindingFill);
 }
 
-const QImage& PainterSurface::stamp(double radius, const Stroke& outline, Colour fill, int phaseX,
-                                    int phaseY) {
-  for (const Stamp& known : stamps_)
-    if (known.radius == radius && known.outline == outline && known.fill == fill &&
-        known.phaseX == phaseX && known.phaseY == phaseY)
-      return known.image;
-  const double ratio = painter().device()->devicePixelRatioF();
+PainterSurface::Disc& PainterSurface::discOf(double radius, const Stroke& outline, Colour fill) {
+  const auto found = std::find_if(discs_.begin(), discs_.end(), [&](const Disc& known) {
+    return known.radius == radius && known.outline == outline && known.fill == fill;
+  });
+  if (found != discs_.end()) return *found;
+  if (discs_.size() == kDiscsKept) discs_.clear();
   const double reach = inPixels(radius) + outline.width / 2.0;
-  const int side = 2 * static_cast<int>(std::ceil(reach * ratio)) + 2;
-  QImage made(side, side, QImage::Format_ARGB32_Premultiplied);
+  const double ratio = bitmap().devicePixelRatio();
+  discs_.push_back({radius, outline, fill, {}, 2 * static_cast<int>(std::ceil(reach * ratio)) + 2});
+  return discs_.back();
+}
+
+Stamp PainterSurface::stampOf(const Disc& disc, int phaseX, int phaseY) {
+  const double ratio = bitmap().devicePixelRatio();
+  QImage made(disc.side, disc.side, QImage::Format_ARGB32_Premultiplied);
   made.fill(Qt::transparent);
   QPainter to(&made);
   to.setRenderHint(QPainter::Antialiasing);
-  const double middle = std::floor(side / 2.0);
+  const double middle = disc.side / 2;
   to.translate(middle + static_cast<double>(phaseX) / kPhases,
                middle + static_cast<double>(phaseY) / kPhases);
   to.scale(ratio, ratio);
-  to.setPen(toPen(outline));
-  to.setBrush(toQColor(fill));
-  to.drawEllipse(QPointF(0, 0), inPixels(radius), inPixels(radius));
+  to.setPen(toPen(disc.outline));
+  to.setBrush(toQColor(disc.fill));
+  to.drawEllipse(QPointF(0, 0), inPixels(disc.radius), inPixels(disc.radius));
   to.end();
-  made.setDevicePixelRatio(ratio);
-  if (stamps_.size() > kStampsKept) stamps_.clear();
-  stamps_.push_back({radius, outline, fill, phaseX, phaseY, made});
-  return stamps_.back().image;
+  return Stamp(made);
 }
 
 void PainterSurface::disc(double x, double y, double radius, const Stroke& outline, Colour fill) {
   if (!withinReach(inPixels(x)) || !withinReach(inPixels(y))) return;
   finish();
-  const double ratio = painter().device()->devicePixelRatioF();
-  const double deviceX = inPixels(x) * ratio, deviceY = inPixels(y) * ratio;
-  const double wholeX = std::floor(deviceX), wholeY = std::floor(deviceY);
-  const QImage& image = stamp(radius, outline, fill, static_cast<int>((deviceX - wholeX) * kPhases),
-                              static_cast<int>((deviceY - wholeY) * kPhases));
-  const int middle = image.width() / 2;
-  painter().drawImage(QPointF((wholeX - middle) / ratio, (wholeY - middle) / ratio), image);
+  Disc& drawn = discOf(radius, outline, fill);
+  const double ratio = bitmap().devicePixelRatio();
+  const double pixelX = inPixels(x) * ratio, pixelY = inPixels(y) * ratio;
+  const double wholeX = std::floor(pixelX), wholeY = std::floor(pixelY);
+  const int phaseX = static_cast<int>((pixelX - wholeX) * kPhases);
+  const int phaseY = static_cast<int>((pixelY - wholeY) * kPhases);
+  auto& stamp = drawn.stamps[static_cast<std::size_t>(phaseY * kPhases + phaseX)];
+  if (!stamp) stamp = stampOf(drawn, phaseX, phaseY);
+  const int middle = drawn.side / 2;
+  stamp->putOn(bitmap(), static_cast<int>(wholeX) - middle, static_cast<int>(wholeY) - middle);
 }
 
 void PainterSurface::box(double left, double top, double width, double height, Colour fill) {

@@ -5,11 +5,13 @@
 #include <QPainter>
 #include <QPolygonF>
 #include <QStaticText>
+#include <array>
 #include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
+#include "platform/stamp.h"
 #include "plot/drawing/surface.h"
 
 namespace zevfit {
@@ -41,6 +43,8 @@ class PainterSurface : public Surface {
  protected:
   /// The painter to draw with, open.
   virtual QPainter& painter() = 0;
+  /// What it draws on.
+  virtual QImage& bitmap() = 0;
   /// Draws what is still held back; to be called before the painter ends.
   void finish();
   /// The device has changed: nothing kept fits it.
@@ -52,15 +56,18 @@ class PainterSurface : public Surface {
     QFont face;
     std::unordered_map<std::string, QStaticText> texts;
   };
-  struct Stamp {
+  /// Discs are kept at this many places within a pixel, each way.
+  static constexpr int kPhases = 4;
+  struct Disc {
     double radius;
     Stroke outline;
     Colour fill;
-    int phaseX, phaseY;
-    QImage image;
+    std::array<std::optional<Stamp>, kPhases * kPhases> stamps;
+    int side = 0;  ///< of a stamp, pixels
   };
   Face& face(const Font& font);
-  const QImage& stamp(double radius, const Stroke& outline, Colour fill, int phaseX, int phaseY);
+  Disc& discOf(double radius, const Stroke& outline, Colour fill);
+  Stamp stampOf(const Disc& disc, int phaseX, int phaseY);
   /// Takes a line into the curve that stands open; false for one that does not go on from its end.
   bool goesOn(const QLineF& line, const Stroke& stroke);
   /// Fills a polygon, smooth, with the painter's brush.
@@ -68,7 +75,7 @@ class PainterSurface : public Surface {
   void straight(const QLineF& line, const Stroke& stroke);
 
   std::vector<Face> faces_;
-  std::vector<Stamp> stamps_;
+  std::vector<Disc> discs_;
   QPolygonF curve_;  ///< lines of one stroke, each from the end of the one before, not drawn yet
   Stroke curveStroke_;
 };

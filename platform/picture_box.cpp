@@ -171,9 +171,13 @@ bool PictureBox::event(QEvent* event) {
 
 void PictureBox::paintEvent(QPaintEvent* event) {
   isToPaint_ = false;
+  const QImage& shown = image();
   QPainter to(this);
-  to.setClipRegion(event->region());
-  to.drawImage(0, 0, image());
+  // A clip of one rectangle is quick, one of several is not.
+  for (const QRect& part : event->region()) {
+    to.setClipRect(part);
+    to.drawImage(0, 0, shown);
+  }
 }
 
 }  // namespace zevfit

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QPaintEvent>
+#include <QPainter>
 #include <functional>
 #include <random>
 #include <vector>
@@ -173,6 +174,24 @@ TEST_F(PictureBoxTest, AnyRowOfDrawingsLooksAsEachDrawnAlone) {
     }
     ASSERT_EQ(box_.image(), drawnOnce(drawing)) << "round " << round;
   }
+}
+
+TEST_F(PictureBoxTest, PaintsTheAskedForPartsAlone) {
+  redraw({boxOf(0, 0, kRed), boxOf(600, 300, kBlue)});
+  const QRegion parts = QRegion(5, 5, 40, 10) + QRegion(30, 25, 60, 30);
+  QImage shown(200, 100, QImage::Format_RGB32);
+  shown.fill(Qt::yellow);
+  {
+    QPainter painter(&shown);
+    painter.setClipRegion(parts);
+    box_.render(&painter, {}, parts);
+  }
+  for (int y = 0; y < 100; ++y)
+    for (int x = 0; x < 200; ++x) {
+      const bool isAsked = parts.contains(QPoint(x, y));
+      ASSERT_EQ(shown.pixelColor(x, y), isAsked ? box_.image().pixelColor(x, y) : Qt::yellow)
+          << x << " " << y;
+    }
 }
 
 TEST_F(PictureBoxTest, IsPaintedOncePerLook) {
