@@ -20,7 +20,7 @@ class Report {
  public:
   explicit Report(zevfit::Printer* printer = nullptr)
       : program_(folder_.path().toStdString(), printer) {
-    program_.open(writeFile(folder_, 1, kClasses));
+    program_.open(writeFile(folder_, 1, 1, kClasses));
     QWidget& reports = test::openReports(program_);
     test::giveColumns(reports, test::kReportColumns);
     for (int row = 1; row <= test::kReportRows; ++row)

@@ -17,6 +17,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "platform/house_style.h"
 #include "platform/picture_box.h"
 #include "tests/support/program.h"
 
@@ -52,9 +53,10 @@ inline std::string fileText(int variables, int directions, int classes) {
   return out.str();
 }
 
-inline std::string writeFile(const QTemporaryDir& folder, int directions, int classes) {
+inline std::string writeFile(const QTemporaryDir& folder, int variables, int directions,
+                             int classes) {
   std::string path = folder.filePath("bench.zvm").toStdString();
-  std::ofstream(path) << fileText(1, directions, classes);
+  std::ofstream(path) << fileText(variables, directions, classes);
   return path;
 }
 
@@ -64,7 +66,7 @@ class OpenPlot {
  public:
   explicit OpenPlot(int directions = 1, int classes = kClasses)
       : program_(folder_.path().toStdString()) {
-    program_.open(writeFile(folder_, directions, classes));
+    program_.open(writeFile(folder_, 1, directions, classes));
     for (int d = 1; d < directions; ++d) {
       program_.control<QComboBox>("Combodirvar").setCurrentIndex(d);
       program_.control<QPushButton>("Command5").click();
@@ -167,6 +169,7 @@ inline void redraw(benchmark::State& state) {
 inline int run(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
+  QApplication::setStyle(new HouseStyle);
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   return 0;

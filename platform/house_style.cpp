@@ -1,10 +1,14 @@
 #include "platform/house_style.h"
 
+#include <QAbstractSpinBox>
+#include <QComboBox>
 #include <QPainter>
 #include <QPalette>
+#include <QPixmapCache>
 #include <QStyleOptionButton>
 #include <QStyleOptionSlider>
 #include <QStyleOptionTitleBar>
+#include <cmath>
 
 namespace zevfit {
 
@@ -59,6 +63,29 @@ void drawOutline(QPainter& painter, const QRect& place, const QPen& pen, const Q
   painter.restore();
 }
 
+/// The name in Qt's cache of how the ground of a field looks.
+QString keyOf(const QStyleOptionFrame& field, qreal ratio) {
+  return QString("zevfit-field %1 %2 %3 %4 %5 %6")
+      .arg(field.rect.width())
+      .arg(field.rect.height())
+      .arg(field.state.toInt())
+      .arg(field.lineWidth)
+      .arg(field.palette.cacheKey())
+      .arg(ratio);
+}
+
+/// A picture can stand for what it shows: on other scales it would not lie on whole pixels.
+bool isOnPixels(const QPainter& painter) {
+  const qreal ratio = painter.device()->devicePixelRatioF();
+  return ratio == std::floor(ratio) && painter.worldTransform().type() <= QTransform::TxTranslate;
+}
+
+/// The field of a list or of a number that goes up and down has the ground of these.
+bool isPart(const QWidget* field) {
+  const QWidget* parent = field ? field->parentWidget() : nullptr;
+  return qobject_cast<const QComboBox*>(parent) || qobject_cast<const QAbstractSpinBox*>(parent);
+}
+
 /// How light the handle of a slider is.
 int shareOfHandle(const QStyleOptionSlider& slider) {
   if (!slider.state.testFlag(QStyle::State_Enabled)) return kHandleOff;
@@ -82,6 +109,9 @@ QStyleOptionTitleBar litTitle(const QStyleOptionTitleBar& option) {
 
 void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {
+  const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+  if (element == PE_PanelLineEdit && frame && keepsField(*painter, widget))
+    return drawField(*frame, *painter, widget);
   if (!isDark(option->palette)) return QProxyStyle::drawPrimitive(element, option, painter, widget);
   const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
   const bool isMark = element == PE_IndicatorRadioButton || element == PE_IndicatorCheckBox;
@@ -89,7 +119,6 @@ void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     const QStyleOptionButton seen = outlined(*button);
     return QProxyStyle::drawPrimitive(element, &seen, painter, widget);
   }
-  const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
   if (element == PE_FrameLineEdit && frame) {
     const QStyleOptionFrame seen = outlined(*frame);
     return QProxyStyle::drawPrimitive(element, &seen, painter, widget);
@@ -98,6 +127,29 @@ void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
   if (element == PE_PanelButtonCommand && !option->state.testFlag(State_HasFocus))
     drawOutline(*painter, option->rect, towardsLetters(option->palette, kOutlineShare / 2),
                 Qt::NoBrush);
+}
+
+// Other styles may look at more than the option.
+bool HouseStyle::keepsField(const QPainter& painter, const QWidget* widget) const {
+  return baseStyle()->inherits("QFusionStyle") && isOnPixels(painter) && !isPart(widget);
+}
+
+void HouseStyle::drawField(const QStyleOptionFrame& field, QPainter& painter,
+                           const QWidget* widget) const {
+  const qreal ratio = painter.device()->devicePixelRatioF();
+  const QString key = keyOf(field, ratio);
+  QPixmap ground;
+  if (!QPixmapCache::find(key, &ground)) {
+    ground = QPixmap((QSizeF(field.rect.size()) * ratio).toSize());
+    ground.setDevicePixelRatio(ratio);
+    ground.fill(Qt::transparent);
+    QPainter to(&ground);
+    to.translate(-field.rect.topLeft());
+    QProxyStyle::drawPrimitive(PE_PanelLineEdit, &field, &to, widget);
+    to.end();
+    QPixmapCache::insert(key, ground);
+  }
+  painter.drawPixmap(field.rect.topLeft(), ground);
 }
 
 void HouseStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,

@@ -2,17 +2,26 @@
 
 #include <QProxyStyle>
 
+class QStyleOptionFrame;
+
 namespace zevfit {
 
 /// The style of the desktop, with what it leaves unseen on dark palettes: boxes and options that
 /// are not ticked, fields and buttons have an outline there that stands out from the ground, the
 /// handles of sliders are light, and so are title and buttons of a plot's window, active or not.
+/// The outline of a field, which takes long to stroke, is kept as a picture.
 class HouseStyle : public QProxyStyle {
  public:
+  using QProxyStyle::QProxyStyle;
+
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget = nullptr) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                           QPainter* painter, const QWidget* widget = nullptr) const override;
+
+ private:
+  bool keepsField(const QPainter& painter, const QWidget* widget) const;
+  void drawField(const QStyleOptionFrame& field, QPainter& painter, const QWidget* widget) const;
 };
 
 }  // namespace zevfit

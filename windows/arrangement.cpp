@@ -1,7 +1,10 @@
 #include "windows/arrangement.h"
 
 #include <QMdiSubWindow>
+#include <QPointer>
 #include <functional>
+#include <utility>
+#include <vector>
 
 #include "windows/plot_area.h"
 #include "windows/quiet_focus.h"
@@ -19,9 +22,31 @@ Plots shownPlots(const QMdiArea& area, QMdiArea::WindowOrder order) {
   return shown;
 }
 
+/// Qt lays out the titles of all windows each time that one is activated: with many plots that
+/// takes longer than drawing them. Meanwhile they have none.
+class TitlesAside {
+ public:
+  explicit TitlesAside(const Plots& plots) {
+    for (QMdiSubWindow* window : plots) {
+      titles_.emplace_back(window, window->windowTitle());
+      window->setWindowTitle({});
+    }
+  }
+  ~TitlesAside() {
+    for (const auto& [window, title] : titles_)
+      if (window && window->windowTitle().isEmpty()) window->setWindowTitle(title);
+  }
+  TitlesAside(const TitlesAside&) = delete;
+  TitlesAside& operator=(const TitlesAside&) = delete;
+
+ private:
+  std::vector<std::pair<QPointer<QMdiSubWindow>, QString>> titles_;
+};
+
 void arrange(PlotArea& area, QMdiArea::WindowOrder order,
              const std::function<void(const Plots&)>& layOut) {
   const QuietFocus focus(area);
+  const TitlesAside titles(area.subWindowList());
   Plots shown = shownPlots(area, order);
   QMdiSubWindow* active = area.currentSubWindow();
   const bool isAside = active && active->isVisible() && active->isMinimized();

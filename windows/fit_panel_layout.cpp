@@ -14,6 +14,7 @@
 #include "windows/control_tips.h"
 #include "windows/controls.h"
 #include "windows/fit_panel_widgets.h"
+#include "windows/panel_frame.h"
 #include "windows/panel_slider.h"
 #include "windows/program_keys.h"
 
@@ -95,8 +96,8 @@ void FitPanelWidgets::makeLists() {
 }
 
 void FitPanelWidgets::makeLines() {
-  Frame1 = named(new QGroupBox("Select Structure"), "Frame1");
-  Frame2 = named(new QGroupBox("Plot"), "Frame2");
+  Frame1 = named(new PanelFrame("Select Structure"), "Frame1");
+  Frame2 = named(new PanelFrame("Plot"), "Frame2");
   for (std::size_t i = 0; i < est.size(); ++i) {
     est[i] = named(new QRadioButton(kLineCaptions[i]), "");
     est[i]->setObjectName(QString("est%1").arg(i + 1));
@@ -113,7 +114,7 @@ void FitPanelWidgets::makeLines() {
 }
 
 void FitPanelWidgets::makeModels() {
-  Frame3 = named(new QGroupBox("Select Model"), "Frame3");
+  Frame3 = named(new PanelFrame("Select Model"), "Frame3");
   for (std::size_t i = 0; i < tipo.size(); ++i) {
     tipo[i] = new QRadioButton(kModelCaptions[i]);
     tipo[i]->setObjectName(QString("tipo%1").arg(i + 1));
@@ -122,7 +123,7 @@ void FitPanelWidgets::makeModels() {
 }
 
 void FitPanelWidgets::makeValues() {
-  label10 = named(new QGroupBox("Model Expression"), "label10");
+  label10 = named(new PanelFrame("Model Expression"), "label10");
   Label18 = makeNamedLabel("Label18", "C0");
   Label21 = makeNamedLabel("Label21", "a:");
   Textc0 = makeField("Textc0", "Sill of the selected line");

@@ -60,6 +60,18 @@ TEST_F(Arrangement, VerticalStandsThePlotsSideBySide) {
   }
 }
 
+TEST_F(Arrangement, LeavesThePlotsTheirTitles) {
+  open(3);
+  for (const char* command : {"mnucascade", "mnuvertical", "mnuhorizontal"}) {
+    program_.trigger(command);
+    for (int i = 1; i <= 3; ++i) {
+      const QString caption = QString::fromStdString(plot(i).caption());
+      EXPECT_EQ(static_cast<QWidget&>(plot(i)).windowTitle(), caption) << command;
+      EXPECT_FALSE(caption.isEmpty());
+    }
+  }
+}
+
 TEST_F(Arrangement, HorizontalLaysThePlotsOneBelowTheOther) {
   for (const char* command : {"k7", "mnuhorizontal"}) {
     open(3);

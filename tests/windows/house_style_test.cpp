@@ -12,6 +12,7 @@
 #include <QStyleOptionSlider>
 #include <QStyleOptionTitleBar>
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace zevfit {
@@ -180,6 +181,34 @@ TEST(HouseStyle, LeavesLightGroundsAlone) {
     const QStyleOptionTitleBar title = titleBar(light, state);
     EXPECT_EQ(drawnTitle(style, title), drawnTitle(*style.baseStyle(), title));
   }
+}
+
+/// A field of that size and state on a coloured ground.
+QImage drawnField(const QStyle& style, const QPalette& palette, QSize size, QStyle::State state) {
+  QImage image(80, 40, QImage::Format_RGB32);
+  image.fill(QColor(200, 220, 240));
+  QStyleOptionFrame option;
+  option.rect = QRect(QPoint(3, 5), size);
+  option.palette = palette;
+  option.state = state;
+  option.lineWidth = 1;
+  QPainter painter(&image);
+  style.drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter);
+  return image;
+}
+
+TEST(HouseStyle, AFieldLooksAsInTheStyleThatQtBringsAlong) {
+  const HouseStyle style("fusion");
+  const std::unique_ptr<QStyle> fusion(QStyleFactory::create("fusion"));
+  const QPalette light = paletteOf(239, 0, 255), blue(QColor(0, 0, 200));
+  const QStyle::State focused = QStyle::State_Enabled | QStyle::State_HasFocus;
+  for (const QPalette& palette : {light, blue, light})
+    for (const QSize size : {QSize(30, 20), QSize(60, 24)})
+      for (const QStyle::State state :
+           {QStyle::State(QStyle::State_Enabled), focused, QStyle::State(QStyle::State_None)})
+        EXPECT_EQ(drawnField(style, palette, size, state),
+                  drawnField(*fusion, palette, size, state))
+            << size.width() << " " << state.toInt();
 }
 
 }  // namespace

@@ -184,7 +184,7 @@ TEST_F(PictureBoxTest, PaintsTheAskedForPartsAlone) {
   {
     QPainter painter(&shown);
     painter.setClipRegion(parts);
-    box_.render(&painter, {}, parts);
+    box_.render(&painter, parts.boundingRect().topLeft(), parts);
   }
   for (int y = 0; y < 100; ++y)
     for (int x = 0; x < 200; ++x) {
