@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cmath>
 #include <condition_variable>
+#include <exception>
 #include <limits>
 #include <mutex>
 
@@ -66,10 +67,11 @@ class Surface {
     const unsigned count = std::clamp<unsigned>(threads, 1, kTasks);
     const auto workers = startThreads(count, [this] { work(); });
     std::unique_lock lock(mutex_);
-    while (done_ < kTasks) {
+    while (done_ < kTasks && !failed_) {
       changed_.wait_for(lock, kTold);
       if (progress) progress(static_cast<double>(done_) / kTasks);
     }
+    if (failed_) std::rethrow_exception(failed_);
   }
 
   /// Added in the order of the tasks.
@@ -91,6 +93,17 @@ class Surface {
   }
 
   void work() {
+    try {
+      doTasks();
+    } catch (...) {
+      const std::lock_guard lock(mutex_);
+      failed_ = std::current_exception();
+      next_ = kTasks;
+      changed_.notify_one();
+    }
+  }
+
+  void doTasks() {
     Walk walk(points_, longest());
     for (std::size_t task = next_++; task < kTasks; task = next_++) {
       const std::size_t count = points_.size();
@@ -133,6 +146,7 @@ class Surface {
   std::atomic<std::size_t> next_ = 0;
   std::mutex mutex_;
   std::condition_variable changed_;
+  std::exception_ptr failed_;
   std::size_t done_ = 0;
 };
 

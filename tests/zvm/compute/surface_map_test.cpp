@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <random>
+#include <stdexcept>
 
 #include "zvm/points/data_error.h"
 #include "zvm/points/field.h"
@@ -95,6 +96,11 @@ TEST(SurfaceMap, IsTheSameForAnyNumberOfThreads) {
 TEST(SurfaceMap, RefusesWhatNumbersCannotTell) {
   EXPECT_THROW(mapOf({{1e15, 0, 0}, {1e15 + 1, 0, 2}}, 1, 2), DataError);
   EXPECT_THROW(mapOf({{0, 0, -1e200}, {1, 0, 1e200}}, 1, 2), DataError);
+}
+
+// More squares than a vector may have: the threads fail, not the program.
+TEST(SurfaceMap, ThrowsWhatItsThreadsThrow) {
+  EXPECT_THROW(mapOf({{0, 0, 0}, {1, 0, 1}}, 1, 400'000'000, 3), std::length_error);
 }
 
 }  // namespace
