@@ -7,9 +7,11 @@
 #include <QFileInfo>
 #include <QFontMetrics>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QMessageBox>
 #include <QSpacerItem>
 #include <QStringDecoder>
+#include <QTreeView>
 #include <algorithm>
 
 #include "platform/font_dialog.h"
@@ -67,6 +69,20 @@ int ask(QMessageBox::Icon icon, const QString& title, std::string_view text,
   return box.exec();
 }
 
+/// Of a dialog that shows a file's name beside its size, kind and date, pixels.
+constexpr int kFilesWidth = 760;
+
+/// Makes it Qt's own dialog, whose columns are then as wide as what stands in them: by itself it
+/// cuts sizes, kinds and dates.
+void setUpFiles(QFileDialog& dialog) {
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.resize(kFilesWidth, dialog.sizeHint().height());
+  const auto* files = dialog.findChild<QTreeView*>("treeView");
+  if (!files) return;
+  files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  files->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 QFileInfo infoOf(const std::string& path) { return QFileInfo(QFile::decodeName(path.c_str())); }
 
 QString filterOf(const FileKind& kind) { return QString("%1 (*.%2)").arg(kind.name, kind.ending); }
@@ -83,7 +99,7 @@ std::size_t kindOf(const QString& path, std::span<const FileKind> kinds, std::si
 /// Runs a file dialog that starts at the file that it took last; nothing on Cancel.
 std::optional<std::string> choose(QFileDialog& dialog, std::string_view pattern,
                                   std::string& last) {
-  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  setUpFiles(dialog);
   dialog.setNameFilter("(" + toShown(pattern) + ")");
   if (!last.empty()) {
     dialog.setDirectory(infoOf(last).absolutePath());
@@ -146,7 +162,7 @@ std::optional<ChosenFile> QtDialogs::saveFileAs(std::string_view title,
                                                 std::string_view name) {
   QFileDialog dialog(QApplication::activeWindow(), toShown(title));
   dialog.setObjectName("Dialog3");
-  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  setUpFiles(dialog);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   QStringList filters;
