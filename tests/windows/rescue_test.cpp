@@ -91,7 +91,9 @@ TEST_F(Rescue, SignalsEndTheProgramInTheEventLoop) {
     program.session().c1({1, 1}) = signal;
     std::raise(signal);
     EXPECT_FALSE(keptAny()) << "outside the event loop nothing happens";
-    QTimer::singleShot(kPatience, [] { QCoreApplication::exit(0); });
+    // Later it would end the loop of another test.
+    const QObject waiting;
+    QTimer::singleShot(kPatience, &waiting, [] { QCoreApplication::exit(0); });
     EXPECT_EQ(QApplication::exec(), 128 + signal);
     EXPECT_EQ(kept().c1({1, 1}).number(), signal);
     std::filesystem::remove(program_ / kRescueName);
