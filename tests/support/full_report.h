@@ -4,20 +4,22 @@
 #include <QPushButton>
 #include <QSlider>
 #include <QTest>
+#include <QToolBar>
 
 #include "tests/support/model_lines.h"
 #include "tests/support/program.h"
+#include "tests/tour/hand.h"
 
 namespace zevfit::test {
 
-// A report of 21 plots, as a user composes it.
+// A report of 21 plots, as a user composes it with mouse and keys.
 
 inline constexpr int kReportRows = 7, kReportColumns = 3;
 
 /// The window of the reports, on show.
 inline QWidget& openReports(Program& program) {
-  program.trigger("kp");
-  QApplication::processEvents();
+  auto& toolbar = program.control<QToolBar>("Toolbar1");
+  tour::Hand().click(*toolbar.widgetForAction(&program.control<QAction>("kp")));
   return program.control<QWidget>("printcolection");
 }
 
@@ -41,14 +43,19 @@ inline void fitPair(Session& session, Pair pair) {
 }
 
 inline void giveColumns(QWidget& reports, int columns) {
-  Program::find<QSlider>(reports, "HScroll1").setValue(columns);
-  Program::find<QPushButton>(reports, "Command1").click();
+  auto& slider = Program::find<QSlider>(reports, "HScroll1");
+  tour::Hand hand;
+  hand.click(slider);
+  QTest::keyClick(&slider, Qt::Key_Home);
+  for (int more = slider.minimum(); more < columns; ++more) QTest::keyClick(&slider, Qt::Key_Right);
+  hand.click(Program::find<QPushButton>(reports, "Command1"));
 }
 
 inline void plotPair(Program& program, Pair pair) {
-  program.control<QComboBox>("Combo2").setCurrentIndex(static_cast<int>(pair.variable) - 1);
-  program.control<QComboBox>("Combodirvar").setCurrentIndex(static_cast<int>(pair.direction) - 1);
-  program.control<QAbstractButton>("Command5").click();
+  tour::Hand hand;
+  hand.choose(program.control<QComboBox>("Combo2"), static_cast<int>(pair.variable) - 1);
+  hand.choose(program.control<QComboBox>("Combodirvar"), static_cast<int>(pair.direction) - 1);
+  hand.click(program.control("Command5"));
 }
 
 /// Fits, plots and places variables 1 to 7 in directions 1 to 3 of a loaded file.

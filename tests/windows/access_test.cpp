@@ -6,16 +6,20 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyle>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolBar>
+#include <algorithm>
 #include <functional>
 
 #include "tests/support/coreg_sample.h"
 #include "tests/support/program.h"
+#include "tests/tour/hand.h"
 
 namespace zevfit::test {
 namespace {
@@ -53,20 +57,23 @@ class Access : public testing::TestWithParam<WindowRow> {
     const WindowRow& row = GetParam();
     bool met = false;
     const auto look = [&] {
+      if (met) return;
       for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window->objectName() != row.name || !window->isVisible()) continue;
         met = true;
         window->activateWindow();
         QApplication::processEvents();
         check(*window);
-        if (row.modal) window->close();
+        if (row.modal) hand_.key(*window, Qt::Key_Escape);
         return;
       }
     };
-    if (row.modal) QTimer::singleShot(0, look);
+    QTimer looking;
+    QObject::connect(&looking, &QTimer::timeout, look);
+    if (row.modal) looking.start(0);
     open(row.command);
     if (*row.button != 0)
-      Program::find<QAbstractButton>(program_.control("Formfont"), row.button).click();
+      hand_.click(Program::find<QWidget>(program_.control("Formfont"), row.button));
     if (!row.modal) look();
     EXPECT_TRUE(met) << "no such window";
   }
@@ -80,10 +87,26 @@ class Access : public testing::TestWithParam<WindowRow> {
     // Other windows have buttons of these names too.
     QWidget& panel = *program_.window().centralWidget();
     if (command.startsWith("Command"))
-      return Program::find<QPushButton>(panel, qPrintable(command)).click();
-    program_.trigger(qPrintable(command));
+      return hand_.click(Program::find<QPushButton>(panel, qPrintable(command)));
+    auto& action = program_.control<QAction>(qPrintable(command));
+    QWidget* button = program_.control<QToolBar>("Toolbar1").widgetForAction(&action);
+    button ? hand_.click(*button) : openByMenu(action);
+  }
+  void openByMenu(QAction& entry) {
+    QMenuBar& bar = *program_.window().menuBar();
+    const QList<QAction*> titles = bar.actions();
+    const auto title = std::find_if(titles.begin(), titles.end(), [&](const QAction* each) {
+      return each->menu()->actions().contains(&entry);
+    });
+    ASSERT_NE(title, titles.end());
+    hand_.clickAt(bar, bar.actionGeometry(*title).center());
+    QMenu& menu = *(*title)->menu();
+    ASSERT_TRUE(menu.isVisible());
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(&entry).center());
     QApplication::processEvents();
   }
+
+  tour::Hand hand_;
 };
 
 bool takesTab(const QWidget& control) {

@@ -6,11 +6,14 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QTest>
+#include <QToolBar>
 #include <QUrl>
 #include <QWindow>
 
+#include "tests/support/modal_steps.h"
 #include "tests/support/program.h"
 #include "tests/support/small_files.h"
+#include "tests/tour/hand.h"
 
 namespace zevfit::test {
 namespace {
@@ -19,10 +22,15 @@ class FileDropped : public testing::Test {
  protected:
   FileDropped() : program_(folder_.path()) {
     program_.openBytes(kTwoDirections);
-    program_.window().plotvariogram();
+    plot();
     other_ = made("other.ZVM", "t\nzevra\n1\nlead\n1\n1\n0;0\n1\n10 0.5 9\n");
   }
 
+  void plot() { hand_.click(program_.control("Command5")); }
+  void press(const char* command) {
+    auto& toolbar = program_.control<QToolBar>("Toolbar1");
+    hand_.click(*toolbar.widgetForAction(&program_.control<QAction>(command)));
+  }
   std::filesystem::path made(const char* name, const std::string& bytes) {
     const std::filesystem::path path = folder_.path() / name;
     putFile(path, bytes);
@@ -58,15 +66,16 @@ class FileDropped : public testing::Test {
     EXPECT_EQ(drop(data, at), Qt::CopyAction);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "the source is told first";
     Program::inModal([] { QApplication::processEvents(); },
-                     [](QWidget& modal) {
+                     [this](QWidget& modal) {
                        EXPECT_EQ(modal.objectName(), "frmzevfit");
-                       Program::find<QAbstractButton>(modal, "Command2").click();
+                       hand_.click(Program::find<QWidget>(modal, "Command2"));
                      });
     QApplication::processEvents();
   }
 
   ScratchFolder folder_;
   Program program_;
+  tour::Hand hand_;
   std::filesystem::path other_;
 };
 
@@ -77,7 +86,7 @@ TEST_F(FileDropped, IsOpenedWhereverItFalls) {
   data.setText(QString::fromStdString(other_.string()));
   for (const char* place : {"Area", "Picture4", "Picture1", "Textc0", "Combo2", "Toolbar1"}) {
     program_.open((folder_.path() / "small.zvm").string());
-    program_.window().plotvariogram();
+    plot();
     const QString text = program_.control<QLineEdit>("Textc0").text();
     dropAndAccept(data, middleOf(place));
     EXPECT_EQ(program_.session().inputfile, other_.string()) << place;
@@ -129,8 +138,9 @@ TEST_F(FileDropped, OrAnythingElseIsRefused) {
 TEST_F(FileDropped, ATextStillGoesIntoAField) {
   QMimeData data;
   data.setText("0.5");
-  program_.control<QAbstractButton>("est1").click();
-  program_.control<QLineEdit>("Textc0").clear();
+  hand_.clickMark(program_.control("est1"));
+  hand_.type(program_.control("Textc0"), "");
+  hand_.key(program_.window(), Qt::Key_Delete);
   EXPECT_TRUE(takes(data, middleOf("Textc0")));
   drop(data, middleOf("Textc0"));
   EXPECT_TRUE(program_.control<QLineEdit>("Textc0").text().contains("0.5"));
@@ -140,12 +150,12 @@ TEST_F(FileDropped, ATextStillGoesIntoAField) {
 TEST_F(FileDropped, WaitsBehindAnotherWindow) {
   QMimeData data;
   data.setUrls(urls({other_}));
-  Program::inModal([&] { program_.trigger("k3"); },
-                   [&](QWidget& modal) {
-                     EXPECT_FALSE(takes(data, middleOf("Area")));
-                     modal.hide();
-                   });
-  program_.trigger("k10");
+  duringModal([&] { press("k3"); },
+              [&](QWidget& modal) {
+                EXPECT_FALSE(takes(data, middleOf("Area")));
+                hand_.key(modal, Qt::Key_Escape);
+              });
+  press("k10");
   EXPECT_FALSE(program_.window().isEnabled());
   EXPECT_FALSE(takes(data, middleOf("Area")));
 }
