@@ -130,10 +130,12 @@ char* writeByProduct(char* at, char* last, double size, std::int64_t whole) {
   constexpr std::int64_t kMostDigits = 1'000'000'000'000'000;
   const std::size_t decimals = decimalsOf(size);
   const double product = size * kTens[decimals];
-  const auto digits = static_cast<std::int64_t>(product + 0.5);
+  const auto down = static_cast<std::int64_t>(product);
+  const double rest = product - static_cast<double>(down);
+  if (rest > 0.4 && rest < 0.6) return nullptr;
+  const std::int64_t digits = rest < 0.5 ? down : down + 1;
   const auto unit = static_cast<std::int64_t>(kTens[decimals]);
   const std::int64_t fraction = digits - whole * unit;
-  if (std::abs(product - static_cast<double>(digits)) > 0.4) return nullptr;
   if (fraction <= 0 || fraction >= unit || digits >= kMostDigits) return nullptr;
   at = std::to_chars(at, last, whole).ptr;
   *at++ = '.';
