@@ -220,7 +220,7 @@ Stamp PainterSurface::stampOf(const Disc& disc, int phaseX, int phaseY) {
   made.fill(Qt::transparent);
   QPainter to(&made);
   to.setRenderHint(QPainter::Antialiasing);
-  const double middle = disc.side / 2;
+  const int middle = disc.side / 2;
   to.translate(middle + static_cast<double>(phaseX) / kPhases,
                middle + static_cast<double>(phaseY) / kPhases);
   to.scale(ratio, ratio);
@@ -240,7 +240,8 @@ void PainterSurface::disc(double x, double y, double radius, const Stroke& outli
   const double wholeX = std::floor(pixelX), wholeY = std::floor(pixelY);
   const int phaseX = static_cast<int>((pixelX - wholeX) * kPhases);
   const int phaseY = static_cast<int>((pixelY - wholeY) * kPhases);
-  auto& stamp = drawn.stamps[static_cast<std::size_t>(phaseY * kPhases + phaseX)];
+  auto& stamp =
+      drawn.stamps[static_cast<std::size_t>(phaseY) * kPhases + static_cast<std::size_t>(phaseX)];
   if (!stamp) stamp = stampOf(drawn, phaseX, phaseY);
   const int middle = drawn.side / 2;
   stamp->putOn(bitmap(), static_cast<int>(wholeX) - middle, static_cast<int>(wholeY) - middle);

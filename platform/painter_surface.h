@@ -62,7 +62,7 @@ class PainterSurface : public Surface {
     double radius;
     Stroke outline;
     Colour fill;
-    std::array<std::optional<Stamp>, kPhases * kPhases> stamps;
+    std::array<std::optional<Stamp>, std::size_t{kPhases} * kPhases> stamps;
     int side = 0;  ///< of a stamp, pixels
   };
   Face& face(const Font& font);

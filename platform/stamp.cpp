@@ -7,9 +7,9 @@ namespace zevfit {
 
 namespace {
 
-constexpr int kBytes = 4;
+constexpr std::size_t kBytes = 4;
 
-std::size_t bytesOf(int pixels) { return static_cast<std::size_t>(kBytes * pixels); }
+std::size_t bytesOf(int pixels) { return kBytes * static_cast<std::size_t>(pixels); }
 
 /// Puts colours over a ground, with the rounding of Qt's painters.
 void blend(const uchar* __restrict colours, const uchar* __restrict shares, std::size_t count,

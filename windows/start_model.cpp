@@ -25,7 +25,7 @@ std::string numberText(const Cell& cell) { return hintNumber(cell.number(), "");
 /// As in "C1 = 0.59, a1 = 897, spherical".
 std::string lineText(std::size_t index, const LineCells& cells) {
   const std::string number = std::to_string(index);
-  const std::string sill = "C" + number + " = " + numberText(cells.sill);
+  std::string sill = "C" + number + " = " + numberText(cells.sill);
   const auto form = formOf(cells.letter);
   if (!form) return sill;
   const std::string range = "a" + number + " = " + numberText(cells.range) + ", " +
