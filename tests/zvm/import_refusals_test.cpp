@@ -195,6 +195,12 @@ TEST_F(ImportRefusals, RefusesTablesWithPlaceAndReason) {
     expectRefused(imported("gstat", refusal.bytes, refusal.more), refusal);
 }
 
+TEST_F(ImportRefusals, RefusesTablesWithoutAnyPairs) {
+  EXPECT_EQ(
+      imported("gstat", "np,dist,gamma,dir.hor,dir.ver,id\n0,9,1,0,0,a\n", {"--width", "10"}).err,
+      "zvm: error: no class has pairs\n");
+}
+
 TEST_F(ImportRefusals, RefusesMoreThanAFileHolds) {
   std::string variables = "np,dist,gamma,dir.hor,dir.ver,id\n", directions = variables;
   for (int i = 1; i <= 41; ++i) variables += "8,9,1,0,0,v" + std::to_string(i) + '\n';

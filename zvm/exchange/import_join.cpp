@@ -68,6 +68,7 @@ Imported joinBlocks(const std::vector<ImportedBlock>& blocks, std::vector<std::s
       if (isCross(block) == crosses) add(imported, block);
       count = std::max(count, block.classes.size());
     }
+  if (count == 0) throw zvm::DataError({}, "no class has pairs");
   refuseMore(imported.variables.size(), kResetVariables, "variables");
   for (Imported::Variable& variable : imported.variables)
     complete(imported, variable, count, centre);
