@@ -105,11 +105,11 @@ void BM_FourDirections(benchmark::State& state) { compute(state, true); }
 
 BENCHMARK(BM_Omnidirectional)->Arg(10'000)->Unit(benchmark::kMillisecond)->Iterations(60);
 BENCHMARK(BM_Omnidirectional)->Arg(50'000)->Unit(benchmark::kMillisecond)->Iterations(20);
-BENCHMARK(BM_Omnidirectional)->Arg(500'000)->Unit(benchmark::kMillisecond)->Iterations(4);
+BENCHMARK(BM_Omnidirectional)->Arg(500'000)->Unit(benchmark::kMillisecond)->Iterations(8);
 BENCHMARK(BM_FourDirections)->Arg(50'000)->Unit(benchmark::kMillisecond)->Iterations(20);
 
 BENCHMARK(BM_Growth)->Arg(1'000'000)->Unit(benchmark::kMillisecond)->Iterations(4);
-BENCHMARK(BM_Growth)->Arg(10'000'000)->Unit(benchmark::kMillisecond)->Iterations(1);
+BENCHMARK(BM_Growth)->Arg(10'000'000)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 BENCHMARK(BM_TwoThreads)->Unit(benchmark::kMillisecond)->Iterations(3);
 
