@@ -41,6 +41,15 @@ void end(QPainter& painter) {
   if (!painter.end()) throw Fault("The picture is not whole");
 }
 
+/// With blanks for the characters that XML can't hold.
+QByteArray withoutControls(QByteArray xml) {
+  const auto isControl = [](char byte) {
+    return static_cast<unsigned char>(byte) < ' ' && byte != '\n' && byte != '\t' && byte != '\r';
+  };
+  std::replace_if(xml.begin(), xml.end(), isControl, ' ');
+  return xml;
+}
+
 /// The file without the date of its making, so that it depends on its pictures alone; as long as
 /// before, since a PDF file tells where its parts begin.
 QByteArray withoutDate(QByteArray pdf) {
@@ -71,13 +80,13 @@ QByteArray svgPicture(QSizeF twips, const QString& title, const Draw& draw) {
   generator.setResolution(kTwipsPerInch);
   generator.setSize(twips.toSize());
   generator.setViewBox(QRect(QPoint(), twips.toSize()));
-  generator.setTitle(title);
+  generator.setTitle(title.toHtmlEscaped());  // It is written as it is.
   generator.setDescription(kCreator);
   QPainter painter;
   begin(painter, generator);
   drawWith(painter, draw);
   end(painter);
-  return file.data();
+  return withoutControls(file.data());
 }
 
 QByteArray pdfPicture(QSizeF twips, const QString& title, const Draw& draw) {
