@@ -111,7 +111,7 @@ BENCHMARK(BM_FourDirections)->Arg(50'000)->Unit(benchmark::kMillisecond)->Iterat
 BENCHMARK(BM_Growth)->Arg(1'000'000)->Unit(benchmark::kMillisecond)->Iterations(4);
 BENCHMARK(BM_Growth)->Arg(10'000'000)->Unit(benchmark::kMillisecond)->Iterations(3);
 
-BENCHMARK(BM_TwoThreads)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_TwoThreads)->Unit(benchmark::kMillisecond)->Iterations(8);
 
 }  // namespace
 }  // namespace zevfit::zvm::bench
