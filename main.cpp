@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
   const zevfit::EndSignals signals;
   std::jthread fonts = zevfit::readFontsEarly();
   QApplication application(argc, argv);
-  fonts.join();
+  if (fonts.joinable()) fonts.join();
   QApplication::setApplicationName("zevFIT");
   QApplication::setStyle(new zevfit::HouseStyle);
   QLocale::setDefault(QLocale::c());

@@ -136,9 +136,8 @@ void removeLink(const fs::path& path) {
   if (::lstat(path.c_str(), &about) == 0 && S_ISLNK(about.st_mode)) ::unlink(path.c_str());
 }
 
-/// Reads until the bytes are full or the file ends, and cuts them there.
-void fill(int descriptor, const fs::path& path, std::string& bytes) {
-  std::size_t filled = 0;
+/// Reads behind the first ones until the bytes are full or the file ends, and cuts them there.
+void fill(int descriptor, const fs::path& path, std::string& bytes, std::size_t filled = 0) {
   while (filled < bytes.size()) {
     const ssize_t got = uninterrupted(
         [&] { return ::read(descriptor, bytes.data() + filled, bytes.size() - filled); });
@@ -171,15 +170,12 @@ std::string readToEnd(int descriptor, const fs::path& path, off_t claimed) {
   std::string bytes(static_cast<std::size_t>(std::max<off_t>(claimed, 0)) + 1, '\0');
   std::size_t filled = 0;
   for (;;) {
-    if (filled == bytes.size()) bytes.resize(2 * bytes.size());
-    const ssize_t got = uninterrupted(
-        [&] { return ::read(descriptor, bytes.data() + filled, bytes.size() - filled); });
-    if (got < 0) fail("Cannot read", path);
-    if (got == 0) break;
-    filled += static_cast<std::size_t>(got);
+    const std::size_t room = bytes.size();
+    fill(descriptor, path, bytes, filled);
+    if (bytes.size() < room) return bytes;
+    filled = room;
+    bytes.resize(2 * room);
   }
-  bytes.resize(filled);
-  return bytes;
 }
 
 }  // namespace
