@@ -1,7 +1,6 @@
 #include "platform/drawn_list.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace zevfit {
 
@@ -26,17 +25,6 @@ std::size_t DrawnList::same() const { return std::min(same_, shown_); }
 
 bool DrawnList::isShown() const {
   return shown_ == kAll && same_ == count_ && count_ == items_.size();
-}
-
-void DrawnList::add(Item item) {
-  const bool isThere = count_ < items_.size();
-  if (isThere && same_ == count_ && items_[count_] == item)
-    ++same_;
-  else if (isThere)
-    items_[count_] = std::move(item);
-  else
-    items_.push_back(std::move(item));
-  ++count_;
 }
 
 bool DrawnList::goesOn(std::size_t place) const {

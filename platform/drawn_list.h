@@ -47,7 +47,8 @@ class DrawnList {
   void restart();
   /// Drops all items: the picture shows none of them.
   void forget();
-  void add(Item item);
+  template <class T>
+  void add(const T& item);
   /// The picture shows all items.
   void shown();
 
@@ -72,5 +73,20 @@ class DrawnList {
   std::size_t same_ = 0;      ///< leading items as they were in the drawing before
   std::size_t shown_ = kAll;  ///< of that drawing, the leading items that the picture shows
 };
+
+template <class T>
+void DrawnList::add(const T& item) {
+  if (count_ == items_.size()) {
+    items_.emplace_back(item);
+  } else if (T* const there = std::get_if<T>(&items_[count_])) {
+    if (same_ == count_ && *there == item)
+      ++same_;
+    else
+      *there = item;
+  } else {
+    items_[count_] = item;
+  }
+  ++count_;
+}
 
 }  // namespace zevfit

@@ -203,10 +203,8 @@ void PainterSurface::drawColumns(const QPolygonF& outline) {
 }
 
 PainterSurface::Disc& PainterSurface::discOf(double radius, const Stroke& outline, Colour fill) {
-  const auto found = std::find_if(discs_.begin(), discs_.end(), [&](const Disc& known) {
-    return known.radius == radius && known.outline == outline && known.fill == fill;
-  });
-  if (found != discs_.end()) return *found;
+  for (Disc& known : discs_)
+    if (known.radius == radius && known.outline == outline && known.fill == fill) return known;
   if (discs_.size() == kDiscsKept) discs_.clear();
   const double reach = inPixels(radius) + outline.width / 2.0;
   const double ratio = bitmap().devicePixelRatio();
@@ -214,7 +212,14 @@ PainterSurface::Disc& PainterSurface::discOf(double radius, const Stroke& outlin
   return discs_.back();
 }
 
-Stamp PainterSurface::stampOf(const Disc& disc, int phaseX, int phaseY) {
+// Rounding down by hand: a call of the library's takes longer than all else here.
+PainterSurface::Place PainterSurface::placeOf(double pixels) {
+  const int towardsZero = static_cast<int>(pixels);
+  const int pixel = pixels < towardsZero ? towardsZero - 1 : towardsZero;
+  return {pixel, static_cast<std::size_t>((pixels - pixel) * kPhases)};
+}
+
+Stamp PainterSurface::stampOf(const Disc& disc, std::size_t phaseX, std::size_t phaseY) {
   const double ratio = bitmap().devicePixelRatio();
   QImage made(disc.side, disc.side, QImage::Format_ARGB32_Premultiplied);
   made.fill(Qt::transparent);
@@ -232,19 +237,17 @@ Stamp PainterSurface::stampOf(const Disc& disc, int phaseX, int phaseY) {
 }
 
 void PainterSurface::disc(double x, double y, double radius, const Stroke& outline, Colour fill) {
-  if (!withinReach(inPixels(x)) || !withinReach(inPixels(y))) return;
+  const double pixelX = inPixels(x), pixelY = inPixels(y);
+  if (!withinReach(pixelX) || !withinReach(pixelY)) return;
   finish();
   Disc& drawn = discOf(radius, outline, fill);
-  const double ratio = bitmap().devicePixelRatio();
-  const double pixelX = inPixels(x) * ratio, pixelY = inPixels(y) * ratio;
-  const double wholeX = std::floor(pixelX), wholeY = std::floor(pixelY);
-  const int phaseX = static_cast<int>((pixelX - wholeX) * kPhases);
-  const int phaseY = static_cast<int>((pixelY - wholeY) * kPhases);
-  auto& stamp =
-      drawn.stamps[static_cast<std::size_t>(phaseY) * kPhases + static_cast<std::size_t>(phaseX)];
-  if (!stamp) stamp = stampOf(drawn, phaseX, phaseY);
+  QImage& ground = bitmap();
+  const double ratio = ground.devicePixelRatio();
+  const Place across = placeOf(pixelX * ratio), down = placeOf(pixelY * ratio);
+  auto& stamp = drawn.stamps[down.phase * kPhases + across.phase];
+  if (!stamp) stamp = stampOf(drawn, across.phase, down.phase);
   const int middle = drawn.side / 2;
-  stamp->putOn(bitmap(), static_cast<int>(wholeX) - middle, static_cast<int>(wholeY) - middle);
+  stamp->putOn(ground, across.pixel - middle, down.pixel - middle);
 }
 
 void PainterSurface::box(double left, double top, double width, double height, Colour fill) {

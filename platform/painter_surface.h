@@ -57,17 +57,22 @@ class PainterSurface : public Surface {
     std::unordered_map<std::string, QStaticText> texts;
   };
   /// Discs are kept at this many places within a pixel, each way.
-  static constexpr int kPhases = 4;
+  static constexpr std::size_t kPhases = 4;
+  struct Place {
+    int pixel;  ///< of the bitmap
+    std::size_t phase;
+  };
   struct Disc {
     double radius;
     Stroke outline;
     Colour fill;
-    std::array<std::optional<Stamp>, std::size_t{kPhases} * kPhases> stamps;
+    std::array<std::optional<Stamp>, kPhases * kPhases> stamps;
     int side = 0;  ///< of a stamp, pixels
   };
   Face& face(const Font& font);
   Disc& discOf(double radius, const Stroke& outline, Colour fill);
-  Stamp stampOf(const Disc& disc, int phaseX, int phaseY);
+  static Place placeOf(double pixels);
+  Stamp stampOf(const Disc& disc, std::size_t phaseX, std::size_t phaseY);
   /// Takes a line into the curve that stands open; false for one that does not go on from its end.
   bool goesOn(const QLineF& line, const Stroke& stroke);
   /// Fills a polygon, smooth, with the painter's brush.

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <utility>
 
 namespace zevfit {
 
@@ -137,8 +136,9 @@ void PictureBox::changed() {
   update();
 }
 
-void PictureBox::add(DrawnList::Item item) {
-  drawn_.add(std::move(item));
+template <class T>
+void PictureBox::add(const T& item) {
+  drawn_.add(item);
   changed();
 }
 

@@ -47,7 +47,8 @@ class PictureBox : public QWidget, private Surface {
   void box(double left, double top, double width, double height, Colour fill) override;
   double textWidth(std::string_view text, const Font& font) override;
 
-  void add(DrawnList::Item item);
+  template <class T>
+  void add(const T& item);
   void changed();
   void needBitmap();
   void drawAnew();

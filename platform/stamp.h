@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <cstdint>
 #include <vector>
 
 namespace zevfit {
@@ -17,9 +18,11 @@ class Stamp {
   void putOn(QImage& bitmap, int left, int top) const;
 
  private:
-  QSize size_;
-  std::vector<uchar> colours_;  ///< four bytes a pixel, row by row
-  std::vector<uchar> shares_;   ///< for each of them, how much of the ground is seen through it
+  QRect kept_;  ///< of the picture
+  /// Four of a pixel, row by row, in 256ths and a half, for the rounding.
+  std::vector<std::uint16_t> colours_;
+  /// For each of them, how much of the ground is seen through it, of 255.
+  std::vector<std::uint16_t> shares_;
 };
 
 }  // namespace zevfit

@@ -40,9 +40,9 @@ void drawVarianceLine(const Sketch& sketch) {
 void drawPoints(const Sketch& sketch) {
   const Session& session = sketch.session;
   const Colour colour = session.style.cores.data();
-  const std::int64_t last = lastClass(session, sketch.pair);
-  for (std::int64_t lag = 1; lag <= last; ++lag) {
-    const auto point = shownPoint(session, sketch.pair, lag);
+  const DataPoints points(session, sketch.pair);
+  for (std::int64_t lag = 1, last = points.last(); lag <= last; ++lag) {
+    const auto point = points(lag);
     if (!point) continue;
     sketch.picture.disc(sketch.x(point->h), sketch.y(point->gamma), kDisc, {colour, kPen}, colour);
   }

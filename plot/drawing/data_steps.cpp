@@ -41,9 +41,9 @@ void drawSillLine(Drawing& drawing) {
 void drawDataPoints(Drawing& drawing) {
   const Session& session = drawing.session();
   const PlotMap map = drawing.map();
-  const std::int64_t last = lastClass(session, session.plotted());
-  for (std::int64_t lag = 1; lag <= last; ++lag) {
-    const auto point = shownPoint(session, session.plotted(), lag);
+  const DataPoints points(session, session.plotted());
+  for (std::int64_t lag = 1, last = points.last(); lag <= last; ++lag) {
+    const auto point = points(lag);
     if (point) drawing.disc(map.x(point->h), map.y(point->gamma), drawing.colours().data());
   }
 }

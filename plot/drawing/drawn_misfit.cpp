@@ -22,11 +22,11 @@ bool endsAs(const Session& session, const NestedModel& model) {
 }
 
 std::vector<DataPoint> shownPoints(const Session& session, Pair pair) {
-  std::vector<DataPoint> points;
-  const std::int64_t last = lastClass(session, pair);
-  for (std::int64_t lag = 1; lag <= last; ++lag)
-    if (const auto point = shownPoint(session, pair, lag)) points.push_back(*point);
-  return points;
+  const DataPoints points(session, pair);
+  std::vector<DataPoint> shown;
+  for (std::int64_t lag = 1, last = points.last(); lag <= last; ++lag)
+    if (const auto point = points(lag)) shown.push_back(*point);
+  return shown;
 }
 
 }  // namespace

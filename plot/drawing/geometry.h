@@ -1,5 +1,7 @@
 #pragma once
 
+#include "session/fault.h"
+
 namespace zevfit {
 
 /// The plot box in a picture, twips. Margins are the same at all sizes; the box is split 5 by 5.
@@ -24,9 +26,14 @@ struct PlotMap {
   double xmax = 0, ymin = 0, ymax = 0;
 
   /// ((xright - xleft) / xmax) h + xleft; throws Fault when xmax is 0.
-  double x(double h) const;
+  double x(double h) const {
+    return finite(divide(box.xright() - PlotBox::xleft, xmax) * h + PlotBox::xleft);
+  }
   /// ((ytop - ybottom) / (ymax - ymin)) (g - ymin) + ybottom; throws Fault when ymax equals ymin.
-  double y(double g) const;
+  double y(double g) const {
+    const double bottom = box.ybottom();
+    return finite(divide(PlotBox::ytop - bottom, finite(ymax - ymin)) * (g - ymin) + bottom);
+  }
 };
 
 }  // namespace zevfit

@@ -40,17 +40,17 @@ bool showsVariance(const Session& session, std::int64_t variable) {
   return false;
 }
 
-void drawPoint(const Overlay& overlay, Pair pair, std::int64_t lag) {
+void drawPoint(const Overlay& overlay, const DataPoint& point, std::int64_t direction) {
   const PlotMap& map = overlay.map;
-  const auto point = pointWithin(overlay.session, pair, lag, map.xmax, map.ymax);
-  if (point)
-    drawMark(overlay.surface, overlay.look(pair.direction), map.x(point->h), map.y(point->gamma));
+  drawMark(overlay.surface, overlay.look(direction), map.x(point.h), map.y(point.gamma));
 }
 
 void drawPoints(const Overlay& overlay, Pair pair) {
-  const std::int64_t last = lastClass(overlay.session, pair);
-  for (std::int64_t lag = 1; lag <= last; ++lag)
-    endSilently([&] { drawPoint(overlay, pair, lag); });
+  const DataPoints points(overlay.session, pair, overlay.map.xmax, overlay.map.ymax);
+  for (std::int64_t lag = 1, last = points.last(); lag <= last; ++lag)
+    endSilently([&] {
+      if (const auto point = points(lag)) drawPoint(overlay, *point, pair.direction);
+    });
 }
 
 /// What leaves the axes is left out; behind the gap the line begins anew.
