@@ -41,7 +41,8 @@ constexpr auto kSections = std::to_array<ManualSection>({
 });
 
 /// The manual and the pages that it leads to.
-constexpr std::array kPages{"manual", "dragging", "file-formats"};
+constexpr std::array kPages{"manual",   "dragging",    "file-formats", "zvm",
+                            "tutorial", "drill-holes", "large"};
 
 /// Where the pages lie, seen from the folder of the program: as installed, in an archive, and in
 /// the tree of the sources.
