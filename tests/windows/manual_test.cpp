@@ -176,6 +176,17 @@ TEST_F(ManualTest, EveryLinkAndPictureOfItsPagesIsThere) {
   }
 }
 
+TEST(ManualPage, KeepsLinesAndColumnsOfCode) {
+  const QString page = toPage(
+      "Type `zvm`:\n\n    $ zvm info <file>\n    title   A\n\n    table\n\nSave this:\n\n"
+      "```r f.R\na <- 1\n\n  b\n```\n\n`x`, and no more.\n\n| `c` |\n|---|\n| `d` |\n",
+      kDocs);
+  EXPECT_TRUE(page.contains("<pre>$ zvm info &lt;file&gt;\ntitle   A\n\ntable</pre>"))
+      << page.toStdString();
+  EXPECT_TRUE(page.contains("<pre>a &lt;- 1\n\n  b</pre>")) << page.toStdString();
+  EXPECT_EQ(page.count("<pre>"), 2);
+}
+
 TEST_F(ManualTest, SaysWhereItIsNotThereOrNothingOpensIt) {
   auto& shown = plots_.program().dialogs().shown;
   Manual& manual = plots_.program().window().manual();
