@@ -8,8 +8,8 @@ set -euo pipefail
 readonly made=build/package
 readonly packages=$made/packages
 readonly documents=/usr/share/doc/zvm
-# What zvm alone must do without, by its files.
-readonly qt='libQt6*' gdal='libgdal*' widgets='libQt6PrintSupport*'
+# What some must do without, by its files.
+readonly qt='libQt6*' gdal='libgdal*' printing='libQt6PrintSupport*'
 
 fail() {
   echo "$*" >&2
@@ -33,15 +33,16 @@ deb() {
   compgen -G "$packages/$1_*.deb"
 }
 
-# beneath PACKAGE...: what they depend on, what that depends on, and so on.
+# beneath PACKAGE...: what they depend on, what that depends on, and so on. Of what stands for another only
+# what is installed counts.
 beneath() {
   local package names
   names=$(for package; do dpkg-deb -f "$(deb "$package")" Depends; done |
     tr ',' '\n' | sed -E 's/^ *([^ |]+).*/\1/' | grep -vxF "$(printf '%s\n' "$@")" | sort -u)
   # shellcheck disable=SC2016,SC2086 # for dpkg; a list of words
   apt-cache depends --recurse --installed --no-recommends --no-suggests --no-conflicts --no-breaks \
-    --no-replaces --no-enhances $names |
-    grep '^[a-z]' | xargs dpkg-query -W -f='${db:Status-Status} ${binary:Package}\n' 2>/dev/null |
+    --no-replaces --no-enhances $names | grep '^[a-z]' |
+    { xargs dpkg-query -W -f='${db:Status-Status} ${binary:Package}\n' 2>/dev/null || true; } |
     sed -n 's/^installed //p' | sort -u
 }
 
@@ -62,7 +63,7 @@ furnish() {
 # install PACKAGE...
 install() {
   local names files=() package
-  names=$(beneath "$@") && [ -n "$names" ]
+  names=$(beneath "$@")
   # shellcheck disable=SC2086 # a list of words
   furnish $names
   for package; do files+=("$(deb "$package")"); done
@@ -134,7 +135,7 @@ elements() {
 }
 
 try_zvm-plot() {
-  lacks "$gdal" "$widgets" zevfit zvm-ogr
+  lacks "$gdal" "$printing" zevfit zvm-ogr
   local fitted=$documents/examples/meuse-fitted.zvm
   zvm plot "$fitted" /home/plot.svg --var "ln zinc" --dir "45;0"
   diff <(elements "$root/home/plot.svg") <(elements "$root$documents/pictures/zvm-direction.svg")
