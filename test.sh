@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, then builds, tests and checks everything. With names of stages, as in
 # "./test.sh core lint", these alone. Without names:
-#   lint      format, shell scripts, clang-tidy over the sources that have changed of late
+#   lint      format, shell scripts, links of the pages, clang-tidy over the sources that have changed of late
 #   asan      core, zvm, windows and a few random users under the address and undefined behaviour sanitizers
 #   fuzz      each fuzz target for a short while
 #   program   the program as users build it: saves that fail, a session, the clipboard, a start on Wayland,
@@ -63,7 +63,7 @@ declare -rA packages=(
   [spatial]="libgdal-dev gdal-bin postgresql-15-postgis-3"
   [program]="xvfb xauth xclip weston qt6-wayland" [debug]="xvfb xauth xclip weston qt6-wayland" [coverage]="gcovr"
   [bench]="libbenchmark-dev libqcustomplot-dev xvfb xauth r-cran-gstat"
-  [package]="libgdal-dev gzip librsvg2-bin lintian desktop-file-utils appstream shared-mime-info man-db fakeroot
+  [package]="libgdal-dev gdal-bin r-cran-gstat parallel poppler-utils gzip librsvg2-bin lintian desktop-file-utils appstream shared-mime-info man-db fakeroot
     hicolor-icon-theme libglib2.0-bin imagemagick xdotool x11-utils xvfb xauth"
 )
 

@@ -38,13 +38,13 @@ made_debs() {
   for package in "${debian[@]}"; do made_package "${package}_*.deb" || return; done
 }
 
-# All of them in one folder, and the command alone in another.
+# All of them in one folder, and each in its own.
 unpack_deb() {
-  rm -rf -- "$made/unpacked" "$made/alone"
+  rm -rf -- "$made/unpacked" "$made/parted" && mkdir "$made/parted" || return
   for package in "${debian[@]}"; do
-    dpkg-deb -x "$(made_package "${package}_*.deb")" "$made/unpacked" || return
+    dpkg-deb -x "$(made_package "${package}_*.deb")" "$made/unpacked" &&
+      dpkg-deb -x "$(made_package "${package}_*.deb")" "$made/parted/$package" || return
   done
-  dpkg-deb -x "$(made_package "zvm_*.deb")" "$made/alone"
 }
 
 lintian_is_content() {
@@ -73,23 +73,35 @@ icons() {
   cmp "$hicolor/scalable/apps/zevfit.svg" platform/icons/app.svg
 }
 
-# depends PACKAGE ON...: found by dpkg-shlibdeps; the SVG plug-in comes with the SVG library.
+# depends PACKAGE ON...: on these and nothing else.
 depends() {
   local list
-  list=$(dpkg-deb -f "$(made_package "$1_*.deb")" Depends) || return
+  list=$(dpkg-deb -f "$(made_package "$1_*.deb")" Depends | tr ',' '\n' |
+    sed -E 's/^ *([^ ]+).*/\1/' | LC_ALL=C sort | xargs) || return
   echo "$1: $list"
-  for package in "${@:2}"; do
-    grep -qE "(^|, )$package( |,|\$)" <<<"$list" || return
-  done
+  [ "$list" = "${*:2}" ]
 }
 
-# Only what draws takes Qt, only what reads spatial sources GDAL.
+# Only what draws takes Qt, whose plug-in for SVG comes with its library, only what reads spatial sources
+# GDAL, and the desktop program stands by itself.
 dependencies() {
-  depends zevfit libqt6svg6 libqt6widgets6 libqt6printsupport6 libc6 &&
-    depends zvm libc6 && depends zvm-plot libqt6gui6 libqt6svg6 zvm &&
-    depends zvm-ogr libgdal32 zvm || return
-  ! depends zvm | grep -E 'qt6|gdal' && ! depends zvm-plot | grep -E 'widgets|gdal' &&
-    ! depends zvm-ogr | grep qt6
+  depends zevfit libc6 libgcc-s1 libqt6core6 libqt6gui6 libqt6printsupport6 libqt6svg6 \
+    libqt6widgets6 libstdc++6 &&
+    depends zvm libc6 libgcc-s1 libstdc++6 &&
+    depends zvm-plot libc6 libgcc-s1 libqt6core6 libqt6gui6 libqt6svg6 libstdc++6 zvm &&
+    depends zvm-ogr libc6 libgcc-s1 libgdal32 libstdc++6 zvm
+}
+
+# Pages lead to pages of the same package.
+links() {
+  tests/lint/links.py "$made/parted/zevfit" "$made/parted/zvm"
+}
+
+# shown PAGE: the commands of the page in a copy of the installed examples.
+shown() {
+  local root=$PWD/$made/unpacked/usr
+  python3 -B tests/zvm/peers/pages.py "$root/bin/zvm" "$root/share/doc/zvm/examples" \
+    "$root/share/doc/zvm/$1.md"
 }
 
 # typed EXPECTED NAME TEXT: what the desktop takes a file of the name and the text for.
@@ -152,18 +164,6 @@ pictures_and_points() {
       >"$folder/points.geojson" &&
     "$zvm" compute "$folder/points.geojson" "$folder/points.zvm" --var v --lag 100 --lags 2 \
       --projected EPSG:32631
-}
-
-# Without the other packages the command works, and says what draws and what reads.
-command_alone() {
-  local zvm=$made/alone/usr/bin/zvm code=0 text
-  "$zvm" info examples/meuse.zvm >/dev/null && pictures_and_points "$made/unpacked/usr/bin/zvm" || return
-  text=$("$zvm" plot examples/meuse.zvm "$made/no.svg" 2>&1) || code=$?
-  [ "$code" -eq 4 ] && grep -q 'install the package zvm-plot' <<<"$text" || return
-  code=0
-  text=$("$zvm" compute "$made/tried/points.geojson" "$made/no.zvm" --var v --lag 1 --lags 2 2>&1) ||
-    code=$?
-  [ "$code" -eq 4 ] && grep -q 'install the package zvm-ogr' <<<"$text"
 }
 
 # ---- In a root of its own, which knows what the machine has: the dependencies are met or it fails.
@@ -266,7 +266,7 @@ unpacked_archive() {
     "$folder/zvm" info "$folder/examples/meuse.zvm" &&
     pictures_and_points "$folder/zvm" &&
     bash -n "$folder/completions/zvm.bash" && [ -f "$folder/completions/_zvm" ] &&
-    [ -f "$folder/zvm.1" ] &&
+    [ -f "$folder/zvm.1" ] && tests/lint/links.py "$folder" &&
     [ ! -e "$data/zevFIT" ]
 }
 

@@ -41,7 +41,8 @@ constexpr auto kSections = std::to_array<ManualSection>({
 });
 
 /// The manual and the pages that it leads to.
-constexpr std::array kPages{"manual", "dragging", "file-formats"};
+constexpr std::array kPages{"manual",   "dragging",    "file-formats", "zvm",
+                            "tutorial", "drill-holes", "large"};
 
 /// Where the pages lie, seen from the folder of the program: as installed, in an archive, and in
 /// the tree of the sources.
@@ -52,7 +53,8 @@ constexpr const char* kHead =
     "body{font-family:sans-serif;line-height:1.5;max-width:52em;margin:2em auto;padding:0 1em;"
     "background:#fff;color:#222}"
     "h1,h2,h3{line-height:1.2}table{border-collapse:collapse}td,th{border:1px solid #bbb;"
-    "padding:0 .6em;vertical-align:top}img{max-width:100%}a{color:#0645ad}</style></head><body>";
+    "padding:0 .6em;vertical-align:top}pre{background:#f3f3f3;padding:.5em;overflow-x:auto}"
+    "img{max-width:100%}a{color:#0645ad}</style></head><body>";
 
 QString readText(const QString& path) {
   return QString::fromStdString(readWhole(QFile::encodeName(path).toStdString()));
@@ -92,6 +94,16 @@ void giveAnchors(QTextDocument& document) {
   }
 }
 
+/// Qt makes a paragraph of each line of code, and of what stands in a cell of a table.
+void joinCode(QString& page) {
+  page.replace(
+      QRegularExpression("<(p|pre)( [^>]*)?>"
+                         "<span style=\" font-family:'monospace';\">([^<]*)</span></\\1>(?!</td>)"),
+      "<pre>\\3</pre>");
+  page.replace(QRegularExpression("</pre>\\s*<(p|pre)( [^>]*)?><br /></\\1>\\s*<pre>"), "\n\n");
+  page.replace(QRegularExpression("</pre>\\s*<pre>"), "\n");
+}
+
 }  // namespace
 
 std::span<const ManualSection> manualSections() { return kSections; }
@@ -129,6 +141,7 @@ QString toPage(const QString& markdown, const QString& folder) {
   page.replace(QRegularExpression("<(p|li|ol|ul|h[1-6]|td|table)( [^>]*)?>"), "<\\1>");
   page.replace(
       QRegularExpression(" (font-size:[a-z-]+|text-decoration: underline|color:#[0-9a-f]+);"), "");
+  joinCode(page);
   page.replace("src=\"", "src=\"" + QUrl::fromLocalFile(folder).toString() + "/");
   page.replace(QRegularExpression("href=\"([a-z-]+)\\.md"), "href=\"\\1.html");
   return page;

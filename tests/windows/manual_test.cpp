@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QTest>
@@ -138,8 +139,6 @@ TEST_F(ManualTest, ThePageHasItsAnchorsPicturesTablesAndLinks) {
   EXPECT_TRUE(page.contains("<table"));
   EXPECT_TRUE(page.contains("href=\"dragging.html\""));
   EXPECT_TRUE(page.contains("href=\"file-formats.html#the-kriging-parameter-file-zvp\""));
-  EXPECT_TRUE(QFile::exists(folder + "/dragging.html"));
-  EXPECT_TRUE(QFile::exists(folder + "/file-formats.html"));
   const QRegularExpression image("<img[^>]*src=\"([^\"]*)\"");
   int pictures = 0;
   for (auto found = image.globalMatch(page); found.hasNext(); ++pictures) {
@@ -147,6 +146,45 @@ TEST_F(ManualTest, ThePageHasItsAnchorsPicturesTablesAndLinks) {
     EXPECT_TRUE(QFile::exists(path)) << path.toStdString();
   }
   EXPECT_GT(pictures, 8);
+}
+
+/// What stands between a text and the next quotes, wherever it stands on a page.
+QStringList quotedBehind(const QString& beginning, const QString& page) {
+  QStringList found;
+  const QRegularExpression quoted(beginning + "([^\"]*)\"");
+  for (auto at = quoted.globalMatch(page); at.hasNext();) found << at.next().captured(1);
+  return found;
+}
+
+// From the manual the reader comes to the pages of the command.
+TEST_F(ManualTest, EveryLinkAndPictureOfItsPagesIsThere) {
+  pressInMain(Qt::Key_F1);
+  const QDir folder(opened_.section('/', 0, -2));
+  for (const char* page :
+       {"manual", "dragging", "file-formats", "zvm", "tutorial", "drill-holes", "large"}) {
+    const QString text = textOf(folder.filePath(QString(page) + ".html"));
+    for (const QString& link : quotedBehind("href=\"", text)) {
+      const QString file = link.section('#', 0, 0);
+      const QString target = file.isEmpty() ? text : textOf(folder.filePath(file));
+      EXPECT_FALSE(target.isEmpty()) << page << " " << link.toStdString();
+      const QString anchor = link.section('#', 1);
+      EXPECT_TRUE(anchor.isEmpty() || target.contains("name=\"" + anchor + "\""))
+          << page << " " << link.toStdString();
+    }
+    for (const QString& picture : quotedBehind("<img[^>]*src=\"", text))
+      EXPECT_TRUE(QFile::exists(QUrl(picture).toLocalFile())) << page << picture.toStdString();
+  }
+}
+
+TEST(ManualPage, KeepsLinesAndColumnsOfCode) {
+  const QString page = toPage(
+      "Type `zvm`:\n\n    $ zvm info <file>\n    title   A\n\n    table\n\nSave this:\n\n"
+      "```r f.R\na <- 1\n\n  b\n```\n\n`x`, and no more.\n\n| `c` |\n|---|\n| `d` |\n",
+      kDocs);
+  EXPECT_TRUE(page.contains("<pre>$ zvm info &lt;file&gt;\ntitle   A\n\ntable</pre>"))
+      << page.toStdString();
+  EXPECT_TRUE(page.contains("<pre>a &lt;- 1\n\n  b</pre>")) << page.toStdString();
+  EXPECT_EQ(page.count("<pre>"), 2);
 }
 
 TEST_F(ManualTest, SaysWhereItIsNotThereOrNothingOpensIt) {

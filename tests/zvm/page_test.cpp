@@ -85,7 +85,7 @@ std::string firstCommands(const std::string& page) {
 TEST(ZvmPage, LeadsFromPointsToAnExport) {
   for (const char* page : {"docs/zvm.md", "README.md"}) {
     const ScratchFolder folder;
-    fs::copy(kRoot / "examples/meuse.csv", folder / "meuse.csv");
+    fs::copy(kRoot / "examples", folder.path());
     // Who fits by eye saves as fitted.zvm; here the start is taken as it is.
     putFile(folder / "run",
             "zvm() {\n  '" ZEVFIT_ZVM

@@ -1,8 +1,12 @@
 """What is taken from a page, and that a line which is not as printed is found."""
 
+import pathlib
+import re
 import unittest
 
 import shown
+
+DOCS = pathlib.Path(__file__).resolve().parents[3] / "docs"
 
 PAGE = """# A page
 
@@ -71,6 +75,28 @@ class Comparison(unittest.TestCase):
         self.assertFalse(self.same("error 1", "errors 1", 1e-6))
         self.assertFalse(self.same("error 1 m", "error 1", 1e-6))
         self.assertFalse(self.same("error 1 2", "error 1", 1e-6))
+
+
+WRITTEN = re.compile(r"^zvm (?:compute|fit|plot) \S+ (\S+)|^zvm .* -o (\S+)")
+
+
+def made_by(step):
+    """The file that a step makes, where it would be refused if it existed."""
+    if isinstance(step, shown.File):
+        return step.name
+    found = None if "--overwrite" in step.line else WRITTEN.match(step.line)
+    return found and (found[1] or found[2])
+
+
+class Pages(unittest.TestCase):
+    def test_a_reader_of_all_pages_meets_each_file_once(self):
+        made = []
+        for page in ("zvm", "tutorial", "drill-holes", "large"):
+            made += filter(None, map(made_by, shown.steps((DOCS / f"{page}.md").read_text(encoding="utf-8"))))
+        self.assertIn("metals.zvm", made)
+        self.assertEqual(sorted(made), sorted(set(made)))
+        examples = {path.name for path in (DOCS.parent / "examples").iterdir()}
+        self.assertFalse(examples & set(made))
 
 
 if __name__ == "__main__":
