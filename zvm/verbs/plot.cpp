@@ -4,6 +4,7 @@
 
 #include "zvm/plotting/request.h"
 #include "zvm/points/names.h"
+#include "zvm/verbs/connection.h"
 #include "zvm/verbs/input.h"
 #include "zvm/verbs/module.h"
 #include "zvm/verbs/output.h"
