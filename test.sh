@@ -6,11 +6,11 @@
 #   fuzz      each fuzz target for a short while
 #   program   the program as users build it: saves that fail, a session, the clipboard, a start on Wayland,
 #             some long use
+#   spatial   points from spatial files, and from a PostGIS server that the test starts, under the sanitizers
 # By name alone, for their time:
 #   core      the core, zvm and their tests on a build without Qt; saves that fail
 #   peers     R's gstat: experimental semivariograms; fits; semivariances, kriging and cokriging of exported models;
 #             the commands of the tutorial and of the pages beside it
-#   spatial   points from spatial files, and from a PostGIS server that the test starts
 #   windows   the windows and their tests on a plain build; the program as users build it
 #   tour      the session of `program`
 #   tidy      clang-tidy over all sources but the tests; `linttests`: over the tests
@@ -34,7 +34,7 @@ fuzz         asan         zevfit_fuzz fuzz
 program      program      zevfit_program_tests crash,desktop,wayland,tour,shortuse
 core         core         zevfit_core_tests,zvm_tests,zevfit_crash_tests core,zvm,house,crash
 peers        asan         zevfit_exchange_cases,zevfit_fit_cases,zvm,zvm-plot peers
-spatial      core         zevfit_spatial_tests,zvm,zvm-ogr spatial
+spatial      asan         zevfit_spatial_tests,zvm,zvm-ogr,zvm-plot spatial
 windows      debug        zevfit_window_tests,zevfit_desktop_tests,zevfit_wayland_tests,zevfit_long_tests windows,desktop,wayland,shortuse
 windows      program      zevfit,zvm -
 tour         program      zevfit_tour tour
@@ -140,7 +140,7 @@ step() {
   [ "$4" = - ] || tests "$1" "$2" "$4"
 }
 
-[ $# -gt 0 ] || set -- lint asan fuzz program
+[ $# -gt 0 ] || set -- lint asan fuzz program spatial
 wanted=$every plan=
 for stage in "$@"; do
   lines=$(awk -v stage="$stage" '$1 == stage' <<<"$steps")

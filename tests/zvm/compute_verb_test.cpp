@@ -224,10 +224,18 @@ TEST_F(ComputeVerb, RefusesWithReasonAndExitCode) {
       {{out, "--dir", "45;10"}, 2, "the dip of direction `45;10` needs points with z"},
       {{out, "--tol", "10"}, 2, "--tol, --band and --vband take --dir"},
       {{out, "--trim", "5"}, 2, "--trim takes MIN:MAX in numbers, not `5`"},
-      {{out, "--trim", "5:6"}, 3, "stdin: no semivariogram: one point alone"},
+      {{out, "--trim", "5:6"},
+       3,
+       "stdin: no semivariogram: one point alone (5 read, 1 without coordinates, 3 without a "
+       "value)"},
       {{out, "--trim", "50:60"},
        3,
-       "stdin: no semivariogram: no point with coordinates and a value"},
+       "stdin: no semivariogram: no point with coordinates and a value (5 read, 1 without "
+       "coordinates, 4 without a value)"},
+      {{out, "--var", "lead", "--trim", "10:20"},
+       3,
+       "stdin: no semivariogram: `zinc` has fewer than two values (5 read, 1 without coordinates, "
+       "2 without a value)"},
       {{out, "--part", "3/2"}, 2, "there is no part 3/2"},
       {{out, "--part", "0/2"}, 2, "there is no part 0/2"},
       {{out, "--part", "a/2"}, 2, "--part takes I/N in whole numbers, not `a/2`"},
@@ -271,6 +279,14 @@ TEST_F(ComputeVerb, RefusesWithReasonAndExitCode) {
     EXPECT_EQ(run.code, 4);
     EXPECT_EQ(run.err, "zvm: error: cannot read " + points + ": " + why + '\n');
   }
+}
+
+TEST_F(ComputeVerb, ShowsNamesToTheirEndInMessages) {
+  const Ran run =
+      square({path("a.zvm"), "--var", "3"}, std::string("x,y,zi\0nc,zinc\n0,0,1,1\n", 23));
+  EXPECT_EQ(run.err,
+            "zvm: error: the name `zi\\x00nc` can't stand in a variogram file: it holds a control "
+            "character; give it another with --name \"3=NAME\"\n");
 }
 
 // Squares of such distances would be 0.

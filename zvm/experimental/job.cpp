@@ -169,12 +169,12 @@ Job prepare(PointSet points, Plan plan, const std::optional<Sample>& sample) {
 }
 
 std::optional<std::string> pointsRefusal(const Frame& frame) {
-  const std::string plain = "no semivariogram: ";
-  if (frame.counts.used == 0) return plain + "no point with coordinates and a value";
-  if (frame.counts.used == 1) return plain + "one point alone";
+  const std::string plain = "no semivariogram: ", counts = countsText(frame.counts);
+  if (frame.counts.used == 0) return plain + "no point with coordinates and a value" + counts;
+  if (frame.counts.used == 1) return plain + "one point alone" + counts;
   for (const Frame::Variable& variable : frame.variables)
     if (!variable.isCross && variable.points < 2)
-      return plain + "`" + utf8Of(variable.name) + "` has fewer than two values";
+      return plain + "`" + utf8Of(variable.name) + "` has fewer than two values" + counts;
   return std::nullopt;
 }
 

@@ -93,6 +93,11 @@ void fill(FileTables& tables, const Experimental& experimental) {
 
 }  // namespace
 
+std::string countsText(const PointCounts& counts) {
+  return " (" + std::to_string(counts.read) + " read, " + std::to_string(counts.skipped) +
+         " without coordinates, " + std::to_string(counts.unknown) + " without a value)";
+}
+
 Experimental experimentalOf(const Frame& frame, const SumTable& sums) {
   Experimental experimental{frame, {}, {}};
   for (std::size_t v = 0; v < frame.variables.size(); ++v) {

@@ -20,6 +20,10 @@ struct PointCounts {
   bool operator==(const PointCounts&) const = default;
 };
 
+/// Of points that make no semivariogram how many there are and why they do not count, as in
+/// " (155 read, 2 without coordinates, 153 without a value)".
+std::string countsText(const PointCounts& counts);
+
 /// All that a finished computation says beside its sums; the same in each part of it.
 struct Frame {
   struct Variable {

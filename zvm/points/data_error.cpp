@@ -4,16 +4,11 @@
 
 namespace zevfit::zvm {
 
-namespace {
-
-/// what() ends at the first NUL byte, which is shown instead.
 std::string withoutNul(const std::string& text) {
   std::string shown;
   for (const char c : text) c == '\0' ? shown += "\\x00" : shown += c;
   return shown;
 }
-
-}  // namespace
 
 std::string placeText(const Place& place) {
   std::string text = place.file;

@@ -16,6 +16,9 @@ struct Place {
 /// "FILE:LINE:COLUMN", without what there is none of.
 std::string placeText(const Place& place);
 
+/// A text for what(), which ends at the first zero byte: with that shown instead.
+std::string withoutNul(const std::string& text);
+
 /// Data that can't be used, as "FILE:LINE:COLUMN: text" in what().
 class DataError : public std::runtime_error {
  public:

@@ -1,14 +1,30 @@
 #include "zvm/spatial/source.h"
 
-#include <cpl_error.h>
-
 #include <algorithm>
+#include <array>
+#include <memory>
 #include <vector>
 
 #include "zvm/points/names.h"
+#include "zvm/spatial/statement.h"
 
 namespace zevfit::spatial {
 namespace {
+
+constexpr const char* kPostgres = "PostgreSQL";
+/// Whose own SQL reads a file that is open for reading.
+constexpr std::array<std::string_view, 2> kSqlite{"GPKG", "SQLite"};
+/// That of OGR, in which SELECT only reads, in the place of what a driver has.
+constexpr const char* kOgrSql = "OGRSQL";
+
+/// An option of a driver that would leave a file of its own beside the source.
+struct DriverOption {
+  std::string_view driver;
+  const char* option;
+};
+constexpr std::array kQuietOptions{DriverOption{"GML", "WRITE_GFS=NO"}};
+
+bool isSqlite(std::string_view driver) { return std::ranges::count(kSqlite, driver) > 0; }
 
 std::vector<std::string> layersOf(GDALDatasetH set) {
   std::vector<std::string> names;
@@ -37,56 +53,112 @@ OGRLayerH namedLayer(GDALDatasetH set, const std::string& name) {
   throw Refusal(kData, zvm::noSuchName("layer", name, "the source", layersOf(set)));
 }
 
-/// A database tells of a fault in a condition only when it is asked for a feature.
-void setCondition(OGRLayerH layer, const std::string& condition) {
-  CPLErrorReset();
-  bool isGood = OGR_L_SetAttributeFilter(layer, condition.c_str()) == OGRERR_NONE;
-  if (isGood) {
-    OGR_F_Destroy(OGR_L_GetNextFeature(layer));
-    OGR_L_ResetReading(layer);
-    isGood = CPLGetLastErrorType() != CE_Failure;
-  }
-  if (!isGood) throw Refusal(kUsage, "--where `" + condition + "`: " + lastError());
+GDALDatasetH opened(const std::string& source) {
+  const GDALDriverH driver = GDALIdentifyDriverEx(source.c_str(), GDAL_OF_VECTOR, nullptr, nullptr);
+  const std::string name = driver == nullptr ? "" : GDALGetDriverShortName(driver);
+  std::vector<const char*> options;
+  for (const DriverOption& one : kQuietOptions)
+    if (one.driver == name) options.push_back(one.option);
+  options.push_back(nullptr);
+  return GDALOpenEx(source.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR,
+                    nullptr, options.data(), nullptr);
+}
+
+/// The first value of a query's answer; empty where there is none.
+std::string answerOf(GDALDatasetH set, const char* sql) {
+  const OGRLayerH layer = GDALDatasetExecuteSQL(set, sql, nullptr, nullptr);
+  if (layer == nullptr) return "";
+  const OGRFeatureH feature = OGR_L_GetNextFeature(layer);
+  std::string answer = feature == nullptr ? "" : OGR_F_GetFieldAsString(feature, 0);
+  OGR_F_Destroy(feature);
+  GDALDatasetReleaseResultSet(set, layer);
+  return answer;
+}
+
+/// A name as a query has it.
+std::string quoted(const std::string& name) {
+  std::string text = "\"";
+  for (const char c : name) text += c == '"' ? "\"\"" : std::string(1, c);
+  return text + '"';
 }
 
 }  // namespace
 
-std::string lastError() {
-  std::string text = CPLGetLastErrorMsg();
-  std::ranges::replace_if(
-      text, [](char c) { return c == '\n' || c == '\r'; }, ' ');
-  text.erase(text.find_last_not_of(' ') + 1);
-  return text.empty() ? "OGR does not say why" : text;
-}
-
-Source::Source(const Request& request)
-    : set_(GDALOpenEx(request.source.c_str(),
-                      GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR, nullptr, nullptr,
-                      nullptr)) {
-  if (set_ == nullptr) throw Refusal(kFile, "cannot open the source: " + lastError());
+Source::Source(const Request& request, Errors& errors) : errors_(errors) {
+  errors_.forget();
+  set_ = opened(request.source);
+  if (set_ == nullptr) throw Refusal(kFile, "cannot open the source: " + errors_.reason());
   try {
-    layer_ = chosen(request);
-    isQuery_ = !request.sql.empty();
-    if (!request.where.empty()) setCondition(layer_, request.where);
+    if (driver() == kPostgres) beginReading();
+    choose(request);
+    if (!request.where.empty()) setCondition(request.where);
   } catch (const Refusal&) {
-    GDALClose(set_);
+    close();
     throw;
   }
 }
 
-Source::~Source() {
+Source::~Source() { close(); }
+
+void Source::close() {
   if (isQuery_) GDALDatasetReleaseResultSet(set_, layer_);
+  // A transaction that is open still would be committed, and even one that only reads can write a
+  // large object.
+  if (inTransaction_) GDALDatasetRollbackTransaction(set_);
   GDALClose(set_);
 }
 
-OGRLayerH Source::chosen(const Request& request) const {
-  if (!request.sql.empty()) {
-    CPLErrorReset();
-    if (const OGRLayerH result = GDALDatasetExecuteSQL(set_, request.sql.c_str(), nullptr, nullptr))
-      return result;
-    throw Refusal(kUsage, "--sql `" + request.sql + "` gives no table: " + lastError());
+std::string Source::driver() const { return GDALGetDriverShortName(GDALGetDatasetDriver(set_)); }
+
+/// Whatever the options of the connection say. A transaction can't be made one that writes once it
+/// has answered a query.
+void Source::beginReading() {
+  errors_.forget();
+  for (const char* const setting :
+       {"SET standard_conforming_strings = on", "SET default_transaction_read_only = on"})
+    answerOf(set_, setting);
+  inTransaction_ = GDALDatasetStartTransaction(set_, FALSE) == OGRERR_NONE;
+  if (!inTransaction_ || answerOf(set_, "SELECT current_setting('transaction_read_only')") != "on")
+    throw Refusal(kFile, "the server gives no transaction that only reads: " + errors_.reason());
+}
+
+void Source::choose(const Request& request) {
+  if (!request.sql.empty()) return chooseQuery(request.sql);
+  layer_ = request.layer.empty() ? onlyLayer(set_) : namedLayer(set_, request.layer);
+  layerText_ = std::string("layer `") + OGR_L_GetName(layer_) + '`';
+}
+
+void Source::chooseQuery(const std::string& sql) {
+  if (const auto refusal = queryRefusal(sql))
+    throw Refusal(kUsage, "--sql takes one query that reads, not `" + sql + "`: " + *refusal);
+  const std::string kind = driver();
+  const std::string query =
+      kind == kPostgres ? "SELECT * FROM " + bracketed(sql) + " AS query" : sql;
+  const bool isOwn = kind == kPostgres || isSqlite(kind);
+  errors_.forget();
+  layer_ = GDALDatasetExecuteSQL(set_, query.c_str(), nullptr, isOwn ? nullptr : kOgrSql);
+  if (layer_ == nullptr)
+    throw Refusal(kUsage, "--sql `" + sql + "` gives no table: " + errors_.reason());
+  isQuery_ = true;
+  layerText_ = "the query";
+}
+
+/// A database tells of a fault in a condition only when it is asked for a feature, and SQLite of
+/// its reason only in a query.
+void Source::setCondition(const std::string& condition) {
+  if (const auto refusal = conditionRefusal(condition))
+    throw Refusal(kUsage, "--where takes one condition, not `" + condition + "`: " + *refusal);
+  errors_.forget();
+  if (!isQuery_ && isSqlite(driver()))
+    answerOf(set_, ("SELECT 1 FROM " + quoted(OGR_L_GetName(layer_)) + " WHERE " +
+                    bracketed(condition) + " LIMIT 1")
+                       .c_str());
+  if (!errors_.isAny() && OGR_L_SetAttributeFilter(layer_, condition.c_str()) == OGRERR_NONE) {
+    OGR_F_Destroy(OGR_L_GetNextFeature(layer_));
+    OGR_L_ResetReading(layer_);
+    if (!errors_.isAny()) return;
   }
-  return request.layer.empty() ? onlyLayer(set_) : namedLayer(set_, request.layer);
+  throw Refusal(kUsage, "--where `" + condition + "`: " + errors_.reason());
 }
 
 }  // namespace zevfit::spatial

@@ -7,6 +7,7 @@
 #include "zvm/experimental/part_file.h"
 #include "zvm/verbs/compute_options.h"
 #include "zvm/verbs/compute_report.h"
+#include "zvm/verbs/connection.h"
 #include "zvm/verbs/output.h"
 #include "zvm/verbs/points_input.h"
 #include "zvm/verbs/progress.h"

@@ -2,10 +2,14 @@
 
 #include <utility>
 
+#include "zvm/points/data_error.h"
 #include "zvm/verbs/output.h"
 #include "zvm/verbs/terminal.h"
 
 namespace zevfit::verbs {
+
+Failure::Failure(Exit code, const std::string& message)
+    : std::runtime_error(zvm::withoutNul(message)), code_(code) {}
 
 std::istream& Context::in() {
   if (isInTaken_) throw Failure(Exit::usage, kStdinTwice);

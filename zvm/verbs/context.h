@@ -16,7 +16,7 @@ enum class Exit { done = 0, bad = 1, usage = 2, data = 3, file = 4, interrupted 
 /// What ends a run: the message, without the "zvm: error: " in front, and the exit code.
 class Failure : public std::runtime_error {
  public:
-  Failure(Exit code, const std::string& message) : std::runtime_error(message), code_(code) {}
+  Failure(Exit code, const std::string& message);
   Exit code() const { return code_; }
 
  private:

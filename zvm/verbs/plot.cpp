@@ -1,8 +1,10 @@
 #include <algorithm>
+#include <cmath>
 #include <thread>
 
 #include "zvm/plotting/request.h"
 #include "zvm/points/names.h"
+#include "zvm/verbs/connection.h"
 #include "zvm/verbs/input.h"
 #include "zvm/verbs/module.h"
 #include "zvm/verbs/output.h"
@@ -78,6 +80,12 @@ void addPages(const Loaded& loaded, const PlotOptions& options, Pictures& pictur
   }
 }
 
+zvm::PointCounts countsOf(const zvm::PointSet& points, std::size_t variable) {
+  const auto isMissing = [](double value) { return std::isnan(value); };
+  const auto unknown = std::ranges::count_if(points.values[variable], isMissing);
+  return {points.read, points.skipped, static_cast<std::uint64_t>(unknown), 0, 0};
+}
+
 void addMaps(const PlotOptions& options, Context& context, Pictures& pictures) {
   const zvm::PointSet points = pointsOf(options.points, readOptionsOf(options.points), context);
   const unsigned cores = std::max(1U, std::thread::hardware_concurrency());
@@ -91,7 +99,8 @@ void addMaps(const PlotOptions& options, Context& context, Pictures& pictures) {
         std::ranges::all_of(surface.cells, [](const auto& cell) { return cell.pairs == 0; });
     if (isEmpty)
       throw Failure(Exit::data, pointsName(options.points) + ": no two points of `" +
-                                    points.names[v] + "` are within reach of the map");
+                                    points.names[v] + "` are within reach of the map" +
+                                    countsText(countsOf(points, v)));
     const std::string name = zvm::latin1Of(points.names[v]).value_or("?");
     pictures.request.pages.push_back({Kind::map, 0, 0, {}, plotting::Map{name, surface}});
     pictures.variables.push_back(points.names[v]);

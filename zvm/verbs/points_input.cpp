@@ -5,6 +5,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "zvm/verbs/connection.h"
 #include "zvm/verbs/input.h"
 #include "zvm/verbs/progress.h"
 

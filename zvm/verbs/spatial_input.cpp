@@ -2,16 +2,15 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <string_view>
 #include <system_error>
 
 #include "session/numbers.h"
 #include "zvm/points/data_error.h"
 #include "zvm/verbs/add_option.h"
+#include "zvm/verbs/connection.h"
 #include "zvm/verbs/module.h"
 
 namespace zevfit::verbs {
@@ -23,35 +22,48 @@ constexpr Module kModule{"zvm-ogr", "a spatial source"};
 constexpr const char* kFormat = "ogr";
 
 /// How files begin that are databases or shapes.
-constexpr std::array<std::string_view, 3> kBeginnings{
-    "SQLite format 3", std::string_view("\0\0\x27\x0A", 4), "fgb\x03"};
-constexpr std::array<std::string_view, 11> kEndings{".gpkg", ".shp",    ".geojson", ".json",
-                                                    ".gml",  ".kml",    ".fgb",     ".gdb",
-                                                    ".tab",  ".sqlite", ".gpx"};
+constexpr std::array<std::string_view, 4> kBeginnings{
+    "SQLite format 3", std::string_view("\0\0\x27\x0A", 4), "fgb\x03", "!table"};
 
-/// "PG:dbname=geo" or "postgresql://...", which is no file.
-bool isConnection(const std::string& source) {
-  const std::size_t colon = source.find(':');
-  if (colon == source.npos || colon < 2) return false;
-  const auto isLetter = [](unsigned char c) { return std::isalnum(c) != 0 || c == '_'; };
-  std::error_code unknown;
-  return std::all_of(source.begin(), source.begin() + static_cast<std::ptrdiff_t>(colon),
-                     isLetter) &&
-         !fs::exists(source, unknown);
+/// How names end that tell a source, and how a file of that name begins that is a text; nothing
+/// where kBeginnings has it.
+struct Ending {
+  std::string_view name, text;
+};
+constexpr std::array kEndings{Ending{".gpkg", ""},     Ending{".sqlite", ""}, Ending{".shp", ""},
+                              Ending{".fgb", ""},      Ending{".gdb", ""},    Ending{".tab", ""},
+                              Ending{".geojson", "{"}, Ending{".json", "{"},  Ending{".gml", "<"},
+                              Ending{".kml", "<"},     Ending{".gpx", "<"}};
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+/// The ending of a name that tells a source; nothing where it has none.
+const Ending* endingOf(const std::string& source) {
+  const std::string name = lowered(source);
+  const auto found =
+      std::ranges::find_if(kEndings, [&](const Ending& one) { return name.ends_with(one.name); });
+  return found == kEndings.end() ? nullptr : found;
 }
 
 bool beginsAsOne(const std::string& source) {
   std::ifstream file(source, std::ios::binary);
-  std::array<char, 16> bytes{};
+  std::array<char, 64> bytes{};
   file.read(bytes.data(), bytes.size());
-  const std::string_view start(bytes.data(), static_cast<std::size_t>(file.gcount()));
-  return std::ranges::any_of(kBeginnings,
-                             [&](std::string_view begin) { return start.starts_with(begin); });
+  std::string start = lowered({bytes.data(), static_cast<std::size_t>(file.gcount())});
+  const auto begins = [&](std::string_view begin) {
+    return start.starts_with(lowered(std::string(begin)));
+  };
+  if (std::ranges::any_of(kBeginnings, begins)) return true;
+  if (start.starts_with(kByteOrderMark)) start.erase(0, kByteOrderMark.size());
+  start.erase(0, start.find_first_not_of(" \t\r\n"));
+  const Ending* const ending = endingOf(source);
+  return ending != nullptr && !ending->text.empty() && begins(ending->text);
 }
 
 /// The message of a fault in a row, which is a feature: the first stands in line 2.
 std::string textOf(const zvm::DataError& error, const std::string& shown) {
-  const std::string what = error.what(), place = placeText(error.place());
+  const std::string place = placeText(error.place());
+  std::string what = error.what();
+  if (place.empty()) return what;
   const std::string text = what.starts_with(place + ": ") ? what.substr(place.size() + 2) : what;
   const std::uint64_t line = error.place().line;
   return shown + ": " + (line > 1 ? "feature " + std::to_string(line - 1) + ": " : "") + text;
@@ -74,17 +86,9 @@ bool isSpatial(const std::string& source, const std::string& format,
   if (!format.empty()) return format == kFormat;
   if (source == kStandardStream) return options.isAny();
   std::error_code unknown;
-  const std::string name = lowered(source);
-  return options.isAny() || isConnection(source) || fs::is_directory(source, unknown) ||
-         std::ranges::any_of(kEndings, [&](std::string_view end) { return name.ends_with(end); }) ||
-         (fs::is_regular_file(source, unknown) && beginsAsOne(source));
-}
-
-std::string shownSource(const std::string& source) {
-  static const std::regex user("://[^@/]*@"),
-      word("\\s*password\\s*=\\s*('[^']*'|[^' ]\\S*)", std::regex::icase);
-  if (!isConnection(source)) return source;
-  return std::regex_replace(std::regex_replace(source, user, "://"), word, "");
+  if (options.isAny() || isConnection(source) || fs::is_directory(source, unknown)) return true;
+  if (fs::is_regular_file(source, unknown)) return beginsAsOne(source);
+  return !fs::exists(source, unknown) && endingOf(source) != nullptr;
 }
 
 std::string titleNameOf(const std::string& source, const SpatialOptions& options) {
@@ -98,10 +102,10 @@ zvm::PointSet spatialPoints(const std::string& source, const SpatialOptions& opt
   if (!options.layer.empty() && !options.sql.empty())
     throw Failure(Exit::usage, "--layer and --sql are two ways to say the same");
   std::string request;
-  for (const std::string& text :
-       {source, options.layer, options.where, options.sql, options.projected})
-    request += text + '\0';
   const std::string shown = shownSource(source);
+  for (const std::string& text : {source, shown, options.layer, options.where, options.sql,
+                                  options.projected, read.x, read.y, read.z.value_or("")})
+    request += text + '\0';
   ModuleRun run(kModule, {}, request);
   zvm::ReadOptions table = read;
   table.format = zvm::PointFormat::csv;

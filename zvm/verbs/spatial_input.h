@@ -19,20 +19,17 @@ struct SpatialOptions {
 
 void declareOptions(CLI::App& app, SpatialOptions& options);
 
-/// Points come from a spatial source and not from a table: with one of the options, or with a name
-/// such as "PG:dbname=geo", a folder, or a file that looks like one. `format` is that of --format,
-/// "ogr" says so itself.
+/// Points come from a spatial source and not from a table: with one of the options, or with a
+/// connection, a folder, or a file that begins as one, whatever its name; of one that is not there
+/// the name counts. `format` is that of --format, "ogr" says so itself.
 bool isSpatial(const std::string& source, const std::string& format, const SpatialOptions& options);
 
 /// The columns that have the coordinates of points.
 inline constexpr const char* kEasting = "geometry.x";
 inline constexpr const char* kNorthing = "geometry.y";
 
-/// What messages, reports and titles call a source: without passwords.
-std::string shownSource(const std::string& source);
-
-/// What a title calls it: a file by its name alone, a connection by its layer; empty where it has
-/// none.
+/// What a title calls a source: a file by its name alone, a connection by its layer; empty where it
+/// has none.
 std::string titleNameOf(const std::string& source, const SpatialOptions& options);
 
 /// Reads the points of a spatial source by the program zvm-ogr. Throws Failure.

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
-#include <cmath>
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <regex>
@@ -335,7 +334,9 @@ TEST_F(Plot, TellsWhatIsWrong) {
        "no column `a` in " + points + "; there are x, y, z"},
       {{points, out, "--map", "--x", "x", "--y", "y", "--var", "z", "--lag", "0.1", "--lags", "2"},
        3,
-       points + ": no two points of `z` are within reach of the map"},
+       points +
+           ": no two points of `z` are within reach of the map (4 read, 0 without coordinates, "
+           "0 without a value)"},
       {{path("none.zvm"), out},
        4,
        "cannot read " + path("none.zvm") + ": No such file or directory"},

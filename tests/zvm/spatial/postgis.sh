@@ -32,6 +32,15 @@ load() { # NAME OPTION...
 }
 load meuse -a_srs EPSG:28992
 load degrees -s_srs EPSG:28992 -t_srs EPSG:4326
+psql -qX -v ON_ERROR_STOP=1 -d geo <<'END'
+create function touch() returns int language sql volatile as 'update meuse set zinc = 1; select 1';
+create function sneak() returns int language plpgsql volatile as $$ begin
+  perform set_config('transaction_read_only', 'off', false); update meuse set zinc = 2; return 1;
+end $$;
+END
+# All that is in the database, large objects included; a dump has marks that differ each time.
+dump() { pg_dump -h "$folder" -U geo -b geo | grep -vE '^\\(un)?restrict '; }
+dump >before.sql
 unset PGHOST PGUSER PGPASSWORD
 
 failed=0
@@ -84,7 +93,46 @@ refused() { # CODE WORDS OPTION...
 refused 3 "no layer \`meus\`" "$source" --layer meus
 refused 4 'cannot open the source' "PG:dbname=none host=$folder user=geo password=secret"
 refused 4 'cannot open the source' "PG:dbname=geo host=$folder user=geo password=wrong"
-refused 2 'gives no table' "$source" --sql "select nothing from meuse"
-refused 2 'read-only' "$source" --sql "drop table meuse"
-compute again.zvm "$source" --layer meuse --title t || fail "the table is gone: $(<err)"
+refused 2 'gives no table: column "nothing" does not exist' "$source" \
+  --sql "select nothing from meuse"
+refused 2 ': column "zin" does not exist' "$source" --layer meuse --where "zin > 3"
+refused 2 ': syntax error at end of input' "$source" --layer meuse --where "zinc > 3 and"
+refused 3 'holds for no feature of layer' "$source" --layer meuse --where "zinc > 30000"
+refused 3 'the query has no geometry' "$source" --sql "select zinc from meuse"
+refused 3 'are geographic (WGS 84)' "$source" --sql "select * from degrees"
+
+# Nothing writes, although the connection says that it may.
+open="$source options='-c default_transaction_read_only=off -c standard_conforming_strings=off'"
+for sql in "drop table meuse" \
+  "set transaction read write; update meuse set zinc = 1" \
+  "set default_transaction_read_only = off; commit; update meuse set zinc = 1"; do
+  refused 2 'it does not begin with SELECT or WITH' "$open" --sql "$sql"
+done
+for sql in "select * from meuse; update meuse set zinc = 1" \
+  "select 1 from meuse) q; commit; update meuse set zinc = 1; select * from (select * from meuse"; do
+  refused 2 'it is more than one statement' "$open" --sql "$sql"
+done
+refused 2 'must be at the top level' "$open" \
+  --sql "with x as (update meuse set zinc = 1 returning *) select * from x"
+refused 2 'INTO is not allowed' "$open" --sql "select * into other from meuse"
+refused 2 'read-only transaction' "$open" --sql "select * from meuse for update"
+refused 4 'cannot execute UPDATE in a read-only transaction' "$open" \
+  --sql "select touch(), * from meuse"
+refused 4 'must be set before any query' "$open" --sql "select sneak(), * from meuse"
+refused 4 'must be set before any query' "$open" \
+  --sql "select set_config('transaction_read_only', 'off', false), touch(), * from meuse"
+refused 2 'cannot execute UPDATE in a read-only transaction' "$open" --layer meuse \
+  --where "touch() = 1"
+refused 2 'it is more than one statement' "$open" --layer meuse \
+  --where "true); commit; update meuse set zinc = 1; --"
+# What these say is good, and writes nothing: a later transaction there is not, a backslash is a
+# letter, and what a transaction can write that only reads is not kept.
+for sql in "select set_config('default_transaction_read_only', 'off', false), * from meuse" \
+  "select case current_setting('transaction_read_only') when 'off' then touch() end, * from meuse" \
+  "select 'a\\'' ; update meuse set zinc = 1; --' as t, * from meuse" \
+  "select *, (select lo_from_bytea(0, 'a') where zinc > 0) from meuse"; do
+  compute no.zvm "$open" --sql "$sql" --title t || fail "$sql: $(<err)"
+done
+export PGPASSWORD=secret
+dump | diff before.sql - || fail "the database is another one"
 exit "$failed"
