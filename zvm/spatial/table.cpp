@@ -112,8 +112,7 @@ class Places {
     return place;
   }
 
-  /// Why so many features, all that there are, have no point among them; nothing where that can't
-  /// be told yet.
+  /// Throws Refusal where no point can be among so many features, which are all that there are.
   void refuseNothing(long features) const {
     if (features == 0 && !request_.where.empty())
       throw Refusal(
