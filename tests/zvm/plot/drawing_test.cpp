@@ -23,13 +23,14 @@ Map sampleMap() {
 }
 
 TEST(PlotRequest, ComesBackFromItsBytes) {
-  Request request{Format::png, 9071, 5669, 192, "style\n", std::string("a\0\xE9", 3), {}};
+  Request request{Format::png, 9071, 5669, 0.75, 192, "style\n", std::string("a\0\xE9", 3), {}};
   request.pages.push_back({Kind::direction, 2, 3, {}, {}});
   request.pages.push_back({Kind::overlay, 1, 0, Directions().set(1).set(20), {}});
   request.pages.push_back({Kind::map, 0, 0, {}, sampleMap()});
   const Request back = requestOf(bytesOf(request));
   EXPECT_EQ(back.format, Format::png);
   EXPECT_EQ(back.width, 9071);
+  EXPECT_EQ(back.scale, 0.75);
   EXPECT_EQ(back.dots, 192);
   EXPECT_EQ(back.style, request.style);
   EXPECT_EQ(back.data, request.data);
