@@ -1,6 +1,8 @@
 #include "platform/picture_file.h"
 
 #include <QBuffer>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QImage>
 #include <QPageSize>
 #include <QPdfWriter>
@@ -9,6 +11,7 @@
 #include <cmath>
 
 #include "platform/bitmap_surface.h"
+#include "platform/painter_surface.h"
 #include "platform/sheet_surface.h"
 #include "session/fault.h"
 
@@ -19,16 +22,17 @@ namespace {
 constexpr int kTwipsPerInch = 1440;
 constexpr double kTwipsPerPoint = 20;
 constexpr const char* kCreator = "zevFIT";
+/// What stands in for the font of the plots letter by letter.
+constexpr const char* kPlotFontAlike = "Liberation Serif";
 /// Bitmaps of scale 1 have 96 dots to the inch.
 constexpr double kDotsPerMetre = 96 / 0.0254;
-/// No bitmap has more dots a side.
-constexpr double kLargestSide = 32000;
 
 /// Draws with a painter on a device that has a dot for each twip, with pens as wide as on the
 /// screen.
-void drawWith(QPainter& painter, const Draw& draw) {
+void drawWith(QPainter& painter, const Draw& draw, double unit) {
   const QPaintDevice& device = *painter.device();
-  SheetSurface surface(painter, QSizeF(device.width(), device.height()), kTwipsPerPixel);
+  SheetSurface surface(painter, QSizeF(device.width(), device.height()) / unit, kTwipsPerPixel,
+                       unit);
   draw(surface);
   surface.finish();
 }
@@ -60,20 +64,29 @@ QByteArray withoutDate(QByteArray pdf) {
   return pdf;
 }
 
-QImage blank(QSizeF twips, double scale) {
+QSize dotsOf(QSizeF twips, double scale) {
+  constexpr double kBelow = kLargestSide + 0.5;  // They are rounded.
   const QSizeF dots = twips / kTwipsPerPixel * scale;
-  if (!(dots.width() <= kLargestSide && dots.height() <= kLargestSide))
-    throw Fault("The picture is too large");
-  QImage image(dots.toSize().expandedTo({1, 1}), QImage::Format_RGB32);
+  if (!(dots.width() < kBelow && dots.height() < kBelow)) throw Fault("The picture is too large");
+  return dots.toSize().expandedTo({1, 1});
+}
+
+QImage blank(QSize dots, double ratio) {
+  QImage image(dots, QImage::Format_RGB32);
   if (image.isNull()) throw Fault("The picture is too large");
   image.fill(Qt::white);
-  image.setDevicePixelRatio(scale);
+  image.setDevicePixelRatio(ratio);
   return image;
+}
+
+void setDensity(QImage& image, double dotsPerMetre) {
+  image.setDotsPerMeterX(static_cast<int>(std::lround(dotsPerMetre)));
+  image.setDotsPerMeterY(static_cast<int>(std::lround(dotsPerMetre)));
 }
 
 }  // namespace
 
-QByteArray svgPicture(QSizeF twips, const QString& title, const Draw& draw) {
+QByteArray svgPicture(QSizeF twips, const QString& title, const Draw& draw, double unit) {
   QBuffer file;
   QSvgGenerator generator;
   generator.setOutputDevice(&file);
@@ -84,7 +97,7 @@ QByteArray svgPicture(QSizeF twips, const QString& title, const Draw& draw) {
   generator.setDescription(kCreator);
   QPainter painter;
   begin(painter, generator);
-  drawWith(painter, draw);
+  drawWith(painter, draw, unit);
   end(painter);
   return withoutControls(file.data());
 }
@@ -93,7 +106,8 @@ QByteArray pdfPicture(QSizeF twips, const QString& title, const Draw& draw) {
   return pdfPages(twips, title, {draw});
 }
 
-QByteArray pdfPages(QSizeF twips, const QString& title, const std::vector<Draw>& pages) {
+QByteArray pdfPages(QSizeF twips, const QString& title, const std::vector<Draw>& pages,
+                    double unit) {
   QBuffer file;
   file.open(QBuffer::WriteOnly);
   QPdfWriter writer(&file);
@@ -109,27 +123,39 @@ QByteArray pdfPages(QSizeF twips, const QString& title, const std::vector<Draw>&
   for (const Draw& draw : pages) {
     if (!isFirst && !writer.newPage()) throw Fault("The picture is not whole");
     isFirst = false;
-    drawWith(painter, draw);
+    drawWith(painter, draw, unit);
   }
   end(painter);
   return withoutDate(file.data());
 }
 
-QByteArray pngPicture(QSizeF twips, double scale, const Draw& draw) {
-  QImage image = blank(twips, scale);
+QByteArray pngPicture(QSizeF twips, double scale, const Draw& draw, double unit) {
+  const QSize dots = dotsOf(twips, scale);
+  // A painter takes a bitmap with less than a dot for a pixel for one with a dot: there are as many
+  // times more of them first.
+  const int times = std::max(1, static_cast<int>(std::ceil(1 / (scale * unit))));
+  QImage image = blank(dots * times, scale * unit * times);
   // Texts are laid out for 96 dots to the inch, which the painter then scales.
-  image.setDotsPerMeterX(static_cast<int>(std::lround(kDotsPerMetre)));
-  image.setDotsPerMeterY(static_cast<int>(std::lround(kDotsPerMetre)));
+  setDensity(image, kDotsPerMetre);
   {
     BitmapSurface surface(image);
     draw(surface);
   }
-  image.setDotsPerMeterX(static_cast<int>(std::lround(kDotsPerMetre * scale)));
-  image.setDotsPerMeterY(static_cast<int>(std::lround(kDotsPerMetre * scale)));
+  if (times > 1) image = image.scaled(dots, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  setDensity(image, kDotsPerMetre * scale);
   QBuffer file;
   file.open(QBuffer::WriteOnly);
   if (!image.save(&file, "PNG")) throw Fault("The picture is too large");
   return file.data();
+}
+
+std::optional<QString> standInFor(const std::string& font) {
+  constexpr float kAnySize = 10;
+  const QFont face = toQFont({font, kAnySize});
+  const QString drawn = QFontInfo(face).family();
+  const bool isAlike = face.family() == kPlotFont && drawn == kPlotFontAlike;
+  if (isAlike || QFontDatabase::hasFamily(face.family())) return std::nullopt;
+  return drawn;
 }
 
 }  // namespace zevfit

@@ -18,10 +18,11 @@ double held(double at, double length) { return std::clamp(at, -kReach * length, 
 
 }  // namespace
 
-SheetSurface::SheetSurface(QPainter& painter, QSizeF size, double penPoint)
+SheetSurface::SheetSurface(QPainter& painter, QSizeF size, double penPoint, double texts)
     : painter_(painter),
       size_(size),
       penPoint_(penPoint),
+      texts_(texts),
       across_(painter.device()->width() / size.width()),
       down_(painter.device()->height() / size.height()) {
   painter_.setRenderHint(QPainter::Antialiasing);
@@ -29,6 +30,10 @@ SheetSurface::SheetSurface(QPainter& painter, QSizeF size, double penPoint)
 
 QPointF SheetSurface::place(double x, double y) const {
   return {held(x, size_.width()) * across_, held(y, size_.height()) * down_};
+}
+
+QFont SheetSurface::face(const Font& font) const {
+  return toQFont({font.name, font.size * static_cast<float>(texts_), font.bold});
 }
 
 QPen SheetSurface::pen(const Stroke& stroke) const {
@@ -46,9 +51,9 @@ void SheetSurface::clear(Colour background) {
 void SheetSurface::text(double x, double y, std::string_view text, const Font& font,
                         Colour colour) {
   finish();
-  const QFont face = toQFont(font);
-  const QFontMetricsF metrics(face, painter_.device());
-  painter_.setFont(face);
+  const QFont drawn = face(font);
+  const QFontMetricsF metrics(drawn, painter_.device());
+  painter_.setFont(drawn);
   painter_.setPen(toQColor(colour));
   painter_.drawText(place(x, y) + QPointF(0, metrics.ascent()), toDrawnText(text, font.name));
 }
@@ -84,7 +89,7 @@ void SheetSurface::box(double left, double top, double width, double height, Col
 }
 
 double SheetSurface::textWidth(std::string_view text, const Font& font) {
-  const QFontMetricsF metrics(toQFont(font), painter_.device());
+  const QFontMetricsF metrics(face(font), painter_.device());
   return metrics.horizontalAdvance(toDrawnText(text, font.name)) / across_;
 }
 

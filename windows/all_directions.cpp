@@ -170,8 +170,8 @@ void AllDirections::draw() {
   setWindowTitle(toTitle(title));
   picture_->setAccessibleName(title);
   if (!isThere) return picture_->surface().clear(session_.style.cores.paper());
-  drawOverlay(session_, variable, shown(), picture_->surface(), picture_->widthTwips(),
-              picture_->heightTwips());
+  drawOverlay(session_, {.variable = variable, .shown = shown()}, picture_->surface(),
+              picture_->widthTwips(), picture_->heightTwips());
 }
 
 }  // namespace zevfit

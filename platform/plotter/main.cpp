@@ -8,6 +8,7 @@
 #include <csignal>
 #include <iostream>
 #include <iterator>
+#include <set>
 #include <string>
 
 #include "platform/picture_file.h"
@@ -22,6 +23,7 @@ using plotting::Page;
 using plotting::Request;
 
 constexpr double kScreenDots = 96;
+static_assert(plotting::kMostDots == kLargestSide);
 /// Exit codes of zvm: data that can't be used, a file that can't be written.
 constexpr int kUnusable = 3, kUnwritten = 4;
 
@@ -37,34 +39,50 @@ std::string bytesOf(const QByteArray& bytes) {
   return {bytes.data(), static_cast<std::size_t>(bytes.size())};
 }
 
+QString toText(std::string_view latin1) {
+  return QString::fromLatin1(latin1.data(), static_cast<qsizetype>(latin1.size()));
+}
+
 Draw drawingOf(const Session& session, const Request& request, const Page& page) {
   return [&](Surface& surface) {
-    plotting::drawPage(session, page, surface, request.width, request.height);
+    plotting::drawPage(session, page, surface, request.width / request.scale,
+                       request.height / request.scale);
   };
 }
 
+/// Names each font that is not there, once.
+void warnOfFonts(const GraphStyle& style) {
+  std::set<std::string> told;
+  for (const FontSample& sample : style.Formfont.Label2) {
+    const auto other = standInFor(sample.fontname);
+    if (!other || !told.insert(sample.fontname).second) continue;
+    std::cerr << "warning: no font `" << toText(sample.fontname).toStdString()
+              << "` is installed: its texts are those of `" << other->toStdString() << "`\n";
+  }
+}
+
 QString titleOf(const Session& session, const Page& page) {
-  const auto text = [](std::string_view latin1) {
-    return QString::fromLatin1(latin1.data(), static_cast<qsizetype>(latin1.size()));
-  };
-  if (page.map) return text(page.map->name);
-  QString variable = text(trimmed(session.varname(page.variable)));
+  if (page.map) return toText(page.map->name);
+  QString variable = toText(trimmed(session.varname(page.variable)));
   if (page.kind == plotting::Kind::overlay) return variable;
-  return variable + ' ' + text(trimmed(session.dirname(page.direction)));
+  return variable + ' ' + toText(trimmed(session.dirname(page.direction)));
 }
 
 std::vector<std::string> filesOf(const Request& request) {
   const auto session = plotting::sessionOf(request);
+  warnOfFonts(session->style);
   const QSizeF size(request.width, request.height);
   std::vector<Draw> drawings;
   for (const Page& page : request.pages) drawings.push_back(drawingOf(*session, request, page));
   const auto title = [&](std::size_t page) { return titleOf(*session, request.pages.at(page)); };
-  if (request.format == plotting::Format::pdf) return {bytesOf(pdfPages(size, title(0), drawings))};
+  if (request.format == plotting::Format::pdf)
+    return {bytesOf(pdfPages(size, title(0), drawings, request.scale))};
   std::vector<std::string> files;
   for (std::size_t i = 0; i < drawings.size(); ++i)
-    files.push_back(bytesOf(request.format == plotting::Format::svg
-                                ? svgPicture(size, title(i), drawings[i])
-                                : pngPicture(size, request.dots / kScreenDots, drawings[i])));
+    files.push_back(
+        bytesOf(request.format == plotting::Format::svg
+                    ? svgPicture(size, title(i), drawings[i], request.scale)
+                    : pngPicture(size, request.dots / kScreenDots, drawings[i], request.scale)));
   return files;
 }
 

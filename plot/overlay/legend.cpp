@@ -1,10 +1,12 @@
 #include "plot/overlay/legend.h"
 
 #include <algorithm>
-#include <string_view>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "plot/drawing/plot_form.h"
+#include "plot/overlay/fitting_text.h"
 #include "plot/overlay/looks.h"
 #include "session/numbers.h"
 
@@ -12,11 +14,19 @@ namespace zevfit {
 namespace {
 
 constexpr double kSample = 600, kGap = 100, kMargin = 150;
-/// From line to line, in heights of the letters.
-constexpr double kPitch = 1.5;
+/// From line to line, in heights of the letters: at most, and at least.
+constexpr double kPitch = 1.5, kLeastPitch = 1.2;
 constexpr double kTwipsPerPoint = 20;
 /// Above the baseline of a text of one line that stands in the middle of it, in its size.
 constexpr double kHalfLine = 0.6;
+constexpr int kVariancePen = 1;
+constexpr const char* kVariance = "Variance";
+
+/// A line of the legend; without a look that of the variance.
+struct Entry {
+  std::string name;
+  std::optional<Look> look;
+};
 
 Font fontOf(const Session& session) {
   const FontSample& sample =
@@ -24,36 +34,47 @@ Font fontOf(const Session& session) {
   return {sample.fontname, sample.fontsize};
 }
 
-std::vector<std::int64_t> listed(const Session& session, const Directions& shown) {
-  std::vector<std::int64_t> directions;
-  for (std::int64_t d = 1; d <= directionCount(session); ++d)
-    if (shown.test(static_cast<std::size_t>(d))) directions.push_back(d);
-  return directions;
+std::vector<Entry> entriesOf(const Session& session, const OverlayContent& content) {
+  std::vector<Entry> entries;
+  for (const std::int64_t d : listed(session, content.shown))
+    entries.push_back(
+        {std::string(trimmed(session.dirname(d))), lookOf(d, session.style.cores.ink())});
+  if (shownVariance(session, content)) entries.push_back({kVariance, std::nullopt});
+  return entries;
+}
+
+void drawSample(const Session& session, Surface& surface, const Entry& entry, double left,
+                double y) {
+  if (entry.look) return drawSample(surface, *entry.look, left, y, kSample);
+  surface.line(left, y, left + kSample, y, {session.style.cores.sill(), kVariancePen});
 }
 
 }  // namespace
 
-double legendWidth(const Session& session, const Directions& shown, Surface& surface,
+double legendWidth(const Session& session, const OverlayContent& content, Surface& surface,
                    double pictureWidth) {
   double widest = 0;
-  for (const std::int64_t d : listed(session, shown))
-    widest = std::max(widest, surface.textWidth(trimmed(session.dirname(d)), fontOf(session)));
+  for (const Entry& entry : entriesOf(session, content))
+    widest = std::max(widest, surface.textWidth(entry.name, fontOf(session)));
   return std::min(kSample + kGap + widest + kMargin, pictureWidth / 3);
 }
 
-void drawLegend(const Session& session, const Directions& shown, Surface& surface, double left,
-                double top, double height) {
-  const auto directions = listed(session, shown);
-  const Font font = fontOf(session);
-  const Colour ink = session.style.cores.ink();
-  const double letters = static_cast<double>(font.size) * kTwipsPerPoint;
-  const double lines = std::max(1.0, static_cast<double>(directions.size()));
-  const double pitch = std::min(kPitch * letters, height / lines);
-  double y = top + pitch / 2;
-  for (const std::int64_t d : directions) {
-    drawSample(surface, lookOf(d, ink), left, y, kSample);
-    surface.text(left + kSample + kGap, y - kHalfLine * letters, trimmed(session.dirname(d)), font,
-                 ink);
+void drawLegend(const Session& session, const OverlayContent& content, Surface& surface,
+                const LegendBox& box) {
+  const auto entries = entriesOf(session, content);
+  const double lines = std::max(1.0, static_cast<double>(entries.size()));
+  Font font = fontOf(session);
+  double letters = static_cast<double>(font.size) * kTwipsPerPoint;
+  const double pitch = std::min(kPitch * letters, box.height / lines);
+  const double shrink = std::min(1.0, pitch / (kLeastPitch * letters));
+  font.size *= static_cast<float>(shrink);
+  letters *= shrink;
+  const double room = box.width - kSample - kGap - kMargin;
+  double y = box.top + pitch / 2;
+  for (const Entry& entry : entries) {
+    drawSample(session, surface, entry, box.left, y);
+    surface.text(box.left + kSample + kGap, y - kHalfLine * letters,
+                 elided(surface, font, entry.name, room), font, session.style.cores.ink());
     y += pitch;
   }
 }

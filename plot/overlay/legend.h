@@ -4,13 +4,19 @@
 
 namespace zevfit {
 
-/// How wide a legend of the shown directions is, twips; at most a third of a picture of that width.
-double legendWidth(const Session& session, const Directions& shown, Surface& surface,
+/// Where a legend stands, twips.
+struct LegendBox {
+  double left = 0, top = 0, width = 0, height = 0;
+};
+
+/// How wide a legend of a picture is, twips; at most a third of a picture of that width.
+double legendWidth(const Session& session, const OverlayContent& content, Surface& surface,
                    double pictureWidth);
 
-/// Draws a sample and the name of each shown direction, one below the other, from a place on down;
-/// where `height` is too little for them they stand closer.
-void drawLegend(const Session& session, const Directions& shown, Surface& surface, double left,
-                double top, double height);
+/// Draws a sample and the name of each shown direction, one below the other, and behind them those
+/// of the variance where the picture has it. Names that are too long end with three points; where
+/// the height is too little for the lines these are closer and smaller.
+void drawLegend(const Session& session, const OverlayContent& content, Surface& surface,
+                const LegendBox& box);
 
 }  // namespace zevfit

@@ -26,9 +26,7 @@ struct Overlay {
   Look look(std::int64_t direction) const { return lookOf(direction, session.style.cores.ink()); }
 };
 
-void drawVariance(const Overlay& overlay, std::int64_t variable) {
-  const double variance = overlay.session.variance(variable).number();
-  if (variance > overlay.map.ymax || variance < overlay.map.ymin) return;
+void drawVariance(const Overlay& overlay, double variance) {
   const double y = overlay.map.y(variance);
   overlay.surface.line(overlay.map.box.xright(), y, PlotBox::xleft, y,
                        {overlay.session.style.cores.sill(), kSillPen});
@@ -90,22 +88,43 @@ std::optional<AxisRange> commonAxes(std::span<const AxisRange> axes) {
   return common;
 }
 
-void drawOverlay(const Session& session, std::int64_t variable, const Directions& shown,
-                 Surface& surface, double width, double height) {
+std::vector<std::int64_t> listed(const Session& session, const Directions& directions) {
+  std::vector<std::int64_t> found;
+  for (std::int64_t d = 1; d <= directionCount(session); ++d)
+    if (directions.test(static_cast<std::size_t>(d))) found.push_back(d);
+  return found;
+}
+
+AxisRange axesOf(const Session& session, const OverlayContent& content) {
   std::vector<AxisRange> axes;
-  for (std::int64_t d = 1; d <= directionCount(session); ++d)
-    axes.push_back(axesOf(session, {variable, d}));
-  const AxisRange common = commonAxes(axes).value_or(AxisRange{});
-  const Overlay overlay{session, surface, {{width, height}, common.xmax, common.ymin, common.ymax}};
-  drawOverlayFrame(session, variable, overlay.map, surface);
+  for (const std::int64_t d : listed(session, content.spanned))
+    axes.push_back(axesOf(session, Pair{content.variable, d}));
+  return commonAxes(axes).value_or(AxisRange{});
+}
+
+std::optional<double> shownVariance(const Session& session, const OverlayContent& content) {
+  if (!showsVariance(session, content.variable)) return std::nullopt;
+  const AxisRange axes = axesOf(session, content);
+  std::optional<double> shown;
   endSilently([&] {
-    if (showsVariance(session, variable)) drawVariance(overlay, variable);
+    const double variance = session.variance(content.variable).number();
+    if (variance >= axes.ymin && variance <= axes.ymax) shown = variance;
   });
-  for (std::int64_t d = 1; d <= directionCount(session); ++d)
-    if (shown.test(static_cast<std::size_t>(d)))
-      endSilently([&] { drawCurve(overlay, {variable, d}); });
-  for (std::int64_t d = 1; d <= directionCount(session); ++d)
-    if (shown.test(static_cast<std::size_t>(d))) drawPoints(overlay, {variable, d});
+  return shown;
+}
+
+void drawOverlay(const Session& session, const OverlayContent& content, Surface& surface,
+                 double width, double height) {
+  const AxisRange common = axesOf(session, content);
+  const Overlay overlay{session, surface, {{width, height}, common.xmax, common.ymin, common.ymax}};
+  drawOverlayFrame(session, content.variable, overlay.map, surface);
+  endSilently([&] {
+    if (const auto variance = shownVariance(session, content)) drawVariance(overlay, *variance);
+  });
+  const std::vector<std::int64_t> directions = listed(session, content.shown);
+  for (const std::int64_t d : directions)
+    endSilently([&] { drawCurve(overlay, {content.variable, d}); });
+  for (const std::int64_t d : directions) drawPoints(overlay, {content.variable, d});
 }
 
 }  // namespace zevfit

@@ -1,9 +1,10 @@
 #include "plot/overlay/overlay_frame.h"
 
+#include <array>
 #include <string>
 
 #include "plot/drawing/plot_form.h"
-#include "session/number_pattern.h"
+#include "plot/overlay/fitting_text.h"
 #include "session/numbers.h"
 
 namespace zevfit {
@@ -15,6 +16,8 @@ constexpr double kLabelTop = 300, kGammaLeft = 100, kArgumentLeft = 220;
 constexpr double kLegendFromBottom = 300;
 constexpr double kTick = 10;
 constexpr double kNumberGap = 40, kNumberRise = 80;
+/// What a title leaves free on both sides.
+constexpr double kTitleGap = 150;
 
 /// The frame under way.
 struct Frame {
@@ -40,7 +43,10 @@ struct Frame {
 void drawLabels(const Frame& frame, std::int64_t variable) {
   const PlotBox& box = frame.box();
   const std::string name(trimmed(frame.session.varname(variable)));
-  frame.textAround(box.pictureW / 2, kTitleTop, "Semivariogram (" + name + ")", FontRole::title);
+  const std::string title =
+      elidedWithin(frame.surface, frame.font(FontRole::title), "Semivariogram (", name, ")",
+                   box.pictureW - 2 * kTitleGap);
+  frame.textAround(box.pictureW / 2, kTitleTop, title, FontRole::title);
   Font gamma = frame.font(FontRole::legend);
   gamma.name = "Symbol";
   frame.surface.text(kGammaLeft, kLabelTop, "g", gamma, frame.ink());
@@ -71,21 +77,36 @@ void drawAxes(const Frame& frame) {
                        tick);
 }
 
-/// Nothing is written as in the corner of a plot, whatever the pattern makes of it.
-std::string numberText(double value, std::string_view pattern) {
-  return value == 0 ? "0" : std::string(trimmed(formatNumber(value, pattern)));
+using Numbers = std::array<double, kDivisions + 1>;
+
+/// In a room of that width.
+std::vector<std::string> textsOf(const Frame& frame, const Numbers& numbers,
+                                 std::string_view pattern, double room) {
+  return axisNumbers(numbers, pattern, [&](const std::string& text) {
+    return frame.surface.textWidth(text, frame.font(FontRole::numbers)) <= room;
+  });
 }
 
-/// Unlike a plot of one direction, the lower end of the semivariance axis has its own number.
+/// Where not all distances have room the last one has, and the first. Unlike a plot of one
+/// direction, the lower end of the semivariance axis has its own number.
 void drawNumbers(const Frame& frame) {
   const PlotBox& box = frame.box();
   const auto& patterns = frame.session.style.Formfont.formato;
   const double step = (frame.map.ymax - frame.map.ymin) / kDivisions;
+  Numbers distances{}, gammas{};
+  for (std::size_t k = 0; k < distances.size(); ++k) {
+    distances.at(k) = static_cast<double>(k) * frame.map.xmax / kDivisions;
+    gammas.at(k) = frame.map.ymin + static_cast<double>(k) * step;
+  }
+  const double room = box.xgrid(1) - PlotBox::xleft - 2 * kNumberGap;
+  const auto across = textsOf(frame, distances, patterns[1], room);
+  const auto up = textsOf(frame, gammas, patterns[0], PlotBox::xleft - 2 * kNumberGap);
+  const auto stride = strideOf(frame.surface, frame.font(FontRole::numbers), across, room);
   for (int k = 0; k <= kDivisions; ++k) {
-    const std::string distance = numberText(k * frame.map.xmax / kDivisions, patterns[1]);
-    frame.textAround(box.xgrid(k), box.ybottom() + kNumberGap, distance, FontRole::numbers);
-    const std::string gamma = numberText(frame.map.ymin + k * step, patterns[0]);
-    frame.textTo(PlotBox::xleft - kNumberGap, box.ygrid(kDivisions - k) - kNumberRise, gamma,
+    const auto at = static_cast<std::size_t>(k);
+    if (k == 0 || (across.size() - 1 - at) % stride == 0)
+      frame.textAround(box.xgrid(k), box.ybottom() + kNumberGap, across.at(at), FontRole::numbers);
+    frame.textTo(PlotBox::xleft - kNumberGap, box.ygrid(kDivisions - k) - kNumberRise, up.at(at),
                  FontRole::numbers);
   }
 }

@@ -16,12 +16,27 @@ namespace {
 
 constexpr double kWidth = 6600, kHeight = 3700;
 constexpr Colour kVermillion = 213 + 256 * 94;
+const Font kNumberFontSmall{"Number Face", 5};
 
 Operations overlayOf(const Session& session, std::int64_t variable = 1,
                      const Directions& shown = ~Directions()) {
   RecordingSurface surface;
-  drawOverlay(session, variable, shown, surface, kWidth, kHeight);
+  drawOverlay(session, {.variable = variable, .shown = shown}, surface, kWidth, kHeight);
   return surface.operations;
+}
+
+/// With numbers of 100 a character, 5 points.
+Session withSmallNumbers() {
+  Session session = plotSample();
+  session.style.Formfont.Label2[1].fontsize = 5;
+  return session;
+}
+
+std::vector<std::string> textsIn(const Operations& operations, const Font& font) {
+  std::vector<std::string> texts;
+  for (const TextOf& text : only<TextOf>(operations))
+    if (text.font == font) texts.push_back(text.text);
+  return texts;
 }
 
 std::vector<BoxOf> squaresOf(const Operations& operations) { return only<BoxOf>(operations); }
@@ -97,29 +112,81 @@ TEST(Overlay, ShowsTheVarianceWhereAPlotOfTheVariableDoes) {
   session.showsill({1, 1}) = true;
   EXPECT_EQ(linesOf(overlayOf(session), kSill),
             (std::vector<LineOf>{{{5800, 1850}, {800, 1850}, {kSill, 1}}}));
+  EXPECT_EQ(shownVariance(session, {.variable = 1}), 5.0);
+  session.ymax({1, 1}) = session.ymax({1, 2}) = 4;
+  EXPECT_EQ(shownVariance(session, {.variable = 1}), std::nullopt) << "above the axis";
+  EXPECT_TRUE(linesOf(overlayOf(session), kSill).empty());
+  session.variance(1) = Cell::ofText("much");
+  EXPECT_EQ(shownVariance(session, {.variable = 1}), std::nullopt);
+}
+
+// The first direction is off, and its axes reach twice as far and high.
+TEST(Overlay, SpansWhatItIsToldToSpan) {
+  Session session = plotSample();
+  session.xmax({1, 1}) = 200;
+  session.ymax({1, 1}) = 20;
+  const Directions second = Directions().set(2);
+  EXPECT_EQ(squaresOf(overlayOf(session, 1, second)).at(2).at, Place(1998, 2048));
+  RecordingSurface surface;
+  drawOverlay(session, {1, second, second}, surface, kWidth, kHeight);
+  EXPECT_EQ(squaresOf(surface.operations).at(2).at, Place(3248, 1048));
+  EXPECT_EQ(axesOf(session, OverlayContent{1, second, second}), (AxisRange{100, 0, 10}));
+  EXPECT_EQ(axesOf(session, OverlayContent{1, second, {}}), AxisRange{});
+}
+
+// 6600 across, less 150 on both sides, have room for 28 characters of 220, of which 16 are others.
+TEST(Overlay, ATitleThatIsTooLongEndsWithPoints) {
+  Session session = plotSample();
+  session.varname(1) = " lognormal zinc ";
+  const auto titles = [&] { return textsIn(overlayOf(session), kTitleFont); };
+  EXPECT_EQ(titles(), (std::vector<std::string>{"Semivariogram (lognormal...)"}));
+  session.varname(1) = "lognormal z";
+  EXPECT_EQ(titles(), (std::vector<std::string>{"Semivariogram (lognormal z)"}));
+}
+
+// There are 720 beside the axis, and 920 for each number below it.
+TEST(Overlay, NumbersThatDoNotFitAreShorter) {
+  Session session = withSmallNumbers();
+  for (std::int64_t d = 1; d <= 2; ++d) session.ymax({1, d}) = 1e12;
+  const auto numbers = textsIn(overlayOf(session), kNumberFontSmall);
+  EXPECT_EQ(numbers,
+            (std::vector<std::string>{"0", "0", "20.00", "2E+11", "40.00", "4E+11", "60.00",
+                                      "6E+11", "80.00", "8E+11", "100.00", "1E+12"}));
+}
+
+// 1280 for a number, 920 of room.
+TEST(Overlay, NumbersThatHaveNoRoomAreFewer) {
+  Session session = plotSample();
+  for (std::int64_t d = 1; d <= 2; ++d) {
+    session.xmax({1, d}) = 6.15e-5;
+    session.ymax({1, d}) = 5;
+  }
+  EXPECT_EQ(textsIn(overlayOf(session), kNumberFont),
+            (std::vector<std::string>{"0", "0", "1.23E-05", "1.00", "2.00", "3.69E-05", "3.00",
+                                      "4.00", "6.15E-05", "5.00"}));
 }
 
 TEST(Overlay, FrameHasItsPlaces) {
-  const Session session = plotSample();
+  const Session session = withSmallNumbers();
   const Operations all = overlayOf(session);
   EXPECT_EQ(all.front(), Operation(ClearOf{kBackground}));
   // 20 characters of 220, around the middle.
   EXPECT_EQ(textsNamed(all, "Semivariogram (zinc)"),
             (std::vector<TextOf>{{{1100, 100}, "Semivariogram (zinc)", kTitleFont, kText}}));
-  // 5 characters of 160 end 40 left of the axis; 80 above their line.
+  // 5 characters of 100 end 40 left of the axis; 80 above their line.
   EXPECT_EQ(textsNamed(all, "10.00"),
-            (std::vector<TextOf>{{{-40, 520}, "10.00", kNumberFont, kText}}));
-  // 6 characters of 160 around the end of the axis.
+            (std::vector<TextOf>{{{260, 520}, "10.00", kNumberFontSmall, kText}}));
+  // 6 characters of 100 around the end of the axis.
   EXPECT_EQ(textsNamed(all, "100.00"),
-            (std::vector<TextOf>{{{5320, 3140}, "100.00", kNumberFont, kText}}));
+            (std::vector<TextOf>{{{5500, 3140}, "100.00", kNumberFontSmall, kText}}));
   EXPECT_EQ(linesOf(all, kGrid).size(), 10U);
 }
 
 // The distance around the corner, the semivariance to the left of it, one character each.
 TEST(Overlay, TheCornerIsNothingInWhateverPattern) {
-  Session session = plotSample();
-  const std::vector<TextOf> corner{{{720, 3140}, "0", kNumberFont, kText},
-                                   {{600, 3020}, "0", kNumberFont, kText}};
+  Session session = withSmallNumbers();
+  const std::vector<TextOf> corner{{{750, 3140}, "0", kNumberFontSmall, kText},
+                                   {{660, 3020}, "0", kNumberFontSmall, kText}};
   EXPECT_EQ(textsNamed(overlayOf(session), "0"), corner);
   session.ymin({1, 1}) = -2;
   EXPECT_EQ(textsNamed(overlayOf(session), "0").size(), 1U);

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <span>
+#include <string>
+#include <vector>
 
 #include "plot/drawing/plot_form.h"
-#include "session/number_pattern.h"
-#include "session/numbers.h"
+#include "plot/overlay/fitting_text.h"
 
 namespace zevfit::plotting {
 namespace {
@@ -27,11 +29,13 @@ constexpr std::array<Rgb, 9> kRamp{{{68, 1, 84},
 /// On a square of a greater share numbers are black, on others white.
 constexpr double kLightFrom = 0.6;
 
-constexpr double kTitleTop = 100, kLabelRise = 300;
+constexpr double kTitleTop = 100, kTitleGap = 150, kLabelRise = 300;
 constexpr double kLeft = 900, kTop = 600, kBottom = 650, kRight = 1450;
 constexpr double kScaleGap = 250, kScaleWidth = 220, kNumberGap = 40, kNumberRise = 80;
 constexpr double kTick = 50;
-constexpr int kScaleSteps = 64, kScaleNumbers = 4;
+constexpr int kScaleSteps = 64;
+/// From the south to the north, and from the foot of the scale to its top.
+constexpr std::size_t kAxisNumbers = 5, kScaleNumbers = 5;
 /// What a square reaches below the next one, so that no seam shows between them.
 constexpr double kOverlap = 8;
 constexpr double kTwipsPerPoint = 20;
@@ -42,6 +46,7 @@ constexpr double kFilled = 0.86, kLineHeight = 1.15;
 struct Range {
   double low = 0, high = 0;
   double share(double value) const { return high > low ? (value - low) / (high - low) : 0; }
+  double at(double share) const { return low + (high - low) * share; }
 };
 
 Range rangeOf(const zvm::SurfaceMap& surface) {
@@ -66,14 +71,18 @@ class Drawing {
         surface_(surface),
         width_(width),
         range_(rangeOf(map.surface)),
-        side_(std::max(std::min(width - kLeft - kRight, height - kTop - kBottom), 1.0)) {}
+        side_(std::max(std::min(width - kLeft - kRight, height - kTop - kBottom), 1.0)),
+        left_(kLeft + std::max(width - kLeft - side_ - kRight, 0.0) / 2) {}
 
   void draw() {
     surface_.clear(style_.cores.paper());
-    around(width_ / 2, kTitleTop, "Semivariogram surface (" + map_.name + ")", FontRole::title);
+    const std::string title =
+        elidedWithin(surface_, font(FontRole::title), "Semivariogram surface (", map_.name, ")",
+                     width_ - 2 * kTitleGap);
+    around(width_ / 2, kTitleTop, title, FontRole::title);
     drawSquares();
     drawCounts();
-    drawFrame(kLeft, kTop, side_, side_);
+    drawFrame(left_, kTop, side_, side_);
     drawAxes();
     drawScale();
   }
@@ -91,7 +100,7 @@ class Drawing {
   double square() const { return side_ / static_cast<double>(map_.surface.side()); }
   /// The western edge of a column, and the northern one of a row.
   double xOf(std::int64_t east) const {
-    return kLeft + static_cast<double>(east + map_.surface.reach) * square();
+    return left_ + static_cast<double>(east + map_.surface.reach) * square();
   }
   double yOf(std::int64_t north) const {
     return kTop + static_cast<double>(map_.surface.reach - north) * square();
@@ -146,42 +155,56 @@ class Drawing {
     surface_.line(left + width, top, left + width, top + height, stroke);
   }
 
+  /// In a room of that width.
+  std::vector<std::string> textsOf(std::span<const double> numbers, std::size_t pattern,
+                                   double room) const {
+    return axisNumbers(numbers, style_.Formfont.formato.at(pattern), [&](const std::string& text) {
+      return surface_.textWidth(text, font(FontRole::numbers)) <= room;
+    });
+  }
+
   /// Numbers at the middle of the outermost squares, of the middle one and half way.
   void drawAxes() const {
     const Stroke tick{style_.cores.ink(), 1};
-    const double bottom = kTop + side_, middle = side_ / 2;
-    const double outer = (side_ - square()) / 2;
+    const double bottom = kTop + side_, step = (side_ - square()) / (kAxisNumbers - 1);
     const double reach = static_cast<double>(map_.surface.reach) * map_.surface.width;
-    for (int k = -2; k <= 2; ++k) {
-      const double shift = middle + outer * k / 2;
-      const std::string text(
-          k == 0 ? "0" : trimmed(formatNumber(reach * k / 2, style_.Formfont.formato[1])));
-      const double x = kLeft + shift, y = bottom - shift;
+    const std::array<double, kAxisNumbers> numbers{-reach, -reach / 2, 0, reach / 2, reach};
+    const double room = std::min(kLeft - kTick, step) - 2 * kNumberGap;
+    const auto texts = textsOf(numbers, 1, room);
+    const std::size_t stride =
+        strideOf(surface_, font(FontRole::numbers), texts, step - 2 * kNumberGap);
+    for (std::size_t k = 0; k < texts.size(); ++k) {
+      const double shift = square() / 2 + static_cast<double>(k) * step;
+      const double x = left_ + shift, y = bottom - shift;
       surface_.line(x, bottom, x, bottom + kTick, tick);
-      around(x, bottom + kTick + kNumberGap, text, FontRole::numbers);
-      surface_.line(kLeft - kTick, y, kLeft, y, tick);
-      const double wide = surface_.textWidth(text, font(FontRole::numbers));
-      surface_.text(kLeft - kTick - kNumberGap - wide, y - kNumberRise, text,
+      if ((texts.size() - 1 - k) % stride == 0)
+        around(x, bottom + kTick + kNumberGap, texts[k], FontRole::numbers);
+      surface_.line(left_ - kTick, y, left_, y, tick);
+      const double wide = surface_.textWidth(texts[k], font(FontRole::numbers));
+      surface_.text(left_ - kTick - kNumberGap - wide, y - kNumberRise, texts[k],
                     font(FontRole::numbers), style_.cores.ink());
     }
-    around(kLeft, kTop - kLabelRise, "north", FontRole::legend);
-    around(kLeft + side_ / 2, bottom + kLabelRise, "east", FontRole::legend);
+    around(left_, kTop - kLabelRise, "north", FontRole::legend);
+    around(left_ + side_ / 2, bottom + kLabelRise, "east", FontRole::legend);
   }
 
   void drawScale() const {
-    const double left = kLeft + side_ + kScaleGap, step = side_ / kScaleSteps;
+    const double left = left_ + side_ + kScaleGap, step = side_ / kScaleSteps;
     for (int k = kScaleSteps - 1; k >= 0; --k)
       surface_.box(left, kTop + side_ - (k + 1) * step, kScaleWidth, step + (k > 0 ? kOverlap : 0),
                    rampColour((k + 0.5) / kScaleSteps));
     drawFrame(left, kTop, kScaleWidth, side_);
     const double right = left + kScaleWidth;
-    for (int k = 0; k <= kScaleNumbers; ++k) {
-      const double y = kTop + side_ - side_ * k / kScaleNumbers;
-      const double value = range_.low + (range_.high - range_.low) * k / kScaleNumbers;
+    std::array<double, kScaleNumbers> numbers{};
+    for (std::size_t k = 0; k < numbers.size(); ++k)
+      numbers.at(k) = range_.at(static_cast<double>(k) / (kScaleNumbers - 1));
+    const double room = kRight - kScaleGap - kScaleWidth - kTick - 2 * kNumberGap;
+    const auto texts = textsOf(numbers, 0, room);
+    for (std::size_t k = 0; k < texts.size(); ++k) {
+      const double y = kTop + side_ - side_ * static_cast<double>(k) / (kScaleNumbers - 1);
       surface_.line(right, y, right + kTick, y, {style_.cores.ink(), 1});
-      surface_.text(right + kTick + kNumberGap, y - kNumberRise,
-                    trimmed(formatNumber(value, style_.Formfont.formato[0])),
-                    font(FontRole::numbers), style_.cores.ink());
+      surface_.text(right + kTick + kNumberGap, y - kNumberRise, texts[k], font(FontRole::numbers),
+                    style_.cores.ink());
     }
     Font gamma = font(FontRole::legend);
     gamma.name = "Symbol";
@@ -195,7 +218,7 @@ class Drawing {
   Surface& surface_;
   double width_;
   Range range_;
-  double side_;
+  double side_, left_;
 };
 
 }  // namespace

@@ -13,6 +13,8 @@ namespace {
 
 /// From the box of the plot to the legend beside it.
 constexpr double kLegendGap = 350;
+/// Below a legend.
+constexpr double kLegendBottom = 150;
 
 /// A picture by itself, in which titles are as wide as they are drawn.
 class Target : public PlotPicture {
@@ -43,10 +45,11 @@ void drawDirection(const Session& session, const Page& page, Surface& surface, d
 /// The legend takes the place of the margin on the right.
 void drawDirections(const Session& session, const Page& page, Surface& surface, double width,
                     double height) {
-  const double left = width - legendWidth(session, page.shown, surface, width);
-  const PlotBox box{left - kLegendGap + PlotBox::xmargin, height};
-  drawOverlay(session, page.variable, page.shown, surface, box.pictureW, box.pictureH);
-  drawLegend(session, page.shown, surface, left, PlotBox::ytop, box.ybottom() - PlotBox::ytop);
+  const OverlayContent content{page.variable, page.shown, page.shown};
+  const double wide = legendWidth(session, content, surface, width), left = width - wide;
+  drawOverlay(session, content, surface, left - kLegendGap + PlotBox::xmargin, height);
+  drawLegend(session, content, surface,
+             {left, PlotBox::ytop, wide, height - PlotBox::ytop - kLegendBottom});
 }
 
 }  // namespace

@@ -63,11 +63,8 @@ std::vector<std::string> filesOf(std::string_view bytes) {
 }
 
 std::string bytesOf(const Request& request) {
-  Json head{{"format", request.format},
-            {"width", request.width},
-            {"height", request.height},
-            {"dots", request.dots},
-            {"pages", Json::array()}};
+  Json head{{"format", request.format}, {"width", request.width}, {"height", request.height},
+            {"scale", request.scale},   {"dots", request.dots},   {"pages", Json::array()}};
   std::vector<std::string> pieces{"", request.style, request.data};
   for (const Page& page : request.pages) {
     head["pages"].push_back(jsonOf(page));
@@ -81,13 +78,8 @@ Request requestOf(std::string_view bytes) {
   const std::vector<std::string> pieces = filesOf(bytes);
   try {
     const Json head = Json::parse(pieces.at(0));
-    Request request{head.at("format"),
-                    head.at("width"),
-                    head.at("height"),
-                    head.at("dots"),
-                    pieces.at(1),
-                    pieces.at(2),
-                    {}};
+    Request request{head.at("format"), head.at("width"), head.at("height"), head.at("scale"),
+                    head.at("dots"),   pieces.at(1),     pieces.at(2),      {}};
     std::size_t next = kPiecesInFront;
     for (const Json& json : head.at("pages")) {
       request.pages.push_back(pageOf(json));

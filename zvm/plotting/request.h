@@ -31,10 +31,14 @@ struct Page {
   std::optional<Map> map;
 };
 
+/// No PNG file has more dots a side.
+inline constexpr int kMostDots = 32000;
+
 /// Pictures of one size that are drawn from one file; a PDF file has them as its pages.
 struct Request {
   Format format = Format::svg;
   double width = 0, height = 0;  ///< twips
+  double scale = 1;              ///< twips of a picture for each that its drawing knows
   double dots = 0;               ///< of a PNG file to the inch
   std::string style;             ///< as a parameter file has it
   std::string data;              ///< a variogram file; empty where there are maps alone

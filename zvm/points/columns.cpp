@@ -66,8 +66,7 @@ Columns findColumns(const std::vector<std::string>& names, const ReadOptions& op
     const std::size_t column = header.find(log);
     const auto at =
         std::find(chosen.begin() + static_cast<std::ptrdiff_t>(coordinates), chosen.end(), column);
-    if (at == chosen.end())
-      throw DataError({}, noSuchName("variable", log, "--var", columns.names));
+    if (at == chosen.end()) throw OptionError(noSuchName("variable", log, "--var", columns.names));
     columns.logs[static_cast<std::size_t>(at - chosen.begin()) - coordinates] = true;
   }
   columns.wanted = chosen;

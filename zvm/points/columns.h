@@ -18,7 +18,8 @@ struct Columns {
 };
 
 /// Finds the columns that are asked for among the names of a table. Throws DataError for one that
-/// isn't there, or whose name two columns have.
+/// isn't there, or whose name two columns have, and OptionError for a logarithm of one that is not
+/// among the variables.
 Columns findColumns(const std::vector<std::string>& names, const ReadOptions& options,
                     const std::string& file);
 

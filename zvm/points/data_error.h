@@ -30,6 +30,12 @@ class DataError : public std::runtime_error {
   Place place_;
 };
 
+/// An option that does not go with the others, whatever the data.
+class OptionError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
 /// An input that can't be read to its end.
 class ReadError : public std::runtime_error {
  public:

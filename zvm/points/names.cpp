@@ -50,6 +50,17 @@ std::optional<std::string> latin1Of(std::string_view utf8) {
   return latin1;
 }
 
+std::string nearestLatin1(std::string_view utf8) {
+  std::string latin1;
+  while (!utf8.empty()) {
+    std::size_t size = 1;
+    while (size < utf8.size() && (byteOf(utf8[size]) & 0xC0U) == 0x80) ++size;
+    latin1 += latin1Of(utf8.substr(0, size)).value_or("?");
+    utf8.remove_prefix(size);
+  }
+  return latin1;
+}
+
 std::string utf8Of(std::string_view latin1) {
   std::string utf8;
   for (const char c : latin1) {

@@ -9,6 +9,8 @@ namespace zevfit::zvm {
 
 /// UTF-8 as Latin-1; nothing where it holds another character or is no UTF-8.
 std::optional<std::string> latin1Of(std::string_view utf8);
+/// The same with "?" for each other character.
+std::string nearestLatin1(std::string_view utf8);
 /// Latin-1 as UTF-8.
 std::string utf8Of(std::string_view latin1);
 

@@ -39,8 +39,8 @@ using ReadProgress = std::function<bool(std::uint64_t)>;
 /// `name` is what messages call it. CSV: a header line, then rows, separated by comma, semicolon or
 /// tab, whichever stands most often in the header; quotes as in RFC 4180; UTF-8 with or without
 /// byte order mark. GeoEAS (GSLIB): title, number of columns, a name a line, rows of free-field
-/// numbers. Throws DataError with line and column for what can't be used, ReadError where the
-/// stream fails.
+/// numbers. Throws DataError with line and column for what can't be used, OptionError for a
+/// logarithm of what is no variable, ReadError where the stream fails.
 PointSet readPoints(std::istream& in, const std::string& name, const ReadOptions& options,
                     const ReadProgress& progress = {});
 

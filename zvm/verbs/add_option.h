@@ -25,16 +25,19 @@ struct AddOption {
   }
 };
 
-/// The same for an option that may be given again and again, with one value each time.
+/// The same for an option that may be given again and again, with one value each time, none of
+/// them empty.
 struct AddEach {
   CLI::App& app;
 
   CLI::Option* operator()(const char* name, std::vector<std::string>& values, const char* what,
                           const char* type) const {
+    const std::string shown(name), kind(type);
     return app.add_option(name, values, what)
         ->type_name(type)
         ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->each([shown, kind](const std::string& text) { requireText(text, shown, kind); });
   }
 };
 

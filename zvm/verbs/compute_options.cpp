@@ -32,7 +32,7 @@ std::string coordinateOf(const std::string& given, const char* option, const cha
 /// The position of a variable by its column, its name or its number among the columns as given.
 std::optional<std::size_t> positionOf(const std::string& asked, const ComputeOptions& options,
                                       const std::vector<std::string>& columns) {
-  const std::vector<std::string> given = splitAll(options.variables);
+  const std::vector<std::string> given = splitAll(options.variables, "--var");
   for (const auto* texts : {&columns, &given})
     if (const auto found = std::ranges::find(*texts, asked); found != texts->end())
       return static_cast<std::size_t>(found - texts->begin());
@@ -42,7 +42,7 @@ std::optional<std::size_t> positionOf(const std::string& asked, const ComputeOpt
 std::size_t requirePosition(const std::string& asked, const ComputeOptions& options,
                             const std::vector<std::string>& columns) {
   if (const auto position = positionOf(asked, options, columns)) return *position;
-  throw Failure(Exit::data, zvm::noSuchName("variable", asked, "--var", columns));
+  throw Failure(Exit::usage, zvm::noSuchName("variable", asked, "--var", columns));
 }
 
 /// Names that are equal would be told apart by their numbers alone.
@@ -66,7 +66,7 @@ std::vector<std::string> variableTexts(const ComputeOptions& options,
     requireName("--name " + text, text.substr(sign + 1));
     names[requirePosition(text.substr(0, sign), options, columns)] = text.substr(sign + 1);
   }
-  const std::vector<std::string> given = splitAll(options.variables);
+  const std::vector<std::string> given = splitAll(options.variables, "--var");
   for (std::size_t v = 0; v < names.size(); ++v)
     names[v] = nameForFile(given[v], names[v], !options.names.empty());
   return names;
@@ -153,8 +153,8 @@ zvm::ReadOptions readOptionsOf(const ComputeOptions& options) {
   read.x = coordinateOf(options.x, "--x", hasGeometry ? kEasting : nullptr);
   read.y = coordinateOf(options.y, "--y", hasGeometry ? kNorthing : nullptr);
   if (!options.z.empty()) read.z = options.z;
-  read.variables = splitAll(options.variables);
-  read.logs = splitAll(options.logs);
+  read.variables = splitAll(options.variables, "--var");
+  read.logs = splitAll(options.logs, "--log");
   read.missing = zvm::MissingValues(options.missing);
   for (auto one = read.variables.begin(); one != read.variables.end(); ++one)
     if (std::find(read.variables.begin(), one, *one) != one)
@@ -204,7 +204,7 @@ std::vector<zvm::Pairing> pairingsOf(const ComputeOptions& options,
   const auto add = [&](std::size_t first, std::size_t second) {
     pairings.push_back({first, second, names[first] + '-' + names[second]});
   };
-  std::vector<std::string> crosses = splitAll(options.crosses);
+  std::vector<std::string> crosses = splitAll(options.crosses, "--cross");
   if (crosses == std::vector<std::string>{"all"}) {
     for (std::size_t first = 0; first < names.size(); ++first)
       for (std::size_t second = first + 1; second < names.size(); ++second) add(first, second);

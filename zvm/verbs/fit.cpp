@@ -73,7 +73,8 @@ FitPlan planOf(const Loaded& loaded, const FitOptions& options, const fitting::O
            std::ranges::count(named, v, &CrossVariable::cross) > 0;
   };
   FitPlan plan{fit, {}, std::nullopt};
-  if (!options.lmc.empty()) plan.coregion = coregionFor(loaded, splitAll(options.lmc), known);
+  if (!options.lmc.empty())
+    plan.coregion = coregionFor(loaded, splitAll(options.lmc, "--lmc"), known);
   std::vector<std::int64_t> wanted;
   wanted.reserve(options.variables.size());
   for (const std::string& name : options.variables)

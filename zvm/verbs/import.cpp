@@ -64,7 +64,7 @@ exchange::GamvOptions gamvOptions(const Options& options) {
                   "--atol is missing: gamv counts each pair twice where it is 90 and more, and the "
                   "listing does not tell");
   exchange::GamvOptions gamv;
-  for (const std::string& text : splitAll(options.tolerances)) {
+  for (const std::string& text : splitAll(options.tolerances, "--atol")) {
     gamv.tolerances.push_back(numberOf<double>(text, "--atol"));
     aboveZero(gamv.tolerances.back(), "--atol");
   }

@@ -14,10 +14,13 @@ std::vector<std::string> split(const std::string& text, char separator) {
   return parts;
 }
 
-std::vector<std::string> splitAll(const std::vector<std::string>& lists) {
+std::vector<std::string> splitAll(const std::vector<std::string>& lists, const std::string& what) {
   std::vector<std::string> all;
   for (const std::string& list : lists)
-    for (const std::string& one : split(list, ',')) all.emplace_back(zvm::withoutBlanks(one));
+    for (const std::string& one : split(list, ',')) {
+      all.emplace_back(zvm::withoutBlanks(one));
+      if (all.back().empty()) refuseValue(what, "a list without gaps", list);
+    }
   return all;
 }
 
@@ -25,10 +28,14 @@ void refuseValue(const std::string& what, const std::string& kind, const std::st
   throw Failure(Exit::usage, what + " takes " + kind + ", not `" + text + '`');
 }
 
-void takeValue(std::string& value, const std::string& text, const std::string& what,
-               const std::string& kind) {
+void requireText(const std::string& text, const std::string& what, const std::string& kind) {
   if (text.empty())
     throw Failure(Exit::usage, what + " is empty" + (kind.empty() ? "" : "; it takes " + kind));
+}
+
+void takeValue(std::string& value, const std::string& text, const std::string& what,
+               const std::string& kind) {
+  requireText(text, what, kind);
   value = text;
 }
 

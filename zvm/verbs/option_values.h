@@ -16,8 +16,9 @@ namespace zevfit::verbs {
 
 /// The texts between separators.
 std::vector<std::string> split(const std::string& text, char separator);
-/// The texts between commas of all lists, without blanks around them, which no name has.
-std::vector<std::string> splitAll(const std::vector<std::string>& lists);
+/// The texts between commas of all lists, without blanks around them, which no name has. Throws
+/// Failure for an empty one. `what`: the option.
+std::vector<std::string> splitAll(const std::vector<std::string>& lists, const std::string& what);
 
 /// Throws Failure: "WHAT takes KIND, not `TEXT`".
 [[noreturn]] void refuseValue(const std::string& what, const std::string& kind,
@@ -48,6 +49,9 @@ Number numberOf(const std::string& text, const std::string& what,
   if (!value) refuseValue(what, kind, text);
   return *value;
 }
+
+/// Throws Failure for an empty text. `what`: the option; `kind`: the type that its help shows.
+void requireText(const std::string& text, const std::string& what, const std::string& kind);
 
 // What is given to an option becomes its value. `what`: the option; `kind`: the type that its help
 // shows. A Failure tells that a text is none; an empty one is none of a text, except where it may

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <thread>
 
 #include "zvm/plotting/request.h"
@@ -9,6 +10,7 @@
 #include "zvm/verbs/module.h"
 #include "zvm/verbs/output.h"
 #include "zvm/verbs/plot_options.h"
+#include "zvm/verbs/plot_report.h"
 #include "zvm/verbs/points_input.h"
 #include "zvm/verbs/progress.h"
 #include "zvm/verbs/report.h"
@@ -23,12 +25,6 @@ using plotting::Kind;
 using plotting::Page;
 
 constexpr Module kModule{"zvm-plot", "zvm plot"};
-
-/// What is drawn, and under which names.
-struct Pictures {
-  plotting::Request request;
-  std::vector<std::string> variables, directions;  ///< by page; directions parted by ", "
-};
 
 std::vector<std::int64_t> chosen(const std::vector<std::string>& asked, std::int64_t count,
                                  const char* option, auto&& subscriptOf) {
@@ -47,37 +43,66 @@ std::string nameAt(const std::vector<std::string>& names, std::int64_t subscript
   return names.at(static_cast<std::size_t>(subscript - 1));
 }
 
-void addOverlay(std::int64_t variable, const std::vector<std::int64_t>& directions,
-                const std::vector<std::string>& names, Pictures& pictures) {
-  Page page{Kind::overlay, variable, 0, {}, {}};
-  std::vector<std::string> shown;
-  shown.reserve(directions.size());
-  for (const std::int64_t d : directions) {
-    page.shown.set(static_cast<std::size_t>(d));
-    shown.push_back(nameAt(names, d));
+/// A file as pages, with the names of its variables and directions.
+class FilePages {
+ public:
+  FilePages(const Loaded& loaded, const PlotOptions& options)
+      : variableTexts_(variableNames(loaded.session)),
+        directionTexts_(directionNames(loaded.session)) {
+    const Session& session = loaded.session;
+    variables_ =
+        chosen(options.points.variables, session.nvar, "--var",
+               [&](const std::string& name) { return variableOf(session, loaded.path, name); });
+    directions_ = chosen(options.directions, session.ndir, "--dir", [&](const std::string& name) {
+      return directionOf(session, loaded.path, name);
+    });
   }
-  pictures.request.pages.push_back(page);
-  pictures.directions.push_back(listed(shown));
+
+  void addOverlays(Pictures& pictures) const {
+    std::vector<std::int64_t> ordered = directions_;
+    std::ranges::sort(ordered);
+    for (const std::int64_t v : variables_) {
+      Page page{Kind::overlay, v, 0, {}, {}};
+      PictureRow row{nameAt(variableTexts_, v), {}, 0};
+      for (const std::int64_t d : ordered) {
+        page.shown.set(static_cast<std::size_t>(d));
+        row.directions.push_back(nameAt(directionTexts_, d));
+      }
+      pictures.request.pages.push_back(page);
+      pictures.rows.push_back(row);
+    }
+  }
+
+  void addDirections(Pictures& pictures) const {
+    for (const std::int64_t v : variables_)
+      for (const std::int64_t d : directions_) {
+        pictures.request.pages.push_back({Kind::direction, v, d, {}, {}});
+        pictures.rows.push_back({nameAt(variableTexts_, v), {nameAt(directionTexts_, d)}, 0});
+      }
+  }
+
+ private:
+  std::vector<std::string> variableTexts_, directionTexts_;
+  std::vector<std::int64_t> variables_, directions_;
+};
+
+void addPages(const PlotOptions& options, Context& context, Pictures& pictures) {
+  const auto loaded = loadInput(context, options.points.points);
+  const FilePages pages(*loaded, options);
+  if (options.overlay)
+    pages.addOverlays(pictures);
+  else
+    pages.addDirections(pictures);
+  pictures.request.data = loaded->bytes;
 }
 
-void addPages(const Loaded& loaded, const PlotOptions& options, Pictures& pictures) {
-  const Session& session = loaded.session;
-  const auto variables =
-      chosen(options.points.variables, session.nvar, "--var",
-             [&](const std::string& name) { return variableOf(session, loaded.path, name); });
-  const auto directions =
-      chosen(options.directions, session.ndir, "--dir",
-             [&](const std::string& name) { return directionOf(session, loaded.path, name); });
-  const auto variableTexts = variableNames(session), directionTexts = directionNames(session);
-  for (const std::int64_t v : variables) {
-    if (options.overlay) addOverlay(v, directions, directionTexts, pictures);
-    for (const std::int64_t d : directions) {
-      if (options.overlay) break;
-      pictures.request.pages.push_back({Kind::direction, v, d, {}, {}});
-      pictures.directions.push_back(nameAt(directionTexts, d));
-    }
-    pictures.variables.resize(pictures.directions.size(), nameAt(variableTexts, v));
-  }
+/// The name of a variable as its picture has it, in Latin-1.
+std::string drawnName(const std::string& name, Context& context) {
+  std::string drawn = zvm::nearestLatin1(name);
+  if (zvm::utf8Of(drawn) != name)
+    context.warning("the picture has `" + zvm::utf8Of(drawn) + "` for `" + name +
+                    "`, which is not in Latin-1");
+  return drawn;
 }
 
 zvm::PointCounts countsOf(const zvm::PointSet& points, std::size_t variable) {
@@ -88,6 +113,7 @@ zvm::PointCounts countsOf(const zvm::PointSet& points, std::size_t variable) {
 
 void addMaps(const PlotOptions& options, Context& context, Pictures& pictures) {
   const zvm::PointSet points = pointsOf(options.points, readOptionsOf(options.points), context);
+  pictures.points = {options.points.lag, options.points.lags, points.read, points.skipped};
   const unsigned cores = std::max(1U, std::thread::hardware_concurrency());
   const unsigned threads =
       context.common.threads > 0 ? static_cast<unsigned>(context.common.threads) : cores;
@@ -97,14 +123,14 @@ void addMaps(const PlotOptions& options, Context& context, Pictures& pictures) {
                                      [&](double share) { progress.tell(share); });
     const bool isEmpty =
         std::ranges::all_of(surface.cells, [](const auto& cell) { return cell.pairs == 0; });
+    const zvm::PointCounts counts = countsOf(points, v);
     if (isEmpty)
       throw Failure(Exit::data, pointsName(options.points) + ": no two points of `" +
                                     points.names[v] + "` are within reach of the map" +
-                                    countsText(countsOf(points, v)));
-    const std::string name = zvm::latin1Of(points.names[v]).value_or("?");
-    pictures.request.pages.push_back({Kind::map, 0, 0, {}, plotting::Map{name, surface}});
-    pictures.variables.push_back(points.names[v]);
-    pictures.directions.emplace_back();
+                                    countsText(counts));
+    const plotting::Map map{drawnName(points.names[v], context), surface};
+    pictures.request.pages.push_back({Kind::map, 0, 0, {}, map});
+    pictures.rows.push_back({points.names[v], {}, points.values[v].size() - counts.unknown});
   }
 }
 
@@ -112,9 +138,8 @@ void addMaps(const PlotOptions& options, Context& context, Pictures& pictures) {
 std::string numbered(const std::string& output, std::size_t number, std::size_t count) {
   const std::string text = std::to_string(number);
   const std::string zeros(std::to_string(count).size() - text.size(), '0');
-  const std::size_t slash = output.rfind('/'), point = output.rfind('.');
-  const bool isNamed = point != output.npos && (slash == output.npos || point > slash + 1);
-  const std::size_t at = isNamed ? point : output.size();
+  const std::size_t ending = std::filesystem::path(output).extension().string().size();
+  const std::size_t at = output.size() - ending;
   return output.substr(0, at) + '-' + zeros + text + output.substr(at);
 }
 
@@ -132,61 +157,17 @@ std::vector<std::string> filesOf(const Pictures& pictures, const std::string& ou
   return files;
 }
 
-Json cellsOf(const zvm::SurfaceMap& surface) {
-  Json cells = Json::array();
-  for (std::int64_t north = -surface.reach; north <= surface.reach; ++north)
-    for (std::int64_t east = -surface.reach; east <= surface.reach; ++east) {
-      const zvm::SurfaceCell& cell = surface.at(east, north);
-      cells.push_back({{"east", static_cast<double>(east) * surface.width},
-                       {"north", static_cast<double>(north) * surface.width},
-                       {"semivariance", cell.pairs == 0 ? Json() : Json(cell.semivariance)},
-                       {"pairs", cell.pairs}});
-    }
-  return cells;
-}
-
-Json jsonReport(const PlotOptions& options, const Pictures& pictures,
-                const std::vector<std::string>& files) {
-  Json rows = Json::array();
-  for (std::size_t i = 0; i < files.size(); ++i) {
-    const Page& page = pictures.request.pages[i];
-    Json row{{"file", files[i]}, {"variable", pictures.variables[i]}};
-    if (pictures.request.format == Format::pdf) row["page"] = i + 1;
-    if (page.kind == Kind::direction) row["direction"] = pictures.directions[i];
-    if (page.kind == Kind::overlay) row["directions"] = pictures.directions[i];
-    if (page.map) row["cells"] = cellsOf(page.map->surface);
-    rows.push_back(row);
-  }
-  return {
-      {"schema", "zvm.plot/1"}, {"file", shownSource(options.points.points)}, {"pictures", rows}};
-}
-
-/// Of several pictures which is which.
-std::string textReport(const Pictures& pictures, const std::vector<std::string>& files) {
-  if (files.size() == 1) return "";
-  const bool arePages = pictures.request.format == Format::pdf;
-  std::vector<std::vector<std::string>> rows{{"file", "variable", "direction"}};
-  for (std::size_t i = 0; i < files.size(); ++i)
-    rows.push_back({files[i] + (arePages ? ", page " + std::to_string(i + 1) : ""),
-                    pictures.variables[i], pictures.directions[i]});
-  return table(rows);
-}
-
 Exit runPlot(const PlotOptions& options, Context& context) {
   const std::string output = outputOf(options);
   refuseMixture(options);
-  Pictures pictures{requestOf(options, output), {}, {}};
   const bool toStdout = isStandardOutput(output);
   if (context.common.json && toStdout)
     throw Failure(Exit::usage, "--json reports on a file: it takes another OUT than stdout");
-  pictures.request.style = styleOf(options, context);
-  if (options.map) {
+  Pictures pictures{requestOf(options, output, context), {}, {}};
+  if (options.map)
     addMaps(options, context, pictures);
-  } else {
-    const auto loaded = loadInput(context, options.points.points);
-    addPages(*loaded, options, pictures);
-    pictures.request.data = loaded->bytes;
-  }
+  else
+    addPages(options, context, pictures);
   const std::vector<std::string> files = filesOf(pictures, output);
   for (const std::string& file : files)
     if (file != kStandardStream) requireFree(file, context.common.overwrite);
@@ -196,7 +177,7 @@ Exit runPlot(const PlotOptions& options, Context& context) {
     throw Failure(Exit::file, "zvm-plot has drawn other pictures than it was asked for");
   for (std::size_t i = 0; i < made.size(); ++i) context.save(files[i], std::move(made[i]));
   if (context.common.json)
-    context.print(textOf(jsonReport(options, pictures, files)));
+    context.print(textOf(jsonReport(shownSource(options.points.points), pictures, files)));
   else if (!toStdout)
     context.print(textReport(pictures, files));
   return Exit::done;

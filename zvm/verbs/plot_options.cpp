@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
+#include <filesystem>
 #include <optional>
 
 #include "files/parameter_file.h"
@@ -29,13 +31,31 @@ struct Unit {
   std::string_view name;
   double twips;
 };
-constexpr std::array kUnits{Unit{"", 1440 / 25.4}, Unit{"mm", 1440 / 25.4}, Unit{"cm", 1440 / 2.54},
-                            Unit{"in", 1440},      Unit{"pt", 20},          Unit{"px", 15}};
-constexpr const char* kDirectionSize = "160x100";
-constexpr const char* kMapSize = "160x130";
-/// In which a plot has room for its margins, and which every reader takes; twips.
-constexpr double kLeastSide = 1440, kGreatestSide = 144000;
+constexpr double kTwipsPerInch = 1440;
+constexpr std::array kUnits{Unit{"", kTwipsPerInch / 25.4},
+                            Unit{"mm", kTwipsPerInch / 25.4},
+                            Unit{"cm", kTwipsPerInch / 2.54},
+                            Unit{"in", kTwipsPerInch},
+                            Unit{"pt", 20},
+                            Unit{"px", 15}};
+
+/// Twips.
+struct Size {
+  double width = 0, height = 0;
+};
+
+/// What one kind of picture has by itself, and the least in which its texts have room: smaller ones
+/// are drawn so and made smaller as a whole.
+struct KindSize {
+  const char* common;
+  Size least;
+};
+constexpr KindSize kPlotSize{"160x100", {4535, 2834}}, kMapSize{"160x130", {4535, 3685}};
+/// Which every reader takes, and at which a picture can be seen; twips.
+constexpr double kLeastSide = kTwipsPerInch, kGreatestSide = 100 * kTwipsPerInch;
 constexpr int kLeastDots = 24, kGreatestDots = 2400;
+
+const KindSize& kindSize(const PlotOptions& options) { return options.map ? kMapSize : kPlotSize; }
 
 std::optional<Format> formatNamed(const std::string& name) {
   const auto found = std::ranges::find(kFormats, name, &FormatRow::name);
@@ -43,8 +63,8 @@ std::optional<Format> formatNamed(const std::string& name) {
 }
 
 Format formatOf(const PlotOptions& options, const std::string& output) {
-  const std::size_t point = output.rfind('.');
-  const std::string ending = point == output.npos ? "" : lowered(output.substr(point + 1));
+  const std::string extension = std::filesystem::path(output).extension().string();
+  const std::string ending = extension.empty() ? "" : lowered(extension.substr(1));
   const std::string& name = options.format.empty() ? ending : options.format;
   if (const auto format = formatNamed(name)) return *format;
   if (!options.format.empty())
@@ -64,11 +84,7 @@ std::optional<double> takeNumber(std::string_view& text) {
   return value;
 }
 
-struct Size {
-  double width = 0, height = 0;
-};
-
-/// As in "160x100" or "800x600px"; twips.
+/// As in "160x100" or "800x600px", in whole twips.
 std::optional<Size> sizeNamed(std::string_view text) {
   const auto width = takeNumber(text);
   if (!width || !text.starts_with('x')) return std::nullopt;
@@ -76,12 +92,11 @@ std::optional<Size> sizeNamed(std::string_view text) {
   const auto height = takeNumber(text);
   const auto unit = std::ranges::find(kUnits, text, &Unit::name);
   if (!height || unit == kUnits.end()) return std::nullopt;
-  return Size{*width * unit->twips, *height * unit->twips};
+  return Size{std::round(*width * unit->twips), std::round(*height * unit->twips)};
 }
 
 Size sizeOf(const PlotOptions& options) {
-  const char* const common = options.map ? kMapSize : kDirectionSize;
-  const auto size = sizeNamed(options.size.empty() ? common : options.size);
+  const auto size = sizeNamed(options.size.empty() ? kindSize(options).common : options.size);
   if (!size)
     throw Failure(Exit::usage,
                   "--size takes WIDTHxHEIGHT in millimetres, or with mm, cm, in, pt or px behind "
@@ -94,25 +109,64 @@ Size sizeOf(const PlotOptions& options) {
   return *size;
 }
 
-/// "NAME" or "NAME,POINTS", the size of the title: others keep their share of it.
-void setFont(const std::string& given, FormatSamples& samples) {
+/// What a bitmap of that size would be, where that is more than a PNG file takes.
+void refuseDots(const Size& size, int dots) {
+  const double longest = std::max(size.width, size.height) / kTwipsPerInch;
+  if (longest * dots <= plotting::kMostDots) return;
+  const auto fitting = static_cast<int>(plotting::kMostDots / longest);
+  throw Failure(Exit::usage, "a PNG file of this --size has " +
+                                 std::to_string(std::lround(longest * dots)) +
+                                 " dots a side at --dpi " + std::to_string(dots) +
+                                 ", and at most " + std::to_string(plotting::kMostDots) +
+                                 ": --dpi " + std::to_string(fitting) + " and less do");
+}
+
+/// "NAME" or "NAME,POINTS".
+struct FontOption {
+  std::string name;
+  std::optional<double> points;
+};
+
+FontOption fontOf(const std::string& given) {
   const std::size_t comma = given.rfind(',');
   const auto name = zvm::latin1Of(zvm::withoutBlanks(given.substr(0, comma)));
   if (!name || name->empty() || name->find_first_of("\r\n") != name->npos)
     throw Failure(Exit::usage, "--font takes NAME or NAME,POINTS, not `" + given + "`");
-  float share = 1;
-  if (comma != given.npos) {
-    std::string_view text = zvm::withoutBlanks(std::string_view(given).substr(comma + 1));
-    const auto points = takeNumber(text);
-    if (!points || !text.empty() || !(*points >= 1 && *points <= 200))
-      throw Failure(Exit::usage,
-                    "--font takes NAME,POINTS with 1 to 200 points, not `" + given + "`");
-    share = static_cast<float>(*points) / samples.Label2[0].fontsize;
-  }
-  for (FontSample& sample : samples.Label2) {
-    sample.fontname = *name;
-    sample.fontsize *= share;
-  }
+  if (comma == given.npos) return {*name, std::nullopt};
+  std::string_view text = zvm::withoutBlanks(std::string_view(given).substr(comma + 1));
+  const auto points = takeNumber(text);
+  if (!points || !text.empty() || !(*points >= 1 && *points <= 200))
+    throw Failure(Exit::usage,
+                  "--font takes NAME,POINTS with 1 to 200 points, not `" + given + "`");
+  return {*name, points};
+}
+
+/// Of a parameter file and --font.
+GraphStyle styleOf(const PlotOptions& options, const std::optional<FontOption>& font,
+                   Context& context) {
+  GraphStyle style;
+  if (!options.style.empty() && !readParameters(readInput(context, options.style), style))
+    throw Failure(Exit::data, options.style + " is no parameter file of zevFIT");
+  for (FontSample& sample : style.Formfont.Label2)
+    if (font) sample.fontname = font->name;
+  return style;
+}
+
+/// A title of other points than the style has makes all of a picture larger or smaller, so that its
+/// texts keep their room; what is still too little for them makes it smaller again.
+double scaleOf(const PlotOptions& options, const Size& size, const std::optional<FontOption>& font,
+               const GraphStyle& style, Context& context) {
+  const double title = style.Formfont.Label2[0].fontsize;
+  const bool isAsked = font && font->points;
+  const double asked = isAsked ? *font->points / title : 1;
+  const Size& least = kindSize(options).least;
+  const double fitting = std::min(size.width / least.width, size.height / least.height);
+  if (asked <= fitting) return asked;
+  if (isAsked)
+    context.warning("--font " + options.font +
+                    ": a picture of this --size has room for a title of " +
+                    std::to_string(std::lround(std::floor(fitting * title))) + " points");
+  return fitting;
 }
 
 }  // namespace
@@ -190,22 +244,20 @@ void refuseMixture(const PlotOptions& options) {
     throw Failure(Exit::usage, "--lags of a map takes 1 to 100");
 }
 
-plotting::Request requestOf(const PlotOptions& options, const std::string& output) {
+plotting::Request requestOf(const PlotOptions& options, const std::string& output,
+                            Context& context) {
   const Size size = sizeOf(options);
   plotting::Request request;
   request.format = formatOf(options, output);
+  if (request.format == Format::png) refuseDots(size, options.dots);
+  const auto font = options.font.empty() ? std::nullopt : std::optional(fontOf(options.font));
+  const GraphStyle style = styleOf(options, font, context);
   request.width = size.width;
   request.height = size.height;
+  request.scale = scaleOf(options, size, font, style, context);
   request.dots = options.dots;
+  request.style = composeParameters(style, "");
   return request;
-}
-
-std::string styleOf(const PlotOptions& options, Context& context) {
-  GraphStyle style;
-  if (!options.style.empty() && !readParameters(readInput(context, options.style), style))
-    throw Failure(Exit::data, options.style + " is no parameter file of zevFIT");
-  if (!options.font.empty()) setFont(options.font, style.Formfont);
-  return composeParameters(style, "");
 }
 
 }  // namespace zevfit::verbs

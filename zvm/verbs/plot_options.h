@@ -23,11 +23,10 @@ void declareOptions(CLI::App& app, PlotOptions& options);
 // What can be told without the file. All throw Failure for what is no such option.
 std::string outputOf(const PlotOptions& options);
 void refuseMixture(const PlotOptions& options);
-/// Format, size and dots; `output` tells the format where no option does.
-plotting::Request requestOf(const PlotOptions& options, const std::string& output);
-
-/// The style of --style and --font, as a parameter file has it. Throws Failure for a file that
-/// can't be read or is none.
-std::string styleOf(const PlotOptions& options, Context& context);
+/// All of a request but its pages and their data; `output` tells the format where no option does.
+/// Throws Failure for a style that can't be read or is none. Warns where the size has no room for
+/// the font.
+plotting::Request requestOf(const PlotOptions& options, const std::string& output,
+                            Context& context);
 
 }  // namespace zevfit::verbs

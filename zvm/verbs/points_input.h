@@ -18,6 +18,8 @@ auto guarded(Work&& work) {
     throw Failure(Exit::data, error.what());
   } catch (const zvm::ReadError& error) {
     throw Failure(Exit::file, error.what());
+  } catch (const zvm::OptionError& error) {
+    throw Failure(Exit::usage, error.what());
   } catch (const zvm::PlanError& error) {
     throw Failure(Exit::usage, error.what());
   }

@@ -23,13 +23,14 @@ Map sampleMap() {
 }
 
 TEST(PlotRequest, ComesBackFromItsBytes) {
-  Request request{Format::png, 9071, 5669, 192, "style\n", std::string("a\0\xE9", 3), {}};
+  Request request{Format::png, 9071, 5669, 0.75, 192, "style\n", std::string("a\0\xE9", 3), {}};
   request.pages.push_back({Kind::direction, 2, 3, {}, {}});
   request.pages.push_back({Kind::overlay, 1, 0, Directions().set(1).set(20), {}});
   request.pages.push_back({Kind::map, 0, 0, {}, sampleMap()});
   const Request back = requestOf(bytesOf(request));
   EXPECT_EQ(back.format, Format::png);
   EXPECT_EQ(back.width, 9071);
+  EXPECT_EQ(back.scale, 0.75);
   EXPECT_EQ(back.dots, 192);
   EXPECT_EQ(back.style, request.style);
   EXPECT_EQ(back.data, request.data);
@@ -67,7 +68,10 @@ TEST(Ramp, GoesFromDarkToLight) {
 // The picture is 4150 by 3050, so that the squares take 1800 by 1800 from (900, 600) on.
 TEST(MapDrawing, HasSquaresNorthUpAndTheirPairs) {
   RecordingSurface surface;
-  drawMap(GraphStyle(), sampleMap(), surface, 4150, 3050);
+  GraphStyle style;
+  style.Formfont.Label2[0].fontsize = 6;
+  style.Formfont.Label2[1].fontsize = 3.5;
+  drawMap(style, sampleMap(), surface, 4150, 3050);
   const auto boxes = only<BoxOf>(surface.operations);
   ASSERT_EQ(boxes.size(), 9U + 64U);
   // Row by row from the north-west, each over the seam to the next: 3, 2, 2; 1, none, 1; 2, 2, 3.
@@ -77,6 +81,7 @@ TEST(MapDrawing, HasSquaresNorthUpAndTheirPairs) {
   EXPECT_EQ(boxes[4], (BoxOf{{1500, 1200}, 608, 608, kWhite}));
   EXPECT_EQ(boxes[6], (BoxOf{{900, 1800}, 608, 600, rampColour(1)}));
   EXPECT_EQ(boxes[8], (BoxOf{{2100, 1800}, 600, 600, rampColour(0.5)}));
+  // There are 300 less 80 from number to number below the map: two of the digits, no decimals.
   std::vector<std::string> texts;
   for (const TextOf& text : only<TextOf>(surface.operations)) texts.push_back(text.text);
   EXPECT_EQ(texts, (std::vector<std::string>{"Semivariogram surface (zinc)",
@@ -88,16 +93,16 @@ TEST(MapDrawing, HasSquaresNorthUpAndTheirPairs) {
                                              "120",
                                              "30",
                                              "30",
-                                             "-50.00",
-                                             "-50.00",
-                                             "-25.00",
-                                             "-25.00",
+                                             "-50",
+                                             "-50",
+                                             "-25",
+                                             "-25",
                                              "0",
                                              "0",
-                                             "25.00",
-                                             "25.00",
-                                             "50.00",
-                                             "50.00",
+                                             "25",
+                                             "25",
+                                             "50",
+                                             "50",
                                              "north",
                                              "east",
                                              "1.00",
@@ -111,7 +116,7 @@ TEST(MapDrawing, HasSquaresNorthUpAndTheirPairs) {
   const auto all = only<TextOf>(surface.operations);
   EXPECT_EQ(all[3].colour, kBlack);
   EXPECT_EQ(all[4].colour, kWhite);
-  EXPECT_NEAR(all[4].at.x, 900 + 300 - 7.8 * 20 / 2, 0.01);
+  EXPECT_NEAR(all[4].at.x, 900 + 300 - 3.5 * 20 / 2, 0.01);
 }
 
 TEST(MapDrawing, LeavesOutNumbersThatDoNotFit) {
@@ -126,32 +131,100 @@ TEST(MapDrawing, LeavesOutNumbersThatDoNotFit) {
   EXPECT_EQ(only<BoxOf>(surface.operations).front().fill, rampColour(0));
 }
 
-TEST(Legend, HasASampleAndANameForEachDirectionThatIsShown) {
-  Session session;
-  session.ndir = 3;
-  session.dirname(1) = "0;0";
-  session.dirname(2) = " 90;0 ";
-  session.dirname(3) = "135;0";
-  const Directions shown = Directions().set(1).set(2);
+TEST(MapDrawing, StandsMidwayWithATitleThatFits) {
+  Map map = sampleMap();
+  map.name = "concentration of zinc";
   RecordingSurface surface;
+  drawMap(GraphStyle(), map, surface, 6000, 3050);
+  // 28 characters of 200 fit into 6000 less twice 150, of which 24 are others.
+  EXPECT_EQ(only<TextOf>(surface.operations)[0].text, "Semivariogram surface (c...)");
+  // Of 6000 the map with its margins takes 4150.
+  EXPECT_EQ(only<BoxOf>(surface.operations)[0].at, Place(900 + 925, 600));
+}
+
+TEST(MapDrawing, WritesNumbersThatThePatternCantTell) {
+  Map map = sampleMap();
+  map.surface.width = 1e-4;
+  for (zvm::SurfaceCell& cell : map.surface.cells) cell.semivariance *= 1e-6;
+  RecordingSurface surface;
+  GraphStyle style;
+  style.Formfont.Label2[1].fontsize = 3;
+  drawMap(style, map, surface, 4150, 3050);
+  std::vector<std::string> numbers;
+  for (const TextOf& text : only<TextOf>(surface.operations))
+    if (text.font.size == 3.0F && text.text.find("E-") != text.text.npos)
+      numbers.push_back(text.text);
+  // A number takes 360, and 220 are there: every other one stands below the map, all beside it.
+  EXPECT_EQ(numbers,
+            (std::vector<std::string>{"-1E-04", "-1E-04", "-5E-05", "5E-05", "1E-04", "1E-04",
+                                      "1E-06", "1.5E-06", "2E-06", "2.5E-06", "3E-06"}));
+}
+
+/// Three directions of one variable without a variance in sight.
+class Legend : public testing::Test {
+ protected:
+  Legend() {
+    session_.ndir = 3;
+    session_.dirname(1) = "0;0";
+    session_.dirname(2) = " 90;0 ";
+    session_.dirname(3) = "135;0";
+    for (std::int64_t d = 1; d <= 3; ++d) session_.showsill({1, d}) = false;
+  }
+  Operations drawn(const LegendBox& box) {
+    surface_.operations.clear();
+    drawLegend(session_, content_, surface_, box);
+    return surface_.operations;
+  }
+  std::vector<std::string> names(const LegendBox& box) {
+    std::vector<std::string> all;
+    for (const TextOf& text : only<TextOf>(drawn(box))) all.push_back(text.text);
+    return all;
+  }
+
+  Session session_;
+  OverlayContent content_{1, Directions().set(1).set(2), Directions().set(1).set(2)};
+  RecordingSurface surface_;
+};
+
+TEST_F(Legend, HasASampleAndANameForEachDirectionThatIsShown) {
   // 600 of the sample, a gap of 100, four letters of 156 in 7.8 points, a margin of 150.
-  EXPECT_NEAR(legendWidth(session, shown, surface, 9000), 850 + 4 * 156, 0.001);
-  EXPECT_EQ(legendWidth(session, shown, surface, 900), 300);
-  drawLegend(session, shown, surface, 1000, 600, 3000);
-  const auto texts = only<TextOf>(surface.operations);
+  EXPECT_NEAR(legendWidth(session_, content_, surface_, 9000), 850 + 4 * 156, 0.001);
+  EXPECT_EQ(legendWidth(session_, content_, surface_, 900), 300);
+  const Operations all = drawn({1000, 600, 1474, 3000});
+  const auto texts = only<TextOf>(all);
   ASSERT_EQ(texts.size(), 2U);
   EXPECT_EQ(texts[0].text, "0;0");
   EXPECT_EQ(texts[1].text, "90;0");
   EXPECT_EQ(texts[1].at.x, 1700);
   // From line to line one and a half heights of 156.
   EXPECT_NEAR(texts[1].at.y - texts[0].at.y, 234, 0.01);
-  EXPECT_EQ(only<LineOf>(surface.operations).front(),
-            (LineOf{{1000, 717}, {1600, 717}, {kBlack, 2}}));
-  EXPECT_EQ(only<BoxOf>(surface.operations).front().fill, lookOf(2, kBlack).colour);
-  surface.operations.clear();
-  drawLegend(session, shown, surface, 1000, 600, 200);
-  EXPECT_NEAR(only<TextOf>(surface.operations)[1].at.y - only<TextOf>(surface.operations)[0].at.y,
-              100, 0.01);
+  EXPECT_EQ(only<LineOf>(all).front(), (LineOf{{1000, 717}, {1600, 717}, {kBlack, 2}}));
+  EXPECT_EQ(only<BoxOf>(all).front().fill, lookOf(2, kBlack).colour);
+}
+
+TEST_F(Legend, IsCloserAndSmallerWhereItsHeightIsTooLittle) {
+  const auto texts = only<TextOf>(drawn({1000, 600, 1474, 240}));
+  EXPECT_NEAR(texts[1].at.y - texts[0].at.y, 120, 0.01);
+  // A line takes 1.2 heights of its letters: 100 twips, 5 points.
+  EXPECT_NEAR(texts[0].font.size, 5, 0.01);
+}
+
+TEST_F(Legend, EndsNamesThatAreTooLongWithPoints) {
+  session_.dirname(2) = "across the strike";
+  // 850 of the third of 4974 are others; of 808 five letters of 156.
+  EXPECT_EQ(legendWidth(session_, content_, surface_, 4974), 1658);
+  EXPECT_EQ(names({1000, 600, 1658, 3000}), (std::vector<std::string>{"0;0", "ac..."}));
+}
+
+TEST_F(Legend, HasTheVarianceWhereThePictureHasIt) {
+  session_.variance(1) = 5;
+  session_.ymax({1, 1}) = session_.ymax({1, 2}) = 10;
+  session_.showsill({1, 2}) = true;
+  EXPECT_EQ(names({1000, 600, 2500, 3000}), (std::vector<std::string>{"0;0", "90;0", "Variance"}));
+  EXPECT_EQ(only<LineOf>(drawn({1000, 600, 2500, 3000})).back(),
+            (LineOf{{1000, 1185}, {1600, 1185}, {kRed, 1}}));
+  session_.variance(1) = 11;
+  EXPECT_EQ(names({1000, 600, 2500, 3000}), (std::vector<std::string>{"0;0", "90;0"}));
 }
 
 }  // namespace

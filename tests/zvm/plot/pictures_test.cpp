@@ -1,73 +1,19 @@
-// What `zvm plot` makes: pictures beside kept ones, files, reports, and how it refuses.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
+// The pictures that `zvm plot` makes, beside kept ones and by what they hold.
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <iterator>
+#include <memory>
+#include <sstream>
 
-#include <cstdlib>
-#include <nlohmann/json.hpp>
-#include <regex>
-#include <string>
-
-#include "tests/zvm/command.h"
+#include "tests/zvm/plot/picture.h"
 
 namespace zevfit::test {
 namespace {
 
-using Json = nlohmann::json;
 namespace fs = std::filesystem;
 
 const fs::path kKept = fs::path(ZEVFIT_SOURCE_DIR) / "tests/zvm/plot/kept";
-
-/// Two variables, two directions, two classes; the first variable has models in the first.
-constexpr const char* kFile =
-    "t\nzevRA1\n2\nzinc\nlead\n2\n2\n0;0\n90;0\n"
-    "1\n10 0.5 40\n20 1.5 40\n12 0.75 40\n20 1 40\n"
-    "4\n10 1 40\n20 2 40\n10 1 40\n20 3 40\n"
-    "1\n0.1\n1\nS\n0.5\n15\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n"
-    "0\n0\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n"
-    "0\n0\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n"
-    "0\n0\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n0\n-\n0\n0.0001\n";
-constexpr const char* kPoints = "x,y,z\n0,0,0\n1,0,1\n2,0,3\n0,1,5\n";
-
-/// An element of a picture: what it is, how it is drawn, its words or its places.
-struct Element {
-  std::string what, look, words{};
-  std::vector<double> places{};
-};
-
-std::string attribute(const std::string& tag, const std::string& name) {
-  std::smatch found;
-  const std::regex pattern(" " + name + "=\"([^\"]*)\"");
-  return std::regex_search(tag, found, pattern) ? found[1].str() : "";
-}
-
-std::vector<double> numbersIn(const std::string& text) {
-  std::vector<double> numbers;
-  static const std::regex pattern("-?[0-9.]+(e-?[0-9]+)?");
-  for (std::sregex_iterator i(text.begin(), text.end(), pattern), end; i != end; ++i)
-    numbers.push_back(std::stod(i->str()));
-  return numbers;
-}
-
-/// The elements in their order, each with the strokes and fills of its group. Where a text stands
-/// depends on the fonts of the machine.
-std::vector<Element> elementsOf(const std::string& svg) {
-  std::vector<Element> elements;
-  std::string look;
-  static const std::regex pattern("<([a-z]+)([^>]*)>([^<]*)");
-  for (std::sregex_iterator i(svg.begin(), svg.end(), pattern), end; i != end; ++i) {
-    const std::string what = (*i)[1], tag = (*i)[2], words = (*i)[3];
-    if (what == "g")
-      look = attribute(tag, "fill") + ' ' + attribute(tag, "stroke") + ' ' +
-             attribute(tag, "stroke-width") + ' ' + attribute(tag, "stroke-dasharray");
-    else if (what == "text")
-      elements.push_back({what, attribute(tag, "fill") + ' ' + attribute(tag, "font-size"), words});
-    else if (what == "polyline")
-      elements.push_back({what, look, "", numbersIn(attribute(tag, "points"))});
-    else if (what == "circle" || what == "rect" || what == "path")
-      elements.push_back({what, look, "", numbersIn(tag)});
-  }
-  return elements;
-}
 
 void expectAlike(const std::string& svg, const std::string& kept) {
   const auto is = elementsOf(svg), was = elementsOf(kept);
@@ -81,43 +27,6 @@ void expectAlike(const std::string& svg, const std::string& kept) {
       EXPECT_NEAR(is[i].places[k], was[i].places[k], 1) << is[i].what << ' ' << i;
   }
 }
-
-std::vector<Element> only(const std::vector<Element>& elements, const std::string& what,
-                          const std::string& look) {
-  std::vector<Element> found;
-  for (const Element& one : elements)
-    if (one.what == what && one.look.starts_with(look)) found.push_back(one);
-  return found;
-}
-
-class Plot : public testing::Test {
- protected:
-  void SetUp() override {
-    ::setenv("ZVM_MODULES", ZEVFIT_MODULES, 1);
-    putFile(folder_ / "a.zvm", kFile);
-    putFile(folder_ / "points.csv", kPoints);
-  }
-  std::string path(const std::string& name) const { return (folder_ / name).string(); }
-  std::string content(const std::string& name) const { return contentOf(folder_ / name); }
-  bool isThere(const std::string& name) const { return fs::exists(folder_ / name); }
-
-  /// Draws into a file and gives its bytes.
-  std::string drawn(std::vector<std::string> arguments, const std::string& name) const {
-    arguments.insert(arguments.begin(), "plot");
-    arguments.push_back(path(name));
-    const Ran run = ran(arguments);
-    EXPECT_EQ(run.code, 0) << run.err;
-    EXPECT_EQ(run.err, "");
-    return content(name);
-  }
-  std::vector<std::string> mapOptions() const {
-    return {"plot", path("points.csv"), "--map", "--x", "x", "--y", "y", "--var", "z", "--lag",
-            "1",    "--lags",           "2"};
-  }
-
- private:
-  ScratchFolder folder_;
-};
 
 TEST_F(Plot, DrawsADirectionAsItIsKept) {
   const std::string svg = drawn(
@@ -155,6 +64,12 @@ TEST_F(Plot, DrawsAllDirectionsAsTheyAreKept) {
       elementsOf(drawn({path("a.zvm"), "--var", "1", "--overlay", "--dir", "2"}, "one.svg"));
   EXPECT_EQ(only(one, "circle", "#000000").size(), 0U);
   EXPECT_EQ(only(one, "rect", "#d55e00").size(), 3U);
+  // The axes are those of what is shown: 1 at 20 of the second direction, 1.06 times which is less
+  // than 1.06 of 1.5 in the first.
+  EXPECT_EQ(wordsOf(elements).count("1.59"), 1U);
+  EXPECT_EQ(wordsOf(one).count("1.59"), 0U);
+  EXPECT_EQ(wordsOf(one).count("1.06"), 1U);
+  EXPECT_EQ(wordsOf(one).count("Variance"), 1U);
 }
 
 TEST_F(Plot, DrawsAMapAsItIsKept) {
@@ -173,67 +88,6 @@ TEST_F(Plot, DrawsAMapAsItIsKept) {
   EXPECT_EQ(std::ranges::count(elements, "1", &Element::words), 8);
 }
 
-TEST_F(Plot, TellsAMapAsJson) {
-  auto arguments = mapOptions();
-  arguments.insert(arguments.end(), {path("map.png"), "--json", "--threads", "2"});
-  const Json report = Json::parse(ran(arguments).out);
-  EXPECT_EQ(report.at("schema"), "zvm.plot/1");
-  const Json picture = report.at("pictures").at(0);
-  EXPECT_EQ(picture.at("variable"), "z");
-  const Json cells = picture.at("cells");
-  ASSERT_EQ(cells.size(), 25U);
-  EXPECT_EQ(cells[12], Json::parse(R"({"east":0.0,"north":0.0,"semivariance":null,"pairs":0})"));
-  EXPECT_EQ(cells[13], Json::parse(R"({"east":1.0,"north":0.0,"semivariance":1.25,"pairs":2})"));
-  EXPECT_EQ(cells[11], Json::parse(R"({"east":-1.0,"north":0.0,"semivariance":1.25,"pairs":2})"));
-  EXPECT_EQ(content("map.png").substr(1, 3), "PNG");
-}
-
-TEST_F(Plot, NumbersSeveralPictures) {
-  const Ran run = ran({"plot", path("a.zvm"), path("p.svg")});
-  EXPECT_EQ(run.code, 0) << run.err;
-  EXPECT_EQ(run.out, "file" + std::string(path("p-1.svg").size() - 2, ' ') +
-                         "variable  direction\n" + path("p-1.svg") + "  zinc      0;0\n" +
-                         path("p-2.svg") + "  zinc      90;0\n" + path("p-3.svg") +
-                         "  lead      0;0\n" + path("p-4.svg") + "  lead      90;0\n");
-  EXPECT_NE(content("p-4.svg").find("<title>lead 90;0</title>"), std::string::npos);
-  EXPECT_FALSE(isThere("p.svg"));
-  // One that can't be made leaves none.
-  fs::remove(path("p-1.svg"));
-  fs::remove(path("p-2.svg"));
-  const Ran again = ran({"plot", path("a.zvm"), path("p.svg")});
-  EXPECT_EQ(again.code, 4);
-  EXPECT_EQ(again.err, "zvm: error: " + path("p-3.svg") + " exists; --overwrite replaces it\n");
-  EXPECT_FALSE(isThere("p-1.svg"));
-  EXPECT_EQ(ran({"plot", path("a.zvm"), path("p.svg"), "--overwrite"}).code, 0);
-  EXPECT_TRUE(isThere("p-1.svg"));
-}
-
-TEST_F(Plot, PutsSeveralPicturesOnPages) {
-  const Ran run = ran({"plot", path("a.zvm"), path("p.pdf"), "--json"});
-  EXPECT_EQ(run.code, 0) << run.err;
-  const Json pictures = Json::parse(run.out).at("pictures");
-  ASSERT_EQ(pictures.size(), 4U);
-  EXPECT_EQ(
-      pictures[2],
-      (Json{{"file", path("p.pdf")}, {"variable", "lead"}, {"page", 3}, {"direction", "0;0"}}));
-  const std::string pdf = content("p.pdf");
-  EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
-  EXPECT_NE(pdf.find("/Count 4"), std::string::npos);
-  EXPECT_EQ(pdf.find("/CreationDate"), std::string::npos);
-  ::setenv("TZ", "IST-5:30", 1);
-  EXPECT_EQ(ran({"plot", path("a.zvm"), path("east.pdf")}).code, 0);
-  ::unsetenv("TZ");
-  EXPECT_TRUE(content("east.pdf") == pdf);
-}
-
-TEST_F(Plot, TakesStdinAndStdout) {
-  const Ran run = ran({"plot", "-", "-", "--format", "svg", "--var", "1", "--dir", "1"}, kFile);
-  EXPECT_EQ(run.code, 0) << run.err;
-  EXPECT_EQ(elementsOf(run.out).size(),
-            elementsOf(drawn({path("a.zvm"), "--var", "1", "--dir", "1"}, "b.svg")).size());
-  EXPECT_EQ(run.err, "");
-}
-
 TEST_F(Plot, HasTheSizeAndTheDotsThatAreAskedFor) {
   const std::string svg = drawn(
       {path("a.zvm"), "--overlay", "--var", "1", "--size", "10x5cm", "--format", "svg"}, "picture");
@@ -244,6 +98,85 @@ TEST_F(Plot, HasTheSizeAndTheDotsThatAreAskedFor) {
   const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(png.at(at)); };
   EXPECT_EQ(byte(18) * 256 + byte(19), 600);
   EXPECT_EQ(byte(22) * 256 + byte(23), 450);
+}
+
+TEST_F(Plot, TakesSizesUpToBothBounds) {
+  for (const char* size : {"25.4x100", "2.54x10cm", "1x1in", "72x72pt", "96x96px", "2540x100",
+                           "254x10cm", "100x2540", "100x100in", "9600x9600px"}) {
+    const Ran run = ran({"plot", path("a.zvm"), path("s.svg"), "--overlay", "--var", "1", "--size",
+                         size, "--overwrite"});
+    EXPECT_EQ(run.err, "") << size;
+  }
+}
+
+// Below 80 by 50 mm all of a picture is smaller, here half as large: a title of 200, and a plot
+// from 800 on to 800 from the right.
+TEST_F(Plot, MakesSmallPicturesSmallerAsAWhole) {
+  const auto half = elementsOf(
+      drawn({path("a.zvm"), "--var", "1", "--dir", "1", "--size", "113.4x80pt"}, "half.svg"));
+  EXPECT_EQ(only(half, "text", "#000000 100").size(), 1U);
+  const auto discs = only(half, "circle", "#008000");
+  ASSERT_EQ(discs.size(), 3U);
+  EXPECT_NEAR(discs[1].places.at(0), 1134, 1) << "10 of 20";
+  EXPECT_NEAR(discs[2].places.at(0), 2268 - 400, 1);
+  EXPECT_EQ(only(half, "polyline", "none #0000ff 15").size(), 2U) << "lines of half the width";
+  const std::string png = drawn(
+      {path("a.zvm"), "--var", "1", "--dir", "1", "--size", "40x30", "--dpi", "254"}, "half.png");
+  const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(png.at(at)); };
+  EXPECT_EQ(byte(18) * 256 + byte(19), 400);
+  EXPECT_EQ(byte(22) * 256 + byte(23), 300);
+  // 10,000 dots a metre: 0x2710.
+  const std::size_t resolution = png.find("pHYs") + 4;
+  EXPECT_EQ(byte(resolution + 2) * 256 + byte(resolution + 3), 10000);
+}
+
+// A title of 15 points in place of 10 makes all half as large again, margins too.
+TEST_F(Plot, MakesRoomForLargeTexts) {
+  const auto large = elementsOf(drawn({path("a.zvm"), "--var", "1", "--dir", "1", "--size",
+                                       "660x370pt", "--font", "Liberation Sans,15"},
+                                      "large.svg"));
+  EXPECT_EQ(only(large, "text", "#000000 300").size(), 1U);
+  const auto discs = only(large, "circle", "#008000");
+  ASSERT_EQ(discs.size(), 3U);
+  EXPECT_NEAR(discs[2].places.at(0), 13200 - 1200, 1);
+  // 160 by 100 mm are twice what the texts take by themselves.
+  const Ran run = ran({"plot", path("a.zvm"), path("l.svg"), "--var", "1", "--overlay", "--font",
+                       "Liberation Sans,24"});
+  EXPECT_EQ(
+      run.err,
+      "zvm: warning: --font Liberation Sans,24: a picture of this --size has room for a title "
+      "of 20 points\n");
+  EXPECT_EQ(only(elementsOf(content("l.svg")), "text", "#000000 400").size(), 1U);
+}
+
+/// The words of a page, in any order.
+std::multiset<std::string> pdfWords(const std::string& file, int page) {
+  const std::string number = std::to_string(page);
+  const std::string command = "pdftotext -f " + number + " -l " + number + " '" + file + "' -";
+  const std::unique_ptr<FILE, int (*)(FILE*)> reader(::popen(command.c_str(), "r"), ::pclose);
+  std::string text;
+  for (int c = 0; (c = std::fgetc(reader.get())) != EOF;) text += static_cast<char>(c);
+  std::istringstream in(text);
+  return {std::istream_iterator<std::string>(in), {}};
+}
+
+// Semivariances end at 1.06 times the largest, distances at 20; the second page has no model.
+TEST_F(Plot, PutsTheTextsOnThePagesOfAPdfFile) {
+  EXPECT_EQ(ran({"plot", path("a.zvm"), path("p.pdf"), "--dir", "0;0"}).code, 0);
+  using Words = std::multiset<std::string>;
+  EXPECT_EQ(pdfWords(path("p.pdf"), 1),
+            (Words{"Semivariogram", "(0;0)", "\xCE\xB3", "(h)",  "zinc",  "1.59", "1.27",
+                   "0.95",          "0.64",  "0.32",     "0",    "4.00",  "8.00", "12.00",
+                   "16.00",         "20.00", "Data",     "Sill", "Model", "h(",   ")"}));
+  EXPECT_EQ(pdfWords(path("p.pdf"), 2),
+            (Words{"Semivariogram", "(0;0)", "\xCE\xB3", "(h)",  "lead", "4.24", "3.39",
+                   "2.54",          "1.70",  "0.85",     "0",    "4.00", "8.00", "12.00",
+                   "16.00",         "20.00", "Data",     "Sill", "h(",   ")"}));
+  EXPECT_EQ(ran({"plot", path("a.zvm"), path("o.pdf"), "--overlay", "--var", "lead"}).code, 0);
+  EXPECT_EQ(pdfWords(path("o.pdf"), 1),
+            (Words{"Semivariogram", "(lead)", "\xCE\xB3", "(h)", "4.24", "3.39", "2.54",
+                   "1.70",          "0.85",   "0",        "0",   "4.00", "8.00", "12.00",
+                   "16.00",         "20.00",  "h(",       ")",   "0;0",  "90;0", "Variance"}));
 }
 
 TEST_F(Plot, TakesStyleAndFont) {
@@ -264,136 +197,6 @@ TEST_F(Plot, TakesStyleAndFont) {
   EXPECT_EQ(only(elementsOf(svg), "text", "#ff0000 480").size(), 1U);
   EXPECT_GT(only(elementsOf(svg), "text", "#ff0000 360").size(), 5U) << "others in proportion";
   EXPECT_NE(svg.find("Liberation Mono"), std::string::npos);
-}
-
-TEST_F(Plot, TellsWhatIsWrong) {
-  putFile(path("bad.ini"), "x");
-  putFile(path("there.svg"), "old");
-  const std::string file = path("a.zvm"), out = path("o.svg"), points = path("points.csv");
-  struct Row {
-    std::vector<std::string> arguments;
-    int code;
-    std::string message;
-  };
-  const std::vector<Row> rows{
-      {{file}, 2, "the file to write is missing"},
-      {{file, out, "-o", out}, 2, "two files to write: " + out + " and -o " + out},
-      {{file, path("o")},
-       2,
-       "the name " + path("o") +
-           " tells no format: it ends with .svg, .pdf or .png, or --format tells it"},
-      {{file, out, "--format", "gif"}, 2, "no --format `gif`; there are pdf, svg, png"},
-      {{file, out, "--var", "zink"}, 3, "no variable `zink` in " + file + "; there are zinc, lead"},
-      {{file, out, "--dir", "45;0"}, 3, "no direction `45;0` in " + file + "; there are 0;0, 90;0"},
-      {{file, out, "--var", "1", "--var", "zinc"}, 2, "--var zinc is there twice"},
-      {{file, out, "--dir", "1", "--dir", "0;0"}, 2, "--dir 0;0 is there twice"},
-      {{file, "-", "--format", "svg"},
-       2,
-       "these are 4 pictures: - takes one, or those of a PDF file"},
-      {{file, "-", "--format", "pdf", "--json"},
-       2,
-       "--json reports on a file: it takes another OUT than stdout"},
-      {{file, out, "--size", "10"},
-       2,
-       "--size takes WIDTHxHEIGHT in millimetres, or with mm, cm, in, pt or px behind it, as in "
-       "160x100 or 800x500px, not `10`"},
-      {{file, out, "--size", "10x10"},
-       2,
-       "--size 10x10: a side is from 1 to 100 inches (25.4 to 2540 mm)"},
-      {{file, out, "--size", "1e300x100"},
-       2,
-       "--size 1e300x100: a side is from 1 to 100 inches (25.4 to 2540 mm)"},
-      {{file, out, "--font", ",12"}, 2, "--font takes NAME or NAME,POINTS, not `,12`"},
-      {{file, out, "--font", "Serif,big"},
-       2,
-       "--font takes NAME,POINTS with 1 to 200 points, not `Serif,big`"},
-      {{file, out, "--style", path("bad.ini")},
-       3,
-       path("bad.ini") + " is no parameter file of zevFIT"},
-      {{file, out, "--style", path("no.ini")},
-       4,
-       "cannot read " + path("no.ini") + ": No such file or directory"},
-      {{file, out, "--dpi", "9"}, 2, "--dpi takes 24 to 2400"},
-      {{file, out, "--x", "x"},
-       2,
-       "--x, --y, --log, --missing, --trim, --lag, --lags and the options of spatial sources take "
-       "--map"},
-      {{points, out, "--map", "--overlay"}, 2, "--overlay and --map are two kinds of pictures"},
-      {{points, out, "--map", "--x", "x", "--y", "y", "--var", "z"},
-       2,
-       "--map is of points: it takes --x, --y, --var, --lag and --lags"},
-      {{points, out, "--map", "--dir", "1"}, 2, "--map takes no --dir"},
-      {{points, out, "--map", "--x", "x", "--y", "y", "--var", "z", "--lag", "-1", "--lags", "2"},
-       2,
-       "--lag takes a width above 0"},
-      {{points, out, "--map", "--x", "x", "--y", "y", "--var", "z", "--lag", "1", "--lags", "101"},
-       2,
-       "--lags of a map takes 1 to 100"},
-      {{points, out, "--map", "--x", "x", "--y", "y", "--var", "a", "--lag", "1", "--lags", "2"},
-       3,
-       "no column `a` in " + points + "; there are x, y, z"},
-      {{points, out, "--map", "--x", "x", "--y", "y", "--var", "z", "--lag", "0.1", "--lags", "2"},
-       3,
-       points +
-           ": no two points of `z` are within reach of the map (4 read, 0 without coordinates, "
-           "0 without a value)"},
-      {{path("none.zvm"), out},
-       4,
-       "cannot read " + path("none.zvm") + ": No such file or directory"},
-      {{file, path("there.svg"), "--var", "1", "--dir", "1"},
-       4,
-       path("there.svg") + " exists; --overwrite replaces it"},
-      {{file, path("no/o.svg"), "--var", "1", "--dir", "1"},
-       4,
-       "cannot write " + path("no/o.svg") + ": No such file or directory"},
-  };
-  for (const Row& row : rows) {
-    std::vector<std::string> arguments{"plot"};
-    arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
-    const Ran run = ran(arguments);
-    EXPECT_EQ(run.err, "zvm: error: " + row.message + "\n");
-    EXPECT_EQ(run.code, row.code) << row.message;
-    EXPECT_EQ(run.out, "") << row.message;
-    EXPECT_FALSE(isThere("o.svg")) << row.message;
-  }
-  EXPECT_EQ(content("there.svg"), "old");
-}
-
-TEST_F(Plot, SaysWhatToInstallWhereTheProgramIsMissing) {
-  ::setenv("ZVM_MODULES", path("").c_str(), 1);
-  const std::vector<std::string> arguments{"plot", path("a.zvm"), path("p.pdf")};
-  const Ran missing = ran(arguments);
-  EXPECT_EQ(missing.code, 4);
-  EXPECT_EQ(missing.err,
-            "zvm: error: zvm plot takes the program zvm-plot, which is not there: install the "
-            "package zvm-plot, or put the program beside zvm\n");
-  // One that fails is told of by its last line, and one that is killed as well.
-  const auto with = [&](const std::string& script) {
-    putFile(path("zvm-plot"), "#!/bin/sh\n" + script);
-    fs::permissions(path("zvm-plot"), fs::perms::owner_all);
-    return ran(arguments);
-  };
-  EXPECT_EQ(with("echo one >&2; echo two >&2; exit 134").err,
-            "zvm: error: zvm-plot has failed: two\n");
-  EXPECT_EQ(with("kill -9 $$").code, 4);
-  const Ran refusing = with("echo 'warning: w' >&2; echo 'error: no room' >&2; exit 3");
-  EXPECT_EQ(refusing.err, "zvm: warning: w\nzvm: error: no room\n");
-  EXPECT_EQ(refusing.code, 3);
-  EXPECT_EQ(with("true").err,
-            "zvm: error: zvm-plot has drawn other pictures than it was asked for\n");
-  EXPECT_FALSE(isThere("p.pdf"));
-}
-
-TEST_F(Plot, LeavesNothingWhenItIsInterrupted) {
-  const std::string command =
-      "cd '" + path("") +
-      "' && mkdir modules && printf '#!/bin/sh\\nkill -INT $PPID\\nsleep 5\\n' "
-      ">modules/zvm-plot && chmod +x modules/zvm-plot && ZVM_MODULES=modules "
-      "env --default-signal=INT '" ZEVFIT_ZVM "' plot a.zvm p.pdf >out 2>&1";
-  const int status = std::system(command.c_str());
-  EXPECT_EQ(WIFEXITED(status) ? WEXITSTATUS(status) : -1, 130);
-  EXPECT_FALSE(isThere("p.pdf"));
-  EXPECT_EQ(content("out"), "");
 }
 
 }  // namespace
