@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
   std::jthread fonts = zevfit::readFontsEarly();
   QApplication application(argc, argv);
   if (fonts.joinable()) fonts.join();
+  const std::jthread font = zevfit::loadFontEarly(QApplication::font());
   QApplication::setApplicationName("zevFIT");
   QApplication::setStyle(new zevfit::HouseStyle);
   QLocale::setDefault(QLocale::c());

@@ -2,20 +2,38 @@
 
 #include <dlfcn.h>
 
+#include <QFontMetrics>
 #include <system_error>
 
 namespace zevfit {
 
-std::jthread readFontsEarly() {
+namespace {
+
+std::jthread started(auto work) {
   try {
-    return std::jthread([] {
-      // Of the library fontconfig, which Qt brings along where it takes its fonts from there.
-      using Initialise = int (*)();
-      if (const auto init = reinterpret_cast<Initialise>(::dlsym(RTLD_DEFAULT, "FcInit"))) init();
-    });
+    return std::jthread(work);
   } catch (const std::system_error&) {
     return {};
   }
+}
+
+}  // namespace
+
+std::jthread readFontsEarly() {
+  return started([] {
+    // Of the library fontconfig, which Qt brings along where it takes its fonts from there.
+    using Initialise = int (*)();
+    if (const auto init = reinterpret_cast<Initialise>(::dlsym(RTLD_DEFAULT, "FcInit"))) init();
+  });
+}
+
+std::jthread loadFontEarly(const QFont& font) {
+  // Its own copy: fonts that share their data share what they have loaded, too.
+  return started([description = font.toString()] {
+    QFont own{QString()};
+    own.fromString(description);
+    QFontMetrics(own).horizontalAdvance("zevFIT");
+  });
 }
 
 }  // namespace zevfit

@@ -2,13 +2,18 @@
 
 #include <QAbstractSpinBox>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmapCache>
+#include <QPointer>
 #include <QStyleOptionButton>
 #include <QStyleOptionSlider>
 #include <QStyleOptionTitleBar>
+#include <algorithm>
 #include <cmath>
+
+#include "platform/late_icon.h"
 
 namespace zevfit {
 
@@ -21,6 +26,13 @@ constexpr int kDarkening = 140;
 constexpr int kOutlineShare = 50, kHandleOff = 25, kHandle = 65, kHandleHeld = 85;
 /// Of a corner, pixels.
 constexpr double kRounding = 2;
+/// The frame of a group, on the ground behind it: its inside, the ring next to that, the outline,
+/// and the corners of both.
+constexpr QColor kGroupGround(0, 0, 0, 3), kGroupShade(0, 0, 0, 7),
+    kGroupOutline(117, 117, 117, 50);
+constexpr QColor kShadeCorner(90, 90, 90, 31), kOutlineCorner(39, 39, 39, 13);
+/// Between title and frame, pixels.
+constexpr int kAboveGroup = 3;
 
 bool isDark(const QPalette& palette) {
   return palette.color(QPalette::Window).lightness() <
@@ -61,6 +73,16 @@ void drawOutline(QPainter& painter, const QRect& place, const QPen& pen, const Q
   painter.setBrush(brush);
   painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), kRounding, kRounding);
   painter.restore();
+}
+
+/// One pixel wide, with corners of their own colour.
+void drawRing(QPainter& painter, const QRect& ring, const QColor& sides, const QColor& corners) {
+  for (const int x : {ring.left(), ring.right()}) {
+    painter.fillRect(x, ring.top() + 1, 1, ring.height() - 2, sides);
+    for (const int y : {ring.top(), ring.bottom()}) painter.fillRect(x, y, 1, 1, corners);
+  }
+  for (const int y : {ring.top(), ring.bottom()})
+    painter.fillRect(ring.left() + 1, y, ring.width() - 2, 1, sides);
 }
 
 /// The name in Qt's cache of how the ground of a field looks.
@@ -110,8 +132,10 @@ QStyleOptionTitleBar litTitle(const QStyleOptionTitleBar& option) {
 void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {
   const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
-  if (element == PE_PanelLineEdit && frame && keepsField(*painter, widget))
+  if (element == PE_PanelLineEdit && frame && paintsItself(*painter) && !isPart(widget))
     return drawField(*frame, *painter, widget);
+  if (element == PE_FrameGroupBox && paintsItself(*painter))
+    return drawGroupFrame(*option, *painter, widget);
   if (!isDark(option->palette)) return QProxyStyle::drawPrimitive(element, option, painter, widget);
   const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
   const bool isMark = element == PE_IndicatorRadioButton || element == PE_IndicatorCheckBox;
@@ -129,9 +153,23 @@ void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
                 Qt::NoBrush);
 }
 
-// Other styles may look at more than the option.
-bool HouseStyle::keepsField(const QPainter& painter, const QWidget* widget) const {
-  return baseStyle()->inherits("QFusionStyle") && isOnPixels(painter) && !isPart(widget);
+bool HouseStyle::paintsItself(const QPainter& painter) const {
+  return baseStyle()->inherits("QFusionStyle") && isOnPixels(painter);
+}
+
+// The style that Qt brings along has it from a file.
+void HouseStyle::drawGroupFrame(const QStyleOption& option, QPainter& painter,
+                                const QWidget* widget) const {
+  const auto* group = qobject_cast<const QGroupBox*>(widget);
+  const bool isUntitled = group && !group->isCheckable() && group->title().isEmpty();
+  const int title = isUntitled ? 0
+                               : std::max(proxy()->pixelMetric(PM_IndicatorHeight, &option, widget),
+                                          option.fontMetrics.height());
+  const QRect outline = option.rect.adjusted(1, title + kAboveGroup + 1, 0, 0);
+  const QRect shade = outline.adjusted(1, 1, -1, -1);
+  painter.fillRect(shade.adjusted(1, 1, -1, -1), kGroupGround);
+  drawRing(painter, shade, kGroupShade, kShadeCorner);
+  drawRing(painter, outline, kGroupOutline, kOutlineCorner);
 }
 
 void HouseStyle::drawField(const QStyleOptionFrame& field, QPainter& painter,
@@ -167,6 +205,15 @@ void HouseStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
   const bool isChosen = option->state.testFlag(State_HasFocus);
   const QColor edge = isChosen ? option->palette.color(QPalette::Highlight) : letters;
   drawOutline(*painter, handle.adjusted(1, 1, -1, -1), {edge, 2}, letters);
+}
+
+QIcon HouseStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
+                               const QWidget* widget) const {
+  if (which != SP_ToolBarHorizontalExtensionButton && which != SP_ToolBarVerticalExtensionButton)
+    return QProxyStyle::standardIcon(which, option, widget);
+  const QPointer<const HouseStyle> style = this;
+  return QIcon(new LateIcon(
+      [style, which] { return style ? style->QProxyStyle::standardIcon(which) : QIcon(); }));
 }
 
 }  // namespace zevfit

@@ -74,6 +74,7 @@ FitPanelWidgets::FitPanelWidgets(QWidget* parent) : QWidget(parent) {
   makeModels();
   makeValues();
   makeButtons();
+  makeMeasured();
   layOut();
   orderTabs();
   giveTips(*this);
@@ -96,8 +97,6 @@ void FitPanelWidgets::makeLists() {
 }
 
 void FitPanelWidgets::makeLines() {
-  Frame1 = named(new PanelFrame("Select Structure"), "Frame1");
-  Frame2 = named(new PanelFrame("Plot"), "Frame2");
   for (std::size_t i = 0; i < est.size(); ++i) {
     est[i] = named(new QRadioButton(kLineCaptions[i]), "");
     est[i]->setObjectName(QString("est%1").arg(i + 1));
@@ -114,7 +113,6 @@ void FitPanelWidgets::makeLines() {
 }
 
 void FitPanelWidgets::makeModels() {
-  Frame3 = named(new PanelFrame("Select Model"), "Frame3");
   for (std::size_t i = 0; i < tipo.size(); ++i) {
     tipo[i] = new QRadioButton(kModelCaptions[i]);
     tipo[i]->setObjectName(QString("tipo%1").arg(i + 1));
@@ -123,11 +121,8 @@ void FitPanelWidgets::makeModels() {
 }
 
 void FitPanelWidgets::makeValues() {
-  label10 = named(new PanelFrame("Model Expression"), "label10");
   Label18 = makeNamedLabel("Label18", "C0");
   Label21 = makeNamedLabel("Label21", "a:");
-  Textc0 = makeField("Textc0", "Sill of the selected line");
-  Texta = makeField("Texta", "Range of the selected structure");
   HScrollc0 = makeSlider("HScrollc0", "Sill of the selected line");
   HScrolla = makeSlider("HScrolla", "Range of the selected structure");
   Label23 = makeNamedLabel("Label23", "Ctotal");
@@ -146,6 +141,16 @@ void FitPanelWidgets::makeButtons() {
   Command4 = named(new QPushButton("[ h ]"), "Command4");
   Command5 = named(new QPushButton("PLOT"), "Command5");
   Command5->setShortcut(keysOf("Command5").value(0));
+}
+
+// These look at their font as soon as they are made, and come last: at a start it is being read.
+void FitPanelWidgets::makeMeasured() {
+  Frame1 = named(new PanelFrame("Select Structure"), "Frame1");
+  Frame2 = named(new PanelFrame("Plot"), "Frame2");
+  Frame3 = named(new PanelFrame("Select Model"), "Frame3");
+  label10 = named(new PanelFrame("Model Expression"), "label10");
+  Textc0 = makeField("Textc0", "Sill of the selected line");
+  Texta = makeField("Texta", "Range of the selected structure");
 }
 
 void FitPanelWidgets::loadIcons() {

@@ -82,6 +82,7 @@ class FitPanelWidgets : public QWidget, public FitPanel {
   void makeModels();
   void makeValues();
   void makeButtons();
+  void makeMeasured();
   void paintSill(const QColor& ground);
   void layOut();
   void orderTabs();

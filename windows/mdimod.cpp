@@ -62,11 +62,14 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
       folder_(std::move(folder)),
       saver_(folder_),
       unsaved_(folder_, settleAsShown),
-      area_(new PlotArea),
-      panel_(new FitPanelWidgets),
-      foot_(new Foot) {
+      area_(new PlotArea) {
   setObjectName("mdimod");
   setWindowTitle("zevFIT");
+  resize(kStartSize);
+  // At a start the fonts are being read meanwhile: what needs none comes first.
+  create();
+  panel_ = new FitPanelWidgets;
+  foot_ = new Foot;
   area_->setObjectName("Area");
 
   auto* scroller = new QScrollArea;
@@ -85,7 +88,6 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
   row->addWidget(area_, 1);
   setCentralWidget(middle);
   setStatusBar(foot_);
-  resize(kStartSize);
 
   fit_ = std::make_unique<Fit>(Fit{session_, *panel_, *this, dialogs_, *this});
   windows_ = std::make_unique<PlotWindowTable>(*area_, *fit_, faults_, [this] {

@@ -166,8 +166,8 @@ class mdimod : public QMainWindow, public Plotter, public Hints, public Structur
   Unsaved unsaved_;
   FileModels fileModels_;
   PlotArea* area_;
-  FitPanelWidgets* panel_;
-  Foot* foot_;
+  FitPanelWidgets* panel_ = nullptr;
+  Foot* foot_ = nullptr;
   bool footDue_ = false;  ///< it is about to be brought up to date
   QToolBar* Toolbar1;
   std::unique_ptr<PlotWindowTable> windows_;

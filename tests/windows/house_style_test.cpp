@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QGroupBox>
 #include <QPainter>
 #include <QRadioButton>
 #include <QStyleFactory>
@@ -12,6 +13,7 @@
 #include <QStyleOptionSlider>
 #include <QStyleOptionTitleBar>
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
 #include <utility>
 
@@ -209,6 +211,60 @@ TEST(HouseStyle, AFieldLooksAsInTheStyleThatQtBringsAlong) {
         EXPECT_EQ(drawnField(style, palette, size, state),
                   drawnField(*fusion, palette, size, state))
             << size.width() << " " << state.toInt();
+}
+
+/// The frame of that group on a ground of one grey.
+QImage drawnGroup(const QStyle& style, const QGroupBox& group, int ground) {
+  QImage image(80, 70, QImage::Format_RGB32);
+  image.fill(QColor(ground, ground, ground));
+  QStyleOptionFrame option;
+  option.initFrom(&group);
+  option.rect = QRect(3, 5, 70, 60);
+  QPainter painter(&image);
+  style.drawPrimitive(QStyle::PE_FrameGroupBox, &option, &painter, &group);
+  return image;
+}
+
+/// The most that a pixel of one differs from that of the other, in levels of 255.
+int mostDifferent(const QImage& one, const QImage& other) {
+  int most = 0;
+  for (int y = 0; y < one.height(); ++y)
+    for (int x = 0; x < one.width(); ++x)
+      most = std::max(most, std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y))));
+  return most;
+}
+
+TEST(HouseStyle, AGroupLooksAsInTheStyleThatQtBringsAlong) {
+  const HouseStyle style("fusion");
+  const std::unique_ptr<QStyle> fusion(QStyleFactory::create("fusion"));
+  const QGroupBox titled("Title"), untitled;
+  QGroupBox ticked;
+  ticked.setCheckable(true);
+  for (const QGroupBox* group :
+       std::initializer_list<const QGroupBox*>{&titled, &untitled, &ticked})
+    for (const int ground : {239, 45}) {
+      QImage bare(80, 70, QImage::Format_RGB32);
+      bare.fill(QColor(ground, ground, ground));
+      const QImage ours = drawnGroup(style, *group, ground);
+      const QImage theirs = drawnGroup(*fusion, *group, ground);
+      EXPECT_GT(mostDifferent(theirs, bare), 10) << "there is a frame";
+      EXPECT_LE(mostDifferent(ours, theirs), 8) << group->title().toStdString() << " " << ground;
+    }
+}
+
+TEST(HouseStyle, IconsOfLongBarsAreThoseOfTheDesktop) {
+  const HouseStyle style("fusion");
+  const std::unique_ptr<QStyle> fusion(QStyleFactory::create("fusion"));
+  for (const auto which :
+       {QStyle::SP_ToolBarHorizontalExtensionButton, QStyle::SP_ToolBarVerticalExtensionButton}) {
+    const QIcon ours = style.standardIcon(which), theirs = fusion->standardIcon(which);
+    EXPECT_FALSE(ours.isNull());
+    EXPECT_EQ(ours.availableSizes(), theirs.availableSizes());
+    EXPECT_EQ(ours.actualSize(QSize(64, 64)), theirs.actualSize(QSize(64, 64)));
+    const QImage picture = ours.pixmap(QSize(16, 16), 2.0).toImage();
+    EXPECT_EQ(picture, theirs.pixmap(QSize(16, 16), 2.0).toImage());
+    EXPECT_FALSE(picture.isNull());
+  }
 }
 
 }  // namespace
