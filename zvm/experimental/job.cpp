@@ -172,10 +172,11 @@ std::optional<std::string> pointsRefusal(const Frame& frame) {
   const std::string plain = "no semivariogram: ", counts = countsText(frame.counts);
   if (frame.counts.used == 0) return plain + "no point with coordinates and a value" + counts;
   if (frame.counts.used == 1) return plain + "one point alone" + counts;
-  for (const Frame::Variable& variable : frame.variables)
-    if (!variable.isCross && variable.points < 2)
-      return plain + "`" + utf8Of(variable.name) + "` has fewer than two values" + counts;
-  return std::nullopt;
+  const auto few = std::ranges::find_if(frame.variables, [](const Frame::Variable& variable) {
+    return !variable.isCross && variable.points < 2;
+  });
+  if (few == frame.variables.end()) return std::nullopt;
+  return plain + "`" + utf8Of(few->name) + "` has fewer than two values" + counts;
 }
 
 SumTable emptyTable(const Frame& frame) {
