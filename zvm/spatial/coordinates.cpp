@@ -58,7 +58,11 @@ bool isEmpty(OGRGeometryH geometry) { return geometry == nullptr || OGR_G_IsEmpt
 }  // namespace
 
 void Coordinates::requirePlane(OGRSpatialReferenceH own, const std::string& layer) const {
-  if (own == nullptr || OSRIsGeographic(own) == 0) return;
+  if (own == nullptr) return;
+  if (OSRIsGeocentric(own) != 0)
+    throw Refusal(kData, "the coordinates of " + layer + " are geocentric (" + nameOf(own) +
+                             "), and none of a plane; --projected EPSG:n reprojects them");
+  if (OSRIsGeographic(own) == 0) return;
   if (isUndefined(own))
     return errors_.warn("the coordinate system of " + layer +
                         " is undefined: its coordinates are taken for those of a plane, as they "

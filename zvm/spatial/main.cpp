@@ -6,6 +6,7 @@
 #include <cpl_conv.h>
 #include <sys/prctl.h>
 
+#include <array>
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
@@ -17,6 +18,15 @@
 namespace {
 
 using namespace zevfit::spatial;
+
+/// What GDAL's drivers would otherwise leave beside a source, whatever the environment says: notes
+/// of GDAL, the size of a compressed file, a Shapefile's index.
+struct Setting {
+  const char *name, *value;
+};
+constexpr std::array kQuiet{Setting{"GDAL_PAM_ENABLED", "NO"},
+                            Setting{"CPL_VSIL_GZIP_WRITE_PROPERTIES", "NO"},
+                            Setting{"SHAPE_RESTORE_SHX", "NO"}};
 
 /// A database that another source leads to is not to be changed either.
 constexpr const char* kReadOnly = " -c default_transaction_read_only=on";
@@ -59,8 +69,7 @@ int main() {
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
   const char* const given = std::getenv("PGOPTIONS");
   ::setenv("PGOPTIONS", ((given == nullptr ? "" : given) + std::string(kReadOnly)).c_str(), 1);
-  // No notes of GDAL beside a source.
-  CPLSetConfigOption("GDAL_PAM_ENABLED", "NO");
+  for (const Setting& one : kQuiet) CPLSetConfigOption(one.name, one.value);
   try {
     return run(requestFrom(std::cin));
   } catch (const Refusal& refusal) {

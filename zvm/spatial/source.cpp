@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "zvm/points/names.h"
@@ -53,15 +54,64 @@ OGRLayerH namedLayer(GDALDatasetH set, const std::string& name) {
   throw Refusal(kData, zvm::noSuchName("layer", name, "the source", layersOf(set)));
 }
 
+/// Of an SQLite file what it begins with, as long as `head`; nothing of any other.
+std::optional<std::string> databaseHead(const std::string& file) {
+  constexpr std::string_view kBegin("SQLite format 3\0", 16);
+  std::string head(20, ' ');
+  VSILFILE* const in = VSIFOpenL(file.c_str(), "rb");
+  if (in == nullptr) return std::nullopt;
+  const std::size_t read = VSIFReadL(head.data(), 1, head.size(), in);
+  VSIFCloseL(in);
+  if (read < head.size() || !head.starts_with(kBegin)) return std::nullopt;
+  return head;
+}
+
+/// Which two of these bytes tell: it is written by a log beside it.
+bool isLogged(const std::string& head) { return head[18] == 2; }
+
+/// SQLite would take the log into the file, and remove it.
+void requireTakenLog(const std::string& file) {
+  const std::string log = file + "-wal";
+  VSIStatBufL found;
+  if (VSIStatL(log.c_str(), &found) == 0 && found.st_size > 0)
+    throw Refusal(kFile,
+                  "cannot open the source as it stands: changes wait in the file of that "
+                  "name with -wal, until the program that made them ends or the file is "
+                  "opened and closed with it");
+}
+
+/// Settings that GDAL speaks of and that are fixed here.
+std::string withoutAdvice(const std::string& reason) {
+  return reason.substr(0, reason.find(" Set SHAPE_RESTORE_SHX"));
+}
+
+GDALDatasetH openedBy(const char* const* drivers, std::vector<const char*> options,
+                      const std::string& source) {
+  options.push_back(nullptr);
+  return GDALOpenEx(source.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR,
+                    drivers, options.data(), nullptr);
+}
+
+/// Only by drivers that leave it alone: others open it for writing to see whether it is theirs.
+GDALDatasetH openedDatabase(const std::string& source, const std::string& head) {
+  static constexpr std::array<const char*, 3> kDrivers{"GPKG", "SQLite", nullptr};
+  std::vector<const char*> options;
+  if (isLogged(head)) {
+    requireTakenLog(source);
+    // Of the option both know, SQLite does not tell.
+    options.push_back("@IMMUTABLE=YES");
+  }
+  return openedBy(kDrivers.data(), options, source);
+}
+
 GDALDatasetH opened(const std::string& source) {
+  if (const auto head = databaseHead(source)) return openedDatabase(source, *head);
   const GDALDriverH driver = GDALIdentifyDriverEx(source.c_str(), GDAL_OF_VECTOR, nullptr, nullptr);
   const std::string name = driver == nullptr ? "" : GDALGetDriverShortName(driver);
   std::vector<const char*> options;
   for (const DriverOption& one : kQuietOptions)
     if (one.driver == name) options.push_back(one.option);
-  options.push_back(nullptr);
-  return GDALOpenEx(source.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR,
-                    nullptr, options.data(), nullptr);
+  return openedBy(nullptr, options, source);
 }
 
 /// The first value of a query's answer; empty where there is none.
@@ -87,7 +137,8 @@ std::string quoted(const std::string& name) {
 Source::Source(const Request& request, Errors& errors) : errors_(errors) {
   errors_.forget();
   set_ = opened(request.source);
-  if (set_ == nullptr) throw Refusal(kFile, "cannot open the source: " + errors_.reason());
+  if (set_ == nullptr)
+    throw Refusal(kFile, "cannot open the source: " + withoutAdvice(errors_.reason()));
   try {
     if (driver() == kPostgres) beginReading();
     choose(request);

@@ -9,11 +9,23 @@ namespace {
 
 constexpr std::array<std::string_view, 2> kQueries{"SELECT", "WITH"};
 constexpr std::string_view kBlanks = " \t\r\n\f\v";
+/// Functions by which GDAL and SQLite open other files to write into them.
+constexpr std::array<std::string_view, 3> kWriters{"ogr_geocode", "ogr_datasource_load_layers",
+                                                   "load_extension"};
 
 /// Part of a name, as every byte of a letter beyond ASCII is.
 bool isOfName(char c) {
   const auto byte = static_cast<unsigned char>(c);
   return std::isalnum(byte) != 0 || c == '_' || byte >= 0x80;
+}
+
+/// Of a text without letters beyond ASCII that have two cases.
+std::string inSmallLetters(std::string_view text) {
+  std::string small(text);
+  std::ranges::transform(small, small.begin(), [](char c) {
+    return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  });
+  return small;
 }
 
 /// Goes over a statement and keeps what stands outside quotes and comments, blanks and quotes in
@@ -27,6 +39,8 @@ class Plain {
   const std::string& text() const { return plain_; }
   /// A quote or comment has no end.
   bool isOpen() const { return isOpen_; }
+  /// A comment up to the end of the line has a carriage return within.
+  bool hasReturn() const { return hasReturn_; }
 
  private:
   bool follows(std::string_view word) const { return text_.substr(at_).starts_with(word); }
@@ -58,7 +72,13 @@ class Plain {
     isEscaped_ = false;
   }
 
-  void skipLine() { at_ = std::min(text_.find('\n', at_), text_.size()); }
+  /// Some databases end it with a carriage return and some do not, so that there can be none.
+  void skipLine() {
+    const std::size_t end = std::min(text_.find('\n', at_), text_.size());
+    const std::string_view line = text_.substr(at_, end - at_);
+    hasReturn_ = hasReturn_ || line.find('\r') < line.size() - 1;
+    at_ = end;
+  }
 
   /// They stand in each other.
   void skipComment() {
@@ -104,6 +124,7 @@ class Plain {
   std::string plain_;
   std::size_t at_ = 0;
   bool isOpen_ = false;
+  bool hasReturn_ = false;
   bool isEscaped_ = false;  ///< in the text in front a backslash was no letter
 };
 
@@ -125,8 +146,20 @@ std::optional<std::string> bracketRefusal(std::string_view plain) {
   return "its brackets do not match";
 }
 
-std::optional<std::string> partRefusal(const Plain& plain, std::string_view body) {
+/// A name between quotes is one of a function, too.
+std::optional<std::string> functionRefusal(std::string_view text) {
+  const std::string small = inSmallLetters(text);
+  for (const std::string_view writer : kWriters)
+    if (small.find(writer) != small.npos)
+      return "it names " + std::string(writer) + ", which could write";
+  return std::nullopt;
+}
+
+std::optional<std::string> partRefusal(const Plain& plain, std::string_view body,
+                                       std::string_view text) {
   if (plain.isOpen()) return "a quote or comment has no end";
+  if (plain.hasReturn()) return "a comment has a carriage return";
+  if (const auto refusal = functionRefusal(text)) return refusal;
   if (body.find(';') != body.npos) return "it is more than one statement";
   return bracketRefusal(body);
 }
@@ -145,12 +178,12 @@ std::optional<std::string> queryRefusal(std::string_view sql) {
   const Plain plain(sql);
   if (std::ranges::count(kQueries, firstWord(plain.text())) == 0)
     return "it does not begin with SELECT or WITH";
-  return partRefusal(plain, withoutEnd(plain.text()));
+  return partRefusal(plain, withoutEnd(plain.text()), sql);
 }
 
 std::optional<std::string> conditionRefusal(std::string_view condition) {
   const Plain plain(condition);
-  return partRefusal(plain, plain.text());
+  return partRefusal(plain, plain.text(), condition);
 }
 
 std::string bracketed(std::string_view query) {

@@ -23,7 +23,8 @@ TEST(Statement, TakesOneQuery) {
        {"select 1", "SELECT*from a", " \n-- all\nselect 1 ; ", "/* a; /* b; */ c; */ select 1",
         "with a as (select 1) select * from a", "select ';'", "select ''';'", "select \";\" from a",
         "select $$;'$$", "select $a$;$$;$a$", "select E'\\';'", "select e'a'\n'\\';'",
-        "select 'a\\'", "select 1; -- ;", "select a$b$c, $1 from a", "select (1), ')'"})
+        "select 'a\\'", "select 1; -- ;", "select a$b$c, $1 from a", "select (1), ')'",
+        "select 1 -- one\r\n, 2", "select ogr_layer_extent('a')"})
     EXPECT_EQ(queryRefusal(query), std::nullopt) << query;
 }
 
@@ -60,6 +61,13 @@ TEST(Statement, RefusesWhatCouldWrite) {
       {"select 1$$'$$; drop table a; --'", kSeveral},
       {"select a$$ from b; drop table b; -- $$", kSeveral},
       {"select $1$ from b; drop table b; -- $1$", kSeveral},
+      // Where a comment ends at a carriage return a database goes on, and another one does not.
+      {"select 1 -- \r) q; commit; update a set b = 1;\n", "a comment has a carriage return"},
+      {"select ogr_geocode('Rome')", "it names ogr_geocode, which could write"},
+      {"select \"OGR_Geocode_Reverse\"(1, 2)", "it names ogr_geocode, which could write"},
+      {"select [ogr_datasource_load_layers]('a')",
+       "it names ogr_datasource_load_layers, which could write"},
+      {"select load_extension('a')", "it names load_extension, which could write"},
   };
   for (const Case& one : cases) EXPECT_EQ(queryRefusal(one.query), one.reason) << one.query;
 }
@@ -71,6 +79,8 @@ TEST(Statement, TakesOneConditionAlone) {
   EXPECT_EQ(conditionRefusal("true); update a set b = 1; --"), kSeveral);
   EXPECT_EQ(conditionRefusal("true) or (true"), kBrackets);
   EXPECT_EQ(conditionRefusal("a = 'b"), kOpen);
+  EXPECT_EQ(conditionRefusal("ogr_geocode('a') is null"),
+            "it names ogr_geocode, which could write");
 }
 
 TEST(Statement, PutsAQueryInBrackets) {
