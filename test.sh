@@ -48,8 +48,8 @@ longuse      program      zevfit_long_tests longuse
 bench        bench        all bench
 pictures     program      zevfit_pictures,zevfit_tour,zvm,zvm-plot tour,pictures
 package      package      all package
-coverage     coverage     zevfit_core_tests,zvm_tests,zevfit_window_tests reset
-coverage     coverage     - core,zvm,windows
+coverage     coverage     zevfit_core_tests,zvm_tests,zevfit_spatial_tests,zevfit_window_tests reset
+coverage     coverage     - core,zvm,spatial,windows
 coverage     coverage     - coverage
 "
 
@@ -61,7 +61,8 @@ declare -rA packages=(
   [asan]="clang libclang-rt-14-dev mold" [fuzzcoverage]="clang libclang-rt-14-dev llvm-14" [peers]="r-cran-gstat parallel"
   [pictures]="r-cran-gstat"
   [spatial]="libgdal-dev gdal-bin postgresql-15-postgis-3"
-  [program]="xvfb xauth xclip weston qt6-wayland" [debug]="xvfb xauth xclip weston qt6-wayland" [coverage]="gcovr"
+  [program]="xvfb xauth xclip weston qt6-wayland" [debug]="xvfb xauth xclip weston qt6-wayland"
+  [coverage]="gcovr libgdal-dev gdal-bin postgresql-15-postgis-3"
   [bench]="libbenchmark-dev libqcustomplot-dev xvfb xauth r-cran-gstat"
   [package]="libgdal-dev gdal-bin r-cran-gstat parallel poppler-utils gzip librsvg2-bin lintian desktop-file-utils appstream shared-mime-info man-db fakeroot
     hicolor-icon-theme libglib2.0-bin imagemagick xdotool x11-utils xvfb xauth"

@@ -5,7 +5,7 @@
 set -euo pipefail
 # gcovr's columns: name, lines, covered lines, their share, branches, covered branches.
 gcovr --root . --exclude tests/ --exclude build/ --exclude-throw-branches \
-  --exclude-unreachable-branches "$1" --csv |
+  --exclude-unreachable-branches --gcov-executable "'$PWD/tests/lint/gcov-reachable.sh'" "$1" --csv |
   awk -F, '
     function share(part, whole) { return whole ? 100 * part / whole : 100 }
     NR > 1 {

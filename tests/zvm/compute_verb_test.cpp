@@ -166,6 +166,26 @@ TEST_F(ComputeVerb, APartReportsWhatItKnows) {
   EXPECT_EQ(report.at("pairsASecond"), 0.0);
 }
 
+TEST_F(ComputeVerb, MergeReportsAsComputeDoes) {
+  for (const std::string part : {"1", "2"})
+    ASSERT_EQ(square({"--part", part + "/2", "-o", path(part), "--title", "t", "-q"}).code, 0);
+  const Json report =
+      Json::parse(ran({"merge", path("1"), path("2"), path("a.zvm"), "--json"}).out);
+  EXPECT_EQ(report.at("schema"), "zvm.merge/1");
+  EXPECT_EQ(report.at("parts"), Json({path("1"), path("2")}));
+  EXPECT_EQ(report.at("output"), path("a.zvm"));
+  EXPECT_EQ(report.at("points").at("used"), 4);
+  EXPECT_FALSE(report.contains("seconds"));
+  // Differences 1, 3 and 4 at the sides, half of the mean of 1, 9 and 16.
+  const Json first = report.at("semivariograms").at(0).at("classes").at(0);
+  EXPECT_EQ(first.at("pairs"), 3);
+  EXPECT_DOUBLE_EQ(first.at("semivariance").get<double>(), 26.0 / 6);
+  const Ran beside = ran({"merge", path("1"), path("2"), "-"});
+  EXPECT_EQ(beside.out, contentOf(path("a.zvm")));
+  EXPECT_TRUE(beside.err.starts_with("title                    t\npoints read  ")) << beside.err;
+  EXPECT_EQ(ran({"merge", path("1"), path("2"), "-", "--json"}).code, 2);
+}
+
 /// As many files as a program may have open at once, until it goes.
 class OpenFiles {
  public:
@@ -215,6 +235,7 @@ TEST_F(ComputeVerb, RefusesWithReasonAndExitCode) {
       {{out, "--cross", "zinc:lead"}, 2, "no variable `lead` in --var; there are zinc"},
       {{out, "--name", "lead=Pb"}, 2, "no variable `lead` in --var; there are zinc"},
       {{out, "--cross", "zinc"}, 2, "--cross takes all or A:B, not `zinc`"},
+      {{out, "--name", "zinc"}, 2, "--name takes COLUMN=NAME, not `zinc`"},
       {{out, "--name", "zinc=a,b"},
        2,
        "--name zinc=a,b can't stand in a variogram file: it holds a comma"},
@@ -229,6 +250,7 @@ TEST_F(ComputeVerb, RefusesWithReasonAndExitCode) {
       {{out, "--dir", "45;10"}, 2, "the dip of direction `45;10` needs points with z"},
       {{out, "--tol", "10"}, 2, "--tol, --band and --vband take --dir"},
       {{out, "--trim", "5"}, 2, "--trim takes MIN:MAX in numbers, not `5`"},
+      {{out, "--trim", "6:5"}, 2, "--trim 6:5 keeps nothing"},
       {{out, "--trim", "5:6"},
        3,
        "stdin: no semivariogram: one point alone (5 read, 1 without coordinates, 3 without a "

@@ -47,6 +47,40 @@ TEST_F(FitVerb, FitsOneEllipseToAllDirections) {
   EXPECT_NEAR(taken.at("ellipse").at("minor1").get<double>(), 0.5, 1e-3);
 }
 
+// Ranges 400 toward the north, 200 toward the east and 100 downward.
+TEST_F(FitVerb, FitsOneEllipsoidWhereDirectionsDip) {
+  const std::vector<std::pair<double, double>> directions{{0, 0},  {45, 0}, {90, 0},  {135, 0},
+                                                          {0, 45}, {0, 90}, {90, 45}, {45, 45}};
+  std::string names, data;
+  for (const auto& [azimuth, dip] : directions) {
+    names += number(azimuth) + ';' + number(dip) + '\n';
+    const double across = std::cos(dip * std::numbers::pi / 180);
+    const double north = std::cos(azimuth * std::numbers::pi / 180) * across,
+                 east = std::sin(azimuth * std::numbers::pi / 180) * across,
+                 down = std::sin(dip * std::numbers::pi / 180);
+    const double range = 1 / std::hypot(north / 400, east / 200, down / 100);
+    for (int k = 1; k <= kClasses; ++k)
+      data += number(50.0 * k) + ' ' + number(0.1 + spherical(50.0 * k, 0.5, range)) + " 100\n";
+  }
+  const std::string file = "plain\nzevlag\n1\nzinc\n" + std::to_string(directions.size()) + "\n" +
+                           std::to_string(kClasses) + '\n' + names + "0.6\n" + data;
+  const Arguments one{"--structures", "1", "--forms", "S"};
+  const Ran run = fitted(file, one);
+  EXPECT_EQ(run.code, 0) << run.err;
+  EXPECT_NE(run.out.find("\nellipsoid: azimuth "), std::string::npos) << run.out;
+  expectSpherical(modelAt(1, 1), 0.1, 0.5, 400);
+  expectSpherical(modelAt(1, 3), 0.1, 0.5, 200);
+  expectSpherical(modelAt(1, 6), 0.1, 0.5, 100);
+  const Json report = Json::parse(fitted(file, {one[0], one[1], one[2], one[3], "--json"}).out);
+  const Json& found =
+      report.at("variables").at(0).at("fits").at(0).at("ranking").at(0).at("ellipse");
+  EXPECT_NEAR(found.at("minor1").get<double>(), 0.5, 1e-3);
+  EXPECT_NEAR(found.at("minor2").get<double>(), 0.25, 1e-3);
+  // Either end of an axis tells it.
+  for (const char* angle : {"azimuth", "dip", "rotation"})
+    EXPECT_NEAR(std::remainder(found.at(angle).get<double>(), 180), 0, 0.1) << angle;
+}
+
 TEST_F(FitVerb, FitsEachDirectionByItselfWhereThatIsAskedFor) {
   const std::string file = fileOf({{"zinc", 0.1, 0.5, 400, 0.5, 0}}, {0, 90});
   const Ran run = fitted(file, {"--structures", "1", "--free"});

@@ -42,26 +42,7 @@ LagRule::LagRule(const Plan& plan, double largest)
 }
 
 ClassRange LagRule::classesOf(double h) const {
-  switch (kind_) {
-    case Kind::uniform:
-      return uniform(h);
-    case Kind::gstat:
-      return gstat(h);
-    case Kind::centred:
-    case Kind::gamv:
-      return overlapping(h);
-  }
-  return none();
-}
-
-ClassRange LagRule::uniform(double h) const {
-  if (h <= edge_) return {kZeroClass, kZeroClass};
-  if (h > reach_) return none();
-  // The quotient is right up to its rounding, which the two comparisons make good.
-  auto k = static_cast<std::int32_t>((h - edge_) / width_);
-  while (k > 0 && h <= static_cast<double>(k) * width_ + edge_) --k;
-  while (h > static_cast<double>(k) * width_ + edge_) ++k;
-  return {std::min(k, count_ + 1), std::min(k, count_ + 1)};
+  return kind_ == Kind::gstat ? gstat(h) : overlapping(h);
 }
 
 /// sem.c: the distance in widths, and one less where that is a whole number as a double.

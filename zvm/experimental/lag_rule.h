@@ -29,13 +29,13 @@ class LagRule {
   /// and sum as a double.
   bool isUniform() const { return kind_ == Kind::uniform; }
 
+  /// Of a rule that is not uniform: what is uniform the loops over the pairs find themselves.
   ClassRange classesOf(double h) const;
 
  private:
   enum class Kind { uniform, centred, gstat, gamv };
 
   static Kind kindOf(const Plan& plan);
-  ClassRange uniform(double h) const;
   ClassRange gstat(double h) const;
   ClassRange overlapping(double h) const;
   bool isIn(std::int32_t k, double h) const;

@@ -140,6 +140,39 @@ TEST(Parts, AreRefusedWhereTheyAreCutOrNoParts) {
   EXPECT_EQ(refusal({"x,y,v\n1,2,3\n"}), "part0:1: this is no part of a computation");
 }
 
+// Lines 1 to 11 are the header: what it is, title, lags, rule, points, tasks, variables, a
+// variable, directions, a direction, part. Behind it stand a task, of which the first is 0, and its
+// sums.
+TEST(Parts, AreRefusedByTheLineThatIsNone) {
+  const Job job = prepare(scattered(20, 1, true, anywhere), planOf(0.2, 3));
+  struct Row {
+    std::size_t line;
+    const char *text, *refusal;
+  };
+  const Row rows[] = {
+      {2, "tilte t", "`title` is looked for here"},
+      {3, "lags q 3", "`q` is no number"},
+      {3, "lags 0 0", "a bad number of classes"},
+      {4, "rule 0 3", "a bad rule"},
+      {5, "points 1 2 3 4 x", "`x` is no count"},
+      {7, "variables 0", "a bad number of variables"},
+      {7, "variables 41", "a bad number of variables"},
+      {9, "directions 0", "a bad number of directions"},
+      {9, "directions 21", "a bad number of directions"},
+      {11, "part 0 1", "a bad number of the part"},
+      {11, "part 2 1", "a bad number of the part"},
+      {12, "task 7", "task 0 is looked for here"},
+      {13, "99 1 0 0", "a sum of no class"},
+  };
+  for (const auto& [number, text, why] : rows) {
+    std::istringstream part(partOf(job, 1, 1));
+    std::string changed, line;
+    for (std::size_t at = 1; std::getline(part, line); ++at)
+      changed += (at == number ? text : line) + '\n';
+    EXPECT_EQ(refusal({changed}), "part0:" + std::to_string(number) + ": " + why) << text;
+  }
+}
+
 TEST(Progress, EndsARunThatItRefuses) {
   const Job job = prepare(scattered(20'000, 1, false, anywhere), planOf(0.5, 20));
   RunOptions options;
