@@ -53,15 +53,32 @@ OGRLayerH namedLayer(GDALDatasetH set, const std::string& name) {
   throw Refusal(kData, zvm::noSuchName("layer", name, "the source", layersOf(set)));
 }
 
-GDALDatasetH opened(const std::string& source) {
-  const GDALDriverH driver = GDALIdentifyDriverEx(source.c_str(), GDAL_OF_VECTOR, nullptr, nullptr);
+/// The names of drivers as GDAL takes them, from a list with commas.
+std::vector<const char*> driversIn(std::string& list) {
+  std::vector<const char*> names;
+  for (std::size_t begin = 0; begin < list.size();) {
+    const std::size_t comma = std::min(list.find(',', begin), list.size());
+    list[comma] = '\0';
+    names.push_back(list.data() + begin);
+    begin = comma + 1;
+  }
+  names.push_back(nullptr);
+  return names;
+}
+
+GDALDatasetH opened(const Request& request) {
+  std::string list = request.drivers;
+  const std::vector<const char*> drivers = driversIn(list);
+  const char* const* const allowed = request.drivers.empty() ? nullptr : drivers.data();
+  const char* const source = request.source.c_str();
+  const GDALDriverH driver = GDALIdentifyDriverEx(source, GDAL_OF_VECTOR, allowed, nullptr);
   const std::string name = driver == nullptr ? "" : GDALGetDriverShortName(driver);
   std::vector<const char*> options;
   for (const DriverOption& one : kQuietOptions)
     if (one.driver == name) options.push_back(one.option);
   options.push_back(nullptr);
-  return GDALOpenEx(source.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR,
-                    nullptr, options.data(), nullptr);
+  return GDALOpenEx(source, GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR, allowed,
+                    options.data(), nullptr);
 }
 
 /// The first value of a query's answer; empty where there is none.
@@ -86,7 +103,7 @@ std::string quoted(const std::string& name) {
 
 Source::Source(const Request& request, Errors& errors) : errors_(errors) {
   errors_.forget();
-  set_ = opened(request.source);
+  set_ = opened(request);
   if (set_ == nullptr) throw Refusal(kFile, "cannot open the source: " + errors_.reason());
   try {
     if (driver() == kPostgres) beginReading();
