@@ -12,6 +12,9 @@ constexpr std::string_view kPrefix = "ERROR:  ";
 /// In front of a query and, in the last line, of what SQLite says of it.
 constexpr std::string_view kQueryAndReason = "In ExecuteSQL(): ";
 
+/// What is said of a file that zvm reads whatever its name.
+constexpr std::string_view kOfName = "but non conformant file extension";
+
 /// A part of the driver's own query, as PostgreSQL shows it, and what points to a place in it.
 bool isOfQuery(const std::string& line) {
   return line.starts_with("LINE ") || line.find_first_not_of(" ^\t\r") == line.npos;
@@ -49,7 +52,8 @@ Errors::~Errors() { CPLPopErrorHandler(); }
 
 void Errors::take(CPLErr kind, CPLErrorNum, const char* text) {
   auto* const self = static_cast<Errors*>(CPLGetErrorHandlerUserData());
-  if (kind == CE_Warning) self->warn_(plainMessage(text));
+  const bool isOfName = std::string_view(text).ends_with(kOfName);
+  if (kind == CE_Warning && !isOfName) self->warn_(plainMessage(text));
   if (kind >= CE_Failure && self->first_.empty()) self->first_ = plainMessage(text);
 }
 

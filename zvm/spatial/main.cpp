@@ -1,7 +1,7 @@
 // The program zvm-ogr: reads what is asked for from stdin, texts with a zero byte behind each
-// (source and what messages call it, layer, condition, query, coordinate system, columns of the
-// coordinates), and writes the features of a layer to stdout as a table. Only zvm runs it. What
-// fails is told on stderr.
+// (source, its drivers and what messages call it, layer, condition, query, coordinate system,
+// columns of the coordinates), and writes the features of a layer to stdout as a table. Only zvm
+// runs it. What fails is told on stderr.
 
 #include <cpl_conv.h>
 #include <sys/prctl.h>
@@ -33,8 +33,9 @@ constexpr const char* kReadOnly = " -c default_transaction_read_only=on";
 
 Request requestFrom(std::istream& in) {
   Request request;
-  for (std::string* text : {&request.source, &request.shown, &request.layer, &request.where,
-                            &request.sql, &request.projected, &request.x, &request.y, &request.z})
+  for (std::string* text :
+       {&request.source, &request.drivers, &request.shown, &request.layer, &request.where,
+        &request.sql, &request.projected, &request.x, &request.y, &request.z})
     if (!std::getline(in, *text, '\0')) throw Refusal(kUsage, "the request is not whole");
   return request;
 }

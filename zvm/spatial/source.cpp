@@ -104,14 +104,31 @@ GDALDatasetH openedDatabase(const std::string& source, const std::string& head) 
   return openedBy(kDrivers.data(), options, source);
 }
 
-GDALDatasetH opened(const std::string& source) {
-  if (const auto head = databaseHead(source)) return openedDatabase(source, *head);
-  const GDALDriverH driver = GDALIdentifyDriverEx(source.c_str(), GDAL_OF_VECTOR, nullptr, nullptr);
+/// The names of drivers as GDAL takes them, from a list with commas.
+std::vector<const char*> driversIn(std::string& list) {
+  std::vector<const char*> names;
+  for (std::size_t begin = 0; begin < list.size();) {
+    const std::size_t comma = std::min(list.find(',', begin), list.size());
+    list[comma] = '\0';
+    names.push_back(list.data() + begin);
+    begin = comma + 1;
+  }
+  names.push_back(nullptr);
+  return names;
+}
+
+GDALDatasetH opened(const Request& request) {
+  if (const auto head = databaseHead(request.source)) return openedDatabase(request.source, *head);
+  std::string list = request.drivers;
+  const std::vector<const char*> drivers = driversIn(list);
+  const char* const* const allowed = request.drivers.empty() ? nullptr : drivers.data();
+  const GDALDriverH driver =
+      GDALIdentifyDriverEx(request.source.c_str(), GDAL_OF_VECTOR, allowed, nullptr);
   const std::string name = driver == nullptr ? "" : GDALGetDriverShortName(driver);
   std::vector<const char*> options;
   for (const DriverOption& one : kQuietOptions)
     if (one.driver == name) options.push_back(one.option);
-  return openedBy(nullptr, options, source);
+  return openedBy(allowed, options, request.source);
 }
 
 /// The first value of a query's answer; empty where there is none.
@@ -136,7 +153,7 @@ std::string quoted(const std::string& name) {
 
 Source::Source(const Request& request, Errors& errors) : errors_(errors) {
   errors_.forget();
-  set_ = opened(request.source);
+  set_ = opened(request);
   if (set_ == nullptr)
     throw Refusal(kFile, "cannot open the source: " + withoutAdvice(errors_.reason()));
   try {

@@ -13,6 +13,7 @@ namespace zevfit::spatial {
 /// What is asked for; an empty text is none.
 struct Request {
   std::string source;     ///< a file, a folder, or a connection such as "PG:dbname=geo"
+  std::string drivers;    ///< those of GDAL that may open it, with commas; default: each
   std::string shown;      ///< what messages call it: without passwords
   std::string layer;      ///< default: the only one
   std::string where;      ///< a condition on attributes

@@ -22,11 +22,13 @@ constexpr Choice<zvm::PointFormat> kFormats[] = {{"csv", zvm::PointFormat::csv},
                                                  {"ogr", zvm::PointFormat::csv}};
 
 /// The column that an option names, or else the one of the geometry.
-std::string coordinateOf(const std::string& given, const char* option, const char* own) {
+std::string coordinateOf(const std::string& given, const char* option, const char* own,
+                         const ComputeOptions& options) {
   if (!given.empty()) return given;
-  if (own == nullptr)
-    throw Failure(Exit::usage, std::string(option) + " is required; zvm compute --help tells more");
-  return own;
+  if (own != nullptr) return own;
+  const std::string note = tableNote(options.points, options.format);
+  throw Failure(Exit::usage, std::string(option) + " is required" +
+                                 (note.empty() ? "; zvm compute --help tells more" : ": " + note));
 }
 
 /// The position of a variable by its column, its name or its number among the columns as given.
@@ -150,8 +152,8 @@ zvm::ReadOptions readOptionsOf(const ComputeOptions& options) {
   const bool hasGeometry = isSpatial(options.points, options.format, options.spatial);
   if (!hasGeometry && options.spatial.isAny())
     throw Failure(Exit::usage, "--layer, --where, --sql and --projected take a spatial source");
-  read.x = coordinateOf(options.x, "--x", hasGeometry ? kEasting : nullptr);
-  read.y = coordinateOf(options.y, "--y", hasGeometry ? kNorthing : nullptr);
+  read.x = coordinateOf(options.x, "--x", hasGeometry ? kEasting : nullptr, options);
+  read.y = coordinateOf(options.y, "--y", hasGeometry ? kNorthing : nullptr, options);
   if (!options.z.empty()) read.z = options.z;
   read.variables = splitAll(options.variables, "--var");
   read.logs = splitAll(options.logs, "--log");

@@ -21,19 +21,34 @@ namespace fs = std::filesystem;
 constexpr Module kModule{"zvm-ogr", "a spatial source"};
 constexpr const char* kFormat = "ogr";
 
-/// How files begin that are databases or shapes.
-constexpr std::array<std::string_view, 4> kBeginnings{
-    "SQLite format 3", std::string_view("\0\0\x27\x0A", 4), "fgb\x03", "!table"};
-
-/// How names end that tell a source, and how a file of that name begins that is a text; nothing
-/// where kBeginnings has it.
-struct Ending {
-  std::string_view name, text;
+/// How files begin that are databases or shapes, and the drivers of GDAL for them.
+struct Beginning {
+  std::string_view text;
+  const char* drivers;
 };
-constexpr std::array kEndings{Ending{".gpkg", ""},     Ending{".sqlite", ""}, Ending{".shp", ""},
-                              Ending{".fgb", ""},      Ending{".gdb", ""},    Ending{".tab", ""},
-                              Ending{".geojson", "{"}, Ending{".json", "{"},  Ending{".gml", "<"},
-                              Ending{".kml", "<"},     Ending{".gpx", "<"}};
+constexpr std::array kBeginnings{Beginning{"SQLite format 3", "GPKG,MBTiles,SQLite"},
+                                 Beginning{std::string_view("\0\0\x27\x0A", 4), "ESRI Shapefile"},
+                                 Beginning{"fgb\x03", "FlatGeobuf"},
+                                 Beginning{"!table", "MapInfo File"}};
+
+/// How names end that tell a source, what they tell, and how a file of that name begins that is a
+/// text; nothing where kBeginnings has it.
+struct Ending {
+  std::string_view name;
+  const char* kind;
+  std::string_view text;
+};
+constexpr std::array kEndings{Ending{".gpkg", "a GeoPackage", ""},
+                              Ending{".sqlite", "an SQLite database", ""},
+                              Ending{".shp", "a Shapefile", ""},
+                              Ending{".fgb", "a FlatGeobuf file", ""},
+                              Ending{".gdb", "a file geodatabase", ""},
+                              Ending{".tab", "a table of MapInfo", ""},
+                              Ending{".geojson", "GeoJSON", "{"},
+                              Ending{".json", "GeoJSON", "{"},
+                              Ending{".gml", "GML", "<"},
+                              Ending{".kml", "KML", "<"},
+                              Ending{".gpx", "GPX", "<"}};
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// The ending of a name that tells a source; nothing where it has none.
@@ -44,19 +59,46 @@ const Ending* endingOf(const std::string& source) {
   return found == kEndings.end() ? nullptr : found;
 }
 
-bool beginsAsOne(const std::string& source) {
+bool isFile(const std::string& source) {
+  std::error_code unknown;
+  return fs::is_regular_file(source, unknown);
+}
+
+/// The first bytes of a file in small letters; none of what is no file.
+std::string startOf(const std::string& source) {
+  if (!isFile(source)) return "";
   std::ifstream file(source, std::ios::binary);
   std::array<char, 64> bytes{};
   file.read(bytes.data(), bytes.size());
-  std::string start = lowered({bytes.data(), static_cast<std::size_t>(file.gcount())});
-  const auto begins = [&](std::string_view begin) {
-    return start.starts_with(lowered(std::string(begin)));
-  };
-  if (std::ranges::any_of(kBeginnings, begins)) return true;
+  return lowered({bytes.data(), static_cast<std::size_t>(file.gcount())});
+}
+
+/// The drivers for a file that begins so; empty where it tells none.
+std::string driversFor(const std::string& start) {
+  const auto found = std::ranges::find_if(kBeginnings, [&](const Beginning& one) {
+    return start.starts_with(lowered(std::string(one.text)));
+  });
+  return found == kBeginnings.end() ? "" : found->drivers;
+}
+
+bool beginsAsOne(const std::string& source) {
+  std::string start = startOf(source);
+  if (!driversFor(start).empty()) return true;
   if (start.starts_with(kByteOrderMark)) start.erase(0, kByteOrderMark.size());
   start.erase(0, start.find_first_not_of(" \t\r\n"));
   const Ending* const ending = endingOf(source);
-  return ending != nullptr && !ending->text.empty() && begins(ending->text);
+  return ending != nullptr && !ending->text.empty() && start.starts_with(ending->text);
+}
+
+/// A number or a word is no system in a plane, unless a file is named so.
+void refuseWord(const std::string& projected) {
+  const bool isWord = std::ranges::all_of(projected, [](char c) {
+    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+  });
+  if (projected.empty() || !isWord || isFile(projected)) return;
+  throw Failure(Exit::usage,
+                "--projected takes a projected coordinate system such as EPSG:28992, not `" +
+                    projected + "`");
 }
 
 /// The message of a fault in a row, which is a feature: the first stands in line 2.
@@ -87,8 +129,14 @@ bool isSpatial(const std::string& source, const std::string& format,
   if (source == kStandardStream) return options.isAny();
   std::error_code unknown;
   if (options.isAny() || isConnection(source) || fs::is_directory(source, unknown)) return true;
-  if (fs::is_regular_file(source, unknown)) return beginsAsOne(source);
+  if (isFile(source)) return beginsAsOne(source);
   return !fs::exists(source, unknown) && endingOf(source) != nullptr;
+}
+
+std::string tableNote(const std::string& source, const std::string& format) {
+  const Ending* const ending = format.empty() && isFile(source) ? endingOf(source) : nullptr;
+  if (ending == nullptr || beginsAsOne(source)) return "";
+  return source + " does not begin as " + ending->kind + " and is taken for a table";
 }
 
 std::string titleNameOf(const std::string& source, const SpatialOptions& options) {
@@ -101,10 +149,12 @@ zvm::PointSet spatialPoints(const std::string& source, const SpatialOptions& opt
     throw Failure(Exit::usage, "a spatial source is a file or a connection, not stdin");
   if (!options.layer.empty() && !options.sql.empty())
     throw Failure(Exit::usage, "--layer and --sql are two ways to say the same");
+  refuseWord(options.projected);
   std::string request;
   const std::string shown = shownSource(source);
-  for (const std::string& text : {source, shown, options.layer, options.where, options.sql,
-                                  options.projected, read.x, read.y, read.z.value_or("")})
+  for (const std::string& text :
+       {source, driversFor(startOf(source)), shown, options.layer, options.where, options.sql,
+        options.projected, read.x, read.y, read.z.value_or("")})
     request += text + '\0';
   ModuleRun run(kModule, {}, request);
   zvm::ReadOptions table = read;

@@ -24,6 +24,11 @@ void declareOptions(CLI::App& app, SpatialOptions& options);
 /// the name counts. `format` is that of --format, "ogr" says so itself.
 bool isSpatial(const std::string& source, const std::string& format, const SpatialOptions& options);
 
+/// Why a file whose name tells a spatial source is a table, as in "a.gpkg does not begin as a
+/// GeoPackage and is taken for a table"; empty where the name or `format` tells a table, or the
+/// file is a source.
+std::string tableNote(const std::string& source, const std::string& format);
+
 /// The columns that have the coordinates of points.
 inline constexpr const char* kEasting = "geometry.x";
 inline constexpr const char* kNorthing = "geometry.y";

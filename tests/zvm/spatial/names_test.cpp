@@ -39,6 +39,41 @@ TEST_F(Spatial, GoesByWhatAFileHoldsRatherThanByItsName) {
   EXPECT_EQ(computed({path("c.geojson")}), expected);
 }
 
+TEST_F(Spatial, OpensAFileAsWhatItBeginsAs) {
+  make("meuse.gpkg", "-f GPKG");
+  make("meuse.sqlite", "-f SQLite");
+  make("meuse.fgb", "-f FlatGeobuf -lco SPATIAL_INDEX=NO");
+  make("meuse.shp", "-f 'ESRI Shapefile'");
+  const std::string expected = ofTable();
+  for (const char* kind : {"gpkg", "sqlite", "fgb"})
+    for (const std::string ending : {".csv", ".dat", ""}) {
+      const std::string name = kind + ("_copy" + ending);
+      fs::copy(path(std::string("meuse.") + kind), path(name));
+      EXPECT_EQ(computed({path(name)}), expected) << name;
+    }
+  // A Shapefile is found by its name, as the files beside it are.
+  for (const char* name : {"shape.csv", "shape.dat"}) {
+    fs::copy(path("meuse.shp"), path(name));
+    expectRefusal({path(name), "--var", "zinc"}, 4, std::string(name) + ": cannot open the source");
+  }
+}
+
+TEST_F(Spatial, SaysThatAFileIsNotWhatItsNameTells) {
+  const auto refuse = [&](const std::string& name, const std::string& kind) {
+    putFile(path(name), "abc");
+    expectRefusal({path(name), "--var", "v"}, 2,
+                  "--x is required: " + path(name) + " does not begin as " + kind +
+                      " and is taken for a table\n");
+  };
+  refuse("bad.gpkg", "a GeoPackage");
+  refuse("bad.SHP", "a Shapefile");
+  refuse("bad.geojson", "GeoJSON");
+  putFile(path("bad.csv"), "abc");
+  const std::string plain = "--x is required; zvm compute --help tells more\n";
+  expectRefusal({path("bad.csv"), "--var", "v"}, 2, plain);
+  expectRefusal({path("bad.gpkg"), "--var", "v", "--format", "csv"}, 2, plain);
+}
+
 struct Shown {
   std::string source, shown;
 };

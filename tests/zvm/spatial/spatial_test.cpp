@@ -15,17 +15,24 @@ TEST_F(Spatial, FilesGiveTheBytesOfTheTable) {
   make("meuse.shp", "-f 'ESRI Shapefile'");
   make("meuse.geojson", "-f GeoJSON -lco RFC7946=NO -lco COORDINATE_PRECISION=3");
   make("meuse.fgb", "-f FlatGeobuf -lco SPATIAL_INDEX=NO");
-  fs::rename(path("meuse.gpkg"), path("unnamed"));
   const std::string expected = ofTable();
-  for (const char* name : {"meuse.shp", "meuse.geojson", "meuse.fgb"})
+  for (const char* name : {"meuse.gpkg", "meuse.shp", "meuse.geojson", "meuse.fgb"})
     EXPECT_EQ(computed({path(name)}), expected) << name;
-  // What OGR has to say of a source is handed on.
-  EXPECT_EQ(computed({path("unnamed")}, "zvm: warning: File " + path("unnamed") +
-                                            " has GPKG application_id, but non conformant file "
-                                            "extension\n"),
-            expected);
   // Attributes can be coordinates as well.
   EXPECT_EQ(computed({path("meuse.shp"), "--x", "x", "--y", "y"}), expected);
+}
+
+TEST_F(Spatial, HandsOnWhatOgrSaysOfASource) {
+  make("meuse.gpkg", "-f GPKG");
+  // The version of the format, in the head of the file.
+  std::string bytes = contentOf(path("meuse.gpkg"));
+  bytes.replace(60, 4, std::string("\0\x01\x86\x9F", 4));
+  putFile(path("meuse.gpkg"), bytes);
+  const Ran run = ran({"compute", path("meuse.gpkg"), path("out.zvm"), "--var", "zinc", "--lag",
+                       "100", "--lags", "2"});
+  EXPECT_EQ(run.code, 0) << run.err;
+  EXPECT_TRUE(run.err.starts_with("zvm: warning: ")) << run.err;
+  EXPECT_NE(run.err.find("99999"), run.err.npos) << run.err;
 }
 
 TEST_F(Spatial, TakesLayersConditionsAndQueries) {
@@ -91,6 +98,11 @@ TEST_F(SpatialClasses, AreThoseOfTheTableWhenReprojected) {
                 "`EPSG:4326`, which is none");
   expectRefusal({path("degrees.gpkg"), "--var", "zinc", "--projected", "EPSG:1"}, 2,
                 "not `EPSG:1`: ");
+  for (const char* word : {"28992", "foo"})
+    expectRefusal({path("degrees.gpkg"), "--var", "zinc", "--projected", word}, 2,
+                  std::string("zvm: error: --projected takes a projected coordinate system such as "
+                              "EPSG:28992, not `") +
+                      word + "`\n");
 }
 
 TEST_F(Spatial, CountsFeaturesWithoutAPlaceAndRefusesOtherShapes) {
