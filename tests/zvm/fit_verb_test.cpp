@@ -59,7 +59,7 @@ TEST_F(FitVerb, FitsEachDirectionByItselfWhereThatIsAskedFor) {
 
 TEST_F(FitVerb, SpeaksOfAnEllipsoidWhereADirectionDips) {
   std::string bytes = fileOf({{"zinc"}}, kFour);
-  bytes.replace(bytes.find("\n45;0\n"), 6, "\n0;90");
+  bytes.replace(bytes.find("\n45;0\n"), 6, "\n0;90\n");
   const Ran run = fitted(bytes);
   EXPECT_NE(run.out.find("directions  one ellipsoid\n"), std::string::npos) << run.out;
 }
