@@ -91,6 +91,13 @@ TEST_F(FitVerb, FitsEachDirectionByItselfWhereThatIsAskedFor) {
   EXPECT_NE(run.out.find("\nzinc in 90;0, 12 classes\n"), std::string::npos) << run.out;
 }
 
+TEST_F(FitVerb, SpeaksOfAnEllipsoidWhereADirectionDips) {
+  std::string bytes = fileOf({{"zinc"}}, kFour);
+  bytes.replace(bytes.find("\n45;0\n"), 6, "\n0;90\n");
+  const Ran run = fitted(bytes);
+  EXPECT_NE(run.out.find("directions  one ellipsoid\n"), std::string::npos) << run.out;
+}
+
 TEST_F(FitVerb, TellsWeightsRankingAndEllipse) {
   const Truth truth{"zinc", 0.1, 0.5, 400, 0.5, 30};
   const Ran run = fitted(fileOf({truth}, kFour), {"--weights", "npairs"});

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <utility>
 
+#include "zvm/spatial/quoted.h"
+
 namespace zevfit::spatial {
 namespace {
 
@@ -64,14 +66,15 @@ std::string withoutPasswords(std::string text, const std::string& source,
   if (source == shown) return text;
   replaceAll(text, source, shown);
   replaceAll(text, behindName(source), behindName(shown));
-  static const std::regex user("://[^@\\s]*@"),
+  static const std::regex user(R"(://[^\s"'`]*@)"), query(R"((://[^\s"'`?]*)\?[^\s"'`]*)"),
       word(R"(\b(password|passwd|pwd)\s*=\s*('(\\.|[^'\\])*'|\{[^}]*\}|"[^"]*"|[^\s;,]+))",
            std::regex::icase),
       // What libpq quotes of a connection may be the rest of a password that holds a blank.
       rest(R"re((missing "=" after|invalid connection option) "[^"]*")re");
   text = std::regex_replace(text, user, "://");
+  text = std::regex_replace(text, query, "$1");
   text = std::regex_replace(text, word, "$1=...");
-  return std::regex_replace(text, rest, "$1 a word");
+  return withoutQuoted(std::regex_replace(text, rest, "$1 a word"), source, shown);
 }
 
 }  // namespace zevfit::spatial

@@ -7,7 +7,6 @@
 #include "zvm/experimental/part_file.h"
 #include "zvm/verbs/compute_options.h"
 #include "zvm/verbs/compute_report.h"
-#include "zvm/verbs/connection.h"
 #include "zvm/verbs/output.h"
 #include "zvm/verbs/points_input.h"
 #include "zvm/verbs/progress.h"
@@ -83,8 +82,7 @@ template <class What>
 void report(const ComputeOptions& options, const std::string& output, const What& what,
             const Pace& pace, Context& context) {
   if (context.common.json) {
-    Json whole{
-        {"schema", "zvm.compute/1"}, {"file", shownSource(options.points)}, {"output", output}};
+    Json whole{{"schema", "zvm.compute/1"}, {"file", shownPoints(options)}, {"output", output}};
     whole.update(jsonOf(what, pace));
     context.print(textOf(whole));
   } else if (isStandardOutput(output)) {

@@ -20,7 +20,7 @@ std::string labelOf(const std::vector<Form>& forms, const fitting::Options& opti
 std::string directionName(const FitReport& report, std::size_t direction);
 std::string variableName(const FitReport& report, std::int64_t variable);
 
-/// The directions have one ellipse.
+/// The directions have one ellipse, or ellipsoid.
 bool isShared(const FitReport& report);
 
 /// The variables of a coregionalization and their cross variables behind them, as its models are.

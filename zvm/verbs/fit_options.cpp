@@ -68,8 +68,8 @@ void declareOptions(CLI::App& app, FitOptions& options) {
       "What a class of N pairs counts; default: npairs-over-h2, N/h^2",
       "npairs-over-h2|npairs-over-gamma2|npairs|equal");
   app.add_flag("--geometric", options.geometric,
-               "One nugget, sills and letters in all directions, ranges from one ellipse; this is "
-               "the default");
+               "One nugget, sills and letters in all directions, ranges from one ellipse or, where "
+               "a direction dips, ellipsoid; this is the default");
   app.add_flag("--free", options.free, "Each direction by itself");
   addEach("--lmc", options.lmc,
           "A linear model of coregionalization of these variables and their cross variables",

@@ -73,6 +73,16 @@ std::string ellipseText(const fitting::Anisotropy& anisotropy) {
          " and " + shortText(anisotropy.minor2) + '\n';
 }
 
+/// What all directions share; in space where one of them dips.
+std::string oneEllipse(const FitReport& report) {
+  const bool inSpace =
+      std::ranges::any_of(directionNames(report.loaded.session), [](const std::string& name) {
+        const auto direction = directionNamed(name);
+        return direction && direction->dip != 0;
+      });
+  return inSpace ? "one ellipsoid" : "one ellipse";
+}
+
 /// What became of a candidate.
 template <class Candidate>
 std::string verdictOf(const Candidate& candidate, bool isChosen) {
@@ -223,7 +233,7 @@ std::string textOf(const NotFitted& missing) {
 
 std::string textOf(const FitReport& report) {
   const fitting::Options& options = report.plan.options;
-  const std::string directions = isShared(report)                  ? "one ellipse"
+  const std::string directions = isShared(report)                  ? oneEllipse(report)
                                  : report.loaded.session.ndir == 1 ? "one"
                                                                    : "each by itself";
   std::string text =

@@ -11,6 +11,7 @@
 
 #include "files/variogram_reader.h"
 #include "zvm/checking/check_file.h"
+#include "zvm/verbs/connection.h"
 #include "zvm/verbs/text.h"
 
 namespace zevfit::verbs {
@@ -19,7 +20,8 @@ namespace {
 constexpr std::size_t kChunk = std::size_t{1} << 16;
 
 [[noreturn]] void fail(const std::string& path, int error) {
-  throw Failure(Exit::file, "cannot read " + path + ": " + std::generic_category().message(error));
+  throw Failure(Exit::file,
+                "cannot read " + shownSource(path) + ": " + std::generic_category().message(error));
 }
 
 /// An open file that is closed whatever happens.

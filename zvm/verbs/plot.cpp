@@ -86,8 +86,23 @@ class FilePages {
   std::vector<std::int64_t> variables_, directions_;
 };
 
+/// The file to draw; of points it is said how they are drawn.
+std::unique_ptr<Loaded> loadedFile(const PlotOptions& options, Context& context) {
+  const ComputeOptions& points = options.points;
+  try {
+    return loadInput(context, points.points);
+  } catch (const Failure& failure) {
+    if (!looksLikePoints(points)) throw;
+    // A place in bytes that are no text tells nothing.
+    const bool isText = !isSpatial(points.points, points.format, points.spatial);
+    throw Failure(failure.code(),
+                  (isText ? failure.what() : shownPoints(points) + " is no variogram file") +
+                      "; points take --map");
+  }
+}
+
 void addPages(const PlotOptions& options, Context& context, Pictures& pictures) {
-  const auto loaded = loadInput(context, options.points.points);
+  const auto loaded = loadedFile(options, context);
   const FilePages pages(*loaded, options);
   if (options.overlay)
     pages.addOverlays(pictures);
@@ -177,7 +192,7 @@ Exit runPlot(const PlotOptions& options, Context& context) {
     throw Failure(Exit::file, "zvm-plot has drawn other pictures than it was asked for");
   for (std::size_t i = 0; i < made.size(); ++i) context.save(files[i], std::move(made[i]));
   if (context.common.json)
-    context.print(textOf(jsonReport(shownSource(options.points.points), pictures, files)));
+    context.print(textOf(jsonReport(shownPoints(options.points), pictures, files)));
   else if (!toStdout)
     context.print(textReport(pictures, files));
   return Exit::done;

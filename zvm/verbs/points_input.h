@@ -27,6 +27,11 @@ auto guarded(Work&& work) {
 
 /// What messages call the points.
 std::string pointsName(const ComputeOptions& options);
+/// The same; stdin is "-".
+std::string shownPoints(const ComputeOptions& options);
+
+/// What is there as points is a spatial source, or begins as a table of points.
+bool looksLikePoints(const ComputeOptions& options);
 
 /// The points that the options name: of a table, of "-" that of stdin, or of a spatial source.
 /// Throws Failure and what readPoints throws.

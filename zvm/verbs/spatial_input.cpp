@@ -6,12 +6,15 @@
 #include <fstream>
 #include <string_view>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 #include "session/numbers.h"
 #include "zvm/points/data_error.h"
 #include "zvm/verbs/add_option.h"
 #include "zvm/verbs/connection.h"
 #include "zvm/verbs/module.h"
+#include "zvm/verbs/text.h"
 
 namespace zevfit::verbs {
 namespace {
@@ -101,6 +104,15 @@ void refuseWord(const std::string& projected) {
                     projected + "`");
 }
 
+/// What OGR says of a file that none of its drivers knows.
+constexpr std::string_view kUnknownToOgr = "not recognized as ";
+
+/// A file that is taken for a spatial source on account of its options alone.
+bool isByOptions(const std::string& source, const SpatialOptions& options,
+                 const zvm::ReadOptions& read) {
+  return !read.format && options.isAny() && isFile(source) && !beginsAsOne(source);
+}
+
 /// The message of a fault in a row, which is a feature: the first stands in line 2.
 std::string textOf(const zvm::DataError& error, const std::string& shown) {
   const std::string place = placeText(error.place());
@@ -123,6 +135,15 @@ void declareOptions(CLI::App& app, SpatialOptions& options) {
       "EPSG:n");
 }
 
+std::string SpatialOptions::names() const {
+  const std::array<std::pair<const std::string*, std::string>, 4> all{
+      {{&layer, "--layer"}, {&where, "--where"}, {&sql, "--sql"}, {&projected, "--projected"}}};
+  std::vector<std::string> given;
+  for (const auto& [value, name] : all)
+    if (!value->empty()) given.push_back(name);
+  return listed(given);
+}
+
 bool isSpatial(const std::string& source, const std::string& format,
                const SpatialOptions& options) {
   if (!format.empty()) return format == kFormat;
@@ -140,7 +161,13 @@ std::string tableNote(const std::string& source, const std::string& format) {
 }
 
 std::string titleNameOf(const std::string& source, const SpatialOptions& options) {
-  return isConnection(source) ? options.layer : fs::path(source).filename().string();
+  if (isConnection(source)) return options.layer;
+  std::error_code unknown;
+  if (!fs::is_directory(source, unknown))
+    return fs::path(shownSource(source, true)).filename().string();
+  // Of "." and "soil/" as well.
+  const fs::path folder = (fs::absolute(source, unknown) / "").lexically_normal();
+  return folder.parent_path().filename().string();
 }
 
 zvm::PointSet spatialPoints(const std::string& source, const SpatialOptions& options,
@@ -151,7 +178,7 @@ zvm::PointSet spatialPoints(const std::string& source, const SpatialOptions& opt
     throw Failure(Exit::usage, "--layer and --sql are two ways to say the same");
   refuseWord(options.projected);
   std::string request;
-  const std::string shown = shownSource(source);
+  const std::string shown = shownSource(source, true);
   for (const std::string& text :
        {source, driversFor(startOf(source)), shown, options.layer, options.where, options.sql,
         options.projected, read.x, read.y, read.z.value_or("")})
@@ -168,6 +195,12 @@ zvm::PointSet spatialPoints(const std::string& source, const SpatialOptions& opt
   } catch (const zvm::DataError& error) {
     throw Failure(Exit::data, textOf(error, shown));
   } catch (const Failure& failure) {
+    if (std::string_view(failure.what()).find(kUnknownToOgr) != std::string_view::npos &&
+        isByOptions(source, options, read))
+      throw Failure(Exit::usage,
+                    options.names() +
+                        (options.names().find(',') == std::string::npos ? " is" : " are") +
+                        " of spatial sources, and " + shown + " is none by its content");
     throw Failure(failure.code(), shown + ": " + failure.what());
   }
 }

@@ -15,6 +15,8 @@ struct SpatialOptions {
   bool isAny() const {
     return !layer.empty() || !where.empty() || !sql.empty() || !projected.empty();
   }
+  /// "--layer, --where", those that are there.
+  std::string names() const;
 };
 
 void declareOptions(CLI::App& app, SpatialOptions& options);
@@ -33,8 +35,8 @@ std::string tableNote(const std::string& source, const std::string& format);
 inline constexpr const char* kEasting = "geometry.x";
 inline constexpr const char* kNorthing = "geometry.y";
 
-/// What a title calls a source: a file by its name alone, a connection by its layer; empty where it
-/// has none.
+/// What a title calls a source: a file or a folder by its own name alone, a connection by its
+/// layer; empty where it has none.
 std::string titleNameOf(const std::string& source, const SpatialOptions& options);
 
 /// Reads the points of a spatial source by the program zvm-ogr. Throws Failure.
