@@ -18,12 +18,18 @@ constexpr std::array<std::string_view, 2> kSqlite{"GPKG", "SQLite"};
 /// That of OGR, in which SELECT only reads, in the place of what a driver has.
 constexpr const char* kOgrSql = "OGRSQL";
 
-/// An option of a driver that would leave a file of its own beside the source.
+/// GML would leave a file of its own beside the source. In CSV all is text unless its driver is to
+/// look for numbers, which it does in the whole file.
 struct DriverOption {
   std::string_view driver;
   const char* option;
 };
-constexpr std::array kQuietOptions{DriverOption{"GML", "WRITE_GFS=NO"}};
+constexpr const char* kCsv = "CSV";
+constexpr std::array kOptions{DriverOption{"GML", "WRITE_GFS=NO"},
+                              DriverOption{kCsv, "AUTODETECT_TYPE=YES"},
+                              DriverOption{kCsv, "AUTODETECT_SIZE_LIMIT=0"}};
+/// The texts beside the numbers, in columns that a query would take for those of the file.
+constexpr const char* kKeepTexts = "KEEP_SOURCE_COLUMNS=YES";
 
 bool isSqlite(std::string_view driver) { return std::ranges::count(kSqlite, driver) > 0; }
 
@@ -126,8 +132,9 @@ GDALDatasetH opened(const Request& request) {
       GDALIdentifyDriverEx(request.source.c_str(), GDAL_OF_VECTOR, allowed, nullptr);
   const std::string name = driver == nullptr ? "" : GDALGetDriverShortName(driver);
   std::vector<const char*> options;
-  for (const DriverOption& one : kQuietOptions)
+  for (const DriverOption& one : kOptions)
     if (one.driver == name) options.push_back(one.option);
+  if (name == kCsv && request.sql.empty()) options.push_back(kKeepTexts);
   return openedBy(allowed, options, request.source);
 }
 
@@ -154,11 +161,12 @@ std::string quoted(const std::string& name) {
 Source::Source(const Request& request, Errors& errors) : errors_(errors) {
   errors_.forget();
   set_ = opened(request);
-  if (set_ == nullptr)
-    throw Refusal(kFile, "cannot open the source: " + withoutAdvice(errors_.reason()));
+  if (set_ == nullptr) refuseOpening();
   try {
     if (driver() == kPostgres) beginReading();
     choose(request);
+    // What leads to another source opens it only now, and has no field where that fails.
+    if (OGR_FD_GetFieldCount(OGR_L_GetLayerDefn(layer_)) == 0 && errors_.isAny()) refuseOpening();
     if (!request.where.empty()) setCondition(request.where);
   } catch (const Refusal&) {
     close();
@@ -167,6 +175,12 @@ Source::Source(const Request& request, Errors& errors) : errors_(errors) {
 }
 
 Source::~Source() { close(); }
+
+void Source::refuseOpening() const {
+  throw Refusal(kFile, "cannot open the source: " + withoutAdvice(errors_.reason()));
+}
+
+bool Source::keepsTexts() const { return driver() == kCsv && !isQuery_; }
 
 void Source::close() {
   if (isQuery_) GDALDatasetReleaseResultSet(set_, layer_);
@@ -192,6 +206,7 @@ void Source::beginReading() {
 
 void Source::choose(const Request& request) {
   if (!request.sql.empty()) return chooseQuery(request.sql);
+  errors_.forget();
   layer_ = request.layer.empty() ? onlyLayer(set_) : namedLayer(set_, request.layer);
   layerText_ = std::string("layer `") + OGR_L_GetName(layer_) + '`';
 }

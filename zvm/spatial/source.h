@@ -48,12 +48,16 @@ class Source {
   OGRLayerH layer() const { return layer_; }
   /// As in "layer `soil`" or "the query".
   const std::string& layerText() const { return layerText_; }
+  /// A field that is no text has its text in the field behind it, of the same name with
+  /// "_original".
+  bool keepsTexts() const;
 
  private:
   void choose(const Request& request);
   void chooseQuery(const std::string& sql);
   void setCondition(const std::string& condition);
   void beginReading();
+  [[noreturn]] void refuseOpening() const;
   void close();
   std::string driver() const;
 

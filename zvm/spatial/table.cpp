@@ -15,6 +15,8 @@ namespace {
 
 constexpr std::size_t kFlushAt = 1 << 16;
 constexpr std::array<std::string_view, 3> kOfGeometry{"geometry.x", "geometry.y", "geometry.z"};
+/// Behind the name of a field, where a driver keeps its text.
+constexpr std::string_view kOfText = "_original";
 /// In front of the name of an attribute that is called as one of them.
 constexpr std::string_view kOfAttributes = "attribute.";
 
@@ -58,13 +60,40 @@ void appendPlace(const std::optional<Coordinates::Place>& place, std::string& li
   if (place && place->z) appendNumber(*place->z, line);
 }
 
-/// The columns: attributes, and behind them those of the geometry.
-std::vector<std::string> columnsOf(OGRFeatureDefnH definition) {
-  std::vector<std::string> names;
+std::string nameOf(OGRFeatureDefnH definition, int field) {
+  return OGR_Fld_GetNameRef(OGR_FD_GetFieldDefn(definition, field));
+}
+
+/// The field behind another has the text of it.
+bool isTextBehind(OGRFeatureDefnH definition, int field) {
+  if (field + 1 >= OGR_FD_GetFieldCount(definition)) return false;
+  return OGR_Fld_GetType(OGR_FD_GetFieldDefn(definition, field)) != OFTString &&
+         OGR_Fld_GetType(OGR_FD_GetFieldDefn(definition, field + 1)) == OFTString &&
+         nameOf(definition, field + 1) == nameOf(definition, field) + std::string(kOfText);
+}
+
+/// An attribute and the field that has what is written of it: the text where it is kept, whose
+/// digits are those of the source.
+struct Attribute {
+  std::string name;
+  int field;
+};
+
+std::vector<Attribute> attributesOf(OGRFeatureDefnH definition, bool keepsTexts) {
+  std::vector<Attribute> attributes;
   for (int i = 0; i < OGR_FD_GetFieldCount(definition); ++i) {
-    const std::string name = OGR_Fld_GetNameRef(OGR_FD_GetFieldDefn(definition, i));
-    const bool isTaken = std::ranges::count(kOfGeometry, name) > 0;
-    names.push_back((isTaken ? std::string(kOfAttributes) : "") + name);
+    attributes.push_back({nameOf(definition, i), i});
+    if (keepsTexts && isTextBehind(definition, i)) attributes.back().field = ++i;
+  }
+  return attributes;
+}
+
+/// The columns: attributes, and behind them those of the geometry.
+std::vector<std::string> columnsOf(const std::vector<Attribute>& attributes) {
+  std::vector<std::string> names;
+  for (const Attribute& one : attributes) {
+    const bool isTaken = std::ranges::count(kOfGeometry, one.name) > 0;
+    names.push_back((isTaken ? std::string(kOfAttributes) : "") + one.name);
   }
   names.insert(names.end(), kOfGeometry.begin(), kOfGeometry.end());
   return names;
@@ -86,38 +115,39 @@ using Feature = std::unique_ptr<void, void (*)(OGRFeatureH)>;
 /// in them.
 class Places {
  public:
-  Places(const Request& request, const Source& source, Errors& errors)
-      : request_(request), source_(source) {
-    const OGRFeatureDefnH definition = OGR_L_GetLayerDefn(source.layer());
-    columns_ = columnsOf(definition);
-    hasGeometry_ = OGR_FD_GetGeomFieldCount(definition) > 0;
-    isInUse_ = isOfGeometry(request.x, columns_) || isOfGeometry(request.y, columns_);
-    takesHeights_ = isOfGeometry(request.z, columns_);
-    if (isInUse_) coordinates_.emplace(source, request.projected, errors);
+  Places(const Request& request, const Source& source, const std::vector<std::string>& columns,
+         Errors& errors)
+      : request_(request), source_(source), errors_(errors) {
+    hasGeometry_ = OGR_FD_GetGeomFieldCount(OGR_L_GetLayerDefn(source.layer())) > 0;
+    isInUse_ = isOfGeometry(request.x, columns) || isOfGeometry(request.y, columns);
+    takesHeights_ = isOfGeometry(request.z, columns);
     if (!isInUse_ && !request.projected.empty())
       throw Refusal(kUsage,
                     "--projected reprojects the coordinates of geometries, and --x and --y name "
                     "attributes");
   }
 
-  const std::vector<std::string>& columns() const { return columns_; }
-
   std::optional<Coordinates::Place> placeOf(OGRFeatureH feature, long number) {
     if ((isInUse_ || takesHeights_) && !hasGeometry_)
       throw Refusal(
           kData, source_.layerText() + " has no geometry; --x and --y name columns of coordinates");
+    // The system of a layer without a feature is no reason to refuse it.
+    if (isInUse_ && !coordinates_) coordinates_.emplace(source_, request_.projected, errors_);
     const auto place = coordinates_ ? coordinates_->placeOf(feature, number) : rawPlaceOf(feature);
     places_ += place ? 1 : 0;
     heights_ += place && place->z ? 1 : 0;
     return place;
   }
 
-  /// Throws Refusal where no point can be among so many features, which are all that there are.
-  void refuseNothing(long features) const {
-    if (features == 0 && !request_.where.empty())
+  [[noreturn]] void refuseEmpty() const {
+    if (!request_.where.empty())
       throw Refusal(
           kData, "--where `" + request_.where + "` holds for no feature of " + source_.layerText());
-    if (features == 0) throw Refusal(kData, source_.layerText() + " has no feature");
+    throw Refusal(kData, source_.layerText() + " has no feature");
+  }
+
+  /// Behind the last feature: throws Refusal where none has the height that is asked for.
+  void refuseFlat() const {
     if (takesHeights_ && places_ > 0 && heights_ == 0)
       throw Refusal(kData, "the points of " + source_.layerText() +
                                " have no heights, which --z geometry.z asks for");
@@ -126,7 +156,7 @@ class Places {
  private:
   const Request& request_;
   const Source& source_;
-  std::vector<std::string> columns_;
+  Errors& errors_;
   std::optional<Coordinates> coordinates_;
   bool hasGeometry_ = false, isInUse_ = false, takesHeights_ = false;
   long places_ = 0, heights_ = 0;
@@ -146,17 +176,19 @@ std::string headerOf(const std::vector<std::string>& columns) {
 
 void writeTable(const Request& request, Errors& errors, std::ostream& out) {
   const Source source(request, errors);
-  Places places(request, source, errors);
-  const int fields = OGR_FD_GetFieldCount(OGR_L_GetLayerDefn(source.layer()));
-  std::string text = headerOf(places.columns());
+  const std::vector<Attribute> attributes =
+      attributesOf(OGR_L_GetLayerDefn(source.layer()), source.keepsTexts());
+  const std::vector<std::string> columns = columnsOf(attributes);
+  Places places(request, source, columns, errors);
+  std::string text = headerOf(columns);
   errors.forget();
   long read = 0;
   for (;;) {
     const Feature feature(OGR_L_GetNextFeature(source.layer()), OGR_F_Destroy);
     if (!feature) break;
     ++read;
-    for (int i = 0; i < fields; ++i) {
-      appendField(feature.get(), i, text);
+    for (const Attribute& one : attributes) {
+      appendField(feature.get(), one.field, text);
       text += ',';
     }
     appendPlace(places.placeOf(feature.get(), read), text);
@@ -167,8 +199,9 @@ void writeTable(const Request& request, Errors& errors, std::ostream& out) {
   }
   if (errors.isAny())
     throw Refusal(kFile, "the source can't be read to its end: " + errors.reason());
+  if (read == 0) places.refuseEmpty();
   if (!(out << text << std::flush)) throw Refusal(kFile, "nobody takes the points");
-  places.refuseNothing(read);
+  places.refuseFlat();
 }
 
 }  // namespace zevfit::spatial

@@ -92,6 +92,9 @@ TEST_F(Spatial, SaysWhyThereIsNoPoint) {
   refuse({file, "--trim", "0:1"},
          "no semivariogram: no point with coordinates and a value (155 read, 0 without "
          "coordinates, 155 without a value)");
+  // GeoJSON is in degrees where it does not say otherwise.
+  putFile(path("empty.geojson"), geoJson({}));
+  refuse({path("empty.geojson")}, "layer `empty` has no feature");
   putFile(path("a.geojson"), geoJson({{"null", "5"}, {"null", "6"}, {pointAt("3,0"), "null"}}));
   refuse({path("a.geojson"), "--projected", "EPSG:32631"},
          "no semivariogram: no point with coordinates and a value (3 read, 2 without coordinates, "
@@ -108,6 +111,73 @@ TEST_F(Spatial, SaysWhatIsWrongWithACondition) {
                 "meuse.gpkg: --sql `select zin from meuse` gives no table: no such column: zin\n");
   expectRefusal({path("meuse.shp"), "--var", "zinc", "--where", "zin > 3"}, 2,
                 "--where `zin > 3`: \"zin\" not recognised as an available field.");
+}
+
+TEST_F(Spatial, SaysWhyWhatASourceLeadsToCantBeOpened) {
+  putFile(path("p.vrt"),
+          "<OGRVRTDataSource><OGRVRTLayer name=\"m\"><SrcDataSource relativeToVRT=\"1\">none.gpkg"
+          "</SrcDataSource></OGRVRTLayer></OGRVRTDataSource>");
+  for (const std::vector<std::string>& options : {std::vector<std::string>{},
+                                                  {"--layer", "m"},
+                                                  {"--where", "zinc > 3"},
+                                                  {"--sql", "select * from m"}}) {
+    std::vector<std::string> source{path("p.vrt"), "--format", "ogr", "--var", "zinc"};
+    source.insert(source.end(), options.begin(), options.end());
+    expectRefusal(source, 4, "p.vrt: cannot open the source: ");
+    expectRefusal(source, 4, "none.gpkg");
+  }
+}
+
+/// A CSV file of points on a line, one unit apart, with these values.
+std::string tableOf(const std::vector<std::string>& values) {
+  std::string text = "v,v_original,x,y\n";
+  for (std::size_t i = 0; i < values.size(); ++i)
+    text += values[i] + ",7," + std::to_string(i) + ",0\n";
+  return text;
+}
+
+TEST_F(Spatial, ComparesNumbersOfACsvFileAsNumbers) {
+  const Ran run = ran({"compute", path("meuse.csv"), path("n.zvm"), "--x", "x", "--y", "y", "--var",
+                       "zinc", "--lag", "100", "--lags", "3", "--json", "--where", "zinc > 300"});
+  EXPECT_EQ(run.code, 0) << run.err;
+  EXPECT_EQ(run.err, "");
+  // awk -F, '$6 > 300' counts them; as texts there are 64 behind '300'.
+  EXPECT_EQ(Json::parse(run.out).at("points").at("read"), 80);
+}
+
+TEST_F(Spatial, TakesTheDigitsOfACsvFileAsTheyStand) {
+  const auto written = [&](const std::string& file, const std::vector<std::string>& more) {
+    std::vector<std::string> words{
+        "compute", path(file), path("d.zvm"), "--x",    "x", "--y",     "y", "--var",
+        "v",       "--lag",    "1",           "--lags", "2", "--title", "t", "--overwrite"};
+    words.insert(words.end(), more.begin(), more.end());
+    const Ran run = ran(words);
+    EXPECT_EQ(run.code, 0) << run.err;
+    return contentOf(path("d.zvm"));
+  };
+  const std::vector<std::vector<std::string>> columns{
+      {"1", "007", "2.50", "1e1"}, {"1", "NaN", "3", "NA"}, {"1", "", "3", "0.12345678901234567"}};
+  for (const auto& values : columns) {
+    putFile(path("d.csv"), tableOf(values));
+    EXPECT_EQ(written("d.csv", {"--format", "ogr"}), written("d.csv", {})) << values.front();
+    EXPECT_EQ(written("d.csv", {"--sql", "select * from d"}), written("d.csv", {}));
+  }
+  for (const char* number : {"1D1", "12345678901234567890"}) {
+    putFile(path("d.csv"), tableOf({number, "2", "3", "5"}));
+    EXPECT_EQ(written("d.csv", {"--format", "ogr"}), written("d.csv", {})) << number;
+  }
+  // Whole numbers up to far behind the first megabyte.
+  std::vector<std::string> late(200000, "7");
+  late.back() = "7.5";
+  putFile(path("d.csv"), tableOf(late));
+  expectRefusal({path("d.csv"), "--x", "x", "--y", "y", "--var", "v", "--where", "v = 7.5"}, 3,
+                "1 read");
+  putFile(path("day.csv"), tableOf({"2020-01-02", "2020-01-03"}));
+  expectRefusal({path("day.csv"), "--format", "ogr", "--x", "x", "--y", "y", "--var", "v"}, 3,
+                "day.csv: feature 1: `2020-01-02` is no number");
+  // What the driver puts between the columns is none of them.
+  expectRefusal({path("day.csv"), "--format", "ogr", "--x", "x", "--y", "y", "--var", "w"}, 3,
+                "there are v, x, y, v_original, geometry.x, geometry.y, geometry.z\n");
 }
 
 TEST_F(Spatial, NamesTheFileOnce) {
