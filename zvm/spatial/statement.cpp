@@ -159,7 +159,7 @@ std::optional<std::string> partRefusal(const Plain& plain, std::string_view body
                                        std::string_view text) {
   if (plain.isOpen()) return "a quote or comment has no end";
   if (plain.hasReturn()) return "a comment has a carriage return";
-  if (const auto refusal = functionRefusal(text)) return refusal;
+  if (auto refusal = functionRefusal(text)) return refusal;
   if (body.find(';') != body.npos) return "it is more than one statement";
   return bracketRefusal(body);
 }
