@@ -16,8 +16,7 @@ int main(int argc, char** argv) {
   const zevfit::EndSignals signals;
   std::jthread fonts = zevfit::readFontsEarly();
   QApplication application(argc, argv);
-  if (fonts.joinable()) fonts.join();
-  const std::jthread font = zevfit::loadFontEarly(QApplication::font());
+  const std::jthread font = zevfit::loadFontEarly(QApplication::font(), std::move(fonts));
   QApplication::setApplicationName("zevFIT");
   QApplication::setStyle(new zevfit::HouseStyle);
   QLocale::setDefault(QLocale::c());

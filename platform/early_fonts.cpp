@@ -4,6 +4,7 @@
 
 #include <QFontMetrics>
 #include <system_error>
+#include <utility>
 
 namespace zevfit {
 
@@ -11,7 +12,7 @@ namespace {
 
 std::jthread started(auto work) {
   try {
-    return std::jthread(work);
+    return std::jthread(std::move(work));
   } catch (const std::system_error&) {
     return {};
   }
@@ -27,9 +28,10 @@ std::jthread readFontsEarly() {
   });
 }
 
-std::jthread loadFontEarly(const QFont& font) {
+std::jthread loadFontEarly(const QFont& font, std::jthread configuration) {
   // Its own copy: fonts that share their data share what they have loaded, too.
-  return started([description = font.toString()] {
+  return started([description = font.toString(), before = std::move(configuration)]() mutable {
+    if (before.joinable()) before.join();
     QFont own{QString()};
     own.fromString(description);
     QFontMetrics(own).horizontalAdvance("zevFIT");

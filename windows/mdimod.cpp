@@ -62,14 +62,22 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
       folder_(std::move(folder)),
       saver_(folder_),
       unsaved_(folder_, settleAsShown),
-      area_(new PlotArea) {
+      manual_(dialogs, faults_) {
   setObjectName("mdimod");
   setWindowTitle("zevFIT");
   resize(kStartSize);
-  // At a start the fonts are being read meanwhile: what needs none comes first.
-  create();
+  // A window that is closed at once writes them.
+  if (const auto path = loadParameters(folder_, session_.style)) dialogs_.holdFile(*path);
+}
+
+void mdimod::furnish() {
+  guarded(faults_, [this] { makeContent(); });
+}
+
+void mdimod::makeContent() {
   panel_ = new FitPanelWidgets;
   foot_ = new Foot;
+  area_ = new PlotArea;
   area_->setObjectName("Area");
 
   auto* scroller = new QScrollArea;
@@ -108,16 +116,18 @@ mdimod::mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogon
     dialogs_.holdFile(path);
     load(path);
   });
-  if (const auto path = loadParameters(folder_, session_.style)) dialogs_.holdFile(*path);
   tellOfRescue();
+  // As in a window that becomes the active one with its controls; they come up in the next turn.
+  const auto giveFocus = [this] {
+    if (isActiveWindow() && !focusWidget()) focusNextChild();
+  };
+  QMetaObject::invokeMethod(this, giveFocus, Qt::QueuedConnection);
 }
 
 mdimod::~mdimod() {
   // The controls go before what their handlers work on.
   delete takeCentralWidget();
 }
-
-Manual& mdimod::manual() { return tools_->manual(); }
 
 frmzevfit& mdimod::structure() {
   if (!structure_)

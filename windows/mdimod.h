@@ -19,6 +19,7 @@
 #include "windows/boundary.h"
 #include "windows/chosen_wheel.h"
 #include "windows/frmzevfit.h"
+#include "windows/manual.h"
 #include "windows/plot_window_table.h"
 
 class QAction;
@@ -36,7 +37,6 @@ class cutgraph;
 class Formfont;
 class formabout;
 class legenda;
-class Manual;
 class modfinal;
 class printcolection;
 class testcruz;
@@ -46,10 +46,15 @@ class ToolsMenu;
 /// to each other.
 class mdimod : public QMainWindow, public Plotter, public Hints, public StructureHost {
  public:
-  /// `folder`: the program's own, for its files.
+  /// The window and nothing in it: what it shows is text for the most part, and a start shows the
+  /// window before it has read the fonts. `folder`: the program's own, for its files.
   mdimod(Dialogs& dialogs, Printer& printer, const Orthogonality& orthogonality,
          std::filesystem::path folder);
   ~mdimod() override;
+
+  /// Puts the panel, the area of the plots, the menus and the foot into the window; to be called
+  /// once.
+  void furnish();
 
   Session& session() { return session_; }
   /// Gives the program and its buttons their icons, which are blank until then: the first picture
@@ -58,7 +63,7 @@ class mdimod : public QMainWindow, public Plotter, public Hints, public Structur
   /// Shows the about window over the main window, as a start does.
   void showAbout();
   /// The manual, which needs something to open it with.
-  Manual& manual();
+  Manual& manual() { return manual_; }
   /// Keeps the models and ends the program, without a question, by a signal that asked for it.
   void endBySignal(int signal);
 
@@ -93,6 +98,8 @@ class mdimod : public QMainWindow, public Plotter, public Hints, public Structur
   };
   static const std::vector<Command>& toolbarCommands();
 
+  /// All that `furnish` puts into the window.
+  void makeContent();
   void makeMenus();
   void makeToolbar();
   /// Keys of a window of the program that do something with the plots.
@@ -165,11 +172,12 @@ class mdimod : public QMainWindow, public Plotter, public Hints, public Structur
   ModelSaver saver_;
   Unsaved unsaved_;
   FileModels fileModels_;
-  PlotArea* area_;
+  Manual manual_;
+  PlotArea* area_ = nullptr;
   FitPanelWidgets* panel_ = nullptr;
   Foot* foot_ = nullptr;
   bool footDue_ = false;  ///< it is about to be brought up to date
-  QToolBar* Toolbar1;
+  QToolBar* Toolbar1 = nullptr;
   std::unique_ptr<PlotWindowTable> windows_;
   std::unique_ptr<Fit> fit_;
   std::unique_ptr<frmzevfit> structure_;

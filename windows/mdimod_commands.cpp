@@ -107,7 +107,7 @@ void mdimod::makeShortcuts(QWidget& window) {
 }
 
 void mdimod::makeTools() {
-  tools_ = std::make_unique<ToolsMenu>(*this, *area_, *fit_, dialogs_, faults_);
+  tools_ = std::make_unique<ToolsMenu>(*this, *area_, *fit_, dialogs_, manual_, faults_);
   tools_->plotGone = [this] { renewFoot(); };
   for (const char* list : {"Combo2", "Combodirvar"})
     connect(panel_->findChild<QComboBox*>(list), &QComboBox::currentIndexChanged, tools_.get(),

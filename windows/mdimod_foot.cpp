@@ -44,7 +44,7 @@ void mdimod::renewFoot() {
 
 // The toolkit's own way would hide the rest of the foot.
 bool mdimod::event(QEvent* event) {
-  if (event->type() != QEvent::StatusTip) return QMainWindow::event(event);
+  if (event->type() != QEvent::StatusTip || !foot_) return QMainWindow::event(event);
   foot_->showTip(static_cast<QStatusTipEvent*>(event)->tip());
   return true;
 }

@@ -12,6 +12,7 @@
 #include "windows/foot.h"
 #include "windows/formod.h"
 #include "windows/keys_window.h"
+#include "windows/manual.h"
 #include "windows/program_keys.h"
 #include "windows/save_picture.h"
 
@@ -34,13 +35,13 @@ const std::vector<ToolsMenu::Tool>& ToolsMenu::tools() {
 }
 
 ToolsMenu::ToolsMenu(QMainWindow& window, QMdiArea& area, Fit& fit, Dialogs& dialogs,
-                     const FaultReport& faults)
+                     Manual& manual, const FaultReport& faults)
     : window_(window),
       area_(area),
       fit_(fit),
       dialogs_(dialogs),
+      manual_(manual),
       faults_(faults),
-      manual_(dialogs, faults),
       start_(
           fit,
           [this] {

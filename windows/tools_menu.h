@@ -9,7 +9,6 @@
 #include "model/fit.h"
 #include "session/dialogs.h"
 #include "windows/boundary.h"
-#include "windows/manual.h"
 #include "windows/start_model.h"
 
 class QAction;
@@ -22,12 +21,13 @@ namespace zevfit {
 class AllDirections;
 class Formod;
 class KeysWindow;
+class Manual;
 
 /// The menu Tools of the main window with the windows that it opens. An entry is enabled when it
 /// can do something.
 class ToolsMenu : public QObject {
  public:
-  ToolsMenu(QMainWindow& window, QMdiArea& area, Fit& fit, Dialogs& dialogs,
+  ToolsMenu(QMainWindow& window, QMdiArea& area, Fit& fit, Dialogs& dialogs, Manual& manual,
             const FaultReport& faults);
   ~ToolsMenu() override;
 
@@ -35,7 +35,6 @@ class ToolsMenu : public QObject {
   void follow();
   /// The tables hold another file.
   void takeFile() { start_.forget(); }
-  Manual& manual() { return manual_; }
 
   /// Called behind the end of a plot, of which the area does not tell where it is the last one.
   std::function<void()> plotGone;
@@ -71,8 +70,8 @@ class ToolsMenu : public QObject {
   QMdiArea& area_;
   Fit& fit_;
   Dialogs& dialogs_;
+  Manual& manual_;
   const FaultReport& faults_;
-  Manual manual_;
   StartModel start_;
   std::vector<std::pair<QAction*, const Tool*>> entries_;
   AllDirections* directions_ = nullptr;

@@ -6,7 +6,7 @@
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QMainWindow window;
-  const FirstPaint end(window);
+  const FirstPaint end;
   window.resize(1240, 760);
   window.show();
   return QApplication::exec();

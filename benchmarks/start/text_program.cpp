@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
   QMainWindow window;
   window.menuBar()->addMenu("File");
   window.setCentralWidget(new QLabel("Ready"));
-  const FirstPaint end(window);
+  const FirstPaint end;
   window.resize(1240, 760);
   window.show();
   return QApplication::exec();

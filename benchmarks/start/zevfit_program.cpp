@@ -1,4 +1,5 @@
-// The program as its own main makes it, ending once its main window is painted.
+// The program as its own main makes it, ending once its main window is painted; called with the name
+// of a control, once that one is.
 #include <QScreen>
 
 #include "benchmarks/start/first_paint.h"
@@ -13,8 +14,7 @@
 int main(int argc, char** argv) {
   std::jthread fonts = zevfit::readFontsEarly();
   QApplication application(argc, argv);
-  if (fonts.joinable()) fonts.join();
-  const std::jthread font = zevfit::loadFontEarly(QApplication::font());
+  const std::jthread font = zevfit::loadFontEarly(QApplication::font(), std::move(fonts));
   QApplication::setApplicationName("zevFIT");
   QApplication::setStyle(new zevfit::HouseStyle);
   QLocale::setDefault(QLocale::c());
@@ -24,7 +24,7 @@ int main(int argc, char** argv) {
   zevfit::mdimod window(dialogs, printer, angleTest, zevfit::programFolder());
   window.resize(window.size().boundedTo(window.screen()->availableSize() - QSize(16, 48)));
   const zevfit::Greeting greeting(window);
-  const FirstPaint end(window);
+  const FirstPaint end(argc > 1 ? argv[1] : "");
   window.show();
   return QApplication::exec();
 }

@@ -29,6 +29,7 @@ class Program {
   /// Prints on `printer` or, without one, on a printer in memory.
   explicit Program(const std::filesystem::path& folder, Printer* printer = nullptr)
       : folder_(folder), window_(dialogs_, printer ? *printer : printer_, angleTest_, folder) {
+    window_.furnish();
     window_.loadIcons();
     window_.show();
     QApplication::processEvents();

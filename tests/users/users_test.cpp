@@ -52,6 +52,7 @@ bool isFatal(const std::string& fault) {
 struct OneRun {
   explicit OneRun(UsersDesk& desk)
       : dialogs(desk), window(dialogs, printer, angles, desk.programFolder()) {
+    window.furnish();
     window.loadIcons();
     window.show();
     window.showAbout();

@@ -14,8 +14,7 @@ TEST(EarlyFonts, AreTheSameAsWithout) {
   const QFont font = QApplication::font();
   const int width = QFontMetrics(font).horizontalAdvance("Nugget Effect");
   const QStringList families = QFontDatabase::families();
-  readFontsEarly().join();
-  loadFontEarly(font).join();
+  loadFontEarly(font, readFontsEarly()).join();
   EXPECT_EQ(QFontMetrics(font).horizontalAdvance("Nugget Effect"), width);
   EXPECT_EQ(QFontDatabase::families(), families);
 }
@@ -26,7 +25,7 @@ TEST(EarlyFonts, MayBeUsedWhileTheyAreBeingRead) {
   for (int size = 30; size < 60; ++size) {
     QFont other = font;
     other.setPointSize(size);
-    const std::jthread reading = loadFontEarly(other);
+    const std::jthread reading = loadFontEarly(other, {});
     EXPECT_GT(QFontMetrics(other).height(), known.height()) << size;
   }
 }

@@ -6,6 +6,9 @@
 #include <QLabel>
 #include <QMdiArea>
 #include <QRadioButton>
+#include <QStatusTipEvent>
+#include <QTest>
+#include <QTimer>
 
 #include "tests/support/program.h"
 #include "tests/support/temporary_folder.h"
@@ -26,23 +29,97 @@ class Start : public testing::Test, protected TemporaryFolder {
   }
 };
 
-TEST_F(Start, GreetsOverTheMainWindow) {
+/// The program as its main makes it, for a test to show.
+struct Started {
+  explicit Started(const std::filesystem::path& folder)
+      : window(dialogs, printer, angleTest, folder) {}
+  QWidget* find(const char* name) { return window.findChild<QWidget*>(name); }
+  /// Whether that control comes up within a second.
+  bool comesUp(const char* name) {
+    return QTest::qWaitFor([&] { return find(name) && find(name)->isVisible(); }, 1000);
+  }
+
   ScriptedDialogs dialogs;
   RecordingPrinter printer;
-  const AngleTest angleTest;
-  mdimod window(dialogs, printer, angleTest, folder());
-  const Greeting greeting(window);
-  window.show();
-  for (int i = 0; i < 5; ++i) QApplication::processEvents();
-  auto* about = window.findChild<QWidget*>("formabout");
-  ASSERT_NE(about, nullptr);
-  EXPECT_TRUE(about->isVisible());
+  AngleTest angleTest;
+  mdimod window;
+  Greeting greeting{window};
+};
+
+/// Notes each painting of these widgets, in order.
+class Paints : public QObject {
+ public:
+  explicit Paints(QStringList names) : names_(std::move(names)) { qApp->installEventFilter(this); }
+  QStringList painted;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint && names_.contains(watched->objectName()))
+      painted += watched->objectName();
+    return false;
+  }
+
+ private:
+  QStringList names_;
+};
+
+TEST_F(Start, GreetsOverTheMainWindow) {
+  Started started(folder());
+  started.window.show();
+  ASSERT_TRUE(started.comesUp("formabout"));
+  const QWidget* about = started.find("formabout");
   EXPECT_FALSE(about->isModal());
-  const QRect main(window.mapToGlobal(QPoint()), window.size());
+  const QRect main(started.window.mapToGlobal(QPoint()), started.window.size());
   EXPECT_NEAR(about->geometry().center().x(), main.center().x(), 1);
   EXPECT_EQ(about->y(), main.y() + 40) << "600 twips";
-  EXPECT_FALSE(window.findChild<QAction*>("k1")->icon().isNull());
-  EXPECT_TRUE(dialogs.shown.empty());
+  EXPECT_FALSE(started.window.findChild<QAction*>("k1")->icon().isNull());
+  EXPECT_TRUE(started.dialogs.shown.empty());
+}
+
+TEST_F(Start, ShowsTheWindowFirstThenWhatIsInItThenTheGreeting) {
+  Started started(folder());
+  const Paints paints({"mdimod", "Picture1", "Toolbar1", "Foot"});
+  started.window.show();
+  EXPECT_EQ(started.find("Picture1"), nullptr);
+  ASSERT_TRUE(started.comesUp("formabout"));
+  const QStringList both{"mdimod", "mdimod"};
+  EXPECT_EQ(paints.painted.mid(0, 2), both) << "the second time with all that is in it:";
+  for (const char* name : {"Picture1", "Toolbar1", "Foot"})
+    EXPECT_TRUE(paints.painted.mid(2, 3).contains(name)) << name;
+}
+
+TEST_F(Start, TheFirstButtonHasTheFocus) {
+  Started started(folder());
+  started.window.show();
+  ASSERT_TRUE(started.comesUp("formabout"));
+  ASSERT_NE(started.window.focusWidget(), nullptr);
+  EXPECT_EQ(started.window.focusWidget()->accessibleName(), "Open Data File (*.ZVM)");
+}
+
+TEST_F(Start, FurnishesAWindowThatTheDesktopDoesNotShow) {
+  Started started(folder());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return started.find("Picture1") != nullptr; }, 1000));
+  EXPECT_EQ(started.find("formabout"), nullptr) << "which has its place over a window on show";
+  started.window.show();
+  EXPECT_TRUE(started.comesUp("Command5"));
+  EXPECT_TRUE(started.comesUp("formabout"));
+}
+
+TEST_F(Start, AWindowThatIsClosedAtOnceKeepsTheParameters) {
+  writeParameters("/data/a.zvm", " 255 ");
+  const std::string before = contentOf(folder() + "/zevfit.ini");
+  Started started(folder());
+  started.dialogs.answers = {Answer::yes};
+  EXPECT_EQ(started.dialogs.held, "/data/a.zvm");
+  started.window.show();
+  QStatusTipEvent tip("a tip");
+  QApplication::sendEvent(&started.window, &tip);
+  EXPECT_TRUE(started.window.close());
+  EXPECT_EQ(started.find("Picture1"), nullptr);
+  EXPECT_EQ(contentOf(folder() + "/zevfit.ini"), before);
+  // The end that it asked for is not to meet the next loop of events.
+  QTimer::singleShot(0, [] { QApplication::exit(0); });
+  QApplication::exec();
 }
 
 TEST_F(Start, TheGridTakesItsColourBeforeTheFileIsRead) {
