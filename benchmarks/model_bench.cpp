@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "benchmarks/rounds.h"
 #include "model/model_curve.h"
 #include "model/nested_model.h"
 #include "session/line.h"
@@ -18,6 +19,7 @@ namespace {
 
 constexpr double kEnd = 2000, kNugget = 0.2, kSill = 0.3;
 constexpr int kSamples = 100;
+constexpr int kAtOnce = 100, kRound = 200;
 
 /// Letters for structures 1 to 3.
 constexpr std::string_view kChoices[] = {"ESG", "ESP", "EGP", "SGP"};
@@ -69,17 +71,34 @@ struct Transcendentals {
   }
 };
 
+/// Both in turn and by the hundred, so that what else the machine does is the same for them.
 void sampled(benchmark::State& state) {
   const std::string_view letters = kChoices[state.range(0)];
   state.SetLabel(std::string(letters));
   FullModel model(letters);
+  std::vector<Transcendentals> all;
+  for (const char letter : letters) all.push_back({letter, arguments(letter)});
+  bench::Rounds whole(kRound), alone(kRound);
   for (auto _ : state) {
-    model.sample();
-    benchmark::DoNotOptimize(model.session.curvegam);
-    benchmark::ClobberMemory();
+    whole.time([&] {
+      for (int i = 0; i < kAtOnce; ++i) {
+        model.sample();
+        benchmark::DoNotOptimize(model.session.curvegam);
+        benchmark::ClobberMemory();
+      }
+    });
+    alone.time([&] {
+      for (int i = 0; i < kAtOnce; ++i)
+        for (const Transcendentals& one : all) {
+          benchmark::DoNotOptimize(one.of.data());
+          benchmark::DoNotOptimize(one.sum());
+        }
+    });
   }
+  state.counters["quietest_us"] = whole.quietest(0.5) / kAtOnce;
+  state.counters["alone_us"] = alone.quietest(0.5) / kAtOnce;
 }
-BENCHMARK(sampled)->DenseRange(0, 3);
+BENCHMARK(sampled)->Unit(benchmark::kMicrosecond)->Iterations(20 * kRound)->DenseRange(0, 3);
 
 /// The same values of the pure model, without tables and panel.
 void evaluated(benchmark::State& state) {
@@ -92,19 +111,6 @@ void evaluated(benchmark::State& state) {
       benchmark::DoNotOptimize(semivariance(model, kEnd / kSamples * i));
 }
 BENCHMARK(evaluated)->DenseRange(0, 3);
-
-void transcendentalsAlone(benchmark::State& state) {
-  const std::string_view letters = kChoices[state.range(0)];
-  state.SetLabel(std::string(letters));
-  std::vector<Transcendentals> all;
-  for (const char letter : letters) all.push_back({letter, arguments(letter)});
-  for (auto _ : state)
-    for (const Transcendentals& one : all) {
-      benchmark::DoNotOptimize(one.of.data());
-      benchmark::DoNotOptimize(one.sum());
-    }
-}
-BENCHMARK(transcendentalsAlone)->DenseRange(0, 3);
 
 }  // namespace
 }  // namespace zevfit

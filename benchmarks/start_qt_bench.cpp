@@ -45,7 +45,7 @@ void BM_Start(benchmark::State& state) {
       }
   for (const Started& started : all) state.counters[started.counter] = started.best;
 }
-BENCHMARK(BM_Start)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(30);
+BENCHMARK(BM_Start)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(100);
 
 }  // namespace
 
