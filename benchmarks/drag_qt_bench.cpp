@@ -1,6 +1,6 @@
 // From a mouse move in the drag of a handle to the painted plot, with all that runs in between,
-// beside QCustomPlot's replot of the same content. In the quietest of ten rounds the median is to be
-// at most 250 us and 99 of 100 moves at most 350 us; the drawing within it at most 0.6 of the
+// beside QCustomPlot's replot of the same content. In the quietest of ten rounds the median is to
+// be at most 250 us and 99 of 100 moves at most 350 us; the drawing within it at most 0.6 of the
 // replot.
 
 #include "benchmarks/sample_plot.h"

@@ -5,11 +5,13 @@
 #include <QWidget>
 #include <cstdlib>
 
-/// Ends the program once a widget has been painted for the first time, with what is painted together
-/// with it: that of the name, or without one the first window.
+/// Ends the program once a widget has been painted for the first time, with what is painted
+/// together with it: that of the name, or without one the first window.
 class FirstPaint : public QObject {
  public:
-  explicit FirstPaint(QString name = {}) : name_(std::move(name)) { qApp->installEventFilter(this); }
+  explicit FirstPaint(QString name = {}) : name_(std::move(name)) {
+    qApp->installEventFilter(this);
+  }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {

@@ -1,5 +1,5 @@
-// The program as its own main makes it, ending once its main window is painted; called with the name
-// of a control, once that one is.
+// The program as its own main makes it, ending once its main window is painted; called with the
+// name of a control, once that one is.
 #include <QScreen>
 
 #include "benchmarks/start/first_paint.h"
