@@ -55,6 +55,8 @@ class Greeting : public QObject {
   void greet() {
     window_.loadIcons();
     window_.showAbout();
+    // What the user has asked for meanwhile is not to be hidden.
+    if (QWidget* asked = QApplication::activeModalWidget()) asked->raise();
   }
 
   mdimod& window_;

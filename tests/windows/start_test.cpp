@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QMdiArea>
 #include <QPaintEvent>
@@ -127,6 +128,29 @@ TEST_F(Start, AKeyFindsItsCommandWhileTheWindowIsBlank) {
   const std::vector<std::string> asked{"open: Input Data File (*.ZVM)|*.ZVM"};
   EXPECT_EQ(started.dialogs.shown, asked);
   EXPECT_TRUE(started.comesUp("formabout"));
+}
+
+/// A dialog that notes the about window that is there when it is raised.
+class RaisedDialog : public QDialog {
+ public:
+  explicit RaisedDialog(QWidget* over) : QDialog(over) { setModal(true); }
+  QWidget* behind = nullptr;
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() == QEvent::ZOrderChange)
+      behind = parentWidget()->findChild<QWidget*>("formabout");
+    return QDialog::event(event);
+  }
+};
+
+TEST_F(Start, GreetsBehindADialogThatIsOpen) {
+  Started started(folder());
+  started.window.show();
+  RaisedDialog dialog(&started.window);
+  dialog.show();
+  ASSERT_TRUE(started.comesUp("formabout"));
+  EXPECT_EQ(dialog.behind, started.find("formabout"));
 }
 
 TEST_F(Start, FurnishesAWindowThatTheDesktopDoesNotShow) {
