@@ -18,11 +18,15 @@ namespace zevfit {
 /// finds all that is in the window.
 class Greeting : public QObject {
  public:
-  explicit Greeting(mdimod& window) : window_(window) {
+  /// The window is furnished after so long in any case.
+  static constexpr std::chrono::milliseconds kLongestBlank{50};
+
+  explicit Greeting(mdimod& window, std::chrono::milliseconds longestBlank = kLongestBlank)
+      : window_(window) {
     // A key comes to the window of the window system before the program looks for its command.
     qApp->installEventFilter(this);
     // Until a desktop shows a window, and it may never do, the time is of use.
-    QTimer::singleShot(kLongestBlank, this, &Greeting::furnish);
+    QTimer::singleShot(longestBlank, this, &Greeting::furnish);
   }
 
  protected:
@@ -33,8 +37,6 @@ class Greeting : public QObject {
   }
 
  private:
-  static constexpr std::chrono::milliseconds kLongestBlank{50};
-
   void painted() {
     if (furnished_) qApp->removeEventFilter(this);
     QMetaObject::invokeMethod(this, furnished_ ? &Greeting::greet : &Greeting::furnish,
