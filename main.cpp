@@ -29,7 +29,7 @@ int main(int argc, char** argv) {
   const auto delivery = signals.deliverTo([&window](int signal) { window.endBySignal(signal); });
   // A small screen shows the whole window with the frame that a desktop puts around it.
   window.resize(window.size().boundedTo(window.screen()->availableSize() - QSize(16, 48)));
-  const zevfit::Greeting greeting(window);
+  zevfit::Greeting greeting(window);
   window.show();
   return QApplication::exec();
 }

@@ -23,7 +23,7 @@ int main(int argc, char** argv) {
   const zevfit::AngleTest angleTest;
   zevfit::mdimod window(dialogs, printer, angleTest, zevfit::programFolder());
   window.resize(window.size().boundedTo(window.screen()->availableSize() - QSize(16, 48)));
-  const zevfit::Greeting greeting(window);
+  zevfit::Greeting greeting(window);
   const FirstPaint end(argc > 1 ? argv[1] : "");
   window.show();
   return QApplication::exec();

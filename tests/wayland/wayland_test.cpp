@@ -81,7 +81,7 @@ TEST(Wayland, StartsOpensAFilePlotsItAndEnds) {
   QtPrinter printer;
   const AngleTest angleTest;
   mdimod window(dialogs, printer, angleTest, folder.path());
-  const Greeting greeting(window);
+  Greeting greeting(window);
   window.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&window, kWait));
   ASSERT_TRUE(QTest::qWaitFor([&] { return window.findChild<QWidget*>("formabout"); }, kWait));

@@ -5,11 +5,13 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QMdiArea>
+#include <QPaintEvent>
 #include <QRadioButton>
 #include <QStatusTipEvent>
 #include <QStyle>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 #include <fstream>
 
 #include "platform/house_style.h"
@@ -124,6 +126,37 @@ TEST_F(Start, TheFirstButtonHasTheFocus) {
   ASSERT_TRUE(started.comesUp("formabout"));
   ASSERT_NE(started.window.focusWidget(), nullptr);
   EXPECT_EQ(started.window.focusWidget()->accessibleName(), "Open Data File (*.ZVM)");
+}
+
+/// Lets nothing pass: a painting that is only told of paints nothing.
+class Deaf : public QObject {
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* /*event*/) override { return true; }
+};
+
+TEST_F(Start, WhatIsInTheWindowComesUpInOneStep) {
+  Started started(folder());
+  started.window.show();
+  Deaf deaf;
+  started.window.installEventFilter(&deaf);
+  QPaintEvent blank(started.window.rect());
+  QApplication::sendEvent(&started.window, &blank);
+  started.window.removeEventFilter(&deaf);
+  QCoreApplication::sendPostedEvents(&started.greeting, QEvent::MetaCall);
+  ASSERT_NE(started.find("Picture1"), nullptr);
+  // Another picture now would be one of all.
+  EXPECT_TRUE(started.find("Picture1")->isVisible());
+  EXPECT_EQ(started.find("Foot")->width(), started.window.width());
+}
+
+TEST_F(Start, AKeyFindsItsCommandWhileTheWindowIsBlank) {
+  Started started(folder());
+  started.window.show();
+  ASSERT_EQ(started.find("Picture1"), nullptr);
+  QTest::keyClick(started.window.windowHandle(), Qt::Key_O, Qt::ControlModifier);
+  const std::vector<std::string> asked{"open: Input Data File (*.ZVM)|*.ZVM"};
+  EXPECT_EQ(started.dialogs.shown, asked);
+  EXPECT_TRUE(started.comesUp("formabout"));
 }
 
 TEST_F(Start, FurnishesAWindowThatTheDesktopDoesNotShow) {
