@@ -9,11 +9,14 @@
 #include <QPaintEvent>
 #include <QRadioButton>
 #include <QStatusTipEvent>
+#include <QStyle>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
 #include <chrono>
+#include <fstream>
 
+#include "platform/house_style.h"
 #include "tests/support/program.h"
 #include "tests/support/temporary_folder.h"
 #include "windows/formod.h"
@@ -56,11 +59,13 @@ class Paints : public QObject {
  public:
   explicit Paints(QStringList names) : names_(std::move(names)) { qApp->installEventFilter(this); }
   QStringList painted;
+  std::function<void()> first = [] {};  ///< run at the first one
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::Paint && names_.contains(watched->objectName()))
-      painted += watched->objectName();
+    if (event->type() != QEvent::Paint || !names_.contains(watched->objectName())) return false;
+    painted += watched->objectName();
+    if (painted.size() == 1) first();
     return false;
   }
 
@@ -92,6 +97,31 @@ TEST_F(Start, ShowsTheWindowFirstThenWhatIsInItThenTheGreeting) {
   EXPECT_EQ(paints.painted.mid(0, 2), both) << "the second time with all that is in it:";
   for (const char* name : {"Picture1", "Toolbar1", "Foot"})
     EXPECT_TRUE(paints.painted.mid(2, 3).contains(name)) << name;
+}
+
+/// The libraries of this process that read pictures.
+int readersOfPictures() {
+  std::ifstream maps("/proc/self/maps");
+  int count = 0;
+  for (std::string line; std::getline(maps, line);)
+    for (const char* plugins : {"/imageformats/", "/iconengines/"})
+      if (line.find(plugins) != std::string::npos) ++count;
+  return count;
+}
+
+TEST_F(Start, ReadsNoPictureBeforeTheWindowIsThere) {
+  const QString style = QApplication::style()->name();
+  QApplication::setStyle(new HouseStyle);
+  const int before = readersOfPictures();
+  int whenPainted = 0;
+  Started started(folder());
+  Paints paints({"Picture1"});
+  paints.first = [&] { whenPainted = readersOfPictures(); };
+  started.window.show();
+  ASSERT_TRUE(started.comesUp("formabout"));
+  EXPECT_EQ(whenPainted, before);
+  EXPECT_TRUE(QTest::qWaitFor([] { return readersOfPictures() > 0; }, 1000)) << "of the icons";
+  QApplication::setStyle(style);
 }
 
 TEST_F(Start, TheFirstButtonHasTheFocus) {

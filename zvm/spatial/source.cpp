@@ -60,7 +60,7 @@ OGRLayerH namedLayer(GDALDatasetH set, const std::string& name) {
   throw Refusal(kData, zvm::noSuchName("layer", name, "the source", layersOf(set)));
 }
 
-/// Of an SQLite file what it begins with, as long as `head`; nothing of any other.
+/// The first twenty bytes of an SQLite file, two of which tell of its log; nothing of any other.
 std::optional<std::string> databaseHead(const std::string& file) {
   constexpr std::string_view kBegin("SQLite format 3\0", 16);
   std::string head(20, ' ');
@@ -72,7 +72,7 @@ std::optional<std::string> databaseHead(const std::string& file) {
   return head;
 }
 
-/// Which two of these bytes tell: it is written by a log beside it.
+/// Whether it is written by a log beside it.
 bool isLogged(const std::string& head) { return head[18] == 2; }
 
 /// SQLite would take the log into the file, and remove it.

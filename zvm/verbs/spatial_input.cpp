@@ -29,7 +29,7 @@ struct Beginning {
   std::string_view text;
   const char* drivers;
 };
-constexpr std::array kBeginnings{Beginning{"SQLite format 3", "GPKG,MBTiles,SQLite"},
+constexpr std::array kBeginnings{Beginning{"SQLite format 3", "GPKG,SQLite"},
                                  Beginning{std::string_view("\0\0\x27\x0A", 4), "ESRI Shapefile"},
                                  Beginning{"fgb\x03", "FlatGeobuf"},
                                  Beginning{"!table", "MapInfo File"}};
