@@ -35,7 +35,7 @@ inline void fillClasses(Session& session, Pair pair) {
     const double h = 100 * lag + 30 * std::sin(lag * 1.7 + d * 0.37 + v * 0.0113);
     session.hlag.set(pair, lag, rounded(h));
     session.gam.set(pair, lag, rounded(1 - std::exp(-h / 30000) + v * 0.001));
-    session.npairs.set(pair, lag, static_cast<float>(20 + (lag * 37 + pair.direction) % 900));
+    session.npairs.set(pair, lag, static_cast<float>(20 + (lag * 37L + pair.direction) % 900));
   }
 }
 

@@ -11,7 +11,8 @@ namespace {
 
 using zevfit::bench::kClasses;
 
-constexpr int kVariables = 2, kDirections = 10, kRound = 40;
+constexpr int kVariables = 2, kDirections = 10, kPlots = kVariables * kDirections;
+constexpr long kRound = 40, kRounds = 10;
 
 /// Two variables with plots of ten directions each.
 class ManyPlots {
@@ -22,8 +23,7 @@ class ManyPlots {
       variables().setCurrentIndex(v);
       for (int d = 0; d < kDirections; ++d) openPlot(d);
     }
-    if (area().subWindowList().size() != kVariables * kDirections)
-      throw std::runtime_error("not all plots are open");
+    if (area().subWindowList().size() != kPlots) throw std::runtime_error("not all plots are open");
   }
 
   /// Chosen in the list and plotted.
@@ -73,17 +73,17 @@ void measure(benchmark::State& state, const Step& step) {
 void BM_SwitchOfVariable(benchmark::State& state) {
   measure(state, [](ManyPlots& plots) { plots.switchVariable(); });
 }
-BENCHMARK(BM_SwitchOfVariable)->Unit(benchmark::kMicrosecond)->Iterations(10 * kRound);
+BENCHMARK(BM_SwitchOfVariable)->Unit(benchmark::kMicrosecond)->Iterations(kRounds* kRound);
 
 void BM_AnotherPlot(benchmark::State& state) {
   measure(state, [](ManyPlots& plots) { plots.activateNext(); });
 }
-BENCHMARK(BM_AnotherPlot)->Unit(benchmark::kMicrosecond)->Iterations(10 * kRound);
+BENCHMARK(BM_AnotherPlot)->Unit(benchmark::kMicrosecond)->Iterations(kRounds* kRound);
 
 void BM_Tiling(benchmark::State& state) {
   measure(state, [](ManyPlots& plots) { plots.arrange(); });
 }
-BENCHMARK(BM_Tiling)->Unit(benchmark::kMicrosecond)->Iterations(10 * kRound);
+BENCHMARK(BM_Tiling)->Unit(benchmark::kMicrosecond)->Iterations(kRounds* kRound);
 
 }  // namespace
 

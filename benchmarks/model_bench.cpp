@@ -19,7 +19,8 @@ namespace {
 
 constexpr double kEnd = 2000, kNugget = 0.2, kSill = 0.3;
 constexpr int kSamples = 100;
-constexpr int kAtOnce = 100, kRound = 200;
+constexpr int kAtOnce = 100;
+constexpr long kRound = 200, kRounds = 20;
 
 /// Letters for structures 1 to 3.
 constexpr std::string_view kChoices[] = {"ESG", "ESP", "EGP", "SGP"};
@@ -98,7 +99,7 @@ void sampled(benchmark::State& state) {
   state.counters["quietest_us"] = whole.quietest(0.5) / kAtOnce;
   state.counters["alone_us"] = alone.quietest(0.5) / kAtOnce;
 }
-BENCHMARK(sampled)->Unit(benchmark::kMicrosecond)->Iterations(20 * kRound)->DenseRange(0, 3);
+BENCHMARK(sampled)->Unit(benchmark::kMicrosecond)->Iterations(kRounds* kRound)->DenseRange(0, 3);
 
 /// The same values of the pure model, without tables and panel.
 void evaluated(benchmark::State& state) {

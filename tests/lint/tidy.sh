@@ -51,11 +51,11 @@ case $1 in
       what="of $count changed in $range, the latest; all: ./test.sh tidy"
       [ -n "${ZEVFIT_SINCE:-}" ] || files=$(head -n "$most" <<<"$files")
     else
-      files=$(all)
+      files=$(all | compiled "$2")
       what="all, as there is no history"
     fi
     ;;
-  all) files=$(all) ;;
+  all) files=$(all | compiled "$2") ;;
   tests | benchmarks) files=$(find "$1" -name '*.cpp' | sort) ;;
   *) exit 2 ;;
 esac
