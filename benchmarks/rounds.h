@@ -24,8 +24,10 @@ class Rounds {
     times_.push_back(std::chrono::duration<double, std::micro>(Clock::now() - start).count());
   }
 
-  /// The time below which a share of the steps lies, of the round in which it is least; throws when
-  /// no round was finished.
+  /// The time below which a share of all steps lies.
+  double quantile(double share) const { return quantileOf(times_, share); }
+
+  /// The same of the round in which it is least; throws when no round was finished.
   double quietest(double share) const {
     if (times_.size() < steps_) throw std::logic_error("no round was finished");
     double least = std::numeric_limits<double>::infinity();
